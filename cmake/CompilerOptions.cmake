@@ -1,0 +1,38 @@
+# Language, warnings and floating-point rules of every target.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+
+add_library(kest_options INTERFACE)
+if(MSVC)
+  target_compile_options(kest_options INTERFACE /W4 /WX /fp:strict)
+else()
+  target_compile_options(kest_options INTERFACE -Wall -Wextra -Wpedantic -Werror
+    # Every build computes the same bits: no fused multiply-add, no fast-math.
+    -ffp-contract=off)
+  if(WIN32)
+    # Programs and the DLL need nothing but the system's own DLLs.
+    target_link_options(kest_options INTERFACE -static)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+      # SSE registers round each step to its type; callers built by other compilers align the stack to four bytes.
+      target_compile_options(kest_options INTERFACE -msse2 -mfpmath=sse -mstackrealign)
+    endif()
+  endif()
+endif()
+
+# The library itself neither throws nor catches.
+add_library(kest_library_options INTERFACE)
+target_link_libraries(kest_library_options INTERFACE kest_options)
+if(NOT MSVC)
+  target_compile_options(kest_library_options INTERFACE -fno-exceptions)
+endif()
+
+if(KEST_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

@@ -1,0 +1,24 @@
+# The kernels (any system), and on Windows the DLL over them with the programs that use it.
+# A source file belongs to the target of the folder it lies in.
+set(KEST_PARTS core image roi calib graph tools)
+
+set(kernel_sources)
+set(class_sources)
+foreach(part IN LISTS KEST_PARTS)
+  file(GLOB found CONFIGURE_DEPENDS ${part}/kernel/*.cpp)
+  list(APPEND kernel_sources ${found})
+  file(GLOB found CONFIGURE_DEPENDS ${part}/*.cpp)
+  list(APPEND class_sources ${found})
+endforeach()
+
+add_library(kest_kernels STATIC ${kernel_sources})
+target_include_directories(kest_kernels PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+target_link_libraries(kest_kernels PRIVATE kest_library_options)
+
+if(WIN32)
+  add_library(KestApi SHARED ${class_sources})
+  target_include_directories(KestApi PUBLIC ${PROJECT_SOURCE_DIR}/include PRIVATE ${PROJECT_SOURCE_DIR})
+  target_compile_definitions(KestApi PRIVATE KEST_BUILD $<$<BOOL:${KEST_WITH_MFC}>:KEST_WITH_MFC>)
+  target_link_libraries(KestApi PRIVATE kest_kernels kest_library_options comdlg32 gdi32 user32)
+  set_target_properties(KestApi PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+endif()

@@ -1,0 +1,33 @@
+# Native: one program with the tests of all kernels. Windows: one program a folder, with the tests of its kernels and classes.
+set(gtest_source /usr/src/googletest CACHE PATH "GoogleTest's source")
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+add_subdirectory(${gtest_source} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+
+if(NOT WIN32)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS tests/*/kernel/*_test.cpp)
+  add_executable(test_kernels ${sources})
+  target_link_libraries(test_kernels PRIVATE kest_kernels kest_options gtest_main)
+  target_include_directories(test_kernels PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  add_test(NAME native.kernels COMMAND test_kernels)
+  set_tests_properties(native.kernels PROPERTIES TIMEOUT 600)
+  return()
+endif()
+
+math(EXPR bits "${CMAKE_SIZEOF_VOID_P} * 8")
+file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
+add_library(kest_test_support STATIC ${support_sources})
+target_link_libraries(kest_test_support PUBLIC KestApi kest_kernels gtest kest_options)
+target_include_directories(kest_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
+target_compile_definitions(kest_test_support PUBLIC
+  KEST_SHARED_DIR="${PROJECT_SOURCE_DIR}/../shared" KEST_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+
+foreach(part IN LISTS KEST_PARTS)
+  file(GLOB sources CONFIGURE_DEPENDS tests/${part}/*_test.cpp tests/${part}/kernel/*_test.cpp)
+  if(sources)
+    add_executable(test_${part} ${sources})
+    target_link_libraries(test_${part} PRIVATE kest_test_support)
+    add_test(NAME win${bits}.${part} COMMAND test_${part} WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+    set_tests_properties(win${bits}.${part} PROPERTIES TIMEOUT 200 RUN_SERIAL ON)
+  endif()
+endforeach()

@@ -1,0 +1,153 @@
+// CcFileObjectStorage: an object stream in a file. Files are created when missing and never cut.
+#include "CcFileObjectStorage.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+/// Transfers at least this large go straight between the file and the caller's memory.
+constexpr long transferBytes = 1 << 16;
+
+bool WriteAll(HANDLE file, const void* bytes, long length) {
+    DWORD written = 0;
+    return WriteFile(file, bytes, static_cast<DWORD>(length), &written, nullptr) &&
+           written == static_cast<DWORD>(length);
+}
+
+/// The number of bytes read, which is smaller than `length` at the end of the file; -1 when the read failed.
+long ReadSome(HANDLE file, void* bytes, long length) {
+    DWORD count = 0;
+    return ReadFile(file, bytes, static_cast<DWORD>(length), &count, nullptr) ? static_cast<long>(count) : -1;
+}
+
+}  // namespace
+
+CcFileObjectStorage::CcFileObjectStorage() : bIsOpen(0), hFile(INVALID_HANDLE_VALUE) {}
+
+// A copy uses the same handle without its source's pending bytes, which the source still transfers itself.
+CcFileObjectStorage::CcFileObjectStorage(const CcFileObjectStorage& other)
+    : CcObjectStorage(other), bIsOpen(other.bIsOpen), hFile(other.hFile) {}
+
+CcFileObjectStorage& CcFileObjectStorage::operator=(const CcFileObjectStorage& other) {
+    if (this == &other) return *this;
+    if (bIsOpen) Close();
+    bIsOpen = other.bIsOpen;
+    hFile = other.hFile;
+    bOwnsFile = false;
+    return *this;
+}
+
+CcFileObjectStorage::~CcFileObjectStorage() {
+    if (bIsOpen) Close();
+}
+
+int CcFileObjectStorage::Open(const char* pszFileName, unsigned long ulAccess) {
+    if (!pszFileName) return KEST_NULL_ARGUMENT;
+    if (bIsOpen) return KEST_ALREADY_OPEN;
+    hFile = CreateFileA(pszFileName, ulAccess, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE) return KEST_OPEN_FAILED;
+    bIsOpen = 1;
+    bOwnsFile = true;
+    return KEST_OK;
+}
+
+int CcFileObjectStorage::Close() {
+    if (!bIsOpen) return KEST_NOT_OPEN;
+    Flush();
+    lTransferUsed = lTransferTaken = 0;
+    if (bOwnsFile) CloseHandle(hFile);
+    bOwnsFile = false;
+    bIsOpen = 0;
+    hFile = INVALID_HANDLE_VALUE;
+    return KEST_OK;
+}
+
+int CcFileObjectStorage::Read(void* pBuffer, long lLength) {
+    if (!bIsOpen) return KEST_NOT_OPEN;
+    if (!pBuffer) return KEST_NULL_ARGUMENT;
+    if (lLength < 1) return KEST_BAD_LENGTH;
+    const int flushed = Flush();
+    if (flushed < 0) return flushed;
+
+    auto* destination = static_cast<unsigned char*>(pBuffer);
+    long missing = lLength;
+    const auto takeFromBlock = [&] {
+        const long step = std::min(missing, lTransferUsed - lTransferTaken);
+        if (step < 1) return;
+        std::memcpy(destination, cTransfer.Get() + lTransferTaken, static_cast<std::size_t>(step));
+        lTransferTaken += step;
+        destination += step;
+        missing -= step;
+    };
+
+    takeFromBlock();
+    if (missing > 0 && missing < transferBytes && iWholeObjects > 0 && cTransfer.Reserve(transferBytes)) {
+        lTransferTaken = 0;
+        lTransferUsed = std::max(ReadSome(hFile, cTransfer.Get(), transferBytes), 0L);
+        takeFromBlock();
+    } else if (missing > 0 && ReadSome(hFile, destination, missing) == missing) {
+        missing = 0;
+    }
+    return missing == 0 ? KEST_OK : KEST_READ_FAILED;
+}
+
+int CcFileObjectStorage::Write(void* pBuffer, long lLength) {
+    if (!bIsOpen) return KEST_NOT_OPEN;
+    if (!pBuffer) return KEST_NULL_ARGUMENT;
+    if (lLength < 1) return KEST_BAD_LENGTH;
+    DropReadAhead();
+
+    if (iWholeObjects > 0 && lLength < transferBytes && cTransfer.Reserve(transferBytes)) {
+        if (lTransferUsed + lLength > transferBytes) {
+            const int flushed = Flush();
+            if (flushed < 0) return flushed;
+        }
+        std::memcpy(cTransfer.Get() + lTransferUsed, pBuffer, static_cast<std::size_t>(lLength));
+        lTransferUsed += lLength;
+        bTransferWrites = true;
+        return KEST_OK;
+    }
+    const int flushed = Flush();
+    if (flushed < 0) return flushed;
+    return WriteAll(hFile, pBuffer, lLength) ? KEST_OK : KEST_WRITE_FAILED;
+}
+
+int CcFileObjectStorage::SetPos(long lPosition) {
+    if (!bIsOpen) return KEST_NOT_OPEN;
+    if (lPosition != 0) return KEST_BAD_LENGTH;
+    Flush();
+    DropReadAhead();
+    return SetFilePointer(hFile, 0, nullptr, FILE_BEGIN) == 0 ? KEST_AT_START : KEST_OK;
+}
+
+int CcFileObjectStorage::GetPos() {
+    if (!bIsOpen) return KEST_NOT_OPEN;
+    const long inBlock = bTransferWrites ? lTransferUsed : lTransferTaken - lTransferUsed;
+    return static_cast<int>(SetFilePointer(hFile, 0, nullptr, FILE_CURRENT)) + static_cast<int>(inBlock);
+}
+
+void CcFileObjectStorage::BeginWholeObject() { ++iWholeObjects; }
+
+int CcFileObjectStorage::EndWholeObject() {
+    if (--iWholeObjects > 0 || !bIsOpen) return KEST_OK;
+    DropReadAhead();
+    return Flush();
+}
+
+/// Writes what was gathered. What could not be written is dropped, so it is reported once.
+int CcFileObjectStorage::Flush() {
+    if (!bTransferWrites) return KEST_OK;
+    const bool written = WriteAll(hFile, cTransfer.Get(), lTransferUsed);
+    lTransferUsed = 0;
+    bTransferWrites = false;
+    return written ? KEST_OK : KEST_WRITE_FAILED;
+}
+
+/// Sets the file's position back to the first byte that was read ahead and not handed out.
+void CcFileObjectStorage::DropReadAhead() {
+    if (bTransferWrites) return;
+    if (lTransferTaken < lTransferUsed)
+        SetFilePointer(hFile, lTransferTaken - lTransferUsed, nullptr, FILE_CURRENT);
+    lTransferUsed = lTransferTaken = 0;
+}

@@ -1,0 +1,93 @@
+// CcMemObjectStorage: an object stream in a memory block.
+#include "CcMemObjectStorage.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+#include "core/kernel/CheckedSize.h"
+
+namespace {
+constexpr long defaultSize = 100000;
+}
+
+CcMemObjectStorage::CcMemObjectStorage() : CcMemObjectStorage(defaultSize, defaultSize) {}
+
+CcMemObjectStorage::CcMemObjectStorage(long lInitialSize, long lNewGrowSize)
+    : pStorageBuffer(nullptr),
+      iBufferSize(0),
+      iReserved(0),
+      iPosition(0),
+      iInitialSize(lInitialSize),
+      iGrowSize(lNewGrowSize),
+      bExternalBuffer(0) {
+    GrowStorageBuffer(lInitialSize);
+}
+
+CcMemObjectStorage::CcMemObjectStorage(unsigned char* pBuffer, long lSize, int bExternal)
+    : pStorageBuffer(pBuffer),
+      iBufferSize(pBuffer ? std::max(lSize, 0L) : 0),
+      iReserved(0),
+      iPosition(0),
+      iInitialSize(lSize),
+      iGrowSize(defaultSize),
+      bExternalBuffer(bExternal != 0) {
+    if (bExternalBuffer)
+        cBlock.Refer(pBuffer, iBufferSize);
+    else
+        cBlock.Adopt(pBuffer, iBufferSize);
+}
+
+int CcMemObjectStorage::Read(void* pBuffer, long lLength) {
+    if (!pBuffer) return KEST_NULL_ARGUMENT;
+    if (lLength < 1) return KEST_BAD_LENGTH;
+    if (kest::Size64{iPosition} + lLength >= iBufferSize) return KEST_NOT_FOUND;
+    std::memcpy(pBuffer, pStorageBuffer + iPosition, static_cast<std::size_t>(lLength));
+    iPosition += lLength;
+    return KEST_OK;
+}
+
+int CcMemObjectStorage::Write(void* pBuffer, long lLength) {
+    if (!pBuffer) return KEST_NULL_ARGUMENT;
+    if (lLength < 1) return KEST_BAD_LENGTH;
+    if (iBufferSize <= kest::Size64{iPosition} + lLength) {
+        const int result = GrowStorageBuffer(std::max(lLength, iGrowSize));
+        if (result < 0) return result;
+    }
+    std::memcpy(pStorageBuffer + iPosition, pBuffer, static_cast<std::size_t>(lLength));
+    iPosition += lLength;
+    return KEST_OK;
+}
+
+int CcMemObjectStorage::SetPos(long lPosition) {
+    if (lPosition < 0 || lPosition > iPosition) return KEST_BAD_LENGTH;
+    iPosition = lPosition;
+    return KEST_OK;
+}
+
+int CcMemObjectStorage::GetPos() { return static_cast<int>(iPosition); }
+
+int CcMemObjectStorage::GetStorageBufferRef(unsigned char** ppBuffer, long* plLength) {
+    if (!ppBuffer || !plLength) return KEST_NULL_ARGUMENT;
+    if (!pStorageBuffer) return KEST_FAILED;
+    *ppBuffer = pStorageBuffer;
+    *plLength = iPosition + 1;
+    return KEST_OK;
+}
+
+int CcMemObjectStorage::GrowStorageBuffer(long lBytes) {
+    if (bExternalBuffer) return KEST_NOT_GROWABLE;
+    if (lBytes < 1) return KEST_BAD_LENGTH;
+    const kest::Size64 bytes = kest::Size64{iBufferSize} + lBytes;
+    if (bytes > LONG_MAX || !cBlock.Reserve(bytes)) return KEST_NO_MEMORY;
+    pStorageBuffer = cBlock.Get();
+    // Bytes that were never written read as zeros, and never as something another object left behind.
+    std::memset(pStorageBuffer + iBufferSize, 0, static_cast<std::size_t>(lBytes));
+    iBufferSize = static_cast<long>(bytes);
+    return KEST_OK;
+}
+
+unsigned char* CcMemObjectStorage::AllocateBuffer(long lSize) {
+    return lSize < 1 ? nullptr : static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(lSize), 1));
+}

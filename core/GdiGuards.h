@@ -1,0 +1,127 @@
+// One guard for each GDI release function, and for each state of a device context that must be put back.
+#pragma once
+
+#include <windows.h>
+
+namespace kest {
+
+/// Base of all guards: neither copied nor assigned.
+class Guard {
+protected:
+    Guard() = default;
+    ~Guard() = default;
+
+public:
+    Guard(const Guard&) = delete;
+    Guard& operator=(const Guard&) = delete;
+};
+
+/// The device context of a window's client area (ReleaseDC).
+class WindowDc : Guard {
+public:
+    explicit WindowDc(HWND owner) : window(owner), dc(owner ? GetDC(owner) : nullptr) {}
+    ~WindowDc() {
+        if (dc) ReleaseDC(window, dc);
+    }
+    operator HDC() const { return dc; }
+
+private:
+    HWND window;
+    HDC dc;
+};
+
+/// A memory device context (DeleteDC).
+class MemoryDc : Guard {
+public:
+    explicit MemoryDc(HDC compatibleWith) : dc(CreateCompatibleDC(compatibleWith)) {}
+    ~MemoryDc() {
+        if (dc) DeleteDC(dc);
+    }
+    operator HDC() const { return dc; }
+
+private:
+    HDC dc;
+};
+
+/// A pen, brush, bitmap or region that its holder made (DeleteObject).
+template <class Handle>
+class GdiObject : Guard {
+public:
+    explicit GdiObject(Handle made) : handle(made) {}
+    ~GdiObject() {
+        if (handle) DeleteObject(handle);
+    }
+    operator Handle() const { return handle; }
+    /// Hands the object over to the caller.
+    Handle Detach() {
+        const Handle detached = handle;
+        handle = nullptr;
+        return detached;
+    }
+
+private:
+    Handle handle;
+};
+
+/// A pen, brush, font or bitmap that is selected; the old one comes back.
+class SelectedObject : Guard {
+public:
+    SelectedObject(HDC target, HGDIOBJ object) : dc(target), old(object ? SelectObject(target, object) : nullptr) {}
+    ~SelectedObject() { PutBack(); }
+    void PutBack() {
+        if (old) SelectObject(dc, old);
+        old = nullptr;
+    }
+
+private:
+    HDC dc;
+    HGDIOBJ old;
+};
+
+/// A palette that is selected and realised; the old one comes back.
+class SelectedPalette : Guard {
+public:
+    SelectedPalette(HDC target, HPALETTE palette)
+        : dc(target), old(palette ? SelectPalette(target, palette, FALSE) : nullptr) {}
+    ~SelectedPalette() {
+        if (old) SelectPalette(dc, old, FALSE);
+    }
+    bool IsSelected() const { return old != nullptr; }
+
+private:
+    HDC dc;
+    HPALETTE old;
+};
+
+/// A mode of a device context that is set through one function and put back through the same.
+template <auto SetMode>
+class ModeGuard : Guard {
+public:
+    ModeGuard(HDC target, int mode) : dc(target), old(SetMode(target, mode)) {}
+    ~ModeGuard() {
+        if (old) SetMode(dc, old);
+    }
+
+private:
+    HDC dc;
+    int old;
+};
+
+using StretchModeGuard = ModeGuard<SetStretchBltMode>;
+using DrawModeGuard = ModeGuard<SetROP2>;
+using BackgroundModeGuard = ModeGuard<SetBkMode>;
+
+/// The text alignment, whose value 0 is a setting of its own.
+class TextAlignGuard : Guard {
+public:
+    TextAlignGuard(HDC target, UINT align) : dc(target), old(SetTextAlign(target, align)) {}
+    ~TextAlignGuard() {
+        if (old != GDI_ERROR) SetTextAlign(dc, old);
+    }
+
+private:
+    HDC dc;
+    UINT old;
+};
+
+}  // namespace kest

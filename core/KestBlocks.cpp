@@ -1,0 +1,130 @@
+// Holders of memory blocks and palettes: the only places that free one.
+#include "KestBlocks.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include "core/kernel/CheckedSize.h"
+
+KestGlobalBlock& KestGlobalBlock::operator=(const KestGlobalBlock& other) {
+    if (this == &other) return *this;
+    Release();
+    hBlock = other.hBlock;
+    pLocked = other.pLocked;
+    llSize = other.llSize;
+    return *this;
+}
+
+KestGlobalBlock::~KestGlobalBlock() { Release(); }
+
+KestGlobalBlock::AllocateResult KestGlobalBlock::AllocateLocked(long long llBytes) {
+    Release();
+    if (!kest::IsBlockSize(llBytes)) return NotAllocated;
+    hBlock = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<SIZE_T>(llBytes));
+    if (!hBlock) return NotAllocated;
+    pLocked = GlobalLock(hBlock);
+    if (!pLocked) {
+        GlobalFree(hBlock);
+        hBlock = nullptr;
+        return NotLocked;
+    }
+    llSize = llBytes;
+    bOwner = true;
+    return Allocated;
+}
+
+KestGlobalBlock::ReleaseResult KestGlobalBlock::Release() {
+    const HGLOBAL released = hBlock;
+    const bool wasOwner = bOwner;
+    hBlock = nullptr;
+    pLocked = nullptr;
+    llSize = 0;
+    bOwner = false;
+    if (!wasOwner) return Released;
+    const bool stillLocked = GlobalUnlock(released) != FALSE;
+    if (GlobalFree(released)) return NotFreed;
+    return stillLocked ? StillLocked : Released;
+}
+
+void KestGlobalBlock::ReleaseButName() {
+    const HGLOBAL named = hBlock;
+    Release();
+    hBlock = named;
+}
+
+void KestGlobalBlock::Swap(KestGlobalBlock& other) {
+    std::swap(hBlock, other.hBlock);
+    std::swap(pLocked, other.pLocked);
+    std::swap(llSize, other.llSize);
+    std::swap(bOwner, other.bOwner);
+}
+
+KestHeapBlock& KestHeapBlock::operator=(const KestHeapBlock& other) {
+    if (this != &other) Refer(other.pBlock, static_cast<long long>(other.ullBytes));
+    return *this;
+}
+
+KestHeapBlock::~KestHeapBlock() { Release(); }
+
+bool KestHeapBlock::Reserve(long long bytes) {
+    if (!kest::IsBlockSize(bytes)) return false;
+    const auto needed = static_cast<unsigned long long>(bytes);
+    if (bOwner && needed <= ullBytes) return true;
+    // Growing by half at least keeps a long series of small growths from copying the block each time.
+    unsigned long long roomy = bOwner ? ullBytes + ullBytes / 2 : needed;
+    if (roomy < needed || roomy > static_cast<unsigned long long>(kest::LargestBlockBytes)) roomy = needed;
+
+    unsigned char* own = bOwner ? pBlock : nullptr;
+    void* grown = std::realloc(own, static_cast<std::size_t>(roomy));
+    if (!grown && roomy > needed) {
+        roomy = needed;
+        grown = std::realloc(own, static_cast<std::size_t>(roomy));
+    }
+    if (!grown) return false;
+    if (!bOwner && pBlock) std::memcpy(grown, pBlock, static_cast<std::size_t>(ullBytes < needed ? ullBytes : needed));
+    pBlock = static_cast<unsigned char*>(grown);
+    ullBytes = roomy;
+    bOwner = true;
+    return true;
+}
+
+void KestHeapBlock::Adopt(unsigned char* pAllocated, long long bytes) {
+    Refer(pAllocated, bytes);
+    bOwner = pAllocated != nullptr;
+}
+
+void KestHeapBlock::Refer(unsigned char* pOther, long long bytes) {
+    Release();
+    pBlock = pOther;
+    ullBytes = pOther && bytes > 0 ? static_cast<unsigned long long>(bytes) : 0;
+}
+
+void KestHeapBlock::Release() {
+    if (bOwner) std::free(pBlock);
+    pBlock = nullptr;
+    ullBytes = 0;
+    bOwner = false;
+}
+
+KestPalette& KestPalette::operator=(const KestPalette& other) {
+    if (this != &other) {
+        Release();
+        hPalette = other.hPalette;
+    }
+    return *this;
+}
+
+KestPalette::~KestPalette() { Release(); }
+
+void KestPalette::Adopt(HPALETTE hNew) {
+    Release();
+    hPalette = hNew;
+    bOwner = hNew != nullptr;
+}
+
+void KestPalette::Release() {
+    if (bOwner) DeleteObject(hPalette);
+    hPalette = nullptr;
+    bOwner = false;
+}

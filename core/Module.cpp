@@ -1,0 +1,33 @@
+// What happens when the library is loaded into a process: it remembers its module handle. Built with KEST_WITH_MFC it
+// also registers itself as an extension module of the host's application framework, so that its resources are found.
+#if defined(KEST_WITH_MFC)
+#include <afxdllx.h>
+#include <afxwin.h>
+#endif
+
+#include "core/Module.h"
+
+namespace kest {
+namespace {
+HINSTANCE libraryModule = nullptr;
+}
+HINSTANCE LibraryModule() { return libraryModule; }
+}  // namespace kest
+
+#if defined(KEST_WITH_MFC)
+static AFX_EXTENSION_MODULE extensionModule;
+#endif
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        kest::libraryModule = module;
+#if defined(KEST_WITH_MFC)
+        if (!AfxInitExtensionModule(extensionModule, module)) return FALSE;
+        new CDynLinkLibrary(extensionModule);
+#endif
+    }
+#if defined(KEST_WITH_MFC)
+    if (reason == DLL_PROCESS_DETACH) AfxTermExtensionModule(extensionModule);
+#endif
+    return TRUE;
+}

@@ -1,0 +1,48 @@
+// The table of the classes that a stream can make.
+#include "core/ObjectFactory.h"
+
+#include <cstring>
+
+#include "CcGrayImage256.h"
+#include "CcList.h"
+#include "CcNumber.h"
+#include "CcPropertyBag.h"
+#include "CcRoiRect.h"
+#include "CcString.h"
+
+namespace kest {
+namespace {
+
+template <class Class>
+CcHLObject* Make() {
+    return new Class;
+}
+
+struct FactoryRow {
+    const char* className;
+    CcHLObject* (*make)();
+};
+
+// Names are compared exactly, from the top.
+constexpr FactoryRow factory[] = {
+    {"CcGrayImage256", Make<CcGrayImage256>},
+    {"CcRoiRect", Make<CcRoiRect>},
+    {"CcList", Make<CcList>},
+    {"CcNumber", Make<CcNumber>},
+    {"CcString", Make<CcString>},
+    {"CcPropertyBag", Make<CcPropertyBag>},
+};
+
+}  // namespace
+
+int MakeObject(const char* className, CcHLObject*& made) {
+    made = nullptr;
+    for (const FactoryRow& row : factory) {
+        if (std::strcmp(row.className, className) != 0) continue;
+        made = row.make();
+        return made ? KEST_OK : KEST_NO_MEMORY;
+    }
+    return KEST_FAILED;
+}
+
+}  // namespace kest

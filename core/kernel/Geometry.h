@@ -1,0 +1,24 @@
+// Points and rectangles of 32-bit integers, free of platform types.
+#pragma once
+
+namespace kest {
+
+struct IntPoint {
+    int x;
+    int y;
+};
+
+/// Whether top or bottom is the larger depends on the space: in image coordinates (y upward) top is, in a window bottom.
+struct IntRect {
+    int left;
+    int top;
+    int right;
+    int bottom;
+};
+
+struct RealPoint {
+    double x;
+    double y;
+};
+
+}  // namespace kest

@@ -1,0 +1,26 @@
+// The remembered paths of the BMP dialogs: each image class keeps the file opened last and the file saved last.
+#pragma once
+
+#include "KestTypes.h"
+
+namespace kest {
+
+/// What the remembered paths hold at first.
+constexpr char NoBmpPath[] = "C:\\NONE.bmp";
+
+using PathBuffer = char[KEST_NAME_SIZE];
+
+/// The path to open: `path`, or when that is null the one that the user chooses. False when the user cancels.
+bool ChoosePathToOpen(const char* path, const PathBuffer& lastOpened, PathBuffer& chosen);
+
+/// Remembers the opened path; before the first save the save dialog starts in its folder too.
+void RememberOpened(const PathBuffer& opened, PathBuffer& lastOpened, PathBuffer& lastSaved);
+
+/// The path to save to: `path`, or when that is null the one that the user chooses, with the image's name as proposal.
+/// False when the user cancels.
+bool ChoosePathToSave(const char* path, const char* imageName, const PathBuffer& lastSaved, PathBuffer& chosen);
+
+/// A path's file name without directory and extension.
+void TakeNameOfPath(const PathBuffer& path, PathBuffer& name);
+
+}  // namespace kest

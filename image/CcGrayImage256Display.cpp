@@ -1,0 +1,110 @@
+// How the 8-bit grayscale image is shown: its five display tables, their point lists, and drawing through one of them.
+#include <algorithm>
+
+#include "CcGrayImage256.h"
+#include "image/DibFiles.h"
+#include "image/DisplayTables.h"
+#include "image/ShowImage.h"
+#include "image/kernel/DisplayLut.h"
+
+void CcGrayImage256::ReleaseTables() {
+    for (KestDisplayTable* table : {&stTable100, &stTable101, &stTable102, &stTable103, &stTable104})
+        kest::ReleaseTable(*table);
+}
+
+void CcGrayImage256::MakeTables() {
+    kest::DibLayout layout;
+    if (!kest::ReadDibLayout(kest::BytesOf(hDib), layout)) return;
+    CountDibColors(&iNumColors, &iColorTableBytes);
+    kest::MakeFileColourTable(stTable100, kest::BytesOf(hDib), layout);
+    kest::MakeColourTable(stTable101);
+    kest::MakeIndexTable(stTable102, 256);
+    kest::MakeIndexTable(stTable103, 128);
+    kest::MakeIndexTable(stTable104, 64);
+}
+
+tagPoints* CcGrayImage256::PointsOf(int iLUT, int iChannel, int* piCount) {
+    struct Row {
+        int lut, channel;
+        tagPoints* points;
+        int count;
+    };
+    const Row rows[] = {{101, 1, stLUTRed, 256}, {101, 2, stLUTGreen, 256}, {101, 3, stLUTBlue, 256},
+                        {102, 0, stLUT256, 256}, {103, 0, stLUT128, 128},   {104, 0, stLUT64, 64}};
+    for (const Row& row : rows) {
+        if (row.lut != iLUT || row.channel != iChannel) continue;
+        *piCount = row.count;
+        return row.points;
+    }
+    return nullptr;
+}
+
+int CcGrayImage256::GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {
+    int count = 0;
+    const tagPoints* points = PointsOf(iLUT, iChannel, &count);
+    if (!pPoints || !points) return KEST_FAILED;
+    std::copy_n(points, count, pPoints);
+    return KEST_OK;
+}
+
+int CcGrayImage256::SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {
+    if (!pPoints) return KEST_FAILED;
+    int count = 0;
+    tagPoints* own = PointsOf(iLUT, iChannel, &count);
+    if (!own) {
+        // A colour list for a channel that does not exist is checked like the others, and then changes nothing.
+        const bool isColourList = iLUT == 101 && kest::HasLevelSteps({pPoints, 256});
+        return isColourList ? KEST_OK : KEST_FAILED;
+    }
+    const std::span<tagPoints> points(own, static_cast<std::size_t>(count));
+    if (!kest::HasLevelSteps({pPoints, points.size()})) return KEST_FAILED;
+    std::copy_n(pPoints, count, own);
+    switch (iLUT) {
+        case 101:
+            kest::FillColourChannel(points, kest::ColoursOf(stTable101), 3 - iChannel);
+            break;
+        case 102:
+            kest::FillGrayIndices(points, kest::IndicesOf(stTable102));
+            break;
+        case 103:
+            kest::FillGrayIndices(points, kest::IndicesOf(stTable103));
+            break;
+        case 104:
+            kest::FillGrayIndices(points, kest::IndicesOf(stTable104));
+            break;
+    }
+    return KEST_OK;
+}
+
+kest::ImageLook CcGrayImage256::Look(unsigned short usLUT) {
+    kest::ImageLook look;
+    look.bits = lpBits;
+    look.width = iWidth;
+    look.height = iHeight;
+    look.dibColours = lpColors;
+    look.dibColourBytes = iColorTableBytes;
+    look.usesPalette = true;
+    const KestDisplayTable* tables[] = {&stTable100, &stTable101, &stTable102, &stTable103, &stTable104};
+    if (usLUT >= 100 && usLUT <= 104) {
+        const KestDisplayTable& table = *tables[usLUT - 100];
+        look.palette = table.hPalette;
+        look.displayTable = table.pTable;
+        look.colourUse = usLUT >= 102 ? DIB_PAL_COLORS : DIB_RGB_COLORS;
+    }
+    return look;
+}
+
+int CcGrayImage256::Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+                         int iZoom) {
+    return kest::ShowInRect(hDC, pRect, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+}
+
+int CcGrayImage256::Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+                         int iZoom) {
+    return kest::ShowInWindow(hDC, hWnd, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+}
+
+int CcGrayImage256::Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+                         int iZoom) {
+    return kest::ShowInWindow(hWnd, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+}

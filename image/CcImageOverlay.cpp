@@ -1,0 +1,105 @@
+// The overlay of an image: an 8-bit plane that is ORed onto the picture. It keeps the size it was made with, so every
+// access is checked against that size and not against the image's.
+#include <cstring>
+
+#include "CcImage.h"
+#include "core/GdiGuards.h"
+#include "core/Messages.h"
+#include "core/WindowView.h"
+#include "core/kernel/Numbers.h"
+#include "image/DibDraw.h"
+#include "image/kernel/DibLayout.h"
+#include "image/kernel/OverlayColours.h"
+
+namespace {
+
+constexpr int overlayFrontBytes = kest::DibHeaderBytes + kest::ColourTableBytes;
+
+}  // namespace
+
+int CcImage::CreateOverlay() {
+    if (!lpBits) return KEST_FAILED;
+    lpOverlayInfo = nullptr;
+    lpOverlayBits = nullptr;
+    lpOverlayColors = nullptr;
+    auto* bytes = static_cast<unsigned char*>(hOverlay.Allocate(overlayFrontBytes + kest::Product(iWidth, iHeight)));
+    if (!bytes) {
+        kest::ShowUnownedMessage("Can't Create Memory for Overlay", "Overlay Error");
+        return KEST_FAILED;
+    }
+    const std::span<unsigned char> block(bytes, static_cast<std::size_t>(hOverlay.Size()));
+    kest::WriteDibHeader(block, iWidth, iHeight, 8);
+    kest::WriteOverlayColours(block.subspan(kest::DibHeaderBytes));
+    lpOverlayInfo = reinterpret_cast<BITMAPINFO*>(bytes);
+    lpOverlayColors = reinterpret_cast<RGBQUAD*>(bytes + kest::DibHeaderBytes);
+    lpOverlayBits = bytes + overlayFrontBytes;
+    return KEST_OK;
+}
+
+int CcImage::FreeOverlay() {
+    // Header pointer and handle keep their values: callers that ask for the overlay are told that there is one, and
+    // make it anew with CreateOverlay. The missing pixels tell the library that nothing is left to touch.
+    hOverlay.ReleaseButName();
+    lpOverlayBits = nullptr;
+    return KEST_OK;
+}
+
+int CcImage::ClearOverlay() {
+    if (!lpBits) return KEST_FAILED;
+    if (!lpOverlayInfo) return CreateOverlay();
+    if (lpOverlayBits) std::memset(lpOverlayBits, 0, static_cast<std::size_t>(hOverlay.Size() - overlayFrontBytes));
+    return KEST_OK;
+}
+
+unsigned char* CcImage::GetOverlay() {
+    if (!lpBits) return nullptr;
+    if (!lpOverlayInfo) CreateOverlay();
+    return lpOverlayBits;
+}
+
+int CcImage::ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
+    if (!lpBits || iZoom < 1 || !hWnd) return KEST_FAILED;
+    if (!lpOverlayBits) {
+        kest::ShowMessage("No Overlay to Display", "Error");
+        return KEST_FAILED;
+    }
+    const kest::WindowDc dc(hWnd);
+    return DrawOverlay(dc, hWnd, usMode, iXOffset, iYOffset, iZoom) ? KEST_OK : KEST_FAILED;
+}
+
+int CcImage::ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
+    if (!lpBits || iZoom < 1 || !hDC || !hWnd || !lpOverlayBits) return KEST_FAILED;
+    return DrawOverlay(hDC, hWnd, usMode, iXOffset, iYOffset, iZoom) ? KEST_OK : KEST_FAILED;
+}
+
+bool CcImage::DrawOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
+    kest::View view = {0, 0, iWidth, iHeight, iXOffset, iYOffset, usMode, iZoom};
+    if (!kest::GetClientSize(hWnd, view.clientWidth, view.clientHeight)) return false;
+
+    const kest::MemoryDc memory(hDC);
+    const kest::GdiObject bitmap(CreateCompatibleBitmap(hDC, view.clientWidth, view.clientHeight));
+    if (!memory || !bitmap) return false;
+    const kest::SelectedObject selectedBitmap(memory, bitmap);
+    const kest::SelectedPalette selectedPalette(memory, hPalette);
+    SetStretchBltMode(memory, COLORONCOLOR);
+    PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS);
+
+    const BITMAPINFOHEADER& header = lpOverlayInfo->bmiHeader;
+    const kest::DibPicture overlay = {lpOverlayBits,   header.biWidth,         header.biHeight, 8,
+                                      lpOverlayColors, kest::ColourTableBytes, DIB_RGB_COLORS};
+    kest::DrawDib(memory, overlay, kest::PlanForWindow(view), SRCCOPY);
+    BitBlt(hDC, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
+    return true;
+}
+
+float CcImage::OverlayTarget() const {
+    if (iOperatorAccess != 1 || !lpOverlayBits || iPixelIndex < 0 || iPixelIndex >= hOverlay.Size() - overlayFrontBytes)
+        return -1.0F;
+    return lpOverlayBits[iPixelIndex];
+}
+
+void CcImage::SetOverlayTarget(float fValue) {
+    if (iOperatorAccess != 1 || !lpOverlayBits || iPixelIndex < 0 || iPixelIndex >= hOverlay.Size() - overlayFrontBytes)
+        return;
+    lpOverlayBits[iPixelIndex] = kest::TruncateToByte(fValue);
+}

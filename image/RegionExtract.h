@@ -1,0 +1,38 @@
+// Region extraction: what GetRegion of every image class does around its own pixel copy.
+#pragma once
+
+#include "CcRoiBase.h"
+#include "image/kernel/RegionCopy.h"
+
+namespace kest {
+
+/// The new image's name, and where its pixels come from.
+struct RegionFrame {
+    char name[KEST_NAME_SIZE];
+    int left;    ///< image column and row of the new image's first pixel
+    int bottom;
+    int top;     ///< the row after the last one copied
+    int width;   ///< of the new image
+    int height;
+};
+
+/// Asks the ROI for its bounding rectangle. False for a null ROI, no rectangle, or one larger than the image.
+bool FrameRegion(CcRoiBase* roi, int align, const char* imageName, int imageWidth, int imageHeight,
+                 RegionFrame& frame);
+
+/// A new image of the frame's size and name, filled with a value; null when it cannot be made.
+template <class Image>
+Image* MakeBlankRegion(const RegionFrame& frame, int fillValue) {
+    auto* region = new Image;
+    if (region && region->MakeBlankBMP(frame.height, frame.width, fillValue, frame.name) < 0) {
+        delete region;
+        region = nullptr;
+    }
+    return region;
+}
+
+/// Copies the pixels under the ROI row by row: of each row all listed columns but the last one.
+void CopyRegion(CcRoiBase& roi, const RegionFrame& frame, const Plane<const std::uint8_t>& source,
+                const Plane<std::uint8_t>& target);
+
+}  // namespace kest

@@ -1,0 +1,73 @@
+// Which part of an image is drawn where.
+#include "image/kernel/BlitPlan.h"
+
+#include <algorithm>
+
+namespace kest {
+namespace {
+
+/// Where the source position `source` of `sourceSize` lies in a target of `targetSize`: the first target pixel that
+/// shows it.
+long long TargetOf(long long source, long long sourceSize, long long targetSize) {
+    const long long scaled = source * targetSize;
+    return scaled >= 0 ? (scaled + sourceSize - 1) / sourceSize : scaled / sourceSize;
+}
+
+/// Cuts [first, first + size) to [0, limit) and the target with it; positions grow in the same direction in both.
+bool ClipAxis(long long& first, long long& size, long long& target, long long& targetSize, long long limit) {
+    const long long begin = std::max(first, 0LL);
+    const long long end = std::min(first + size, limit);
+    if (begin >= end) return false;
+    if (begin == first && end == first + size) return true;
+    const long long targetBegin = TargetOf(begin - first, size, targetSize);
+    const long long targetEnd = TargetOf(end - first, size, targetSize);
+    target += targetBegin;
+    targetSize = targetEnd - targetBegin;
+    first = begin;
+    size = end - begin;
+    return targetSize != 0;
+}
+
+}  // namespace
+
+BlitPlan PlanForWindow(const View& view) {
+    if (view.IsStretched())
+        return {0, 0, view.clientWidth, view.clientHeight, 0, 0, view.imageWidth, view.imageHeight};
+    if (view.zoom == 1)
+        return {0, 0, view.imageWidth, view.imageHeight,
+                view.xOffset, -static_cast<long long>(view.yOffset), view.imageWidth, view.imageHeight};
+    const long long columns = view.clientWidth / view.zoom;
+    const long long rows = view.clientHeight / view.zoom;
+    return {0, 0, view.clientWidth, view.clientHeight, view.xOffset, view.imageHeight - rows - view.yOffset, columns,
+            rows};
+}
+
+BlitPlan PlanForRect(const View& view, const IntRect& rect) {
+    if (view.IsStretched())
+        return {rect.left, rect.top, static_cast<long long>(rect.right) - rect.left,
+                static_cast<long long>(rect.bottom) - rect.top, 0, 0, view.imageWidth, view.imageHeight};
+    const long long zoom = view.zoom;
+    return {rect.left, rect.top, view.imageWidth * zoom, view.imageHeight * zoom,
+            view.xOffset, -static_cast<long long>(view.yOffset), view.imageWidth, view.imageHeight};
+}
+
+bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight) {
+    if (plan.targetWidth == 0 || plan.targetHeight == 0) return false;
+    if (!ClipAxis(plan.sourceX, plan.sourceWidth, plan.targetX, plan.targetWidth, imageWidth)) return false;
+    // The target grows downward: rows are counted from the image's top for the cut.
+    long long fromTop = imageHeight - (plan.sourceY + plan.sourceHeight);
+    if (!ClipAxis(fromTop, plan.sourceHeight, plan.targetY, plan.targetHeight, imageHeight)) return false;
+    plan.sourceY = imageHeight - fromTop - plan.sourceHeight;
+    return true;
+}
+
+int PrintScale(int sourceWidth, int sourceHeight, int pageWidth, int pageHeight) {
+    if (sourceWidth < 1 || sourceHeight < 1) return 1;
+    const long long halfWidth = pageWidth / 2;
+    const long long halfHeight = pageHeight / 2;
+    long long scale = 1;
+    while (sourceWidth * scale <= halfWidth && sourceHeight * scale <= halfHeight) scale *= 2;
+    return static_cast<int>(scale);
+}
+
+}  // namespace kest

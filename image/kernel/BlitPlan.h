@@ -1,0 +1,31 @@
+// Which part of an image is drawn where: the geometry of Show, of the overlay, of printing and of the clipboard.
+#pragma once
+
+#include "core/kernel/Geometry.h"
+#include "core/kernel/ViewTransform.h"
+
+namespace kest {
+
+/// A stretched copy. The target counts y downward from its top-left corner, the source counts y upward: sourceY is its
+/// lowest row. A negative target size mirrors.
+struct BlitPlan {
+    long long targetX, targetY, targetWidth, targetHeight;
+    long long sourceX, sourceY, sourceWidth, sourceHeight;
+
+    bool IsOneToOne() const { return targetWidth == sourceWidth && targetHeight == sourceHeight; }
+};
+
+/// Into the window's client area, of which only what fits is drawn.
+BlitPlan PlanForWindow(const View& view);
+
+/// Into a rectangle: at a whole-number zoom the whole image from the rectangle's corner on, else stretched to it. The
+/// view's client size is not used.
+BlitPlan PlanForRect(const View& view, const IntRect& rect);
+
+/// Cuts the plan to the columns and rows that the image has. False when nothing is left.
+bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight);
+
+/// The power of two, from 1 on, at which a picture's size first exceeds half of the page in one direction.
+int PrintScale(int sourceWidth, int sourceHeight, int pageWidth, int pageHeight);
+
+}  // namespace kest

@@ -1,0 +1,46 @@
+// BMP files of version 3.
+#include "image/kernel/BmpFormat.h"
+
+#include "core/kernel/ByteReader.h"
+#include "image/kernel/DibLayout.h"
+
+namespace kest {
+
+bool ReadBmpFileHeader(std::span<const std::uint8_t, BmpFileHeaderBytes> bytes, BmpFileHeader& header) {
+    if (bytes[0] != 'B' || bytes[1] != 'M') return false;
+    ByteReader reader(bytes.subspan(2));
+    return reader.Read(header.fileBytes) && reader.Skip(4) && reader.Read(header.pixelOffset);
+}
+
+void WriteBmpFileHeader(std::span<std::uint8_t, BmpFileHeaderBytes> bytes, BmpFileHeader header) {
+    ByteWriter writer(bytes);
+    writer.WriteBytes("BM", 2);
+    writer.Write(header.fileBytes);
+    writer.Write(std::uint32_t{0});
+    writer.Write(header.pixelOffset);
+}
+
+BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> dib, int bitCount) {
+    if (dib.size() < DibHeaderBytes) return BmpVerdict::WrongSize;
+    ByteReader reader(dib);
+    std::uint32_t headerBytes, compression;
+    reader.Read(headerBytes);
+    reader.Skip(12);
+    reader.Read(compression);
+    if (headerBytes != DibHeaderBytes) return BmpVerdict::WrongHeaderSize;
+    if (compression != 0) return BmpVerdict::Compressed;
+
+    DibLayout layout;
+    if (!ReadDibLayout(dib, layout)) return BmpVerdict::WrongHeaderSize;
+    if (layout.bitCount != bitCount) return BmpVerdict::WrongDepth;
+
+    const int bytesPerPixel = bitCount / 8;
+    const Size64 pixelBytes = layout.PixelCount() * bytesPerPixel;
+    if (pixelBytes != Size64{header.fileBytes} - header.pixelOffset) return BmpVerdict::WrongSize;
+    const bool tableIsUsed = layout.colourCount == (bitCount == 8 ? GrayColours : 0);
+    if (tableIsUsed && !LiesInBlock(layout, bytesPerPixel, static_cast<Size64>(dib.size())))
+        return BmpVerdict::WrongSize;
+    return BmpVerdict::Accepted;
+}
+
+}  // namespace kest

@@ -1,0 +1,54 @@
+// CcFileObjectStorage: an object stream in a file.
+#pragma once
+
+#include <windows.h>
+
+#include "CcObjectStorage.h"
+#include "KestBlocks.h"
+
+/// A stream over a file. Reading and writing share one position, which can only be read or set back to 0.
+///
+/// While an object is written or read as a whole, small writes are gathered and small reads are served from a block
+/// read ahead; PutObject and GetNextObject leave the file and its position as if each byte had been transferred singly.
+/// A copy shares its source's file handle and never closes it.
+class KEST_API CcFileObjectStorage : public CcObjectStorage {
+public:
+    CcFileObjectStorage();
+    CcFileObjectStorage(const CcFileObjectStorage& other);
+    CcFileObjectStorage& operator=(const CcFileObjectStorage& other);
+    ~CcFileObjectStorage() override;
+
+    /// Opens `pszFileName` at its start without sharing; `ulAccess` is GENERIC_READ, GENERIC_WRITE or both. A missing
+    /// file is created; an existing one is neither cut nor appended to, so a shorter stream leaves the old tail behind
+    /// it. KEST_NULL_ARGUMENT, KEST_ALREADY_OPEN, KEST_OPEN_FAILED.
+    int Open(const char* pszFileName, unsigned long ulAccess);
+    /// KEST_NOT_OPEN without an open file.
+    int Close();
+
+    /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_READ_FAILED (also for fewer bytes than asked).
+    int Read(void* pBuffer, long lLength) override;
+    /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_WRITE_FAILED.
+    int Write(void* pBuffer, long lLength) override;
+    /// Only position 0 is accepted (else KEST_BAD_LENGTH). A successful rewind returns KEST_AT_START, not 0.
+    int SetPos(long lPosition) override;
+    int GetPos() override;
+
+protected:
+    int bIsOpen;
+    HANDLE hFile;
+
+private:
+    friend class CcObjectStorage;
+    // Transfers of whole objects: between Begin and End small reads and writes go through a block of memory.
+    void BeginWholeObject();
+    int EndWholeObject();
+    int Flush();
+    void DropReadAhead();
+
+    bool bOwnsFile = false;
+    int iWholeObjects = 0;       // PutObject and GetNextObject calls that run now, one inside another
+    KestHeapBlock cTransfer;     // bytes not yet written, or read ahead
+    long lTransferUsed = 0;      // bytes in it
+    long lTransferTaken = 0;     // of the bytes read ahead, those handed out
+    bool bTransferWrites = false;
+};

@@ -1,0 +1,106 @@
+// CcGrayImage256: the 8-bit grayscale image.
+#pragma once
+
+#include "CcImage.h"
+
+namespace kest {
+struct ImageLook;
+}
+
+/// One display table of an 8-bit image: a palette, and a block of 1024 bytes with 256 RGBQUADs or 256 16-bit palette
+/// indices.
+struct KestDisplayTable {
+    KestGlobalBlock hTable;
+    void* pTable = nullptr;
+    KestPalette hPalette;
+};
+
+/// Pixels of 8 bits, values 0 to 255, in a DIB with a 256-entry colour table: pixel (x, y) is byte y * width + x.
+///
+/// Five display tables decide how it is shown: 100 the file's own colours, 101 colours computed from a red, a green and
+/// a blue curve, 102 to 104 grays of 256, 128 and 64 levels computed from a curve each. Drawing copies the table into
+/// the DIB, so the DIB, its file and its stored record carry the colours last shown. Thresholding colours bands in the
+/// curves of table 101.
+class KEST_API CcGrayImage256 : public CcImage {
+public:
+    CcGrayImage256();
+    CcGrayImage256(const CcGrayImage256&) = default;
+    CcGrayImage256& operator=(const CcGrayImage256&) = default;
+    ~CcGrayImage256() override;                                                                     // slot 0
+
+    /// -1 (or the stream's own code when the bag cannot be read) leaves an image without pixels. The depth of a stored
+    /// DIB is not checked; its colour table and a byte a pixel must lie inside its block.
+    int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
+    /// Writes name, DIB and ROI list.
+    int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
+    int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
+    void* GetBitMapImageData() override;                                                            // slot 7
+    // Show: 0, also without an image; -1 for a null device context. An unknown LUT shows "Returned NULL from
+    // SelectPalette" and draws in the colours last shown. The device context is left as it was.
+    int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+             int iZoom) override;                                                                   // slot 8
+    int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+             int iZoom) override;                                                                   // slot 9
+    int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+             int iZoom) override;                                                                   // slot 10
+    /// LUT 101, channels 1 red, 2 green, 3 blue: 256 points. LUT 102, 103, 104, channel 0: 256, 128, 64 points. -1 for
+    /// anything else.
+    int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 12
+    /// Point k must have x = k (LUT 101, 102), 2k (103) or 4k (104), else -1; its y is the level shown for input x,
+    /// clamped to 0..255 and truncated. Between the points the table is constant.
+    int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
+    /// -1 after a message: "Could not open DIB file", or for a file with other than 256 colours "This type of Object
+    /// only handles 256 Color BitMaps" (until the next image arrives this one then has no pixels).
+    int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
+    /// 0 also when the file cannot be created; -1 without an image (after a message) and for a cancelled dialog.
+    int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
+    /// Every pixel gets the low 8 bits of iValue. An image of that size already is refilled and keeps its colours.
+    int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
+    /// Always 0.0.
+    float GetMinPixelValue() override;                                                              // slot 21
+    /// Always 255.0.
+    float GetMaxPixelValue() override;                                                              // slot 22
+    int SizeOf() override;                                                                          // slot 23
+    /// Does nothing, 0.
+    int SetAutoUpdateDisplay(int iOn) override;                                                     // slot 24
+    /// Always -1.
+    int GetAutoUpdateDisplay() override;                                                            // slot 25
+    /// Bilinear. A position up to the image's width and height counts as inside; beyond its last column or row the
+    /// byte that follows in memory is taken, or the nearest pixel where none follows.
+    float& operator()(float fX, float fY) override;                                                 // slot 26
+    float& operator()(int iX, int iY) override;                                                     // slot 27
+    /// Stores the low 8 bits of the truncated value.
+    void operator=(float fValue) override;                                                          // slot 28
+    /// A CcGrayImage256.
+    CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign) override;                       // slot 29
+
+    static char cFullFilePathOpen[KEST_NAME_SIZE];  ///< the file opened last by any image of this class
+    static char cFullFilePathSave[KEST_NAME_SIZE];  ///< the file saved last
+
+protected:
+    int iNumColors;
+    int iColorTableBytes;
+    KestDisplayTable stTable100;
+    KestDisplayTable stTable101;
+    tagPoints stLUTRed[256];
+    tagPoints stLUTGreen[256];
+    tagPoints stLUTBlue[256];
+    KestDisplayTable stTable102;
+    tagPoints stLUT256[256];
+    KestDisplayTable stTable103;
+    tagPoints stLUT128[128];
+    KestDisplayTable stTable104;
+    tagPoints stLUT64[64];
+
+    /// Releases the five display tables.
+    void ReleaseTables();
+    /// Builds them from the DIB. The point lists stay, but are not applied before the next SetDisplayLUT.
+    void MakeTables();
+    /// The point list of a display table's channel and its number of points; null for an unknown pair.
+    tagPoints* PointsOf(int iLUT, int iChannel, int* piCount);
+    /// What drawing through a LUT number needs (internal).
+    kest::ImageLook Look(unsigned short usLUT);
+
+private:
+    float BilinearByte(float fX, float fY) const;
+};

@@ -1,0 +1,67 @@
+// CcHLObject: the root of every object that the library hands out, keeps in a list or writes to a stream.
+#pragma once
+
+#include <cstddef>
+#include <new>
+
+#include "KestExport.h"
+#include "KestTypes.h"
+
+class CcObjectStorage;
+
+/// The root class: a type code, a reference count that callers manage by hand, a name, and the operations that object
+/// streams call.
+///
+/// Operations return 0 for success and a negative value for failure; nothing throws. Copying copies type, count and name
+/// as they stand. Strings that are only read are `const char*`, in virtual functions too: a host that overrides one
+/// declares it so.
+class KEST_API CcHLObject {
+public:
+    CcHLObject();
+    CcHLObject(const CcHLObject&) = default;
+    CcHLObject& operator=(const CcHLObject&) = default;
+
+    // Virtual operations in slot order; a derived class that overrides Load and Store keeps it.
+    virtual ~CcHLObject();                                          // slot 0
+    /// Reads the object's data, as Store wrote it, from a stream. Base: -1.
+    virtual int Load(CcObjectStorage* pStorage);                    // slot 1
+    /// Writes the object's data to a stream. Base: -1.
+    virtual int Store(CcObjectStorage* pStorage);                   // slot 2
+    /// Writes the class name, the key by which a stream makes the object again, with its terminator into `pszBuffer`.
+    /// -1 when `lLength` is not greater than the name's length. Base: -1, writes nothing.
+    virtual int GetClassNameA(char* pszBuffer, long lLength);       // slot 3
+    /// Writes the object's name with its terminator into `pszBuffer`. -1 for a null buffer, a length below 1, or a
+    /// length not greater than the name's.
+    virtual int GetObjectName(char* pszBuffer, long lLength);       // slot 4
+    /// Same rule as SetName.
+    virtual int SetObjectName(const char* pszName);                 // slot 5
+
+    /// The object's own name buffer (260 characters), not a copy.
+    char* GetName();
+    /// -1 for null or more than 259 characters; the name then stays as it was.
+    int SetName(const char* pszName);
+
+    /// One of KestObjectType.
+    int GetType();
+    int SetType(int iNewType);
+
+    /// The count is advice among callers: nothing deletes an object when it reaches 0.
+    int GetReferenceCount();
+    int IncReferenceCount();
+    /// -1, and the count stays, when it is below 1.
+    int DecReferenceCount();
+
+    /// Objects live in the library's heap, so that either side of the DLL may delete what the other made. When memory
+    /// is short `new` yields null and constructs nothing.
+    static void* operator new(std::size_t size) noexcept;
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    static void* operator new(std::size_t, void* pPlace) noexcept { return pPlace; }
+    static void operator delete(void* pBlock) noexcept;
+    static void operator delete(void* pBlock, const std::nothrow_t&) noexcept;
+    static void operator delete(void*, void*) noexcept {}
+
+protected:
+    int iType;
+    int iReferenceCount;
+    char szObjectName[KEST_NAME_SIZE];
+};

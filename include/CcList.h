@@ -1,0 +1,90 @@
+// CcList: an ordered, growable list of objects with a current and a selected position.
+#pragma once
+
+#include "CcHLObject.h"
+#include "KestBlocks.h"
+
+/// A list of CcHLObject pointers with two cursors: the current index, moved by every positional operation, so that a
+/// caller can walk the list; and the selected index, which marks one member.
+///
+/// With destruction type 1 the list deletes its members, in every delete operation, before a Load and in its
+/// destructor; with type 0 (the default) they stay the caller's. A copy shares its source's slots (see KestBlocks.h)
+/// and does not delete members when it is destroyed. Memory failures show a message box with the caption
+/// "Memory Error".
+class KEST_API CcList : public CcHLObject {
+public:
+    /// 100 slots that grow by 50.
+    CcList();
+    CcList(int iInitialSize, int iIncrement);
+    CcList(const CcList&) = default;
+    CcList& operator=(const CcList&) = default;
+
+    ~CcList() override;                                         // slot 0
+    /// Empties the list, then reads the members that Store wrote; they are the list's own only if the stored
+    /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list.
+    int Load(CcObjectStorage* pStorage) override;               // slot 1
+    /// Writes a bag with the list's four numbers, then each member's record. -1 on the first failure.
+    int Store(CcObjectStorage* pStorage) override;              // slot 2
+    int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
+
+    // Cursor and lookup: the member, or null when there is none. Each moves the current index to the member it returns.
+    CcHLObject* GetHead();
+    CcHLObject* GetTail();
+    CcHLObject* GetNext();
+    CcHLObject* GetPrev();
+    CcHLObject* GetAtIndex(int iIndex);
+    /// The first member of exactly that name.
+    CcHLObject* GetViaName(const char* pszName);
+    CcHLObject* GetSelected();
+
+    int GetNumberOfObjects();
+    /// -1 only after a delete emptied the list.
+    int GetCurrentObjectsIndex();
+    /// -1 when none is selected.
+    int GetSelectedObjectsIndex();
+    /// Selects a member and makes it current; -1 clears the selection. Result -1 for any other index that is no member.
+    int SelectObjectAtIndex(int iIndex);
+    /// 1: the list deletes its members; 0: it does not. Anything else: -1.
+    int SetDestructionType(int iNewType);
+
+    // Inserts: 0, or -1 when the list cannot grow or the index is refused. Null members are accepted.
+    int InsertHead(CcHLObject* pObject);
+    int InsertTail(CcHLObject* pObject);
+    /// At a present member's index only: it cannot append.
+    int InsertAtIndex(CcHLObject* pObject, int iIndex);
+    /// At the current (not the selected) index; the new member becomes the selected one.
+    int InsertSelected(CcHLObject* pObject);
+    /// The shared step of the inserts: moves the members up and puts `pObject` in; count and current index stay.
+    int InsertObjectAtIndex(CcHLObject* pObject, int iIndex);
+
+    // Deletes: 0, or -1 when there is no such member.
+    int DeleteHead();
+    int DeleteTail();
+    int DeleteAtIndex(int iIndex);
+    int DeleteViaName(const char* pszName);
+    int DeleteSelected();
+    /// The shared step of the deletes: takes the member out and moves the others down; the count stays.
+    int DeleteObjectAtIndex(int iIndex);
+
+    /// Adds the increment to the capacity. -1 after a message when memory is short.
+    int MakeArrayLarger();
+
+protected:
+    int iInitialArraySize;
+    int iArrayIncrement;
+    int iArraySize;
+    int iDistructorFlag;
+    int iCurrentObject;
+    int iNumberOfObjects;
+    int iSelectedObject;
+    CcHLObject** pObjectArray;
+    KestGlobalBlock hObjectArray;
+
+private:
+    void MakeFirstArray();
+    bool IsMember(int iIndex) const;
+    CcHLObject* MoveTo(int iIndex);
+    bool MakeRoom();
+    int IndexOf(const char* pszName) const;
+    int RemoveAt(int iIndex);
+};

@@ -1,0 +1,55 @@
+// CcObjectStorage: an object stream. Objects are written one after another as self-describing records and read back
+// into an object that exists or into a new one, made from the class name in the record.
+#pragma once
+
+#include "CcHLObject.h"
+
+/// The record logic and the class factory over four byte operations that a subclass supplies.
+///
+/// A record is a tagOST_OBJECTHEADER, whatever the object's Store writes (complete records of other objects included),
+/// and a tagOST_OBJECTFOOTER. There is no length and no stream header: each class's Load reads exactly what its Store
+/// wrote.
+class KEST_API CcObjectStorage {
+public:
+    virtual ~CcObjectStorage();                         // slot 0
+    /// Reads exactly `lLength` bytes. Base: -1.
+    virtual int Read(void* pBuffer, long lLength);      // slot 1
+    /// Writes exactly `lLength` bytes. Base: -1.
+    virtual int Write(void* pBuffer, long lLength);     // slot 2
+    /// Base: -1.
+    virtual int SetPos(long lPosition);                 // slot 3
+    /// Base: -1.
+    virtual int GetPos();                               // slot 4
+
+    /// Writes one object's record. KEST_NULL_ARGUMENT; -1 when the object has no class name, or its class name or
+    /// object name has 50 characters or more (nothing is written then); else the first negative result of a write or of
+    /// the object's Store (what was written stays). Records nested deeper than 100 fail with -1.
+    int PutObject(CcHLObject* pObject);
+
+    /// Reads the next record into `pObject`, which must be of the record's class (KEST_MISMATCH) and takes the stored
+    /// name. KEST_BAD_TAG for a wrong header or footer tag; else the first negative result.
+    int GetNextObject(CcHLObject* pObject);
+
+    /// Reads the next record into a new object, which belongs to the caller. On failure the new object is deleted and
+    /// `*ppObject` stays as it was.
+    int GetNextObject(CcHLObject** ppObject);
+
+    /// Makes an object of the named class. -1, and null in `*ppObject`, for an unknown name (the abstract classes too).
+    int CreateObject(const char* pszClassName, CcHLObject** ppObject);
+
+    /// SetPos(0), whose result it returns: KEST_AT_START for a file.
+    int Reset();
+
+    /// Read and Write for use in Load and Store; every result that is not negative becomes 0.
+    int ReadObjectData(void* pBuffer, long lLength);
+    int WriteObjectData(const void* pBuffer, long lLength);
+    int ReadObjectHeader(tagOST_OBJECTHEADER* pHeader);
+    int WriteObjectHeader(const tagOST_OBJECTHEADER* pHeader);
+    int ReadObjectFooter(tagOST_OBJECTFOOTER* pFooter);
+    int WriteObjectFooter(const tagOST_OBJECTFOOTER* pFooter);
+
+private:
+    int ReadCheckedHeader(tagOST_OBJECTHEADER& header);
+    int LoadBody(CcHLObject& object, const tagOST_OBJECTHEADER& header);
+    int PutRecord(CcHLObject& object);
+};

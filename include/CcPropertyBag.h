@@ -1,0 +1,72 @@
+// CcPropertyBag: named, typed values in one table and one byte buffer; how every class keeps its values in a stream.
+#pragma once
+
+#include "CcHLObject.h"
+#include "KestBlocks.h"
+
+/// An append-only store of named values. Nothing is removed or replaced: a second Put under a name adds an entry, and a
+/// lookup takes the first entry with that name and type, so the value put first stays visible.
+///
+/// Results: 0, or KEST_NULL_ARGUMENT, KEST_BAD_LENGTH (a length below 1, or a name above 259 characters),
+/// KEST_NO_MEMORY, KEST_NOT_FOUND (no entry of that name and type), KEST_MISMATCH (the buffer is smaller than the value).
+/// A failure changes nothing. A copy shares its source's two blocks (see KestBlocks.h).
+class KEST_API CcPropertyBag : public CcHLObject {
+public:
+    CcPropertyBag();
+
+    // Virtual operations, in the root's slots
+    /// Replaces the content by what the stream holds. A stream that ends early or contradicts itself leaves an empty
+    /// bag. 0, or KEST_NULL_ARGUMENT.
+    int Load(CcObjectStorage* pStorage) override;               // slot 1
+    /// Writes the entry count, the entries, the byte count and the bytes. 0 whatever the writes report, or
+    /// KEST_NULL_ARGUMENT.
+    int Store(CcObjectStorage* pStorage) override;              // slot 2
+    int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
+
+    int PutInt(const char* pszName, int iValue);
+    int PutLong(const char* pszName, long lValue);
+    int PutFloat(const char* pszName, float fValue);
+    int PutDouble(const char* pszName, double dValue);
+    int PutString(const char* pszName, const char* pszValue);
+    /// Copies `lLength` bytes.
+    int PutBlob(const char* pszName, const void* pData, long lLength);
+
+    int GetInt(const char* pszName, int* piValue);
+    int GetLong(const char* pszName, long* plValue);
+    int GetFloat(const char* pszName, float* pfValue);
+    int GetDouble(const char* pszName, double* pdValue);
+    /// Fills all `lLength` characters of the buffer with 0 first, so it holds "" after a failed lookup.
+    int GetString(const char* pszName, char* pszBuffer, long lLength);
+    int GetBlob(const char* pszName, void* pBuffer, long lLength);
+
+    /// The general put: `iType` is a tag of tagPROPERTY.
+    int PutProp(const char* pszName, int iType, const void* pData, long lLength);
+    /// The general lookup: copies exactly the stored bytes, the rest of the buffer stays untouched.
+    int GetPropA(const char* pszName, int iType, void* pBuffer, long lLength);
+    /// The stored bytes of the value that GetPropA would copy, so that a caller can provide a buffer.
+    int GetPropLength(const char* pszName, int iType, long* plLength);
+
+    /// Enlarges the table's capacity by `iEntries` entries.
+    int GrowPropTable(int iEntries);
+    /// Enlarges the buffer's capacity by `iBytes` bytes.
+    int GrowPropBuffer(int iBytes);
+
+protected:
+    tagPROPERTY* pPropTable;
+    int iPropTableSize;  ///< capacity, entries
+    int iReservedTable;
+    int iNumProps;
+    unsigned char* pPropBuffer;
+    int iPropBufferSize;  ///< capacity, bytes
+    int iReservedBuffer;
+    int iPropBufferUsed;
+
+private:
+    const tagPROPERTY* Find(const char* pszName, int iType) const;
+    void Clear();
+    bool LoadTable(CcObjectStorage& storage);
+    bool LoadBuffer(CcObjectStorage& storage);
+
+    KestHeapBlock cTableBlock;
+    KestHeapBlock cBufferBlock;
+};

@@ -1,0 +1,139 @@
+// CcRoiBase: the root of all regions of interest (ROIs).
+#pragma once
+
+#include <windows.h>
+
+#include "CcHLObject.h"
+#include "KestBlocks.h"
+
+class CcImage;
+
+// How the classes of a family share their members (internal).
+template <class Shape>
+struct KestShapeMembers;
+template <class Shape>
+struct KestShapeTraits;
+
+/// What CcRoiBase::GetROIType returns; the code stands in every ROI file.
+enum KestRoiType : int {
+    KEST_ROI_NONE = -1,
+    KEST_ROI_RECT = 0,
+    KEST_ROI_LINE = 1,
+    KEST_ROI_FREEHANDLINE = 2,
+    KEST_ROI_POLYLINE = 3,
+    KEST_ROI_ELLIPSE = 4,
+    KEST_ROI_FREEHAND = 5,
+    KEST_ROI_POLYFREEHAND = 6,
+    KEST_ROI_POINT = 7,
+};
+
+/// The iDragMode argument of StartMouseDrag.
+enum KestDragMode : int {
+    KEST_DRAG_CONVERT = 0,  ///< take the place of another ROI, then move
+    KEST_DRAG_MOVE = 1,
+    KEST_DRAG_CREATE = 2,
+    KEST_DRAG_RESIZE = 3,   ///< by the handle that MouseHitTest found
+};
+
+/// A shape that the user draws with the mouse over a shown image; the pixels under it can be cut out and measured.
+///
+/// Coordinates are image pixels, x from the left column, y from the BOTTOM row. The display arguments (window, offsets,
+/// mode, image, zoom) are those that the image was shown with, see CcImage.
+///
+/// Colours and pens are one set for all ROIs. Results: 0, or -1 (null) for failure; a ROI shows no message unless said.
+/// A copy shares its source's work buffer and points and is not counted in iNumOfROIs when it is made, though it is when
+/// it is destroyed; it must not outlive its source.
+class KEST_API CcRoiBase : public CcHLObject {
+public:
+    CcRoiBase();
+    CcRoiBase(const CcRoiBase&) = default;
+    CcRoiBase& operator=(const CcRoiBase&) = default;
+
+    // Virtual operations in slot order; the base versions of slots 6 to 22 do nothing and return -1, null or 0.
+    ~CcRoiBase() override;                                                                          // slot 0
+    // slots 1 to 5: Load, Store, GetClassNameA, GetObjectName, SetObjectName, inherited
+    /// Writes the ROI to a file of its own. -1 when it cannot be created; write errors are not checked.
+    virtual int Save(const char* pszFileName);                                                      // slot 6
+    /// Reads such a file. -1, with nothing changed, when it cannot be read or is not a ROI of this class.
+    virtual int Restore(const char* pszFileName);                                                   // slot 7
+    /// Copies the class's coordinate record in.
+    virtual int SetRoiImageCord(void* pRecord);                                                     // slot 8
+    /// The ROI's own coordinate record.
+    virtual void* GetRoiImageCord();                                                                // slot 9
+    /// Begins drawing, moving or resizing at the mouse position (client pixels) and captures the mouse. -1 for a mode
+    /// that the class does not have.
+    virtual int StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                               POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom);  // slot 10
+    /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon.
+    virtual int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                            POINT stMouse, int iAddVertex);                                         // slot 11
+    /// Ends the drag and releases the mouse. The application then draws the ROI with ShowROI.
+    virtual int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                              POINT stMouse);                                                       // slot 12
+    /// The bounding rectangle (top above bottom), without preparing queries.
+    virtual RECT* GetCurrentBoundingRect();                                                         // slot 13
+    // ShowROI: iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null
+    // device context, rectangle or image. The device context is left as it was.
+    /// Into a rectangle that stands for the client area: for output without a window.
+    virtual int ShowROI(HDC hDC, RECT* pRect, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                        int iShowZoom, int iPenSelect);                                             // slot 14
+    virtual int ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                        int iShowZoom, int iPenSelect);                                             // slot 15
+    virtual int ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                        int iShowZoom, int iPenSelect);                                             // slot 16
+    /// The code of what lies under the mouse: -1 nothing, 0 the shape, above 0 one of its handles.
+    virtual int MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                             POINT stMouse, int iTestZoom);                                         // slot 17
+    /// The bounding rectangle (top above bottom); prepares the boundary queries. Null when memory is short.
+    virtual RECT* GetBoundingRect();                                                                // slot 18
+    /// The y values of the ROI on a column, `*piCount` of them; 0 when it misses the column. The buffer stays the ROI's
+    /// and is overwritten by the next query. Call GetBoundingRect first.
+    virtual int* GetYBoundary(int iColumn, int* piCount);                                           // slot 19
+    /// The x values of the ROI on a row, in the same way.
+    virtual int* GetXBoundary(int iRow, int* piCount);                                              // slot 20
+    /// Every shape returns 0: there is nothing to update.
+    virtual int UpdateImageIfNeeded(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode,
+                                    CcImage* pImage, int iShowZoom);                                // slot 21
+    /// Every shape returns 0.
+    virtual int IsRoiAGraphicObject();                                                              // slot 22
+
+    int GetROIType();
+    /// Exactly 1 selects.
+    int SetSelected(int bSelect);
+    int IsROISelected();
+
+    // Class-wide: what every ROI is drawn with. -1 for a null colour, or when a pen cannot be made (the old one stays).
+    int SetSelectedColor(RGBTRIPLE* pColor);
+    int SetUnSelectedColor(RGBTRIPLE* pColor);
+    /// `*pColor` is not checked for null.
+    int GetSelectedColor(RGBTRIPLE* pColor);
+    int GetUnSelectedColor(RGBTRIPLE* pColor);
+    /// Makes both pens anew at this width, so that outlines thicken with the zoom. When only the second pen cannot be
+    /// made, the first is new already and the result is -1.
+    int SetZoomPen(int iPenWidth);
+
+    static RGBTRIPLE stSelectedColor;    ///< red again whenever the first of all ROIs is made
+    static RGBTRIPLE stUnSelectedColor;  ///< green, likewise
+    static HPEN hSelectedPen;            ///< null while there is no ROI
+    static HPEN hUnSelectedPen;
+    static int iNumOfROIs;  ///< ROI objects alive
+
+protected:
+    int iROIType;
+    int iZoom;     ///< of the drag that runs or ran last
+    int iHitCode;  ///< of the handle that MouseHitTest found last, -1 at first
+    int bSelected;
+    RECT stCurrentBoundingRect;
+    RECT stBoundingRect;
+    int* piBoundary;
+    KestGlobalBlock hBoundary;
+    int iBoundarySize;  ///< entries in the work buffer
+
+    /// Makes the work buffer hold what a query over the larger side of stBoundingRect writes. False without memory.
+    bool SizeBoundary();
+    /// Fills the work buffer with every value from iFirst to iLast, both included. Null, with a count of 0, when there is
+    /// none or memory is short.
+    int* ListRange(int iFirst, int iLast, int* piCount);
+    /// The pen for an iPenSelect argument.
+    HPEN PenFor(int iPenSelect);
+};

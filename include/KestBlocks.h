@@ -1,0 +1,89 @@
+// Holders of memory blocks and palettes, members of the exported classes.
+//
+// A copy of a holder refers to the same block and never frees it: whoever made the block frees it, once. The exported
+// classes copy their members as they stand, so a copied object shares its source's blocks. Destroying both is fine in
+// either order, but a copy must not be used any more once its source has released or replaced the block.
+#pragma once
+
+#include <windows.h>
+
+#include "KestExport.h"
+
+/// A movable, zero-initialised global memory block, kept locked from allocation to release.
+class KEST_API KestGlobalBlock {
+public:
+    enum AllocateResult { Allocated, NotAllocated, NotLocked };
+    enum ReleaseResult { Released, StillLocked, NotFreed };
+
+    KestGlobalBlock() = default;
+    KestGlobalBlock(const KestGlobalBlock& other)
+        : hBlock(other.hBlock), pLocked(other.pLocked), llSize(other.llSize) {}
+    KestGlobalBlock& operator=(const KestGlobalBlock& other);
+    ~KestGlobalBlock();
+
+    /// Releases what is held, then allocates and locks `llBytes` zero bytes.
+    AllocateResult AllocateLocked(long long llBytes);
+    /// The same, returning the memory; null when it cannot be had.
+    void* Allocate(long long llBytes) { return AllocateLocked(llBytes) == Allocated ? pLocked : nullptr; }
+    /// Unlocks and frees the block if this holder owns it; holds none afterwards.
+    ReleaseResult Release();
+    /// As Release, but goes on naming the freed block, without owning it.
+    void ReleaseButName();
+    void Swap(KestGlobalBlock& other);
+
+    bool Owns() const { return bOwner; }
+    /// The locked memory.
+    void* Get() const { return pLocked; }
+    /// The bytes that were asked for.
+    long long Size() const { return llSize; }
+    operator HGLOBAL() const { return hBlock; }
+
+private:
+    HGLOBAL hBlock = nullptr;
+    void* pLocked = nullptr;
+    long long llSize = 0;
+    bool bOwner = false;
+};
+
+/// A block of the library's own allocator that grows. The real block grows geometrically behind what is asked for.
+class KEST_API KestHeapBlock {
+public:
+    KestHeapBlock() = default;
+    KestHeapBlock(const KestHeapBlock& other) : pBlock(other.pBlock), ullBytes(other.ullBytes) {}
+    KestHeapBlock& operator=(const KestHeapBlock& other);
+    ~KestHeapBlock();
+
+    /// Makes room for `bytes` bytes, keeping the content. False, and nothing changed, when memory is short.
+    bool Reserve(long long bytes);
+    /// Takes over a block of `bytes` bytes that malloc (or new) of the library's run-time made.
+    void Adopt(unsigned char* pAllocated, long long bytes);
+    /// Refers to a block without owning it.
+    void Refer(unsigned char* pOther, long long bytes);
+    void Release();
+
+    unsigned char* Get() const { return pBlock; }
+
+private:
+    unsigned char* pBlock = nullptr;
+    unsigned long long ullBytes = 0;
+    bool bOwner = false;
+};
+
+/// A logical palette, deleted by its owner.
+class KEST_API KestPalette {
+public:
+    KestPalette() = default;
+    KestPalette(const KestPalette& other) : hPalette(other.hPalette) {}
+    KestPalette& operator=(const KestPalette& other);
+    ~KestPalette();
+
+    /// Releases what is held and takes over `hNew`, which may be null.
+    void Adopt(HPALETTE hNew);
+    void Release();
+
+    operator HPALETTE() const { return hPalette; }
+
+private:
+    HPALETTE hPalette = nullptr;
+    bool bOwner = false;
+};

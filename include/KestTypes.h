@@ -1,0 +1,85 @@
+// Records and status codes that the whole library shares. Needs no platform header.
+// All records are little-endian in files and streams, in exactly the layout given here.
+#pragma once
+
+/// Size of an object name, a CcString value or a file path, its terminator included.
+constexpr int KEST_NAME_SIZE = 260;
+
+/// What the operations of the object model return; other classes return only KEST_OK and KEST_FAILED.
+enum KestStatus : int {
+    KEST_OK = 0,
+    KEST_FAILED = -1,           ///< the operation failed, or an operation it called did
+    KEST_NULL_ARGUMENT = -2,    ///< a required pointer is null
+    KEST_BAD_LENGTH = -3,       ///< a length, size or position is out of range, or a name is too long
+    KEST_BAD_TAG = -4,          ///< a record does not begin with its tag
+    KEST_NO_MEMORY = -5,        ///< memory could not be allocated
+    KEST_NOT_GROWABLE = -6,     ///< the block belongs to the caller and cannot grow
+    KEST_NOT_FOUND = -7,        ///< no such entry, or a read past the end
+    KEST_MISMATCH = -8,         ///< wrong class, or a buffer smaller than the value
+    KEST_OPEN_FAILED = -9,      ///< the file could not be opened
+    KEST_READ_FAILED = -10,     ///< the file read failed or ended early
+    KEST_WRITE_FAILED = -11,    ///< the file write failed or ended early
+    KEST_ALREADY_OPEN = -12,    ///< the stream has a file open already
+    KEST_NOT_OPEN = -13,        ///< the stream has no file open
+    KEST_AT_START = -14,        ///< a file stream was rewound to position 0 (its success)
+};
+
+/// What CcHLObject::GetType returns.
+enum KestObjectType : int {
+    KEST_TYPE_NONE = 0,         ///< CcPropertyBag
+    KEST_TYPE_IMAGE = 1,        ///< every image class
+    KEST_TYPE_ROI = 2,          ///< every ROI class
+    KEST_TYPE_CURVE = 3,
+    KEST_TYPE_GRAPH = 4,
+    KEST_TYPE_LIST = 5,
+    KEST_TYPE_CALIBRATION = 6,
+    KEST_TYPE_NUMBER = 7,
+    KEST_TYPE_STRING = 8,
+};
+
+/// A point of two single-precision coordinates: a table point (input, level), an image point or a world point.
+struct tagPoints {
+    float x;
+    float y;
+};
+
+/// One band of multi-band thresholding: the values from fLow to fHigh, both included, are shown in the colour.
+struct ThresholdTag {
+    float fLow;
+    float fHigh;
+    int iRed;    ///< colour components 0 to 255; other values count as their low 8 bits
+    int iGreen;
+    int iBlue;
+};
+
+/// A run of neighbouring columns (or rows), both ends included.
+struct KestSpan {
+    int iFirst;
+    int iLast;
+};
+
+/// One entry of a property bag's table, in memory and in a stream: 272 bytes.
+struct tagPROPERTY {
+    char szPropName[KEST_NAME_SIZE];  ///< NUL-terminated, at most 259 characters
+    int iPropType;                    ///< 0 int, 1 long, 2 float, 3 double, 4 string, 5 blob
+    int iPropOffset;                  ///< of the value's first byte in the bag's buffer
+    int iPropLength;                  ///< bytes of the value, at least 1
+};
+static_assert(sizeof(tagPROPERTY) == 272);
+
+/// Opens an object's record in a stream: 128 bytes.
+struct tagOST_OBJECTHEADER {
+    char szTag[17];         ///< "OST_OBJECTHEADER"
+    char szClassName[50];   ///< NUL-terminated, at most 49 characters
+    char szObjectName[50];  ///< NUL-terminated, at most 49 characters
+    char cReserved[11];     ///< written as zeros, never read
+};
+static_assert(sizeof(tagOST_OBJECTHEADER) == 128);
+
+/// Closes an object's record in a stream: 117 bytes.
+struct tagOST_OBJECTFOOTER {
+    char szTag[17];  ///< "OST_OBJECTFOOTER"
+    char szClassName[50];
+    char szObjectName[50];
+};
+static_assert(sizeof(tagOST_OBJECTFOOTER) == 117);

@@ -1,0 +1,154 @@
+// CcRoiBase: what all regions of interest share.
+#include "CcRoiBase.h"
+
+#include <algorithm>
+
+#include "core/kernel/CheckedSize.h"
+
+namespace {
+
+constexpr RGBTRIPLE red = {0, 0, 255};
+constexpr RGBTRIPLE green = {0, 255, 0};
+
+/// The functions that make and release the class-wide pens.
+HPEN MakePen(const RGBTRIPLE& colour, int width) {
+    return CreatePen(PS_SOLID, width, RGB(colour.rgbtRed, colour.rgbtGreen, colour.rgbtBlue));
+}
+
+void ReleasePen(HPEN& pen) {
+    if (pen) DeleteObject(pen);
+    pen = nullptr;
+}
+
+/// Replaces the pen by a new one; the old one stays when that cannot be made.
+bool RenewPen(HPEN& pen, const RGBTRIPLE& colour, int width) {
+    const HPEN renewed = MakePen(colour, width);
+    if (!renewed) return false;
+    ReleasePen(pen);
+    pen = renewed;
+    return true;
+}
+
+int SetColour(HPEN& pen, RGBTRIPLE& own, const RGBTRIPLE* colour) {
+    if (!colour || !RenewPen(pen, *colour, 1)) return KEST_FAILED;
+    own = *colour;
+    return KEST_OK;
+}
+
+int GetColour(const RGBTRIPLE& own, RGBTRIPLE* colour) {
+    if (!colour) return KEST_FAILED;
+    *colour = own;
+    return KEST_OK;
+}
+
+}  // namespace
+
+RGBTRIPLE CcRoiBase::stSelectedColor = red;
+RGBTRIPLE CcRoiBase::stUnSelectedColor = green;
+HPEN CcRoiBase::hSelectedPen = nullptr;
+HPEN CcRoiBase::hUnSelectedPen = nullptr;
+int CcRoiBase::iNumOfROIs = 0;
+
+CcRoiBase::CcRoiBase()
+    : iROIType(KEST_ROI_NONE),
+      iZoom(1),
+      iHitCode(-1),
+      bSelected(0),
+      stCurrentBoundingRect{},
+      stBoundingRect{},
+      piBoundary(nullptr),
+      iBoundarySize(0) {
+    SetType(KEST_TYPE_ROI);
+    if (iNumOfROIs == 0) {
+        stSelectedColor = red;
+        stUnSelectedColor = green;
+        RenewPen(hSelectedPen, stSelectedColor, 1);
+        RenewPen(hUnSelectedPen, stUnSelectedColor, 1);
+    }
+    ++iNumOfROIs;
+}
+
+CcRoiBase::~CcRoiBase() {
+    if (--iNumOfROIs <= 0) {
+        ReleasePen(hSelectedPen);
+        ReleasePen(hUnSelectedPen);
+    }
+}
+
+int CcRoiBase::Save(const char*) { return KEST_FAILED; }
+int CcRoiBase::Restore(const char*) { return KEST_FAILED; }
+int CcRoiBase::SetRoiImageCord(void*) { return KEST_FAILED; }
+void* CcRoiBase::GetRoiImageCord() { return nullptr; }
+int CcRoiBase::StartMouseDrag(HWND, int, int, unsigned short, CcImage*, POINT, int, CcRoiBase*, int) {
+    return KEST_FAILED;
+}
+int CcRoiBase::DoMouseDrag(HWND, int, int, unsigned short, CcImage*, POINT, int) { return KEST_FAILED; }
+int CcRoiBase::StopMouseDrag(HWND, int, int, unsigned short, CcImage*, POINT) { return KEST_FAILED; }
+RECT* CcRoiBase::GetCurrentBoundingRect() { return nullptr; }
+int CcRoiBase::ShowROI(HDC, RECT*, int, int, unsigned short, CcImage*, int, int) { return KEST_FAILED; }
+int CcRoiBase::ShowROI(HDC, HWND, int, int, unsigned short, CcImage*, int, int) { return KEST_FAILED; }
+int CcRoiBase::ShowROI(HWND, int, int, unsigned short, CcImage*, int, int) { return KEST_FAILED; }
+int CcRoiBase::MouseHitTest(HWND, int, int, unsigned short, CcImage*, POINT, int) { return KEST_FAILED; }
+RECT* CcRoiBase::GetBoundingRect() { return nullptr; }
+
+int* CcRoiBase::GetYBoundary(int, int* piCount) {
+    if (piCount) *piCount = 0;
+    return nullptr;
+}
+
+int* CcRoiBase::GetXBoundary(int, int* piCount) {
+    if (piCount) *piCount = 0;
+    return nullptr;
+}
+
+int CcRoiBase::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_FAILED; }
+int CcRoiBase::IsRoiAGraphicObject() { return 0; }
+
+int CcRoiBase::GetROIType() { return iROIType; }
+
+int CcRoiBase::SetSelected(int bSelect) {
+    bSelected = bSelect == 1;
+    return KEST_OK;
+}
+
+int CcRoiBase::IsROISelected() { return bSelected; }
+
+int CcRoiBase::SetSelectedColor(RGBTRIPLE* pColor) { return SetColour(hSelectedPen, stSelectedColor, pColor); }
+int CcRoiBase::SetUnSelectedColor(RGBTRIPLE* pColor) { return SetColour(hUnSelectedPen, stUnSelectedColor, pColor); }
+int CcRoiBase::GetSelectedColor(RGBTRIPLE* pColor) { return GetColour(stSelectedColor, pColor); }
+int CcRoiBase::GetUnSelectedColor(RGBTRIPLE* pColor) { return GetColour(stUnSelectedColor, pColor); }
+
+int CcRoiBase::SetZoomPen(int iPenWidth) {
+    const bool renewed = RenewPen(hSelectedPen, stSelectedColor, iPenWidth) &&
+                         RenewPen(hUnSelectedPen, stUnSelectedColor, iPenWidth);
+    return renewed ? KEST_OK : KEST_FAILED;
+}
+
+bool CcRoiBase::SizeBoundary() {
+    const kest::Size64 width = kest::Size64{stBoundingRect.right} - stBoundingRect.left;
+    const kest::Size64 height = kest::Size64{stBoundingRect.top} - stBoundingRect.bottom;
+    // Two entries for each pixel of the larger side hold its two ends as well; a shape of one pixel needs one.
+    const kest::Size64 span = std::max({width, height, kest::Size64{1}});
+    if (piBoundary && iBoundarySize >= 2 * span) return true;
+    iBoundarySize = 0;
+    piBoundary = static_cast<int*>(hBoundary.Allocate(2 * span * static_cast<kest::Size64>(sizeof(int))));
+    if (!piBoundary) return false;
+    iBoundarySize = static_cast<int>(2 * span);
+    return true;
+}
+
+int* CcRoiBase::ListRange(int iFirst, int iLast, int* piCount) {
+    if (!piCount) return nullptr;
+    *piCount = 0;
+    // A buffer that was sized for other coordinates, or not at all, is not written behind its end.
+    const kest::Size64 count = kest::Size64{iLast} - iFirst + 1;
+    if (count < 1 || !piBoundary || count > iBoundarySize) return nullptr;
+    for (int i = 0; i < count; ++i) piBoundary[i] = iFirst + i;
+    *piCount = static_cast<int>(count);
+    return piBoundary;
+}
+
+HPEN CcRoiBase::PenFor(int iPenSelect) {
+    const bool selected = iPenSelect == 1 || (iPenSelect == -1 && bSelected);
+    return selected ? hSelectedPen : hUnSelectedPen;
+}

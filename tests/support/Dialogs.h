@@ -1,0 +1,43 @@
+// Answers the modal boxes and dialogs that the library shows, and tells afterwards what they said.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// One message box, answered with its default button.
+struct Box {
+    std::string caption;
+    std::string text;
+    bool operator==(const Box&) const = default;
+};
+
+/// The boxes shown since the last call, in order.
+std::vector<Box> TakeBoxes();
+
+/// What a file dialog showed when it opened.
+struct FileDialog {
+    std::string title;
+    std::string name;
+    std::vector<std::string> filters;
+};
+
+/// The next file dialog accepts this path, or is cancelled when there is none.
+void AnswerFileDialog(const std::string& path);
+
+/// The file dialogs shown since the last call.
+std::vector<FileDialog> TakeFileDialogs();
+
+/// Called once for the next dialog that is neither a box nor a file dialog, when it is ready to be operated.
+void OperateNextDialog(std::function<void(HWND)> operate);
+
+/// Installed by the test program's main function for the whole run.
+void InstallDialogHook();
+
+void PrintTo(const Box& box, std::ostream* out);
+
+}  // namespace test

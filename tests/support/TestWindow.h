@@ -1,0 +1,78 @@
+// A real window, its pixels, and real mouse and keyboard input.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// A picture of a device context: row 0 at the top, 0x00RRGGBB a pixel.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<unsigned> pixels;
+
+    unsigned At(int x, int y) const { return pixels[static_cast<std::size_t>(y) * width + x]; }
+    bool operator==(const Picture&) const = default;
+    /// Pixels that differ from another picture of the same size.
+    int DifferentFrom(const Picture& other) const;
+    void SaveBmp(const std::string& path) const;
+};
+
+Picture PictureOf(HDC dc, int width, int height);
+
+/// A window without frame, its client area of exactly this size, filled with a colour.
+class TestWindow {
+public:
+    TestWindow(int width, int height, COLORREF background = RGB(0, 0, 64));
+    ~TestWindow();
+    TestWindow(const TestWindow&) = delete;
+    TestWindow& operator=(const TestWindow&) = delete;
+
+    operator HWND() const { return window; }
+    void Fill(COLORREF colour);
+    Picture Snapshot() const;
+
+    /// Sees every message first; true when it was handled.
+    std::function<bool(UINT message, WPARAM wParam, LPARAM lParam)> onMessage;
+
+    // Real input through the window system; each waits until it has arrived.
+    void MoveMouse(int clientX, int clientY);
+    void PressButton();
+    void ReleaseButton();
+    /// Press, moves in steps of at most `step` pixels, release.
+    void Drag(POINT from, POINT to, int step = 7);
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    void SendMouse(DWORD flags, int clientX, int clientY);
+
+    HWND window;
+    int clientWidth, clientHeight;
+    POINT mouse = {};
+};
+
+/// Handles the messages that are waiting; for at least `milliseconds`.
+void PumpMessages(DWORD milliseconds = 0);
+
+/// A memory device context with a 24-bit picture selected.
+class MemoryPicture {
+public:
+    MemoryPicture(int width, int height, COLORREF background = 0);
+    ~MemoryPicture();
+    MemoryPicture(const MemoryPicture&) = delete;
+    MemoryPicture& operator=(const MemoryPicture&) = delete;
+    operator HDC() const { return dc; }
+    Picture Snapshot() const;
+
+private:
+    HDC dc;
+    HBITMAP bitmap;
+    HGDIOBJ old;
+    int width, height;
+};
+
+}  // namespace test
