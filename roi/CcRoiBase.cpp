@@ -59,7 +59,9 @@ CcRoiBase::CcRoiBase()
       piBoundary(nullptr),
       iBoundarySize(0) {
     SetType(KEST_TYPE_ROI);
-    if (iNumOfROIs == 0) {
+    // Destroyed copies were never counted, so the count can have fallen below the objects alive, and below 0.
+    if (iNumOfROIs <= 0) {
+        iNumOfROIs = 0;
         stSelectedColor = red;
         stUnSelectedColor = green;
         RenewPen(hSelectedPen, stSelectedColor, 1);
@@ -149,6 +151,9 @@ int* CcRoiBase::ListRange(int iFirst, int iLast, int* piCount) {
 }
 
 HPEN CcRoiBase::PenFor(int iPenSelect) {
+    // The pens went with the last counted object; a ROI that is drawn after that gets them back.
+    if (!hSelectedPen) RenewPen(hSelectedPen, stSelectedColor, 1);
+    if (!hUnSelectedPen) RenewPen(hUnSelectedPen, stUnSelectedColor, 1);
     const bool selected = iPenSelect == 1 || (iPenSelect == -1 && bSelected);
     return selected ? hSelectedPen : hUnSelectedPen;
 }

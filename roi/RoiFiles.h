@@ -12,7 +12,7 @@ int WriteRoiFile(const char* path, int roiType, int count, const char* name, con
 
 /// A ROI file that was read.
 struct RoiFile {
-    char name[KEST_NAME_SIZE + 1];
+    char name[KEST_NAME_SIZE];  ///< a name that fills its field without a terminator is cut by its last character
     int count;
     KestHeapBlock record;
 };

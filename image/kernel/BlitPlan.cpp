@@ -33,9 +33,6 @@ bool ClipAxis(long long& first, long long& size, long long& target, long long& t
 BlitPlan PlanForWindow(const View& view) {
     if (view.IsStretched())
         return {0, 0, view.clientWidth, view.clientHeight, 0, 0, view.imageWidth, view.imageHeight};
-    if (view.zoom == 1)
-        return {0, 0, view.imageWidth, view.imageHeight,
-                view.xOffset, -static_cast<long long>(view.yOffset), view.imageWidth, view.imageHeight};
     const long long columns = view.clientWidth / view.zoom;
     const long long rows = view.clientHeight / view.zoom;
     return {0, 0, view.clientWidth, view.clientHeight, view.xOffset, view.imageHeight - rows - view.yOffset, columns,

@@ -28,7 +28,7 @@ public:
         return *this;
     }
     Bytes& Add(const std::vector<std::uint8_t>& more) {
-        insert(end(), more.begin(), more.end());
+        for (const std::uint8_t byte : more) push_back(byte);
         return *this;
     }
     Bytes& Fill(std::size_t count, unsigned value) {

@@ -1,0 +1,191 @@
+// How the 8-bit image is shown: every display table and every form of Show, pixel by pixel.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "image/Support.h"
+#include "support/Dialogs.h"
+#include "support/TestWindow.h"
+
+using test::PatternValue;
+using test::Picture;
+
+namespace {
+
+constexpr unsigned background = 0x000040;
+
+unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
+
+/// The picture that a window should show: `pixel` gives the colour of an image pixel, rows counted from the bottom.
+Picture Expected(int clientWidth, int clientHeight, int width, int height, int xOffset, int yOffset, int zoom,
+                 const std::function<unsigned(int, int)>& pixel) {
+    Picture picture{clientWidth, clientHeight, std::vector<unsigned>(clientWidth * clientHeight, background)};
+    for (int py = 0; py < clientHeight; ++py)
+        for (int px = 0; px < clientWidth; ++px) {
+            const int x = px / zoom + xOffset, y = height - 1 - py / zoom - yOffset;
+            if (x >= 0 && x < width && y >= 0 && y < height) picture.pixels[py * clientWidth + px] = pixel(x, y);
+        }
+    return picture;
+}
+
+unsigned PatternGray(int x, int y) { return Gray(PatternValue(x, y)); }
+
+}  // namespace
+
+TEST(Show, EveryWidthAndZoomIsExact) {
+    test::TestWindow window(60, 48, RGB(0, 0, 64));
+    for (const int width : {1, 2, 3, 4, 5, 17, 39, 40, 41, 130}) {
+        CcGrayImage256 image;
+        test::FillPattern(image, width, 33);
+        for (const auto& [xOffset, yOffset, zoom] :
+             {std::tuple{0, 0, 1}, {3, 5, 1}, {-4, -2, 1}, {0, 0, 2}, {5, 7, 3}, {0, 0, 4}, {1, 2, 12}, {200, 0, 1}}) {
+            window.Fill(RGB(0, 0, 64));
+            ASSERT_EQ(image.Show(window, 102, 1, xOffset, yOffset, zoom), 0);
+            const Picture expected = Expected(60, 48, width, 33, xOffset, yOffset, zoom, PatternGray);
+            EXPECT_EQ(window.Snapshot().DifferentFrom(expected), 0)
+                << "width " << width << " offsets " << xOffset << ' ' << yOffset << " zoom " << zoom;
+        }
+    }
+}
+
+TEST(Show, ThePixelUnderAWindowPointIsTheOneShown) {
+    test::TestWindow window(60, 48);
+    CcGrayImage256 image;
+    test::FillPattern(image, 41, 33);
+    image.Show(window, 102, 1, 2, 3, 1);
+    const Picture picture = window.Snapshot();
+    for (const POINT at : {POINT{0, 0}, POINT{38, 29}, POINT{7, 11}}) {
+        POINT window_point = at, pixel = {};
+        image.ConvertPointToImageCoords(window, 2, 3, 1, &window_point, &pixel, 1);
+        EXPECT_EQ(picture.At(at.x, at.y), PatternGray(pixel.x, pixel.y));
+    }
+}
+
+TEST(Show, StretchedToWindowAndRectangle) {
+    test::TestWindow window(78, 66, RGB(0, 0, 64));
+    CcGrayImage256 image;
+    test::FillPattern(image, 39, 33);
+    ASSERT_EQ(image.Show(window, 102, 0, 9, 9, 9), 0);
+    EXPECT_EQ(window.Snapshot().DifferentFrom(Expected(78, 66, 39, 33, 0, 0, 2, PatternGray)), 0);
+
+    test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
+    RECT rect = {5, 8, 83, 74};
+    const auto expectAt = [&](int left, int top, int zoom, int xOffset, int yOffset) {
+        const Picture shown = memory.Snapshot();
+        const Picture whole = Expected(200, 200, 39, 33, xOffset, yOffset, zoom, PatternGray);
+        int wrong = 0;
+        for (int y = 0; y < 110; ++y)
+            for (int x = 0; x < 120; ++x)
+                wrong += shown.At(x, y) != (x < left || y < top ? background : whole.At(x - left, y - top));
+        EXPECT_EQ(wrong, 0) << zoom;
+    };
+    ASSERT_EQ(image.Show(memory, &rect, 102, 2, 9, 9, 9), 0);
+    expectAt(5, 8, 2, 0, 0);
+    for (const int zoom : {1, 3}) {
+        test::MemoryPicture fresh(120, 110, RGB(0, 0, 64));
+        ASSERT_EQ(image.Show(fresh, &rect, 102, 1, 4, 6, zoom), 0);
+        const Picture shown = fresh.Snapshot();
+        const Picture whole = Expected(200, 200, 39, 33, 4, 6, zoom, PatternGray);
+        int wrong = 0;
+        for (int y = 0; y < 110; ++y)
+            for (int x = 0; x < 120; ++x)
+                wrong += shown.At(x, y) != (x < 5 || y < 8 ? background : whole.At(x - 5, y - 8));
+        EXPECT_EQ(wrong, 0) << zoom;
+    }
+}
+
+TEST(Show, DisplayTables) {
+    test::TestWindow window(256, 4);
+    CcGrayImage256 image;
+    image.MakeBlankBMP(4, 256, 0, "ramp");
+    auto* bytes = static_cast<std::uint8_t*>(image.GetBitMapImageData());
+    for (int i = 0; i < 1024; ++i) bytes[i] = static_cast<std::uint8_t>(i);
+    const auto expectRamp = [&](unsigned short lut, const std::function<unsigned(int)>& colour, const char* what) {
+        ASSERT_EQ(image.Show(window, lut, 1, 0, 0, 1), 0);
+        const Picture shown = window.Snapshot();
+        int wrong = 0;
+        for (int level = 0; level < 256; ++level) wrong += shown.At(level, 2) != colour(level);
+        EXPECT_EQ(wrong, 0) << what << " LUT " << lut;
+    };
+    expectRamp(100, Gray, "fresh");
+    expectRamp(101, Gray, "fresh");
+    expectRamp(102, Gray, "fresh");
+    expectRamp(103, [](int v) { return Gray(v / 2 * 2); }, "fresh");
+    expectRamp(104, [](int v) { return Gray(v / 4 * 4); }, "fresh");
+
+    tagPoints points[256];
+    EXPECT_EQ(image.GetDisplayLUT(102, 0, points), 0);
+    for (auto& point : points) point.y = 255 - point.x;
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, points), 0);
+    expectRamp(102, [](int v) { return Gray(255 - v); }, "negative");
+    EXPECT_EQ(image.GetDisplayLUT(103, 0, points), 0);
+    for (int k = 0; k < 128; ++k) points[k].y = 254 - points[k].x;
+    EXPECT_EQ(image.SetDisplayLUT(103, 0, points), 0);
+    expectRamp(103, [](int v) { return Gray((254 - v / 2 * 2) / 2 * 2); }, "negative");
+    EXPECT_EQ(image.GetDisplayLUT(104, 0, points), 0);
+    for (int k = 0; k < 64; ++k) points[k].y = k < 32 ? 300.0F : -5.0F;
+    EXPECT_EQ(image.SetDisplayLUT(104, 0, points), 0);
+    expectRamp(104, [](int v) { return v < 128 ? Gray(252) : 0u; }, "clamped");
+    EXPECT_EQ(image.GetDisplayLUT(101, 2, points), 0);
+    for (auto& point : points) point.y = 40.5F;
+    EXPECT_EQ(image.SetDisplayLUT(101, 2, points), 0);
+    expectRamp(101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "green");
+    // The other tables are as they were; the DIB carries the colours shown last.
+    expectRamp(100, Gray, "after");
+
+    points[1].x = 1.5F;
+    EXPECT_EQ(image.SetDisplayLUT(101, 7, points), -1);
+    points[1].x = 1.0F;
+    EXPECT_EQ(image.SetDisplayLUT(101, 7, points), 0);
+    expectRamp(101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "no channel 7");
+    EXPECT_EQ(image.SetDisplayLUT(103, 0, points), -1);
+    EXPECT_EQ(image.SetDisplayLUT(102, 1, points), -1);
+    EXPECT_EQ(image.SetDisplayLUT(105, 0, points), -1);
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, nullptr), -1);
+    EXPECT_EQ(image.GetDisplayLUT(102, 1, points), -1);
+    EXPECT_EQ(image.GetDisplayLUT(101, 0, points), -1);
+    EXPECT_EQ(image.GetDisplayLUT(100, 0, points), -1);
+    EXPECT_EQ(image.GetDisplayLUT(102, 0, nullptr), -1);
+}
+
+TEST(Show, FileColoursAndUnknownTables) {
+    test::Bytes file = test::BmpFile8(4, 1, {0, 1, 2, 255});
+    const auto setColour = [&](int index, int blue, int green, int red) {
+        file[54 + 4 * index] = static_cast<std::uint8_t>(blue);
+        file[55 + 4 * index] = static_cast<std::uint8_t>(green);
+        file[56 + 4 * index] = static_cast<std::uint8_t>(red);
+    };
+    setColour(1, 10, 20, 30);
+    setColour(255, 1, 2, 3);
+    const test::TemporaryFile path("coloured.bmp", file);
+    CcGrayImage256 image;
+    ASSERT_EQ(image.OpenBMPFile(path.Path()), 0);
+    test::TestWindow window(4, 1);
+    const auto rowShown = [&](unsigned short lut) {
+        EXPECT_EQ(image.Show(window, lut, 1, 0, 0, 1), 0);
+        return window.Snapshot().pixels;
+    };
+    const std::vector<unsigned> own = {0, 0x1E140A, 0x020202, 0x030201};
+    EXPECT_EQ(rowShown(100), own);
+    EXPECT_EQ(rowShown(101), (std::vector<unsigned>{0, 0x010101, 0x020202, 0xFFFFFF}));
+    EXPECT_EQ(rowShown(105), (std::vector<unsigned>{0, 0x010101, 0x020202, 0xFFFFFF}));
+    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"ERROR", "Returned NULL from SelectPalette"}}));
+    EXPECT_EQ(rowShown(100), own);
+}
+
+TEST(Show, DeviceContextStaysAsItWas) {
+    CcGrayImage256 image;
+    EXPECT_EQ(image.Show(HDC{}, HWND{}, 100, 1, 0, 0, 1), -1);
+    EXPECT_EQ(image.Show(HDC{}, static_cast<RECT*>(nullptr), 100, 1, 0, 0, 1), -1);
+    EXPECT_EQ(image.Show(HWND{}, 100, 1, 0, 0, 1), 0);
+    test::FillPattern(image, 39, 33);
+    test::TestWindow window(50, 40, RGB(0, 0, 64));
+    const HDC dc = GetDC(window);
+    EXPECT_EQ(image.Show(dc, static_cast<RECT*>(nullptr), 100, 1, 0, 0, 1), 0);
+    SetStretchBltMode(dc, HALFTONE);
+    const HGDIOBJ palette = GetCurrentObject(dc, OBJ_PAL);
+    EXPECT_EQ(image.Show(dc, window, 103, 0, 0, 0, 1), 0);
+    EXPECT_EQ(GetStretchBltMode(dc), HALFTONE);
+    EXPECT_EQ(GetCurrentObject(dc, OBJ_PAL), palette);
+    ReleaseDC(window, dc);
+}

@@ -1,0 +1,133 @@
+// DIB headers and BMP files: what is accepted, and that nothing a file says leads outside its bytes.
+#include "image/kernel/DibLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "core/kernel/ByteReader.h"
+#include "image/kernel/BmpFormat.h"
+
+using namespace kest;
+
+namespace {
+
+struct Header {
+    std::uint32_t size = 40;
+    std::int32_t width = 4, height = 3;
+    std::uint16_t bits = 8;
+    std::uint32_t compression = 0, colours = 0;
+
+    std::vector<std::uint8_t> Bytes(std::size_t following) const {
+        std::vector<std::uint8_t> bytes(40 + following);
+        ByteWriter writer(bytes);
+        writer.Write(size);
+        writer.Write(width);
+        writer.Write(height);
+        writer.Write(std::uint16_t{1});
+        writer.Write(bits);
+        writer.Write(compression);
+        for (int i = 0; i < 3; ++i) writer.Write(std::uint32_t{0});
+        writer.Write(colours);
+        return bytes;
+    }
+};
+
+BmpVerdict Judge(const Header& header, std::size_t following, int bits, std::uint32_t pixelOffset) {
+    const auto bytes = header.Bytes(following);
+    const auto fileBytes = static_cast<std::uint32_t>(14 + bytes.size());
+    return JudgeBmp({fileBytes, pixelOffset}, bytes, bits);
+}
+
+}  // namespace
+
+TEST(DibLayout, HeaderRules) {
+    DibLayout layout;
+    ASSERT_TRUE(ReadDibLayout(Header{}.Bytes(0), layout));
+    EXPECT_EQ(layout.colourCount, 256);
+    EXPECT_EQ(layout.pixelOffset, 1064);
+    // Only the low 16 bits of the sizes count.
+    ASSERT_TRUE(ReadDibLayout(Header{.width = 0x10005, .height = -240}.Bytes(0), layout));
+    EXPECT_EQ(layout.width, 5);
+    EXPECT_EQ(layout.height, 65296);
+    ASSERT_TRUE(ReadDibLayout(Header{.size = 124, .bits = 24, .colours = 7}.Bytes(0), layout));
+    EXPECT_EQ(layout.colourCount, 7);
+    EXPECT_EQ(layout.pixelOffset, 124 + 28);
+    ASSERT_TRUE(ReadDibLayout(Header{.bits = 24}.Bytes(0), layout));
+    EXPECT_EQ(layout.colourCount, 0);
+    ASSERT_TRUE(ReadDibLayout(Header{.bits = 0xFFFF}.Bytes(0), layout));
+    EXPECT_FALSE(LiesInBlock(layout, 1, LargestBlockBytes));
+    // A header shorter than 36 bytes has no colour count of its own.
+    ASSERT_TRUE(ReadDibLayout(Header{.size = 35, .colours = 9}.Bytes(0), layout));
+    EXPECT_EQ(layout.colourCount, 256);
+
+    const std::vector<std::uint8_t> core = {12, 0, 0, 0, 6, 0, 7, 0, 1, 0, 4, 0};
+    ASSERT_TRUE(ReadDibLayout(core, layout));
+    EXPECT_EQ(layout.width, 6);
+    EXPECT_EQ(layout.height, 7);
+    EXPECT_EQ(layout.pixelOffset, 12 + 16 * 3);
+    EXPECT_FALSE(ReadDibLayout(std::span(core).first(11), layout));
+    EXPECT_FALSE(ReadDibLayout(Header{.size = 0}.Bytes(0), layout));
+    EXPECT_FALSE(ReadDibLayout({}, layout));
+}
+
+TEST(DibLayout, BlankDibs) {
+    EXPECT_EQ(DibBytes(100, 50, 8), 6064);
+    EXPECT_EQ(DibBytes(100, 50, 24), 15040);
+    EXPECT_EQ(DibBytes(0, 0, 8), 1064);
+    EXPECT_FALSE(IsBlockSize(DibBytes(-1, 50, 8)));
+    EXPECT_FALSE(IsBlockSize(DibBytes(0x7FFFFFFF, 0x7FFFFFFF, 24)));
+    std::vector<std::uint8_t> header(40, 0xFF);
+    WriteDibHeader(header, 0x102, 3, 24);
+    const std::vector<std::uint8_t> expected = {40, 0, 0, 0, 2, 1, 0, 0, 3, 0, 0, 0, 1, 0, 24};
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), header.begin()));
+    for (std::size_t i = expected.size(); i < 40; ++i) EXPECT_EQ(header[i], 0);
+}
+
+TEST(BmpFormat, Verdicts) {
+    EXPECT_EQ(Judge({}, 1024 + 12, 8, 1078), BmpVerdict::Accepted);
+    EXPECT_EQ(Judge({.size = 124}, 1024 + 12, 8, 1078), BmpVerdict::WrongHeaderSize);
+    EXPECT_EQ(Judge({.compression = 1}, 1024 + 12, 8, 1078), BmpVerdict::Compressed);
+    EXPECT_EQ(Judge({.bits = 4}, 1024 + 12, 8, 1078), BmpVerdict::WrongDepth);
+    EXPECT_EQ(Judge({.width = 3}, 1024 + 12, 8, 1078), BmpVerdict::WrongSize);
+    // The offset takes part in the size check only; the pixels must lie in the file where the header puts them.
+    EXPECT_EQ(Judge({}, 12, 8, 54), BmpVerdict::WrongSize);
+    EXPECT_EQ(Judge({}, 1024 + 20, 8, 1086), BmpVerdict::Accepted);
+    // A colour count that the class refuses is left to it, wherever its table would lie.
+    EXPECT_EQ(Judge({.colours = 0xFFFFFFFF}, 12, 8, 54), BmpVerdict::Accepted);
+    EXPECT_EQ(Judge({.colours = 256}, 12, 8, 54), BmpVerdict::WrongSize);
+    EXPECT_EQ(Judge({.bits = 24}, 36, 24, 54), BmpVerdict::Accepted);
+    EXPECT_EQ(Judge({.bits = 24, .colours = 5}, 36, 24, 54), BmpVerdict::Accepted);
+    EXPECT_EQ(Judge({.bits = 24}, 35, 24, 53), BmpVerdict::WrongSize);
+    EXPECT_EQ(Judge({}, 12, 8, 0xFFFFFFFF), BmpVerdict::WrongSize);
+    EXPECT_EQ(JudgeBmp({53, 54}, std::vector<std::uint8_t>(39), 8), BmpVerdict::WrongSize);
+}
+
+TEST(BmpFormat, RandomHeadersNeverLeadOutside) {
+    std::mt19937 random(20261121);
+    int accepted = 0;
+    for (int round = 0; round < 200000; ++round) {
+        Header header;
+        const auto odd = [&](int one) { return random() % static_cast<unsigned>(one) == 0; };
+        header.width = odd(4) ? static_cast<int>(random()) : static_cast<int>(random() % 9);
+        header.height = odd(4) ? static_cast<int>(random()) : static_cast<int>(random() % 9);
+        if (odd(8)) header.size = random();
+        if (odd(8)) header.bits = static_cast<std::uint16_t>(random());
+        if (odd(4)) header.colours = odd(2) ? random() : random() % 300;
+        const std::size_t following = odd(2) ? random() % 1100 : 1024 + random() % 70;
+        const auto bytes = header.Bytes(following);
+        const std::uint32_t pixels = (static_cast<std::uint32_t>(header.width) & 0xFFFF) * (static_cast<std::uint32_t>(header.height) & 0xFFFF);
+        const std::uint32_t fileBytes = odd(4) ? random() : static_cast<std::uint32_t>(14 + bytes.size());
+        DibLayout layout;
+        const bool isLaidOut = ReadDibLayout(bytes, layout);
+        if (isLaidOut && LiesInBlock(layout, 1, static_cast<Size64>(bytes.size()))) {
+            ASSERT_LE(layout.pixelOffset + layout.PixelCount(), static_cast<Size64>(bytes.size()));
+        }
+        if (JudgeBmp({fileBytes, fileBytes - pixels}, bytes, 8) == BmpVerdict::Accepted && layout.colourCount == 256) {
+            ++accepted;
+            ASSERT_LE(layout.pixelOffset + layout.PixelCount(), static_cast<Size64>(bytes.size()));
+        }
+    }
+    EXPECT_GT(accepted, 1000);
+}
