@@ -29,7 +29,8 @@ endif()
 add_library(kest_library_options INTERFACE)
 target_link_libraries(kest_library_options INTERFACE kest_options)
 if(NOT MSVC)
-  target_compile_options(kest_library_options INTERFACE -fno-exceptions)
+  # The kernels' records (IntPoint) stand for the platform's of the same layout (POINT).
+  target_compile_options(kest_library_options INTERFACE -fno-exceptions -fno-strict-aliasing)
 endif()
 
 if(KEST_SANITIZE)

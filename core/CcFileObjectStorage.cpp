@@ -30,7 +30,7 @@ CcFileObjectStorage::CcFileObjectStorage(const CcFileObjectStorage& other)
     : CcObjectStorage(other), bIsOpen(other.bIsOpen), hFile(other.hFile) {}
 
 CcFileObjectStorage& CcFileObjectStorage::operator=(const CcFileObjectStorage& other) {
-    if (this == &other) return *this;
+    if (hFile == other.hFile) return *this;
     if (bIsOpen) Close();
     bIsOpen = other.bIsOpen;
     hFile = other.hFile;
@@ -132,15 +132,20 @@ void CcFileObjectStorage::BeginWholeObject() { ++iWholeObjects; }
 int CcFileObjectStorage::EndWholeObject() {
     if (--iWholeObjects > 0 || !bIsOpen) return KEST_OK;
     DropReadAhead();
-    return Flush();
+    Flush();
+    // What was lost on the way counts, even when a later write went well.
+    const bool lost = bTransferFailed;
+    bTransferFailed = false;
+    return lost ? KEST_WRITE_FAILED : KEST_OK;
 }
 
-/// Writes what was gathered. What could not be written is dropped, so it is reported once.
+/// Writes what was gathered. What could not be written is dropped; EndWholeObject reports it.
 int CcFileObjectStorage::Flush() {
     if (!bTransferWrites) return KEST_OK;
     const bool written = WriteAll(hFile, cTransfer.Get(), lTransferUsed);
     lTransferUsed = 0;
     bTransferWrites = false;
+    if (!written) bTransferFailed = true;
     return written ? KEST_OK : KEST_WRITE_FAILED;
 }
 

@@ -52,8 +52,7 @@ void CcList::MakeFirstArray() {
 }
 
 CcList::~CcList() {
-    if (!hObjectArray.Owns()) return;
-    if (iDistructorFlag == 1)
+    if (DeletesMembers())
         for (int i = 0; i < iNumberOfObjects; ++i) delete pObjectArray[i];
     switch (hObjectArray.Release()) {
         case KestGlobalBlock::StillLocked:
@@ -173,7 +172,7 @@ int CcList::InsertTail(CcHLObject* pObject) {
 }
 
 int CcList::InsertAtIndex(CcHLObject* pObject, int iIndex) {
-    if (!IsMember(iIndex) || !MakeRoom()) return KEST_FAILED;
+    if (!MakeRoom() || !IsMember(iIndex)) return KEST_FAILED;
     InsertObjectAtIndex(pObject, iIndex);
     ++iNumberOfObjects;
     iCurrentObject = iIndex;
@@ -181,7 +180,7 @@ int CcList::InsertAtIndex(CcHLObject* pObject, int iIndex) {
 }
 
 int CcList::InsertSelected(CcHLObject* pObject) {
-    if (iCurrentObject < 0 || iCurrentObject > iNumberOfObjects || !MakeRoom()) return KEST_FAILED;
+    if (!MakeRoom() || iCurrentObject < 0 || iCurrentObject > iNumberOfObjects) return KEST_FAILED;
     InsertObjectAtIndex(pObject, iCurrentObject);
     ++iNumberOfObjects;
     iSelectedObject = iCurrentObject;
@@ -218,9 +217,17 @@ int CcList::RemoveAt(int iIndex) {
     return KEST_OK;
 }
 
+CcHLObject* CcList::TakeOut(int iIndex) {
+    if (!IsMember(iIndex)) return nullptr;
+    CcHLObject* taken = pObjectArray[iIndex];
+    pObjectArray[iIndex] = nullptr;
+    RemoveAt(iIndex);
+    return taken;
+}
+
 int CcList::DeleteObjectAtIndex(int iIndex) {
     if (!IsMember(iIndex)) return KEST_FAILED;
-    if (iDistructorFlag == 1) delete pObjectArray[iIndex];
+    if (DeletesMembers()) delete pObjectArray[iIndex];
     std::memmove(pObjectArray + iIndex, pObjectArray + iIndex + 1,
                  static_cast<std::size_t>(SlotBytes(iNumberOfObjects - 1 - iIndex)));
     pObjectArray[iNumberOfObjects - 1] = nullptr;

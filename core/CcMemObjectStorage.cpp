@@ -80,10 +80,11 @@ int CcMemObjectStorage::GrowStorageBuffer(long lBytes) {
     if (bExternalBuffer) return KEST_NOT_GROWABLE;
     if (lBytes < 1) return KEST_BAD_LENGTH;
     const kest::Size64 bytes = kest::Size64{iBufferSize} + lBytes;
-    if (bytes > LONG_MAX || !cBlock.Reserve(bytes)) return KEST_NO_MEMORY;
+    // A byte more than the capacity: the length that GetStorageBufferRef tells counts one behind the data.
+    if (bytes >= LONG_MAX || !cBlock.Reserve(bytes + 1)) return KEST_NO_MEMORY;
     pStorageBuffer = cBlock.Get();
     // Bytes that were never written read as zeros, and never as something another object left behind.
-    std::memset(pStorageBuffer + iBufferSize, 0, static_cast<std::size_t>(lBytes));
+    std::memset(pStorageBuffer + iBufferSize, 0, static_cast<std::size_t>(lBytes) + 1);
     iBufferSize = static_cast<long>(bytes);
     return KEST_OK;
 }

@@ -3,6 +3,7 @@
 #include "CcObjectStorage.h"
 
 #include "CcFileObjectStorage.h"
+#include "CcList.h"
 #include "core/ObjectFactory.h"
 #include "core/kernel/ObjectRecord.h"
 #include "core/kernel/TextField.h"
@@ -27,6 +28,19 @@ int NameRecord(CcHLObject& object, Record& record) {
     if (object.GetClassNameA(record.szClassName, sizeof record.szClassName) < 0) return KEST_FAILED;
     if (object.GetObjectName(record.szObjectName, sizeof record.szObjectName) < 0) return KEST_FAILED;
     return KEST_OK;
+}
+
+/// Deletes an object whose record broke off, and what it had loaded: the members of a list become the list's own only
+/// when it is complete.
+void DeleteIncomplete(CcHLObject* object) {
+    const auto ownMembers = [](auto& self, CcHLObject* member) -> void {
+        auto* list = dynamic_cast<CcList*>(member);
+        if (!list) return;
+        list->SetDestructionType(1);
+        for (int i = 0; i < list->GetNumberOfObjects(); ++i) self(self, list->GetAtIndex(i));
+    };
+    ownMembers(ownMembers, object);
+    delete object;
 }
 
 constexpr int ZeroOrNegative(int result) { return result < 0 ? result : KEST_OK; }
@@ -110,7 +124,7 @@ int CcObjectStorage::GetNextObject(CcHLObject** ppObject) {
         if (result >= 0)
             *ppObject = made;
         else
-            delete made;
+            DeleteIncomplete(made);
     }
 
     if (file) file->EndWholeObject();

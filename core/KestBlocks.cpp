@@ -8,7 +8,8 @@
 #include "core/kernel/CheckedSize.h"
 
 KestGlobalBlock& KestGlobalBlock::operator=(const KestGlobalBlock& other) {
-    if (this == &other) return *this;
+    // Assigned from its own copy, a holder keeps its block.
+    if (hBlock == other.hBlock) return *this;
     Release();
     hBlock = other.hBlock;
     pLocked = other.pLocked;
@@ -61,7 +62,7 @@ void KestGlobalBlock::Swap(KestGlobalBlock& other) {
 }
 
 KestHeapBlock& KestHeapBlock::operator=(const KestHeapBlock& other) {
-    if (this != &other) Refer(other.pBlock, static_cast<long long>(other.ullBytes));
+    if (pBlock != other.pBlock) Refer(other.pBlock, static_cast<long long>(other.ullBytes));
     return *this;
 }
 
@@ -108,7 +109,7 @@ void KestHeapBlock::Release() {
 }
 
 KestPalette& KestPalette::operator=(const KestPalette& other) {
-    if (this != &other) {
+    if (hPalette != other.hPalette) {
         Release();
         hPalette = other.hPalette;
     }

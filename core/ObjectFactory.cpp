@@ -7,6 +7,13 @@
 #include "CcList.h"
 #include "CcNumber.h"
 #include "CcPropertyBag.h"
+#include "CcRoiEllipse.h"
+#include "CcRoiFreeHand.h"
+#include "CcRoiFreeHandLine.h"
+#include "CcRoiLine.h"
+#include "CcRoiPoint.h"
+#include "CcRoiPolyFreeHand.h"
+#include "CcRoiPolyLine.h"
 #include "CcRoiRect.h"
 #include "CcString.h"
 
@@ -27,6 +34,13 @@ struct FactoryRow {
 constexpr FactoryRow factory[] = {
     {"CcGrayImage256", Make<CcGrayImage256>},
     {"CcRoiRect", Make<CcRoiRect>},
+    {"CcRoiLine", Make<CcRoiLine>},
+    {"CcRoiFreeHandLine", Make<CcRoiFreeHandLine>},
+    {"CcRoiPolyLine", Make<CcRoiPolyLine>},
+    {"CcRoiEllipse", Make<CcRoiEllipse>},
+    {"CcRoiFreeHand", Make<CcRoiFreeHand>},
+    {"CcRoiPolyFreeHand", Make<CcRoiPolyFreeHand>},
+    {"CcRoiPoint", Make<CcRoiPoint>},
     {"CcList", Make<CcList>},
     {"CcNumber", Make<CcNumber>},
     {"CcString", Make<CcString>},

@@ -62,7 +62,11 @@ CcImage::CcImage()
 CcImage::~CcImage() { cListROI.SetDestructionType(1); }
 
 int CcImage::Load(CcObjectStorage* pStorage) {
-    return pStorage && pStorage->GetNextObject(&cListROI) >= 0 ? KEST_OK : KEST_FAILED;
+    if (!pStorage) return KEST_FAILED;
+    const int result = pStorage->GetNextObject(&cListROI);
+    // Whatever type the record bears, the ROIs that were loaded are the image's.
+    cListROI.SetDestructionType(1);
+    return result < 0 ? KEST_FAILED : KEST_OK;
 }
 
 int CcImage::Store(CcObjectStorage* pStorage) {

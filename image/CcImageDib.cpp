@@ -93,7 +93,8 @@ bool CcImage::AddressPixel(int iX, int iY) {
 bool CcImage::AddressPosition(float fX, float fY, bool bUpToSize) {
     const kest::Surroundings around(fX, fY);
     const int beyond = bUpToSize ? 0 : 1;
-    if (!lpBits || !(around.x0 >= 0 && around.x1 <= iWidth - beyond && around.y0 >= 0 && around.y1 <= iHeight - beyond)) {
+    if (!lpBits || iWidth < 1 || iHeight < 1 ||
+        !(around.x0 >= 0 && around.x1 <= iWidth - beyond && around.y0 >= 0 && around.y1 <= iHeight - beyond)) {
         iPixelIndex = -1;
         fPixelValue = -1.0F;
         return false;

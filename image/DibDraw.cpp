@@ -31,7 +31,8 @@ struct BitmapInfo {
 /// Leaves out what the device context would cut off anyway.
 bool ClipToTarget(HDC dc, BlitPlan& plan, const DibPicture& picture) {
     RECT box;
-    if (!plan.IsOneToOne() || GetClipBox(dc, &box) == ERROR) return true;
+    const bool countsPixels = GetMapMode(dc) == MM_TEXT && GetGraphicsMode(dc) == GM_COMPATIBLE;
+    if (!plan.IsOneToOne() || !countsPixels || GetClipBox(dc, &box) == ERROR) return true;
     BlitPlan visible = plan;
     const long long left = std::max<long long>(plan.targetX, box.left);
     const long long top = std::max<long long>(plan.targetY, box.top);

@@ -9,7 +9,8 @@
 /// A stream over a file. Reading and writing share one position, which can only be read or set back to 0.
 ///
 /// While an object is written or read as a whole, small writes are gathered and small reads are served from a block
-/// read ahead; PutObject and GetNextObject leave the file and its position as if each byte had been transferred singly.
+/// read ahead; PutObject and GetNextObject leave the file and its position as if each byte had been transferred singly,
+/// and PutObject returns KEST_WRITE_FAILED when any of it could not be written.
 /// A copy shares its source's file handle and never closes it.
 class KEST_API CcFileObjectStorage : public CcObjectStorage {
 public:
@@ -51,4 +52,5 @@ private:
     long lTransferUsed = 0;      // bytes in it
     long lTransferTaken = 0;     // of the bytes read ahead, those handed out
     bool bTransferWrites = false;
+    bool bTransferFailed = false;
 };

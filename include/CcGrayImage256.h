@@ -19,7 +19,7 @@ struct KestDisplayTable {
 ///
 /// Five display tables decide how it is shown: 100 the file's own colours, 101 colours computed from a red, a green and
 /// a blue curve, 102 to 104 grays of 256, 128 and 64 levels computed from a curve each. Drawing copies the table into
-/// the DIB, so the DIB, its file and its stored record carry the colours last shown. Thresholding colours bands in the
+/// the DIB, so the DIB, its file and its stored record carry what was shown last (after 102 to 104 palette indices). Thresholding colours bands in the
 /// curves of table 101.
 class KEST_API CcGrayImage256 : public CcImage {
 public:
@@ -28,15 +28,16 @@ public:
     CcGrayImage256& operator=(const CcGrayImage256&) = default;
     ~CcGrayImage256() override;                                                                     // slot 0
 
-    /// -1 (or the stream's own code when the bag cannot be read) leaves an image without pixels. The depth of a stored
-    /// DIB is not checked; its colour table and a byte a pixel must lie inside its block.
+    /// A record that cannot be read (the stream's own code) or holds no usable DIB (-1) leaves an image without pixels;
+    /// -1 also when only the ROI list fails. The depth of a stored DIB is not checked; its colour table and a byte a
+    /// pixel must lie inside its block.
     int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
     /// Writes name, DIB and ROI list.
     int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
     void* GetBitMapImageData() override;                                                            // slot 7
-    // Show: 0, also without an image; -1 for a null device context. An unknown LUT shows "Returned NULL from
-    // SelectPalette" and draws in the colours last shown. The device context is left as it was.
+    // Show: 0, also without an image; -1 for a null device context or window. An unknown LUT shows "Returned NULL from
+    // SelectPalette" and draws with the table that the DIB carries. The device context is left as it was.
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8
     int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,

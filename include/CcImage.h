@@ -102,7 +102,7 @@ public:
     /// Writes the pixel addressed last; does nothing when that lay outside the image.
     virtual void operator=(float fValue);                                                           // slot 28
     /// Cuts the pixels under a ROI into a new image of the ROI's bounding size, which belongs to the caller. Pixels
-    /// outside the ROI get iFillValue; iAlign 1 widens the image to (width / 4) * 4 + 4 columns. Null on failure.
+    /// outside the ROI, or where it reaches out of the image, get iFillValue; iAlign 1 widens the image to (width / 4) * 4 + 4 columns. Null on failure.
     virtual CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign);                        // slot 29
 
     /// One of KestImageType.
@@ -121,8 +121,8 @@ public:
     int SetOperatorOverloadAccess(int iMode);
 
     // The overlay: a byte a pixel in one block, rows of exactly the image's width, bottom row first. A byte selects one
-    // of the 20 system colours (value modulo 20: 13 red, 14 green, 16 blue, 19 white); 0 shows the image. The overlay
-    // keeps its size when the image gets another one; make it anew then.
+    // of the 20 system colours by its value modulo 20 (13 red, 14 green, 16 blue, 19 white); black, as 0, 20 and all from
+    // 240 on, lets the image show. The overlay keeps its size when the image gets another one; make it anew then.
     /// Replaces the overlay by an empty one of the image's size. -1 without an image, or after a message.
     int CreateOverlay();
     /// Frees the pixels but leaves the overlay noted as present: GetOverlay then gives null until CreateOverlay.

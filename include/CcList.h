@@ -9,7 +9,7 @@
 ///
 /// With destruction type 1 the list deletes its members, in every delete operation, before a Load and in its
 /// destructor; with type 0 (the default) they stay the caller's. A copy shares its source's slots (see KestBlocks.h)
-/// and does not delete members when it is destroyed. Memory failures show a message box with the caption
+/// and never deletes members, whatever its type. Memory failures show a message box with the caption
 /// "Memory Error".
 class KEST_API CcList : public CcHLObject {
 public:
@@ -63,6 +63,8 @@ public:
     int DeleteAtIndex(int iIndex);
     int DeleteViaName(const char* pszName);
     int DeleteSelected();
+    /// Takes a member out without deleting it, whatever the destruction type, and returns it; null for no member.
+    CcHLObject* TakeOut(int iIndex);
     /// The shared step of the deletes: takes the member out and moves the others down; the count stays.
     int DeleteObjectAtIndex(int iIndex);
 
@@ -87,4 +89,7 @@ private:
     bool MakeRoom();
     int IndexOf(const char* pszName) const;
     int RemoveAt(int iIndex);
+    bool DeletesMembers() const { return iDistructorFlag == 1 && bOwnsMembers; }
+
+    KestOwnership bOwnsMembers;
 };

@@ -9,7 +9,7 @@
 ///
 /// Results: 0, or KEST_NULL_ARGUMENT, KEST_BAD_LENGTH (a length below 1, or a name above 259 characters),
 /// KEST_NO_MEMORY, KEST_NOT_FOUND (no entry of that name and type), KEST_MISMATCH (the buffer is smaller than the value).
-/// A failure changes nothing. A copy shares its source's two blocks (see KestBlocks.h).
+/// A failure changes nothing but the buffer of GetString. A copy shares its source's two blocks (see KestBlocks.h).
 class KEST_API CcPropertyBag : public CcHLObject {
 public:
     CcPropertyBag();

@@ -8,6 +8,24 @@
 
 class CcImage;
 
+/// The device context of a window in which a ROI is being dragged. A copy of the ROI takes no part in the drag.
+class KEST_API KestDragDc {
+public:
+    KestDragDc() = default;
+    KestDragDc(const KestDragDc&) {}
+    KestDragDc& operator=(const KestDragDc&) { return *this; }
+
+    /// Gets the window's device context for a rubber band: drawing the same outline twice erases it. What is held is
+    /// released first.
+    void Take(HWND hNewWindow);
+    void Release();
+    operator HDC() const { return hDC; }
+
+private:
+    HDC hDC = nullptr;
+    HWND hWindow = nullptr;
+};
+
 // How the classes of a family share their members (internal).
 template <class Shape>
 struct KestShapeMembers;
@@ -41,8 +59,9 @@ enum KestDragMode : int {
 /// mode, image, zoom) are those that the image was shown with, see CcImage.
 ///
 /// Colours and pens are one set for all ROIs. Results: 0, or -1 (null) for failure; a ROI shows no message unless said.
-/// A copy shares its source's work buffer and points and is not counted in iNumOfROIs when it is made, though it is when
-/// it is destroyed; it must not outlive its source.
+/// A copy shares the points of its source (see KestBlocks.h), but takes no part in a drag that runs, and must ask for
+/// GetBoundingRect anew before its boundary queries. It is not counted in iNumOfROIs when it is made, though it is when it
+/// is destroyed.
 class KEST_API CcRoiBase : public CcHLObject {
 public:
     CcRoiBase();
@@ -74,7 +93,7 @@ public:
     virtual RECT* GetCurrentBoundingRect();                                                         // slot 13
     // ShowROI: iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null
     // device context, rectangle or image. The device context is left as it was.
-    /// Into a rectangle that stands for the client area: for output without a window.
+    /// For output without a window: the rectangle's right and bottom stand for the client area's width and height.
     virtual int ShowROI(HDC hDC, RECT* pRect, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                         int iShowZoom, int iPenSelect);                                             // slot 14
     virtual int ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
@@ -105,7 +124,7 @@ public:
     // Class-wide: what every ROI is drawn with. -1 for a null colour, or when a pen cannot be made (the old one stays).
     int SetSelectedColor(RGBTRIPLE* pColor);
     int SetUnSelectedColor(RGBTRIPLE* pColor);
-    /// `*pColor` is not checked for null.
+    // -1 for null.
     int GetSelectedColor(RGBTRIPLE* pColor);
     int GetUnSelectedColor(RGBTRIPLE* pColor);
     /// Makes both pens anew at this width, so that outlines thicken with the zoom. When only the second pen cannot be
@@ -126,14 +145,18 @@ protected:
     RECT stCurrentBoundingRect;
     RECT stBoundingRect;
     int* piBoundary;
-    KestGlobalBlock hBoundary;
-    int iBoundarySize;  ///< entries in the work buffer
+    KestWorkBlock hBoundary;
+    int iBoundarySize;  ///< entries in the work buffer, if there is one
 
+    /// The work buffer; null in a copy, whose piBoundary still names its source's.
+    int* Boundary() const { return static_cast<int*>(hBoundary.Get()); }
     /// Makes the work buffer hold what a query over the larger side of stBoundingRect writes. False without memory.
     bool SizeBoundary();
     /// Fills the work buffer with every value from iFirst to iLast, both included. Null, with a count of 0, when there is
     /// none or memory is short.
     int* ListRange(int iFirst, int iLast, int* piCount);
+    /// Null, with a count of 0.
+    int* ListNothing(int* piCount);
     /// The pen for an iPenSelect argument.
     HPEN PenFor(int iPenSelect);
 };

@@ -49,7 +49,7 @@ public:
                          int iShowZoom);
     /// Recomputes the window copy from the image record and returns it; a null image leaves it as it was.
     RECT* GetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                           int iShowZoom);
+                          int iShowZoom);
 
     static int iRectROICount;  ///< rectangles named so far
 
@@ -57,11 +57,10 @@ protected:
     RECT stImageRect;
     RECT stWindowRect;
     POINT stLastMouse;
-    HDC hDragDC;
+    KestDragDc hDragDC;
     int iDragMode;  ///< -1 while no drag runs
 
 private:
     friend struct KestShapeMembers<CcRoiRect>;
     friend struct KestShapeTraits<CcRoiRect>;
-    HWND hDragWindow;
 };

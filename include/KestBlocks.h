@@ -2,7 +2,8 @@
 //
 // A copy of a holder refers to the same block and never frees it: whoever made the block frees it, once. The exported
 // classes copy their members as they stand, so a copied object shares its source's blocks. Destroying both is fine in
-// either order, but a copy must not be used any more once its source has released or replaced the block.
+// either order, but a copy must not be used any more once its source has released or replaced the block. Work blocks,
+// which hold nothing that could not be computed again, are not shared: a copy starts with none.
 #pragma once
 
 #include <windows.h>
@@ -43,6 +44,29 @@ private:
     void* pLocked = nullptr;
     long long llSize = 0;
     bool bOwner = false;
+};
+
+/// A global block of intermediate results: a copy of its owner starts without one.
+class KEST_API KestWorkBlock : public KestGlobalBlock {
+public:
+    KestWorkBlock() = default;
+    KestWorkBlock(const KestWorkBlock&) : KestGlobalBlock() {}
+    KestWorkBlock& operator=(const KestWorkBlock&) { return *this; }
+};
+
+/// Whether an object owns what it lists: true, but false in a copy.
+class KestOwnership {
+public:
+    KestOwnership() = default;
+    KestOwnership(const KestOwnership&) : bOwner(false) {}
+    KestOwnership& operator=(const KestOwnership& other) {
+        if (this != &other) bOwner = false;
+        return *this;
+    }
+    operator bool() const { return bOwner; }
+
+private:
+    bool bOwner = true;
 };
 
 /// A block of the library's own allocator that grows. The real block grows geometrically behind what is asked for.

@@ -5,7 +5,8 @@
 /// Size of an object name, a CcString value or a file path, its terminator included.
 constexpr int KEST_NAME_SIZE = 260;
 
-/// What the operations of the object model return; other classes return only KEST_OK and KEST_FAILED.
+/// What the operations of the object model return. The other classes return KEST_OK and KEST_FAILED, but for a Load that
+/// passes a stream's code on.
 enum KestStatus : int {
     KEST_OK = 0,
     KEST_FAILED = -1,           ///< the operation failed, or an operation it called did

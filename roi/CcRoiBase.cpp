@@ -131,7 +131,7 @@ bool CcRoiBase::SizeBoundary() {
     const kest::Size64 height = kest::Size64{stBoundingRect.top} - stBoundingRect.bottom;
     // Two entries for each pixel of the larger side hold its two ends as well; a shape of one pixel needs one.
     const kest::Size64 span = std::max({width, height, kest::Size64{1}});
-    if (piBoundary && iBoundarySize >= 2 * span) return true;
+    if (Boundary() && iBoundarySize >= 2 * span) return true;
     iBoundarySize = 0;
     piBoundary = static_cast<int*>(hBoundary.Allocate(2 * span * static_cast<kest::Size64>(sizeof(int))));
     if (!piBoundary) return false;
@@ -140,14 +140,17 @@ bool CcRoiBase::SizeBoundary() {
 }
 
 int* CcRoiBase::ListRange(int iFirst, int iLast, int* piCount) {
-    if (!piCount) return nullptr;
-    *piCount = 0;
     // A buffer that was sized for other coordinates, or not at all, is not written behind its end.
     const kest::Size64 count = kest::Size64{iLast} - iFirst + 1;
-    if (count < 1 || !piBoundary || count > iBoundarySize) return nullptr;
+    if (!piCount || count < 1 || !Boundary() || count > iBoundarySize) return ListNothing(piCount);
     for (int i = 0; i < count; ++i) piBoundary[i] = iFirst + i;
     *piCount = static_cast<int>(count);
     return piBoundary;
+}
+
+int* CcRoiBase::ListNothing(int* piCount) {
+    if (piCount) *piCount = 0;
+    return nullptr;
 }
 
 HPEN CcRoiBase::PenFor(int iPenSelect) {

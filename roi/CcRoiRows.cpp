@@ -4,8 +4,11 @@
 
 #include <typeinfo>
 
+#include "CcRoiEllipse.h"
 #include "CcRoiRect.h"
 #include "core/kernel/CheckedSize.h"
+#include "roi/OutlineMembers.h"
+#include "roi/kernel/EllipseExtent.h"
 
 namespace {
 
@@ -20,6 +23,17 @@ int SpansOfRect(CcRoiBase& roi, int, KestHeapBlock& spans) {
     if (!span || rect.left > rect.right) return 0;
     *span = {static_cast<int>(rect.left), static_cast<int>(rect.right)};
     return 1;
+}
+
+int SpansOfEllipse(CcRoiBase& roi, int row, KestHeapBlock& spans) {
+    const auto& box = *static_cast<const RECT*>(roi.GetRoiImageCord());
+    KestSpan* span = Reserve(spans, 1);
+    return span && kest::EllipseRow(kest::ToRect(box), row, *span) ? 1 : 0;
+}
+
+template <class Outline>
+int SpansOfOutline(CcRoiBase& roi, int row, KestHeapBlock& spans) {
+    return KestOutlineMembers<Outline>::SpansOfRow(static_cast<Outline&>(roi), row, spans);
 }
 
 int SpansOfList(CcRoiBase& roi, int row, KestHeapBlock& block) {
@@ -41,7 +55,20 @@ int SpansOfList(CcRoiBase& roi, int row, KestHeapBlock& block) {
 }  // namespace
 
 CcRoiRows::CcRoiRows(CcRoiBase* pNewRoi) : pRoi(pNewRoi), pfnSpans(SpansOfList) {
-    if (pRoi && typeid(*pRoi) == typeid(CcRoiRect)) pfnSpans = SpansOfRect;
+    if (!pRoi) return;
+    const std::type_info& type = typeid(*pRoi);
+    if (type == typeid(CcRoiRect))
+        pfnSpans = SpansOfRect;
+    else if (type == typeid(CcRoiEllipse))
+        pfnSpans = SpansOfEllipse;
+    else if (type == typeid(CcRoiFreeHand))
+        pfnSpans = SpansOfOutline<CcRoiFreeHand>;
+    else if (type == typeid(CcRoiPolyFreeHand))
+        pfnSpans = SpansOfOutline<CcRoiPolyFreeHand>;
+    else if (type == typeid(CcRoiFreeHandLine))
+        pfnSpans = SpansOfOutline<CcRoiFreeHandLine>;
+    else if (type == typeid(CcRoiPolyLine))
+        pfnSpans = SpansOfOutline<CcRoiPolyLine>;
 }
 
 const KestSpan* CcRoiRows::GetSpans(int iRow, int* piCount) {

@@ -5,29 +5,33 @@
 
 #include "core/Messages.h"
 
+void KestDragDc::Take(HWND hNewWindow) {
+    Release();
+    hDC = GetDC(hNewWindow);
+    hWindow = hNewWindow;
+    // A window class with a device context of its own keeps what is selected, so the state is put back at the end.
+    SaveDC(hDC);
+    SetROP2(hDC, R2_NOT);
+    SelectObject(hDC, GetStockObject(NULL_BRUSH));
+}
+
+void KestDragDc::Release() {
+    if (!hDC) return;
+    RestoreDC(hDC, -1);
+    ReleaseDC(hWindow, hDC);
+    hDC = nullptr;
+    hWindow = nullptr;
+}
+
 namespace kest {
 
-void TakeMouse(HWND window, HDC& dragDc, HWND& dragWindow) {
-    ReleaseDragDc(dragDc, dragWindow);
-    dragDc = GetDC(window);
-    dragWindow = window;
-    // A window class with a device context of its own keeps what is selected, so the state is put back at the end.
-    SaveDC(dragDc);
-    SetROP2(dragDc, R2_NOT);
-    SelectObject(dragDc, GetStockObject(NULL_BRUSH));
+void TakeMouse(HWND window, KestDragDc& dragDc) {
+    dragDc.Take(window);
     SetCapture(window);
 }
 
-void ReleaseDragDc(HDC& dragDc, HWND& dragWindow) {
-    if (!dragDc) return;
-    RestoreDC(dragDc, -1);
-    ReleaseDC(dragWindow, dragDc);
-    dragDc = nullptr;
-    dragWindow = nullptr;
-}
-
-void ReleaseMouse(HDC& dragDc, HWND& dragWindow) {
-    ReleaseDragDc(dragDc, dragWindow);
+void ReleaseMouse(KestDragDc& dragDc) {
+    dragDc.Release();
     ClipCursor(nullptr);
     ReleaseCapture();
 }

@@ -3,19 +3,17 @@
 
 #include <windows.h>
 
+#include "CcRoiBase.h"
 #include "core/kernel/Geometry.h"
 
 namespace kest {
 
-/// Gets the window's device context for a rubber band (drawing the same outline twice erases it) and captures the mouse.
-/// What an earlier drag left taken is given back first.
-void TakeMouse(HWND window, HDC& dragDc, HWND& dragWindow);
+/// Gets the window's device context for a rubber band and captures the mouse. What an earlier drag left taken is given
+/// back first.
+void TakeMouse(HWND window, KestDragDc& dragDc);
 
 /// Gives back device context, cursor range and capture.
-void ReleaseMouse(HDC& dragDc, HWND& dragWindow);
-
-/// Gives back only the device context, as a ROI does that is destroyed while nothing else is taken.
-void ReleaseDragDc(HDC& dragDc, HWND& dragWindow);
+void ReleaseMouse(KestDragDc& dragDc);
 
 /// The window's client area in screen coordinates. When that cannot be had the message "ROI Conversion" tells it, and
 /// the rectangle stays as far as it was converted.

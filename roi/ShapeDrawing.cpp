@@ -1,13 +1,42 @@
 // The figures that shapes are drawn with.
 #include "roi/ShapeDrawing.h"
 
+#include "KestTypes.h"
 #include "core/GdiGuards.h"
 #include "core/kernel/CheckedSize.h"
+#include "core/kernel/TextField.h"
 
 namespace kest {
 
 void DrawRectangle(HDC dc, const IntRect& place) {
     Rectangle(dc, place.left, place.top, Saturate(Size64{place.right} + 1), Saturate(Size64{place.bottom} + 1));
+}
+
+void DrawEllipse(HDC dc, const IntRect& place, int beyond) {
+    Ellipse(dc, place.left, place.top, Saturate(Size64{place.right} + beyond), Saturate(Size64{place.bottom} + beyond));
+}
+
+void DrawLine(HDC dc, const IntRect& place) {
+    MoveToEx(dc, place.left, place.top, nullptr);
+    LineTo(dc, place.right, place.bottom);
+}
+
+void DrawPointMark(HDC dc, const IntRect& place) {
+    constexpr int radius = 10, arm = 15;
+    const Size64 x = place.left, y = place.top;
+    Ellipse(dc, Saturate(x - radius), Saturate(y - radius), Saturate(x + radius), Saturate(y + radius));
+    DrawLine(dc, {Saturate(x - arm), place.top, Saturate(x + arm), place.top});
+    DrawLine(dc, {place.left, Saturate(y - arm), place.left, Saturate(y + arm)});
+}
+
+void DrawName(HDC dc, const IntRect& place, const char* name) {
+    LOGPEN pen = {};
+    GetObjectA(GetCurrentObject(dc, OBJ_PEN), sizeof pen, &pen);
+    const BackgroundModeGuard background(dc, TRANSPARENT);
+    const TextAlignGuard align(dc, TA_BOTTOM);
+    const TextColourGuard colour(dc, pen.lopnColor);
+    TextOutA(dc, Saturate(Size64{place.left} + 8), Saturate(Size64{place.top} - 8), name,
+             static_cast<int>(FieldLength(name, KEST_NAME_SIZE)));
 }
 
 void DrawEdgeHandles(HDC dc, const IntRect& place) {

@@ -1,58 +1,35 @@
 // The members that the four shape classes (point, line, rectangle, ellipse) have in common: drawing, dragging, files and
-// streams. What differs stands in each class's ShapeTraits, in the file of the class:
+// streams. What differs stands in each class's KestShapeTraits, in the file of the class:
 //
 //   className, recordKey, typeCode         what names the class in streams and files
-//   Record, RecordOf                       the image record, also its form in files and streams
+//   Record, RecordOf, TakeRecord           the image record, also its form in files and streams
 //   CornersOf, TakeCorners                 the image record as two corners; taking clamps them to the image
+//   WindowCornersOf                        where they lie in the window
+//   WindowRecord, WindowRecordOf           the window copy
 //   WindowOf, SetWindow                    the window copy as two corners (see kernel/DragGeometry.h)
-//   DrawOutline                            the shape as rubber band and as outline
+//   DrawRubberBand, DrawOutline            the shape while it is dragged, and when it is shown
 //   DrawDecoration                         what is drawn besides when the shape is shown
 //   FollowCreation, FinishCreation         where the corners go in a drag that draws the shape, and at its release
 //   isNormalised                           whether the corners are put in order at the end of a drag
+//   HitTest                                the hit code under the mouse
+//   PrepareQueries                         what GetBoundingRect makes ready beyond the work buffer
+//   ListRow, ListColumn                    the boundary queries
 #pragma once
 
+#include <algorithm>
 #include <cstring>
 
-#include "CcImage.h"
 #include "CcObjectStorage.h"
 #include "CcPropertyBag.h"
 #include "core/ClassName.h"
 #include "core/GdiGuards.h"
-#include "core/WindowView.h"
+#include "roi/DisplayArguments.h"
 #include "roi/MouseDrag.h"
 #include "roi/RoiFiles.h"
+#include "roi/RoiStreams.h"
 #include "roi/kernel/DragGeometry.h"
 
 namespace kest {
-
-/// How the image is shown, as one call tells it.
-struct DisplayArguments {
-    int xOffset;
-    int yOffset;
-    unsigned short mode;
-    CcImage* image;
-    int zoom;
-
-    /// False for a null image.
-    bool MakeView(int clientWidth, int clientHeight, View& view) const {
-        if (!image) return false;
-        int height = 0, width = 0;
-        image->GetHeightWidth(&height, &width);
-        view = {clientWidth, clientHeight, width, height, xOffset, yOffset, mode, zoom};
-        return true;
-    }
-    /// False for a null image or window.
-    bool MakeView(HWND window, View& view) const {
-        int width, height;
-        return GetClientSize(window, width, height) && MakeView(width, height, view);
-    }
-};
-
-inline IntPoint ToPoint(POINT point) { return {point.x, point.y}; }
-
-inline IntRect ToRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-
-inline RECT FromRect(const IntRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 inline IntRect ImageCorners(const View& view, const IntRect& window) {
     const IntPoint first = WindowToImage(view, {window.left, window.top});
@@ -60,10 +37,24 @@ inline IntRect ImageCorners(const View& view, const IntRect& window) {
     return {first.x, first.y, second.x, second.y};
 }
 
+/// Each coordinate clamped to the image.
+inline IntRect ClampToImage(const View& view, const IntRect& corners) {
+    const int lastColumn = std::max(view.imageWidth - 1, 0), lastRow = std::max(view.imageHeight - 1, 0);
+    return {std::clamp(corners.left, 0, lastColumn), std::clamp(corners.top, 0, lastRow),
+            std::clamp(corners.right, 0, lastColumn), std::clamp(corners.bottom, 0, lastRow)};
+}
+
 inline IntRect WindowCorners(const View& view, const IntRect& image) {
-    const IntPoint first = ImageToWindow(view, {image.left, image.top});
-    const IntPoint second = ImageToWindow(view, {image.right, image.bottom});
+    const IntPoint first = ImageToWindow(view, IntPoint{image.left, image.top});
+    const IntPoint second = ImageToWindow(view, IntPoint{image.right, image.bottom});
     return {first.x, first.y, second.x, second.y};
+}
+
+/// The bounding rectangle of two corners in the image. A shape whose corners are kept in order has them as they stand.
+inline IntRect ImageBounds(const IntRect& corners, bool areOrdered) {
+    if (areOrdered) return corners;
+    return {std::min(corners.left, corners.right), std::max(corners.top, corners.bottom),
+            std::max(corners.left, corners.right), std::min(corners.top, corners.bottom)};
 }
 
 }  // namespace kest
@@ -84,7 +75,7 @@ struct KestShapeMembers {
     }
 
     static void MakeWindowCorners(Shape& shape, const kest::View& view) {
-        Traits::SetWindow(shape, kest::WindowCorners(view, Traits::CornersOf(shape)));
+        Traits::SetWindow(shape, Traits::WindowCornersOf(shape, view));
     }
 
     /// A null image or window leaves the window copy as it was.
@@ -96,7 +87,7 @@ struct KestShapeMembers {
     // Dragging
 
     static int StartDrag(Shape& shape, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
-        kest::TakeMouse(window, shape.hDragDC, shape.hDragWindow);
+        kest::TakeMouse(window, shape.hDragDC);
         shape.iZoom = display.zoom;
         shape.iDragMode = mode;
         if (!PlaceForDrag(shape, window, display, mouse, source)) {
@@ -112,22 +103,22 @@ struct KestShapeMembers {
         kest::ConfineCursor(range);
 
         shape.stLastMouse = mouse;
-        Traits::DrawOutline(shape.hDragDC, place);
+        Traits::DrawRubberBand(shape.hDragDC, place);
         TakeWindowCorners(shape, window, display);
         return KEST_OK;
     }
 
-    static int ContinueDrag(Shape& shape, HWND window, Display display, POINT mouse) {
+    static int ContinueDrag(Shape& shape, HWND window, Display display, POINT mouse, int) {
         if (shape.iDragMode < 0) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
-        Traits::DrawOutline(shape.hDragDC, place);
+        Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
             Traits::FollowCreation(place, kest::ToPoint(mouse));
         else
             MoveByMouse(shape, place, mouse);
         shape.stLastMouse = mouse;
         Traits::SetWindow(shape, place);
-        Traits::DrawOutline(shape.hDragDC, place);
+        Traits::DrawRubberBand(shape.hDragDC, place);
         display.zoom = shape.iZoom;
         TakeWindowCorners(shape, window, display);
         return KEST_OK;
@@ -136,7 +127,7 @@ struct KestShapeMembers {
     static int StopDrag(Shape& shape, HWND window, Display display, POINT mouse) {
         if (shape.iDragMode < 0) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
-        Traits::DrawOutline(shape.hDragDC, place);
+        Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
             Traits::FinishCreation(place, kest::ToPoint(mouse));
         else
@@ -146,13 +137,17 @@ struct KestShapeMembers {
         display.zoom = shape.iZoom;
         TakeWindowCorners(shape, window, display);
         shape.iDragMode = -1;
-        kest::ReleaseMouse(shape.hDragDC, shape.hDragWindow);
+        kest::ReleaseMouse(shape.hDragDC);
         return KEST_OK;
     }
 
-    /// What a ROI that is destroyed in the middle of a drag still holds.
+    /// Gives back what a ROI that is destroyed still holds: everything in the middle of a drag, else what a failed start
+    /// left.
     static void Abandon(Shape& shape) {
-        if (shape.hDragDC) kest::ReleaseMouse(shape.hDragDC, shape.hDragWindow);
+        if (shape.iDragMode >= 0 && shape.hDragDC)
+            kest::ReleaseMouse(shape.hDragDC);
+        else
+            shape.hDragDC.Release();
     }
 
     // Drawing
@@ -171,7 +166,7 @@ struct KestShapeMembers {
 
     static int Show(Shape& shape, HDC dc, const RECT* rect, const Display& display, int penSelect) {
         if (!rect) return KEST_FAILED;
-        return Show(shape, dc, rect->right - rect->left, rect->bottom - rect->top, display, penSelect);
+        return Show(shape, dc, rect->right, rect->bottom, display, penSelect);
     }
 
     static int Show(Shape& shape, HDC dc, HWND window, const Display& display, int penSelect) {
@@ -180,12 +175,39 @@ struct KestShapeMembers {
         return Show(shape, dc, width, height, display, penSelect);
     }
 
-    static int Show(Shape& shape, HWND window, const Display& display, int penSelect) {
-        const kest::WindowDc dc(window);
-        return Show(shape, dc, window, display, penSelect);
+    // Queries
+
+    static int HitTest(Shape& shape, HWND window, const Display& display, POINT mouse) {
+        kest::View view;
+        if (!display.MakeView(window, view)) return KEST_FAILED;
+        MakeWindowCorners(shape, view);
+        return Traits::HitTest(shape, view, kest::ToPoint(mouse));
     }
 
-    // Files and streams
+    static RECT* CurrentBounds(Shape& shape) {
+        shape.stCurrentBoundingRect = kest::FromRect(kest::ImageBounds(Traits::CornersOf(shape), Traits::isNormalised));
+        return &shape.stCurrentBoundingRect;
+    }
+
+    static RECT* Bounds(Shape& shape) {
+        shape.stBoundingRect = kest::FromRect(kest::ImageBounds(Traits::CornersOf(shape), Traits::isNormalised));
+        return shape.SizeBoundary() && Traits::PrepareQueries(shape) ? &shape.stBoundingRect : nullptr;
+    }
+
+    static int* ListRow(Shape& shape, int row, int* count) { return Traits::ListRow(shape, row, count); }
+    static int* ListColumn(Shape& shape, int column, int* count) { return Traits::ListColumn(shape, column, count); }
+
+    // Record, files and streams
+
+    static int TakeRecord(Shape& shape, const void* record) {
+        if (!record) return KEST_FAILED;
+        Record copy;
+        std::memcpy(&copy, record, sizeof copy);
+        Traits::TakeRecord(shape, copy);
+        return KEST_OK;
+    }
+
+    static void* RecordOf(Shape& shape) { return &Traits::RecordOf(shape); }
 
     static int Save(Shape& shape, const char* path) {
         return kest::WriteRoiFile(path, Traits::typeCode, sizeof(Record), shape.szObjectName, &Traits::RecordOf(shape),
@@ -197,8 +219,7 @@ struct KestShapeMembers {
         if (!kest::ReadRoiFile(path, Traits::typeCode, 1, file) || file.count != static_cast<int>(sizeof(Record)))
             return KEST_FAILED;
         shape.SetName(file.name);
-        shape.SetRoiImageCord(file.record.Get());
-        return KEST_OK;
+        return shape.SetRoiImageCord(file.record.Get());
     }
 
     static int Store(Shape& shape, CcObjectStorage* storage) {
@@ -213,10 +234,7 @@ struct KestShapeMembers {
         CcPropertyBag bag;
         if (storage->GetNextObject(&bag) < 0) return KEST_FAILED;
         Record record;
-        constexpr int blobTag = 5;
-        long stored = 0;
-        if (bag.GetPropLength(Traits::recordKey, blobTag, &stored) < 0 || stored != sizeof record) return KEST_FAILED;
-        bag.GetBlob(Traits::recordKey, &record, sizeof record);
+        if (!kest::TakeWholeBlob(bag, Traits::recordKey, &record, sizeof record)) return KEST_FAILED;
         return shape.SetRoiImageCord(&record);
     }
 

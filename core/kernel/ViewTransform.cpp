@@ -43,16 +43,20 @@ RealPoint WindowToImageExact(const View& view, IntPoint window) {
 }
 
 IntPoint ImageToWindow(const View& view, IntPoint image) {
-    if (view.IsStretched()) {
-        const double pixelsPerRow = Ratio(view.clientHeight, view.imageHeight - 1);
-        const double x = view.imageWidth == 1
-                             ? 0.0
-                             : static_cast<double>(image.x) * view.clientWidth / (view.imageWidth - 1);
-        return Truncate({x, view.clientHeight - image.y * pixelsPerRow});
-    }
+    if (view.IsStretched()) return ImageToWindow(view, RealPoint{double(image.x), double(image.y)});
     const Size64 lastRow = Size64{view.imageHeight} - 1;
-    return {Saturate((Size64{image.x} - view.xOffset) * view.zoom),
-            Saturate((lastRow - image.y - view.yOffset) * view.zoom)};
+    return {Saturate(Product(Saturate(Size64{image.x} - view.xOffset), view.zoom)),
+            Saturate(Product(Saturate(lastRow - image.y - view.yOffset), view.zoom))};
+}
+
+IntPoint ImageToWindow(const View& view, RealPoint image) {
+    const double lastRow = view.imageHeight - 1.0;
+    const double lastColumn = view.imageWidth - 1.0;
+    if (!view.IsStretched())
+        return Truncate({(image.x - view.xOffset) * view.zoom, (lastRow - image.y - view.yOffset) * view.zoom});
+    const double pixelsPerRow = Ratio(view.clientHeight, view.imageHeight - 1);
+    const double x = lastColumn == 0 ? 0.0 : image.x * view.clientWidth / lastColumn;
+    return Truncate({x, view.clientHeight - image.y * pixelsPerRow});
 }
 
 IntPoint PixelAtWindowPoint(const View& view, IntPoint window) {

@@ -29,6 +29,8 @@ IntPoint WindowToImage(const View& view, IntPoint window);
 /// The same without truncation.
 RealPoint WindowToImageExact(const View& view, IntPoint window);
 IntPoint ImageToWindow(const View& view, IntPoint image);
+/// For positions within pixels.
+IntPoint ImageToWindow(const View& view, RealPoint image);
 
 // Pixel read-out: the image's size counts as its extent.
 

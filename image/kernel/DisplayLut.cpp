@@ -26,10 +26,12 @@ std::uint8_t ClampLevel(float y, double scale, std::uint8_t top) {
 }
 
 void FillColourChannel(std::span<const tagPoints> points, std::span<std::uint8_t> colours, int byteInColour) {
+    if (colours.empty()) return;
     for (std::size_t k = 0; k < levels; ++k) colours[4 * k + byteInColour] = ClampLevel(points[k].y, 1.0, 255);
 }
 
 void FillGrayIndices(std::span<const tagPoints> points, std::span<std::uint16_t> indices) {
+    if (indices.empty()) return;
     const std::size_t step = levels / points.size();
     const double scale = 1.0 / static_cast<double>(step);
     const auto top = static_cast<std::uint8_t>(points.size() - 1);

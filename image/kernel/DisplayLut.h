@@ -20,6 +20,7 @@ bool HasLevelSteps(std::span<const tagPoints> points);
 std::uint8_t ClampLevel(float y, double scale, std::uint8_t top);
 
 /// Writes the levels of 256 points into one byte (0 blue, 1 green, 2 red) of each of 256 four-byte colours.
+/// An image without pixels has no table: an empty one is left alone, here and below.
 void FillColourChannel(std::span<const tagPoints> points, std::span<std::uint8_t> colours, int byteInColour);
 
 /// Writes the levels of n points, scaled to n levels, into 256 palette indices: each into 256 / n of them.

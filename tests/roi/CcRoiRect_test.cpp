@@ -8,6 +8,7 @@
 
 #include "KestApi.h"
 #include "image/Support.h"
+#include "roi/Host.h"
 #include "support/Dialogs.h"
 #include "support/TestWindow.h"
 
@@ -35,37 +36,7 @@ Bytes RectFile(float version, int type, int size, const std::string& name) {
     return Bytes().F32(version).I32(type).I32(size).Text(name, 260).I32(3).I32(9).I32(7).I32(4);
 }
 
-/// A window that shows an image and passes the mouse on to a ROI, as an application does.
-struct Host {
-    test::TestWindow window{200, 150};
-    CcGrayImage256 image;
-    OpenRect roi;
-    int xOffset = 0, yOffset = 0, zoom = 1;
-    unsigned short display = 1;
-    int dragMode = KEST_DRAG_CREATE;
-
-    Host() {
-        image.MakeBlankBMP(100, 120, 90, "host");
-        window.onMessage = [this](UINT message, WPARAM, LPARAM lParam) {
-            const POINT mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-            switch (message) {
-                case WM_LBUTTONDOWN:
-                    EXPECT_EQ(roi.StartMouseDrag(window, xOffset, yOffset, display, &image, mouse, dragMode, nullptr,
-                                                 zoom), 0);
-                    return true;
-                case WM_MOUSEMOVE:
-                    if (roi.iDragMode >= 0) roi.DoMouseDrag(window, xOffset, yOffset, display, &image, mouse, 0);
-                    return true;
-                case WM_LBUTTONUP:
-                    roi.StopMouseDrag(window, xOffset, yOffset, display, &image, mouse);
-                    return true;
-                default:
-                    return false;
-            }
-        };
-    }
-    ~Host() { window.onMessage = nullptr; }
-};
+using Host = test::Host<OpenRect>;
 
 }  // namespace
 
@@ -148,7 +119,7 @@ TEST(CcRoiRect, DrawnMovedAndResizedWithTheMouse) {
     // Released where the last movement left it, it keeps a pixel more.
     ExpectRecord(host.roi, 10, 94, 21, 83);
     EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(host.roi.hDragDC, nullptr);
+    EXPECT_EQ(HDC(host.roi.hDragDC), nullptr);
 
     host.dragMode = KEST_DRAG_MOVE;
     host.window.Drag({15, 10}, {45, 30});

@@ -28,9 +28,9 @@ TEST(ViewTransform, RoiPointsAtZoomOne) {
     const View view = Zoomed(50, 100, 1);
     ExpectPoint(WindowToImage(view, {10, 5}), 10, 94);
     ExpectPoint(WindowToImage(view, {20, 15}), 20, 84);
-    ExpectPoint(ImageToWindow(view, {10, 94}), 10, 5);
+    ExpectPoint(ImageToWindow(view, IntPoint{10, 94}), 10, 5);
     ExpectPoint(WindowToImage(Zoomed(50, 100, 1, 4, 6), {10, 5}), 14, 88);
-    ExpectPoint(ImageToWindow(Zoomed(50, 100, 1, 4, 6), {14, 88}), 10, 5);
+    ExpectPoint(ImageToWindow(Zoomed(50, 100, 1, 4, 6), IntPoint{14, 88}), 10, 5);
 }
 
 TEST(ViewTransform, RoiPointsAtHigherZoomTruncate) {
@@ -38,7 +38,7 @@ TEST(ViewTransform, RoiPointsAtHigherZoomTruncate) {
     ExpectPoint(WindowToImage(view, {7, 8}), 3, 95);
     // Left of the window the quotient is truncated toward zero, not down.
     ExpectPoint(WindowToImage(view, {-2, -2}), 1, 97);
-    ExpectPoint(ImageToWindow(view, {3, 95}), 6, 6);
+    ExpectPoint(ImageToWindow(view, IntPoint{3, 95}), 6, 6);
     const RealPoint exact = WindowToImageExact(view, {7, 8});
     EXPECT_DOUBLE_EQ(exact.x, 7 / 3.0 + 1);
     EXPECT_DOUBLE_EQ(exact.y, 99 - 8 / 3.0 - 2);
@@ -49,8 +49,8 @@ TEST(ViewTransform, StretchedRoiPointsUseLastRowAndColumn) {
     ExpectPoint(WindowToImage(view, {200, 0}), 50, 100);
     ExpectPoint(WindowToImage(view, {0, 100}), 0, 0);
     ExpectPoint(WindowToImage(view, {7, 1}), 1, 99);
-    ExpectPoint(ImageToWindow(view, {50, 0}), 200, 100);
-    ExpectPoint(ImageToWindow(view, {25, 100}), 100, 0);
+    ExpectPoint(ImageToWindow(view, IntPoint{50, 0}), 200, 100);
+    ExpectPoint(ImageToWindow(view, IntPoint{25, 100}), 100, 0);
     // A zoom below 1 stretches in every mode.
     View zoomless = view;
     zoomless.displayMode = 1;
@@ -70,10 +70,10 @@ TEST(ViewTransform, PixelReadOutKeepsItsOwnRules) {
 }
 
 TEST(ViewTransform, ExtremesNeitherOverflowNorDivideByZero) {
-    ExpectPoint(ImageToWindow(Zoomed(50, 100, 16), {INT_MAX, INT_MIN}), INT_MAX, INT_MAX);
-    ExpectPoint(ImageToWindow(Zoomed(50, 100, 16), {INT_MIN, INT_MAX}), INT_MIN, INT_MIN);
+    ExpectPoint(ImageToWindow(Zoomed(50, 100, 16), IntPoint{INT_MAX, INT_MIN}), INT_MAX, INT_MAX);
+    ExpectPoint(ImageToWindow(Zoomed(50, 100, 16), IntPoint{INT_MIN, INT_MAX}), INT_MIN, INT_MIN);
     ExpectPoint(WindowToImage(Zoomed(50, 100, 1, INT_MAX, INT_MAX), {INT_MAX, INT_MAX}), INT_MAX, INT_MIN);
     ExpectPoint(WindowToImage(Stretched(0, 0, 50, 100), {5, 5}), 0, 0);
-    ExpectPoint(ImageToWindow(Stretched(200, 100, 1, 1), {0, 0}), 0, 100);
+    ExpectPoint(ImageToWindow(Stretched(200, 100, 1, 1), IntPoint{0, 0}), 0, 100);
     ExpectPoint(PixelAtWindowPoint(Stretched(0, 0, 50, 100), {5, 5}), 0, 0);
 }

@@ -27,9 +27,9 @@ TEST(DragGeometry, HandlesMoveTheirSides) {
         MoveSides(shape, SidesOfHandle(code), 1, 2);
         ExpectRect(shape, expected[code][0], expected[code][1], expected[code][2], expected[code][3]);
     }
-    IntRect far = {INT_MAX, INT_MIN, INT_MAX, 0};
-    MoveSides(far, AllSides, 5, -5);
-    ExpectRect(far, INT_MAX, INT_MIN, INT_MAX, -5);
+    IntRect offset = {INT_MAX, INT_MIN, INT_MAX, 0};
+    MoveSides(offset, AllSides, 5, -5);
+    ExpectRect(offset, INT_MAX, INT_MIN, INT_MAX, -5);
     ExpectRect(Normalised({9, 8, 1, 2}), 1, 2, 9, 8);
 }
 

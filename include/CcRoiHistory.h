@@ -1,0 +1,45 @@
+// CcRoiHistory: undo and redo for the ROIs of a list.
+#pragma once
+
+#include "CcList.h"
+#include "CcRoiBase.h"
+
+/// A bounded history of a list of ROIs. Call Remember before each edit (drawing, moving, resizing, renaming, selecting,
+/// deleting, ...); Undo then brings back what was remembered last, deleted ROIs included, and Redo what was undone.
+///
+/// ROIs that are still in the list keep their address: their record, name and selection are put back. ROIs that are not
+/// are made anew by class name (which advances the class's naming counter). Members that are no ROIs are left out of the
+/// history; they stay, behind the ROIs.
+///
+/// Results: 0, or -1 when there is nothing to undo or redo, or memory is short (the list is then as it was).
+class KEST_API CcRoiHistory {
+public:
+    /// The list stays the caller's; its destruction type says whether ROIs that an undo takes out are deleted.
+    /// `iSteps` edits are kept; older ones are forgotten.
+    explicit CcRoiHistory(CcList* pNewList, int iSteps = 100);
+    ~CcRoiHistory();
+    CcRoiHistory(const CcRoiHistory&) = delete;
+    CcRoiHistory& operator=(const CcRoiHistory&) = delete;
+
+    /// Notes the list as it is, before an edit. What was undone before can no longer be redone.
+    int Remember();
+    int Undo();
+    int Redo();
+    int CanUndo() const { return pUndo != nullptr; }
+    int CanRedo() const { return pRedo != nullptr; }
+    /// Forgets everything.
+    void Clear();
+
+private:
+    struct Snapshot;
+
+    Snapshot* Take() const;
+    int GoTo(Snapshot*& from, Snapshot*& other);
+    bool Restore(const Snapshot& snapshot);
+    void RenameInAll(const CcHLObject* pOld, CcHLObject* pNew);
+
+    CcList* pList;
+    int iMaxSteps;
+    Snapshot* pUndo;  // the newest first
+    Snapshot* pRedo;
+};

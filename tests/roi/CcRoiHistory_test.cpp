@@ -1,0 +1,123 @@
+// Undo and redo of what a user does to a list of ROIs.
+#include "CcRoiHistory.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "KestApi.h"
+
+namespace {
+
+std::string NamesOf(CcList& list) {
+    std::string names;
+    for (int i = 0; i < list.GetNumberOfObjects(); ++i) names += std::string(list.GetAtIndex(i)->GetName()) + " ";
+    return names;
+}
+
+CcRoiRect* AddRect(CcList& list, const char* name, LONG left) {
+    auto* roi = new CcRoiRect;
+    roi->SetName(name);
+    RECT record = {left, left + 5, left + 5, left};
+    roi->SetRoiImageCord(&record);
+    list.InsertTail(roi);
+    return roi;
+}
+
+LONG LeftOf(CcHLObject* roi) { return static_cast<RECT*>(static_cast<CcRoiRect*>(roi)->GetRoiImageCord())->left; }
+
+}  // namespace
+
+TEST(CcRoiHistory, DeletedPolygonComesBack) {
+    CcList list;
+    list.SetDestructionType(1);
+    CcRoiHistory history(&list);
+    AddRect(list, "a", 1);
+    auto* polygon = new CcRoiPolyFreeHand;
+    POINT points[] = {{1, 1}, {2, 1}, {2, 2}, {1, 2}};
+    PixelGroupTag record = {0, 0, 0, 4, points, nullptr};
+    polygon->SetRoiImageCord(&record);
+    polygon->SetName(std::string(200, 'p').c_str());
+    polygon->SetSelected(1);
+    list.InsertTail(polygon);
+    AddRect(list, "c", 3);
+    list.SelectObjectAtIndex(1);
+
+    EXPECT_EQ(history.Remember(), 0);
+    EXPECT_EQ(list.DeleteSelected(), 0);
+    EXPECT_EQ(NamesOf(list), "a c ");
+    EXPECT_EQ(history.Undo(), 0);
+    ASSERT_EQ(NamesOf(list), "a " + std::string(200, 'p') + " c ");
+    EXPECT_EQ(list.GetSelectedObjectsIndex(), 1);
+    auto* back = dynamic_cast<CcRoiPolyFreeHand*>(list.GetAtIndex(1));
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->IsROISelected(), 1);
+    const auto& outline = *static_cast<PixelGroupTag*>(back->GetRoiImageCord());
+    ASSERT_EQ(outline.iNumOfPoints, 4);
+    EXPECT_EQ(outline.stPOINTS[3].y, 2);
+    EXPECT_EQ(history.CanUndo(), 0);
+    EXPECT_EQ(history.Undo(), -1);
+    EXPECT_EQ(history.Redo(), 0);
+    EXPECT_EQ(NamesOf(list), "a c ");
+    EXPECT_EQ(history.Undo(), 0);
+    EXPECT_EQ(list.GetNumberOfObjects(), 3);
+}
+
+TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
+    CcList list;
+    list.SetDestructionType(1);
+    CcRoiHistory history(&list, 3);
+    CcRoiRect* a = AddRect(list, "a", 1);
+    CcRoiRect* b = AddRect(list, "b", 2);
+    for (int step = 0; step < 5; ++step) {
+        history.Remember();
+        RECT moved = {10 * step, 5, 9, 1};
+        a->SetRoiImageCord(&moved);
+        a->SetName(("a" + std::to_string(step)).c_str());
+    }
+    history.Remember();
+    list.InsertHead(list.TakeOut(1));
+    EXPECT_EQ(NamesOf(list), "b a4 ");
+    EXPECT_EQ(history.Undo(), 0);
+    EXPECT_EQ(list.GetAtIndex(0), a);
+    EXPECT_EQ(list.GetAtIndex(1), b);
+    EXPECT_EQ(history.Undo(), 0);
+    EXPECT_EQ(NamesOf(list), "a3 b ");
+    EXPECT_EQ(LeftOf(a), 30);
+    EXPECT_EQ(history.Undo(), 0);
+    // Older steps are forgotten.
+    EXPECT_EQ(history.Undo(), -1);
+    EXPECT_EQ(NamesOf(list), "a2 b ");
+    while (history.Redo() == 0) {
+    }
+    EXPECT_EQ(NamesOf(list), "b a4 ");
+    // A new edit ends what could be redone.
+    history.Undo();
+    history.Remember();
+    AddRect(list, "new", 7);
+    EXPECT_EQ(history.CanRedo(), 0);
+    history.Undo();
+    EXPECT_EQ(NamesOf(list), "a4 b ");
+}
+
+TEST(CcRoiHistory, ThousandsOfEditsLeaveNothing) {
+    const int before = CcRoiBase::iNumOfROIs;
+    {
+        CcList list;
+        list.SetDestructionType(1);
+        CcRoiHistory history(&list, 10);
+        for (int i = 0; i < 2000; ++i) {
+            history.Remember();
+            if (i % 3 == 2)
+                list.DeleteHead();
+            else
+                AddRect(list, "r", i);
+            if (i % 5 == 4) history.Undo();
+            if (i % 10 == 4) history.Redo();
+            if (i % 50 == 49)
+                while (list.DeleteTail() == 0) {
+                }
+        }
+    }
+    EXPECT_EQ(CcRoiBase::iNumOfROIs, before);
+}

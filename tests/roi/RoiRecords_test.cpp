@@ -1,0 +1,416 @@
+// Files, streams, queries and drawing of all ROI classes.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include "KestApi.h"
+#include "image/Support.h"
+#include "roi/Host.h"
+#include "support/Bytes.h"
+
+using test::Bytes;
+
+namespace {
+
+/// What distinguishes the classes in files and streams, written out by hand.
+struct Kind {
+    const char* className;
+    int type;
+    const char* namePattern;
+    const char* recordKey;
+    Bytes record;  ///< of a ROI with known coordinates
+    bool isOutline;
+};
+
+const Kind kinds[] = {
+    {"CcRoiRect", 0, "Rect.", "CcRoiRect::stImageRect", Bytes().I32(3).I32(9).I32(7).I32(4), false},
+    {"CcRoiLine", 1, "Line.", "CcRoiLine::stImageLine", Bytes().I32(1).I32(2).I32(8).I32(5), false},
+    {"CcRoiFreeHandLine", 2, "FreeLine.", "CcRoiFreeHandLine::stImageFreeHand", Bytes(), true},
+    {"CcRoiPolyLine", 3, "PolyLine.", "CcRoiPolyLine::stImageFreeHand", Bytes(), true},
+    {"CcRoiEllipse", 4, "Ellipse.", "CcRoiEllipse::stImageEllipse", Bytes().I32(-3).I32(9).I32(7).I32(4), false},
+    {"CcRoiFreeHand", 5, "Freehand.", "CcRoiFreeHand::stImageFreeHand", Bytes(), true},
+    {"CcRoiPolyFreeHand", 6, "PolyFree.", "CcRoiPolyFreeHand::stImageFreeHand", Bytes(), true},
+    {"CcRoiPoint", 7, "P.", "CcRoiPoint::stSubPixelImagePoint", Bytes().F32(2.75F).F32(6.5F), false},
+};
+
+Bytes OutlinePoints() { return Bytes().I32(4).I32(5).I32(5).I32(5).I32(5).I32(6).I32(4).I32(6); }
+
+std::unique_ptr<CcRoiBase> Make(const Kind& kind, bool filled = true) {
+    CcMemObjectStorage stream;
+    CcHLObject* made = nullptr;
+    EXPECT_EQ(stream.CreateObject(kind.className, &made), 0);
+    std::unique_ptr<CcRoiBase> roi(dynamic_cast<CcRoiBase*>(made));
+    if (filled && kind.isOutline) {
+        POINT points[] = {{4, 5}, {5, 5}, {5, 6}, {4, 6}};
+        PixelGroupTag record = {0, 0, 0, 4, points, nullptr};
+        EXPECT_EQ(roi->SetRoiImageCord(&record), 0);
+    } else if (filled) {
+        Bytes record = kind.record;
+        EXPECT_EQ(roi->SetRoiImageCord(record.data()), 0);
+    }
+    return roi;
+}
+
+Bytes FileOf(const Kind& kind, float version = 1.0F) {
+    const int third = kind.isOutline ? 4 : static_cast<int>(kind.record.size());
+    return Bytes().F32(version).I32(kind.type).I32(third).Text("roi", 260).Add(kind.isOutline ? OutlinePoints()
+                                                                                              : kind.record);
+}
+
+Bytes BagOf(const Kind& kind) {
+    Bytes bag = Bytes().I32(kind.isOutline ? 2 : 1);
+    if (!kind.isOutline) {
+        const int bytes = static_cast<int>(kind.record.size());
+        return bag.Add(test::PropertyEntry(kind.recordKey, 5, 0, bytes)).I32(bytes).Add(kind.record);
+    }
+    return bag.Add(test::PropertyEntry(kind.recordKey, 5, 0, 24))
+        .Add(test::PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32))
+        .I32(56)
+        .I32(0).I32(255).I32(0).I32(4).I32(0).I32(0)  // unselected green, four points, no pointer and no handle
+        .Add(OutlinePoints());
+}
+
+Bytes StreamOf(const Kind& kind) {
+    return test::Record(kind.className, "roi", test::Record("CcPropertyBag", "", BagOf(kind)));
+}
+
+Bytes RecordBytes(const Kind& kind, CcRoiBase& roi) {
+    Bytes bytes;
+    if (kind.isOutline) {
+        const auto& outline = *static_cast<PixelGroupTag*>(roi.GetRoiImageCord());
+        for (int i = 0; i < outline.iNumOfPoints; ++i) bytes.I32(outline.stPOINTS[i].x).I32(outline.stPOINTS[i].y);
+    } else {
+        const auto* record = static_cast<std::uint8_t*>(roi.GetRoiImageCord());
+        bytes.assign(record, record + kind.record.size());
+    }
+    return bytes;
+}
+
+Bytes ExpectedRecord(const Kind& kind) { return kind.isOutline ? OutlinePoints() : kind.record; }
+
+int LoadFrom(CcRoiBase& roi, Bytes bytes) {
+    bytes.U8(0);
+    CcMemObjectStorage stream(bytes.data(), static_cast<long>(bytes.size()), 1);
+    return stream.GetNextObject(&roi);
+}
+
+}  // namespace
+
+TEST(RoiRecords, NamesTypesFilesAndStreamsToTheByte) {
+    for (const Kind& kind : kinds) {
+        SCOPED_TRACE(kind.className);
+        const auto roi = Make(kind), next = Make(kind, false);
+        EXPECT_EQ(roi->GetROIType(), kind.type);
+        EXPECT_EQ(roi->GetType(), 2);
+        const std::string pattern = kind.namePattern, name = roi->GetName(), nextName = next->GetName();
+        EXPECT_EQ(name.substr(0, pattern.size()), pattern);
+        EXPECT_EQ(std::stoi(nextName.substr(pattern.size())), std::stoi(name.substr(pattern.size())) + 1);
+
+        roi->SetName("roi");
+        const test::TemporaryFile file("one.roi", Bytes().Fill(999, 7));
+        EXPECT_EQ(roi->Save(file.Path()), 0);
+        EXPECT_EQ(file.Content(), FileOf(kind));
+        EXPECT_EQ(next->Restore(file.Path()), 0);
+        EXPECT_STREQ(next->GetName(), "roi");
+        EXPECT_EQ(RecordBytes(kind, *next), ExpectedRecord(kind));
+        EXPECT_EQ(roi->Save("no such folder\\x"), -1);
+
+        CcMemObjectStorage stream;
+        ASSERT_EQ(stream.PutObject(roi.get()), 0);
+        unsigned char* block;
+        long length;
+        stream.GetStorageBufferRef(&block, &length);
+        EXPECT_EQ(std::vector<std::uint8_t>(block, block + length - 1), StreamOf(kind));
+        const auto loaded = Make(kind, false);
+        EXPECT_EQ(LoadFrom(*loaded, StreamOf(kind)), 0);
+        EXPECT_EQ(RecordBytes(kind, *loaded), ExpectedRecord(kind));
+        EXPECT_EQ(loaded->Load(nullptr), -1);
+        EXPECT_EQ(loaded->Store(nullptr), -1);
+        EXPECT_EQ(loaded->SetRoiImageCord(nullptr), -1);
+        EXPECT_EQ(loaded->UpdateImageIfNeeded(nullptr, 0, 0, 1, nullptr, 1), 0);
+        EXPECT_EQ(loaded->IsRoiAGraphicObject(), 0);
+    }
+}
+
+TEST(RoiRecords, WhatIsRefusedChangesNothing) {
+    for (const Kind& kind : kinds) {
+        SCOPED_TRACE(kind.className);
+        const auto roi = Make(kind);
+        roi->SetName("kept");
+        Bytes otherType = FileOf(kind), tooFew = FileOf(kind), tooMany = FileOf(kind), negative = FileOf(kind);
+        otherType[4] = static_cast<std::uint8_t>((kind.type + 1) % 8);
+        tooFew.pop_back();
+        tooMany[11] = 0x7F;
+        negative[11] = 0xFF;
+        for (const Bytes& bad : {otherType, tooFew, tooMany, negative, FileOf(kind, 1.5F), FileOf(kind, NAN), Bytes()}) {
+            const test::TemporaryFile file("bad.roi", bad);
+            EXPECT_EQ(roi->Restore(file.Path()), -1);
+        }
+        Bytes otherKey = StreamOf(kind), shortRecord = StreamOf(kind), noFooter = StreamOf(kind);
+        otherKey[128 + 128 + 4] = 'X';
+        shortRecord[128 + 128 + 4 + 268] = 3;  // the entry's length: the bag then contradicts itself
+        noFooter.resize(noFooter.size() - 200);
+        for (const Bytes& bad : {otherKey, shortRecord, noFooter}) EXPECT_LT(LoadFrom(*roi, bad), 0);
+        EXPECT_EQ(RecordBytes(kind, *roi), ExpectedRecord(kind));
+        if (!kind.isOutline) continue;
+        // A count that the points do not bear out, and one that no block could hold.
+        for (const int count : {-1, 3, 5, 0x10000000, INT_MAX}) {
+            Bytes lie = StreamOf(kind);
+            const std::size_t at = 128 + 128 + 4 + 2 * 272 + 4 + 12;
+            for (int i = 0; i < 4; ++i) lie[at + i] = static_cast<std::uint8_t>(count >> (8 * i));
+            EXPECT_LT(LoadFrom(*roi, lie), 0) << count;
+        }
+        EXPECT_EQ(RecordBytes(kind, *roi), ExpectedRecord(kind));
+    }
+}
+
+TEST(RoiRecords, EmptyOutlines) {
+    for (const Kind& kind : kinds) {
+        if (!kind.isOutline) continue;
+        SCOPED_TRACE(kind.className);
+        const auto empty = Make(kind, false);
+        int count = 5;
+        EXPECT_EQ(empty->GetBoundingRect(), nullptr);
+        EXPECT_EQ(empty->GetCurrentBoundingRect(), nullptr);
+        EXPECT_EQ(empty->GetXBoundary(0, &count), nullptr);
+        EXPECT_EQ(count, 0);
+        PixelGroupTag record = {0, 0, 0, 0, nullptr, nullptr};
+        EXPECT_EQ(empty->SetRoiImageCord(&record), -1);
+        record.iNumOfPoints = 5;
+        EXPECT_EQ(empty->SetRoiImageCord(&record), -1);
+        CcMemObjectStorage stream;
+        ASSERT_EQ(stream.PutObject(empty.get()), 0);
+        stream.Reset();
+        const auto full = Make(kind);
+        EXPECT_EQ(stream.GetNextObject(full.get()), 0);
+        EXPECT_EQ(full->GetBoundingRect(), nullptr);
+    }
+}
+
+TEST(RoiRecords, ExtremeCoordinatesNeitherOverflowNorHang) {
+    CcGrayImage256 image;
+    image.MakeBlankBMP(50, 60, 1, "i");
+    test::MemoryPicture picture(64, 64);
+    for (const Kind& kind : kinds) {
+        SCOPED_TRACE(kind.className);
+        const auto roi = Make(kind, false);
+        POINT corners[] = {{INT_MIN, INT_MAX}, {INT_MAX, INT_MIN}, {INT_MIN, INT_MIN}};
+        PixelGroupTag outline = {0, 0, 0, 3, corners, nullptr};
+        RECT box = {INT_MIN, INT_MAX, INT_MAX, INT_MIN};
+        tagPoints point = {1e30F, NAN};
+        void* record = kind.isOutline ? static_cast<void*>(&outline) : kind.type == 7 ? static_cast<void*>(&point) : &box;
+        ASSERT_EQ(roi->SetRoiImageCord(record), 0);
+        roi->GetBoundingRect();
+        int count = 0;
+        for (const int line : {INT_MIN, -1, 0, 7, INT_MAX}) {
+            roi->GetXBoundary(line, &count);
+            roi->GetYBoundary(line, &count);
+        }
+        EXPECT_EQ(image.GetRegion(roi.get(), 0, 0), nullptr);
+        roi->MouseHitTest(GetDesktopWindow(), 0, 0, 1, &image, {5, 5}, 1);
+        if (kind.type != 4) {
+            RECT client = {0, 0, 64, 64};
+            EXPECT_EQ(roi->ShowROI(picture, &client, 0, 0, 1, &image, 3, 0), 0);
+        }
+    }
+}
+
+TEST(RoiRecords, RegionsUnderEveryKind) {
+    CcGrayImage256 image;
+    test::FillPattern(image, 100, 80, "i");
+    POINT diamond[] = {{50, 40}, {51, 41}, {52, 42}, {53, 41}, {54, 40}, {53, 39}, {52, 38}, {51, 39}};
+    for (const Kind& kind : kinds) {
+        SCOPED_TRACE(kind.className);
+        const auto roi = Make(kind, false);
+        PixelGroupTag outline = {0, 0, 0, 8, diamond, nullptr};
+        RECT box = {20, 60, 60, 30};
+        tagROILINE line = {10, 10, 40, 50};
+        tagPoints point = {5.5F, 6.5F};
+        void* record = kind.isOutline ? static_cast<void*>(&outline)
+                       : kind.type == 7 ? static_cast<void*>(&point)
+                       : kind.type == 1 ? static_cast<void*>(&line)
+                                        : &box;
+        ASSERT_EQ(roi->SetRoiImageCord(record), 0);
+        const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 255, 0));
+        ASSERT_NE(region, nullptr);
+        // Of each row all listed columns but the last one are copied, everything else keeps the fill value.
+        const RECT bounds = *roi->GetBoundingRect();
+        int height, width;
+        region->GetHeightWidth(&height, &width);
+        ASSERT_EQ(width, bounds.right - bounds.left);
+        ASSERT_EQ(height, bounds.top - bounds.bottom);
+        for (int y = 0; y < height; ++y) {
+            std::vector<float> expected(static_cast<std::size_t>(width), 255.0F);
+            int count = 0;
+            const int* columns = roi->GetXBoundary(y + bounds.bottom, &count);
+            for (int i = 0; i + 1 < count; ++i) {
+                const int x = columns[i] - bounds.left;
+                if (x >= 0 && x < width)
+                    expected[static_cast<std::size_t>(x)] =
+                        static_cast<float>(test::PatternValue(columns[i], y + bounds.bottom));
+            }
+            for (int x = 0; x < width; ++x) ASSERT_EQ((*region)(x, y), expected[static_cast<std::size_t>(x)]) << x << ' ' << y;
+        }
+    }
+}
+
+TEST(FreehandQueries, RoisOfOneClassDoNotDisturbEachOther) {
+    POINT first[] = {{0, 0}, {1, 0}, {2, 0}, {2, 1}, {2, 2}, {1, 2}, {0, 2}, {0, 1}};
+    POINT second[] = {{10, 1}, {11, 1}, {12, 1}};
+    PixelGroupTag record = {0, 0, 0, 8, first, nullptr};
+    CcRoiFreeHand a, b;
+    a.SetRoiImageCord(&record);
+    record = {0, 0, 0, 3, second, nullptr};
+    b.SetRoiImageCord(&record);
+    ASSERT_NE(a.GetBoundingRect(), nullptr);
+    EXPECT_EQ(CcRoiFreeHand::iSizeOfCommonPerimPointsArr, 8);
+    ASSERT_NE(b.GetBoundingRect(), nullptr);
+    int count;
+    const auto row = [&](CcRoiFreeHand& roi, int y) {
+        const int* columns = roi.GetXBoundary(y, &count);
+        return std::vector<int>(columns, columns + count);
+    };
+    EXPECT_EQ(row(a, 1), (std::vector<int>{0, 1, 2}));
+    EXPECT_EQ(row(b, 1), (std::vector<int>{10, 11, 12}));
+    EXPECT_EQ(row(a, 1), (std::vector<int>{0, 1, 2}));
+    // The class-wide array names the pixels of the row queried last.
+    EXPECT_EQ(CcRoiFreeHand::stXCommonPerimPoints[0].iIndex, 7);
+    EXPECT_EQ(CcRoiFreeHand::stXCommonPerimPoints[1].x, 2);
+    EXPECT_EQ(CcRoiFreeHand::stXCommonPerimPoints[1].y, 1);
+    const int* rows = a.GetYBoundary(1, &count);
+    EXPECT_EQ(std::vector<int>(rows, rows + count), (std::vector<int>{0, 1, 2}));
+
+    // A moved pixel is seen by the next GetBoundingRect.
+    auto& outline = *static_cast<PixelGroupTag*>(b.GetRoiImageCord());
+    outline.stPOINTS[0].x = -50;
+    outline.stPOINTS[1].y = 70;
+    EXPECT_EQ(row(b, 1), (std::vector<int>{10, 11, 12}));
+    ASSERT_NE(b.GetBoundingRect(), nullptr);
+    EXPECT_EQ(b.GetBoundingRect()->left, -50);
+    row(b, 70);
+    EXPECT_EQ(count, 1);
+    // A count that reaches past the block is not followed.
+    outline.iNumOfPoints = INT_MAX;
+    ASSERT_NE(b.GetBoundingRect(), nullptr);
+    EXPECT_EQ(b.GetBoundingRect()->left, -50);
+    {
+        const CcRoiFreeHand copy(a);
+        EXPECT_EQ(CcRoiFreeHand::iNumOfFreeHandROIs, 2);
+    }
+    // The copy took one from the count; what was released is made again.
+    CcRoiFreeHand* lastOne = new CcRoiFreeHand(a);
+    delete lastOne;
+    EXPECT_EQ(CcRoiFreeHand::hstXCommonPerimPoints, nullptr);
+    EXPECT_EQ(a.GetXBoundary(1, &count), nullptr);
+    ASSERT_NE(a.GetBoundingRect(), nullptr);
+    EXPECT_EQ(row(a, 1).size(), 3u);
+}
+
+TEST(FreehandQueries, PerimeterTextFile) {
+    POINT points[] = {{4, -5}, {5, 6}};
+    PixelGroupTag record = {0, 0, 0, 2, points, nullptr};
+    CcRoiPolyLine roi;
+    roi.SetRoiImageCord(&record);
+    const test::TemporaryFile file("perimeter.txt");
+    EXPECT_EQ(roi.PrintPerimiterPointsToFile(file.Path()), 0);
+    const auto content = file.Content();
+    EXPECT_EQ(std::string(content.begin(), content.end()), "0\t4\t-5\r\n1\t5\t6\r\n");
+    EXPECT_EQ(roi.PrintPerimiterPointsToFile("no such folder\\x"), 0);
+    EXPECT_EQ(roi.PrintPerimiterPointsToFile(nullptr), 0);
+}
+
+TEST(FreehandQueries, LongOutlinesAreFast) {
+    CcGrayImage256 image;
+    image.MakeBlankBMP(4096, 4096, 3, "large");
+    const auto millisecondsFor = [&](int count) {
+        std::vector<POINT> points;
+        for (int i = 0; i < count; ++i) {
+            const double angle = i * 6.283185307179586 / count;
+            const double radius = 1500 + 400 * std::sin(angle * 37) + 100 * std::sin(angle * 991);
+            points.push_back({static_cast<LONG>(2048 + radius * std::cos(angle)),
+                              static_cast<LONG>(2048 + radius * std::sin(angle))});
+        }
+        PixelGroupTag record = {0, 0, 0, count, points.data(), nullptr};
+        CcRoiFreeHand roi;
+        roi.SetRoiImageCord(&record);
+        LARGE_INTEGER start, end, frequency;
+        QueryPerformanceFrequency(&frequency);
+        QueryPerformanceCounter(&start);
+        const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 0, 0));
+        QueryPerformanceCounter(&end);
+        EXPECT_NE(region, nullptr);
+        return 1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart);
+    };
+    const double hundredThousand = millisecondsFor(100000), million = millisecondsFor(1000000);
+    RecordProperty("milliseconds_100000", std::to_string(hundredThousand));
+    RecordProperty("milliseconds_1000000", std::to_string(million));
+    std::printf("region under an outline of 100,000 points: %.1f ms, of 1,000,000: %.1f ms\n", hundredThousand, million);
+    EXPECT_LT(hundredThousand, 100);
+    EXPECT_LT(million, 1000);
+}
+
+TEST(ShownRois, PixelsOfEveryKind) {
+    const auto expectPixels = [](auto& host, std::initializer_list<POINT> on, std::initializer_list<POINT> off) {
+        host.window.Fill(RGB(0, 0, 64));
+        host.Show(1);
+        const test::Picture shown = host.window.Snapshot();
+        for (const POINT& at : on) EXPECT_EQ(shown.At(at.x, at.y), 0xFF0000u) << at.x << ' ' << at.y;
+        for (const POINT& at : off) EXPECT_EQ(shown.At(at.x, at.y), 0x000040u) << at.x << ' ' << at.y;
+    };
+    {
+        test::Host<CcRoiEllipse> host;
+        RECT box = {20, 79, 60, 39};  // window 20, 20 to 60, 60
+        host.roi.SetRoiImageCord(&box);
+        expectPixels(host, {{20, 40}, {40, 20}, {59, 40}, {40, 59}}, {{60, 40}, {40, 60}, {20, 20}, {40, 40}});
+    }
+    {
+        test::Host<CcRoiLine> host;
+        tagROILINE line = {10, 89, 30, 79};  // window 10, 10 to 30, 20
+        host.roi.SetRoiImageCord(&line);
+        expectPixels(host, {{10, 10}, {20, 15}, {28, 19}}, {{30, 20}, {9, 10}});
+        host.zoom = 3;
+        expectPixels(host, {{30, 30}, {60, 45}}, {{90, 60}});
+    }
+    {
+        test::Host<CcRoiPoint> host;
+        tagPoints point = {50.0F, 49.0F};  // window 50, 50
+        host.roi.SetName("");
+        host.roi.SetRoiImageCord(&point);
+        expectPixels(host, {{50, 50}, {35, 50}, {64, 50}, {50, 35}, {50, 64}, {40, 50}, {50, 40}, {59, 50}},
+                     {{65, 50}, {34, 50}, {50, 65}, {56, 44}});
+        const test::Picture without = host.window.Snapshot();
+        host.roi.SetName("P.8");
+        host.Show(1);
+        const test::Picture with = host.window.Snapshot();
+        int left = 999, bottom = 0;
+        for (int y = 0; y < with.height; ++y)
+            for (int x = 0; x < with.width; ++x)
+                if (with.At(x, y) != without.At(x, y)) {
+                    left = std::min(left, x);
+                    bottom = std::max(bottom, y);
+                }
+        EXPECT_GE(left, 58);
+        EXPECT_LE(left, 62);
+        EXPECT_LT(bottom, 42);
+        // Within a pixel, the mark lies within the magnified pixel.
+        point = {10.5F, 89.5F};
+        host.roi.SetRoiImageCord(&point);
+        host.zoom = 4;
+        expectPixels(host, {{42, 38}}, {});
+    }
+    {
+        test::Host<CcRoiPolyFreeHand> closed;
+        POINT corner[] = {{10, 89}, {11, 89}, {12, 88}, {12, 87}, {11, 88}};
+        PixelGroupTag record = {0, 0, 0, 5, corner, nullptr};
+        closed.roi.SetRoiImageCord(&record);
+        expectPixels(closed, {{10, 10}, {11, 10}, {12, 11}, {12, 12}, {11, 11}}, {{13, 11}, {10, 11}});
+        const auto& outline = *static_cast<PixelGroupTag*>(closed.roi.GetRoiImageCord());
+        EXPECT_EQ(outline.iRed, 255);
+        closed.Show(0);
+        EXPECT_EQ(outline.iGreen, 255);
+        EXPECT_EQ(outline.iRed, 0);
+    }
+}

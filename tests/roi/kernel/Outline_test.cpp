@@ -1,0 +1,246 @@
+// Freehand outlines: rasterising against the rule written straight down, and filled rows against an independent
+// point-in-polygon test, over thousands of seeded random outlines.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdlib>
+#include <map>
+#include <random>
+#include <set>
+#include <vector>
+
+#include "roi/kernel/OutlineBounds.h"
+#include "roi/kernel/OutlineIndex.h"
+#include "roi/kernel/OutlineRaster.h"
+
+using namespace kest;
+
+namespace {
+
+using Points = std::vector<IntPoint>;
+
+Points Rasterise(const Points& starts, const Points& ends) {
+    Points chain(static_cast<std::size_t>(RasterLength(starts, ends)));
+    RasteriseOutline(starts, ends, chain);
+    return chain;
+}
+
+/// The closed chain of a polygon's sides.
+Points Polygon(const Points& corners) {
+    Points ends(corners.begin() + 1, corners.end());
+    ends.push_back(corners.front());
+    return Rasterise(corners, ends);
+}
+
+/// The rule, one pixel after another.
+Points RasterisePlainly(const Points& starts, const Points& ends) {
+    Points chain;
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        const IntPoint start = starts[i], end = ends[i];
+        const int dx = end.x - start.x, dy = end.y - start.y;
+        const float m = dx == 0 ? 0 : static_cast<float>(static_cast<double>(dy) / dx);
+        const float b = static_cast<float>(start.y - static_cast<double>(start.x) * m);
+        const bool steep = std::abs(dx) < std::abs(dy);
+        const int count = std::max(std::abs(dx), std::abs(dy));
+        for (int k = 0; k < count; ++k) {
+            IntPoint pixel;
+            if (steep) {
+                pixel.y = start.y + (end.y > start.y ? k : -k);
+                pixel.x = dx == 0 ? start.x : static_cast<int>((pixel.y - static_cast<double>(b)) / m);
+            } else {
+                pixel.x = start.x + (end.x > start.x ? k : -k);
+                pixel.y = dy == 0 ? start.y : static_cast<int>(pixel.x * static_cast<double>(m) + b);
+            }
+            if (!chain.empty()) {
+                int& free = steep ? pixel.x : pixel.y;
+                const int before = steep ? chain.back().x : chain.back().y;
+                if (free - before > 1)
+                    --free;
+                else if (free - before < -1)
+                    ++free;
+            }
+            chain.push_back(pixel);
+        }
+    }
+    return chain;
+}
+
+struct Index {
+    Index(const Points& outline, RowOrder order, Axis axis = Axis::Rows) {
+        const IntRect bounds = OutlineBounds(outline);
+        const int first = axis == Axis::Rows ? bounds.bottom : bounds.left;
+        const int last = axis == Axis::Rows ? bounds.top : bounds.right;
+        memory.resize(static_cast<std::size_t>(OutlineIndex::BytesNeeded(std::ssize(outline), last - first + 1) / 8 + 1));
+        index.Build(outline, axis, order, first, last - first + 1, reinterpret_cast<std::uint8_t*>(memory.data()));
+    }
+    std::vector<int> Row(int row) const {
+        std::vector<KestSpan> spans(index.PixelsOfRow(row).size());
+        const int count = index.SpansOfRow(row, spans.data());
+        std::vector<int> columns;
+        for (int i = 0; i < count; ++i)
+            for (int x = spans[static_cast<std::size_t>(i)].iFirst; x <= spans[static_cast<std::size_t>(i)].iLast; ++x)
+                columns.push_back(x);
+        return columns;
+    }
+    std::vector<std::int64_t> memory;
+    OutlineIndex index;
+};
+
+/// Even-odd interior by counting the sides of the chain that cross the line just above a row, right of a pixel.
+std::vector<int> FilledRow(const Points& chain, int row, int left, int right) {
+    std::set<int> onOutline;
+    std::vector<int> crossings;
+    for (std::size_t i = 0; i < chain.size(); ++i) {
+        const IntPoint& a = chain[i];
+        const IntPoint& b = chain[(i + 1) % chain.size()];
+        if (a.y == row) onOutline.insert(a.x);
+        if ((a.y > row) != (b.y > row)) crossings.push_back(a.y == row ? a.x : b.x);
+    }
+    std::vector<int> columns;
+    for (int x = left; x <= right; ++x) {
+        int crossed = 0;
+        for (const int crossing : crossings) crossed += crossing > x;
+        if (onOutline.count(x) || crossed % 2) columns.push_back(x);
+    }
+    return columns;
+}
+
+/// Some pixel of the chain lies between rows without a step: not a connected chain.
+bool IsConnected(const Points& chain) {
+    for (std::size_t i = 0; i < chain.size(); ++i) {
+        const IntPoint& a = chain[i];
+        const IntPoint& b = chain[(i + 1) % chain.size()];
+        if (std::abs(a.x - b.x) > 1 || std::abs(a.y - b.y) > 1) return false;
+    }
+    return true;
+}
+
+int CompareFilledRows(const Points& chain) {
+    const IntRect bounds = OutlineBounds(chain);
+    const Index rows(chain, RowOrder::Filled), columns(chain, RowOrder::Filled, Axis::Columns);
+    Points turned;
+    for (const IntPoint& pixel : chain) turned.push_back({pixel.y, pixel.x});
+    int wrong = 0;
+    for (int y = bounds.bottom - 1; y <= bounds.top + 1; ++y)
+        wrong += rows.Row(y) != FilledRow(chain, y, bounds.left - 1, bounds.right + 1);
+    for (int x = bounds.left - 1; x <= bounds.right + 1; ++x)
+        wrong += columns.Row(x) != FilledRow(turned, x, bounds.bottom - 1, bounds.top + 1);
+    return wrong;
+}
+
+}  // namespace
+
+TEST(OutlineRaster, SegmentsYieldTheirLongerSide) {
+    const Points horizontal = Rasterise({{5, 7}}, {{15, 7}});
+    ASSERT_EQ(horizontal.size(), 10u);
+    EXPECT_EQ(horizontal.front().x, 5);
+    EXPECT_EQ(horizontal.back().x, 14);
+    const Points steep = Rasterise({{0, 0}}, {{-2, -8}});
+    ASSERT_EQ(steep.size(), 8u);
+    EXPECT_EQ(steep[4].y, -4);
+    EXPECT_EQ(steep[4].x, -1);
+    EXPECT_EQ(steep[3].x, 0);
+    EXPECT_TRUE(Rasterise({{3, 3}}, {{3, 3}}).empty());
+    // Segments that do not meet: the first pixels are pulled one pixel each.
+    const Points pulled = Rasterise({{0, 0}, {2, 5}}, {{2, 0}, {8, 5}});
+    const int rows[] = {0, 0, 4, 5, 5, 5, 5, 5};
+    for (std::size_t i = 0; i < 8; ++i) EXPECT_EQ(pulled[i].y, rows[i]) << i;
+    EXPECT_EQ(RasterLength(Points{{INT_MIN, 0}}, Points{{INT_MAX, 0}}), 0xFFFFFFFFLL);
+}
+
+TEST(OutlineRaster, EqualsThePlainRule) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 3000; ++round) {
+        const int reach = round % 3 == 0 ? 12 : round % 3 == 1 ? 300 : 5000;
+        const int offset = round % 10 == 0 ? 3000000 : 0;
+        const auto coordinate = [&] { return static_cast<int>(random() % (2u * reach)) - reach + offset; };
+        Points starts, ends;
+        for (int i = 0; i < 6; ++i) {
+            starts.push_back(i > 0 && round % 2 ? ends.back() : IntPoint{coordinate(), coordinate()});
+            ends.push_back({coordinate(), coordinate()});
+        }
+        const Points chain = Rasterise(starts, ends), plain = RasterisePlainly(starts, ends);
+        ASSERT_EQ(chain.size(), plain.size());
+        for (std::size_t i = 0; i < chain.size(); ++i) {
+            ASSERT_EQ(chain[i].x, plain[i].x) << round << ' ' << i;
+            ASSERT_EQ(chain[i].y, plain[i].y) << round << ' ' << i;
+        }
+    }
+}
+
+TEST(OutlineIndex, ShapesAHandDraws) {
+    const Points square = Polygon({{2, 2}, {8, 2}, {8, 9}, {2, 9}});
+    const Index squareRows(square, RowOrder::Filled);
+    EXPECT_EQ(squareRows.Row(5), (std::vector<int>{2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(squareRows.Row(9), (std::vector<int>{2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_TRUE(squareRows.Row(10).empty());
+    // Two peaks: the row that touches one of them holds that pixel alone.
+    const Points peaks = Polygon({{0, 0}, {20, 0}, {15, 9}, {10, 4}, {5, 9}});
+    EXPECT_EQ(Index(peaks, RowOrder::Filled).Row(9), (std::vector<int>{5, 15}));
+    const Points shapes[] = {
+        square,
+        peaks,
+        Polygon({{0, 0}, {30, 0}, {30, 9}, {20, 9}, {20, 5}, {10, 5}, {10, 9}, {0, 9}}),  // a valley with a floor
+        Polygon({{0, 0}, {20, 20}, {20, 0}, {0, 20}}),                                    // crosses itself
+        Polygon({{0, 0}, {10, 0}, {10, 10}, {5, 0}, {0, 10}}),                            // touches itself
+        Polygon({{0, 0}, {15, 0}}),                                                       // one pixel wide
+        Polygon({{0, 0}, {0, 15}}),
+        Polygon({{0, 0}, {9, 9}}),
+        Polygon({{4, 4}, {5, 4}}),
+        Points{{3, 3}},
+        Polygon({{0, 0}, {12, 0}, {12, 12}, {0, 12}, {0, 0}, {12, 0}, {12, 12}, {0, 12}}),  // twice round
+        Polygon({{0, 0}, {8, 0}, {8, 4}, {16, 4}, {16, 0}, {24, 0}, {24, 8}, {0, 8}}),      // stairs at one level
+    };
+    for (const Points& shape : shapes) EXPECT_EQ(CompareFilledRows(shape), 0);
+}
+
+TEST(OutlineIndex, ThousandsOfRandomOutlines) {
+    std::mt19937 random(2026);
+    int connected = 0;
+    for (int round = 0; round < 4000; ++round) {
+        const int reach = 3 + static_cast<int>(random() % 40);
+        const std::size_t corners = 3 + random() % 12;
+        Points polygon;
+        for (std::size_t i = 0; i < corners; ++i) {
+            // Every third one walks in small steps, so that it runs along rows and over its own pixels.
+            if (round % 3 == 0 && i > 0)
+                polygon.push_back({polygon.back().x + static_cast<int>(random() % 5) - 2,
+                                   polygon.back().y + static_cast<int>(random() % 3) - 1});
+            else
+                polygon.push_back({static_cast<int>(random() % reach), static_cast<int>(random() % reach)});
+        }
+        const Points chain = Polygon(polygon);
+        if (chain.empty() || !IsConnected(chain)) continue;
+        ++connected;
+        ASSERT_EQ(CompareFilledRows(chain), 0) << round;
+    }
+    EXPECT_GT(connected, 3000);
+}
+
+TEST(OutlineIndex, OpenLinesListTheirPixels) {
+    const Points line = {{5, 1}, {4, 1}, {3, 2}, {4, 1}, {9, 1}, {INT_MAX, 1}, {INT_MIN, 1}};
+    const Index drawn(line, RowOrder::Drawn), ascending(line, RowOrder::Ascending);
+    std::vector<int> inOrder, sorted, places;
+    for (const auto& pixel : drawn.index.PixelsOfRow(1)) inOrder.push_back(pixel.Column());
+    for (const auto& pixel : ascending.index.PixelsOfRow(1)) {
+        sorted.push_back(pixel.Column());
+        places.push_back(pixel.Place());
+    }
+    EXPECT_EQ(inOrder, (std::vector<int>{5, 4, 4, 9, INT_MAX, INT_MIN}));
+    EXPECT_EQ(sorted, (std::vector<int>{INT_MIN, 4, 4, 5, 9, INT_MAX}));
+    EXPECT_EQ(places, (std::vector<int>{6, 1, 3, 0, 4, 5}));
+    KestSpan spans[6];
+    EXPECT_EQ(ascending.index.SpansOfRow(1, spans), 5);
+    EXPECT_EQ(spans[2].iFirst, 4);
+    EXPECT_EQ(spans[2].iLast, 5);
+    for (const int row : {INT_MIN, 0, 3, INT_MAX}) EXPECT_TRUE(drawn.index.PixelsOfRow(row).empty());
+}
+
+TEST(OutlineIndex, PixelsOutsideItsRowsAreLeftOut) {
+    const Points outline = {{0, 5}, {1, INT_MAX}, {2, INT_MIN}, {3, 6}};
+    std::vector<std::int64_t> memory(64);
+    OutlineIndex index;
+    index.Build(outline, Axis::Rows, RowOrder::Filled, 5, 2, reinterpret_cast<std::uint8_t*>(memory.data()));
+    EXPECT_EQ(index.PixelsOfRow(5).size(), 1u);
+    EXPECT_EQ(index.PixelsOfRow(6)[0].Column(), 3);
+}

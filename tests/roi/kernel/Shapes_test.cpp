@@ -1,0 +1,131 @@
+// Extents of lines and ellipses, and what lies under the mouse.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <random>
+#include <vector>
+
+#include "roi/kernel/EllipseExtent.h"
+#include "roi/kernel/HitTest.h"
+#include "roi/kernel/LinePixels.h"
+
+using namespace kest;
+
+TEST(EllipseExtent, EqualsTheQuadraticInHigherPrecision) {
+    EXPECT_EQ(Roundoff(2.5), 3);
+    EXPECT_EQ(Roundoff(2.49), 2);
+    EXPECT_EQ(Roundoff(-0.7), 0);
+    std::mt19937 random(3);
+    int compared = 0;
+    for (int round = 0; round < 5000; ++round) {
+        const int left = static_cast<int>(random() % 1000), bottom = static_cast<int>(random() % 1000);
+        const IntRect box = {left, bottom + 1 + static_cast<int>(random() % 600),
+                             left + 1 + static_cast<int>(random() % 600), bottom};
+        const long double a = (box.right - box.left) / 2.0L, b = (box.top - box.bottom) / 2.0L;
+        for (int k = 0; k < 20; ++k) {
+            const int row = box.bottom + static_cast<int>(random() % static_cast<unsigned>(box.top - box.bottom + 1));
+            const long double dy = row - (box.top - b);
+            const long double half = a * std::sqrt(std::max(0.0L, 1 - dy * dy / (b * b)));
+            const long double first = box.right - a - half, last = box.right - a + half;
+            KestSpan columns;
+            ASSERT_TRUE(EllipseRow(box, row, columns));
+            ASSERT_GE(columns.iFirst, box.left);
+            ASSERT_LE(columns.iLast, box.right);
+            // The text's single precision decides where the edge lies near the middle between two columns.
+            const auto isClear = [](long double edge) {
+                return std::fabs(edge + 0.5L - std::round(edge + 0.5L)) > 0.01L;
+            };
+            if (dy * dy < b * b && isClear(first) && isClear(last)) {
+                ++compared;
+                ASSERT_EQ(columns.iFirst, static_cast<int>(first + 0.5L));
+                ASSERT_EQ(columns.iLast, static_cast<int>(last + 0.5L));
+            }
+        }
+    }
+    EXPECT_GT(compared, 50000);
+}
+
+TEST(EllipseExtent, EdgesAndDegenerateBoxes) {
+    KestSpan span;
+    EXPECT_FALSE(EllipseRow({0, 10, 20, 0}, 11, span));
+    EXPECT_FALSE(EllipseRow({0, 10, 20, 0}, -1, span));
+    ASSERT_TRUE(EllipseRow({0, 10, 20, 0}, 5, span));
+    EXPECT_EQ(span.iFirst, 0);
+    EXPECT_EQ(span.iLast, 20);
+    ASSERT_TRUE(EllipseRow({0, 10, 20, 0}, 10, span));
+    EXPECT_EQ(span.iFirst, 10);
+    EXPECT_EQ(span.iLast, 10);
+    ASSERT_TRUE(EllipseColumn({0, 10, 20, 0}, 10, span));
+    EXPECT_EQ(span.iFirst, 0);
+    EXPECT_EQ(span.iLast, 10);
+    ASSERT_TRUE(EllipseRow({3, 7, 9, 7}, 7, span));  // flat
+    EXPECT_EQ(span.iFirst, 3);
+    EXPECT_EQ(span.iLast, 9);
+    ASSERT_TRUE(EllipseRow({4, 4, 4, 4}, 4, span));
+    EXPECT_EQ(span.iLast, 4);
+    for (const IntRect& box : {IntRect{INT_MIN, INT_MAX, INT_MAX, INT_MIN}, IntRect{INT_MAX - 9, INT_MAX, INT_MAX, 0},
+                               IntRect{9, 0, 0, 9}})
+        for (const int row : {INT_MIN, -1, 0, 5, INT_MAX})
+            if (EllipseRow(box, row, span)) {
+                EXPECT_GE(span.iFirst, std::min(box.left, box.right));
+                EXPECT_LE(span.iLast, std::max(box.left, box.right));
+            }
+}
+
+TEST(LinePixels, OnePixelAStepWithoutTheLargerEnd) {
+    const auto pixelsOf = [](IntPoint start, IntPoint end) {
+        std::vector<IntPoint> pixels(static_cast<std::size_t>(LinePixelCount(start, end)));
+        RasteriseLine(start, end, pixels);
+        return pixels;
+    };
+    for (const bool reversed : {false, true}) {
+        const auto flat = reversed ? pixelsOf({10, 4}, {0, 2}) : pixelsOf({0, 2}, {10, 4});
+        ASSERT_EQ(flat.size(), 10u);
+        EXPECT_EQ(flat.front().x, 0);
+        EXPECT_EQ(flat[5].y, 3);
+        EXPECT_EQ(PixelsOnRow(flat, 2).size(), 5u);
+        EXPECT_EQ(PixelsOnRow(flat, 4).size(), 0u);
+        ASSERT_EQ(PixelsOnColumn(flat, 9).size(), 1u);
+        EXPECT_EQ(PixelsOnColumn(flat, 9)[0].y, 3);
+        const auto steep = reversed ? pixelsOf({8, 0}, {4, 8}) : pixelsOf({4, 8}, {8, 0});
+        ASSERT_EQ(steep.size(), 8u);
+        EXPECT_EQ(steep.front().y, 0);
+        EXPECT_EQ(steep.front().x, 8);
+        EXPECT_EQ(PixelsOnColumn(steep, 7).size(), 2u);
+        EXPECT_EQ(PixelsOnRow(steep, 3)[0].x, 6);
+    }
+    EXPECT_TRUE(pixelsOf({5, 5}, {5, 5}).empty());
+    EXPECT_TRUE(PixelsOnRow({}, 5).empty());
+    const auto vertical = pixelsOf({3, 9}, {3, 4});
+    EXPECT_EQ(PixelsOnColumn(vertical, 3).size(), 5u);
+    EXPECT_EQ(LinePixelCount({INT_MIN, 0}, {INT_MAX, INT_MAX}), 0xFFFFFFFFLL);
+}
+
+TEST(HitTest, Tolerances) {
+    View view = {100, 100, 50, 50, 0, 0, 1, 1};
+    for (const auto& [zoom, tolerance] : {std::pair{1, 5}, {2, 2}, {3, 2}, {4, 1}, {16, 1}, {0, 10}}) {
+        view.zoom = zoom;
+        EXPECT_EQ(LineTolerance(view), tolerance);
+    }
+    view.displayMode = 2;
+    EXPECT_EQ(LineTolerance(view), 10);
+
+    const IntRect box = {10, 50, 50, 10};
+    EXPECT_EQ(HitEllipseHandle(box, {30, 50}), 1);
+    EXPECT_EQ(HitEllipseHandle(box, {34.9, 45.1}), 1);
+    EXPECT_EQ(HitEllipseHandle(box, {35, 50}), -1);
+    EXPECT_EQ(HitEllipseHandle(box, {30, 10}), 2);
+    EXPECT_EQ(HitEllipseHandle(box, {10, 30}), 3);
+    EXPECT_EQ(HitEllipseHandle(box, {50, 26}), 4);
+    // On a small ellipse a quarter of its size is near.
+    EXPECT_EQ(HitEllipseHandle({0, 8, 8, 0}, {4, 6.1}), 1);
+    EXPECT_EQ(HitEllipseHandle({0, 8, 8, 0}, {4, 6}), -1);
+
+    EXPECT_TRUE(IsNear({1.5, 2.5}, {6.4, -2.4}, 5.0));
+    EXPECT_FALSE(IsNear({1.5, 2.5}, {6.5, 2.5}, 5.0));
+    const IntPoint points[] = {{0, 0}, {INT_MIN, INT_MAX}};
+    EXPECT_TRUE(IsAnyNear(points, {4, -4}, 5));
+    EXPECT_FALSE(IsAnyNear(points, {5, 0}, 5));
+    EXPECT_FALSE(IsAnyNear(points, {INT_MAX, INT_MIN}, 5));
+}
