@@ -209,7 +209,9 @@ TEST(RoiRecords, ExtremeCoordinatesNeitherOverflowNorHang) {
             roi->GetXBoundary(line, &count);
             roi->GetYBoundary(line, &count);
         }
-        EXPECT_EQ(image.GetRegion(roi.get(), 0, 0), nullptr);
+        // All but the point, wherever it is, are larger than the image.
+        const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 0, 0));
+        EXPECT_EQ(region != nullptr, kind.type == 7);
         roi->MouseHitTest(GetDesktopWindow(), 0, 0, 1, &image, {5, 5}, 1);
         if (kind.type != 4) {
             RECT client = {0, 0, 64, 64};
