@@ -93,6 +93,19 @@ private:
     HPALETTE old;
 };
 
+/// The opened clipboard (CloseClipboard).
+class OpenedClipboard : Guard {
+public:
+    explicit OpenedClipboard(HWND owner) : isOpen(OpenClipboard(owner)) {}
+    ~OpenedClipboard() {
+        if (isOpen) CloseClipboard();
+    }
+    explicit operator bool() const { return isOpen; }
+
+private:
+    bool isOpen;
+};
+
 /// A mode of a device context that is set through one function and put back through the same.
 template <auto SetMode>
 class ModeGuard : Guard {

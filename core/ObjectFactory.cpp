@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "CcBinaryImage.h"
 #include "CcGrayImage256.h"
 #include "CcList.h"
 #include "CcNumber.h"
@@ -33,6 +34,7 @@ struct FactoryRow {
 // Names are compared exactly, from the top.
 constexpr FactoryRow factory[] = {
     {"CcGrayImage256", Make<CcGrayImage256>},
+    {"CcBinaryImage", Make<CcBinaryImage>},
     {"CcRoiRect", Make<CcRoiRect>},
     {"CcRoiLine", Make<CcRoiLine>},
     {"CcRoiFreeHandLine", Make<CcRoiFreeHandLine>},

@@ -4,6 +4,8 @@
 #include "CcGrayImage256.h"
 #include "image/DibFiles.h"
 #include "image/DisplayTables.h"
+#include "image/ImageClipboard.h"
+#include "image/PrintImage.h"
 #include "image/ShowImage.h"
 #include "image/kernel/DisplayLut.h"
 
@@ -94,17 +96,28 @@ kest::ImageLook CcGrayImage256::Look(unsigned short usLUT) {
     return look;
 }
 
-int CcGrayImage256::Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                         int iZoom) {
-    return kest::ShowInRect(hDC, pRect, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+int CcGrayImage256::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) {
+    if (!lpBits) return KEST_FAILED;
+    GetOverlay();
+    const bool isKnown = usLUT >= 100 && usLUT <= 104;
+    return kest::CopyToClipboard(hWnd, Look(isKnown ? usLUT : 101), OverlayPicture(), pRect);
 }
 
-int CcGrayImage256::Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                         int iZoom) {
-    return kest::ShowInWindow(hDC, hWnd, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
-}
-
-int CcGrayImage256::Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                         int iZoom) {
-    return kest::ShowInWindow(hWnd, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+int CcGrayImage256::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+                          int iZoom) {
+    if (!lpBits) return KEST_FAILED;
+    const kest::PrinterDc printer(stPrintSetup);
+    if (!printer || usLUT < 100 || usLUT > 104) return KEST_FAILED;
+    // Everything is printed in the colours of table 101's palette; the table itself is left as it is.
+    kest::ImageLook look = Look(usLUT);
+    std::uint8_t grays[kest::ColourTableBytes];
+    if (look.colourUse == DIB_PAL_COLORS && look.displayTable) {
+        kest::SpreadIndices(static_cast<const std::uint16_t*>(look.displayTable), grays);
+        look.displayTable = grays;
+    }
+    look.colourUse = DIB_RGB_COLORS;
+    look.palette = stTable101.hPalette;
+    GetOverlay();
+    return kest::PrintImage(printer, stDocInfo, szObjectName, look, OverlayPicture(), hWnd,
+                            {usMode, iXOffset, iYOffset, iZoom});
 }

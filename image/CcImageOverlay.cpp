@@ -84,12 +84,15 @@ bool CcImage::DrawOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffse
     SetStretchBltMode(memory, COLORONCOLOR);
     PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS);
 
-    const BITMAPINFOHEADER& header = lpOverlayInfo->bmiHeader;
-    const kest::DibPicture overlay = {lpOverlayBits,   header.biWidth,         header.biHeight, 8,
-                                      lpOverlayColors, kest::ColourTableBytes, DIB_RGB_COLORS};
-    kest::DrawDib(memory, overlay, kest::PlanForWindow(view), SRCCOPY);
+    kest::DrawDib(memory, OverlayPicture(), kest::PlanForWindow(view), SRCCOPY);
     BitBlt(hDC, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
     return true;
+}
+
+kest::DibPicture CcImage::OverlayPicture() const {
+    if (!lpOverlayBits) return {nullptr, 0, 0, 8, nullptr, 0, DIB_RGB_COLORS};
+    const BITMAPINFOHEADER& header = lpOverlayInfo->bmiHeader;
+    return {lpOverlayBits, header.biWidth, header.biHeight, 8, lpOverlayColors, kest::ColourTableBytes, DIB_RGB_COLORS};
 }
 
 float CcImage::OverlayTarget() const {

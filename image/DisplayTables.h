@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "CcGrayImage256.h"
+#include "KestDisplayTable.h"
 #include "image/kernel/DibLayout.h"
 
 namespace kest {

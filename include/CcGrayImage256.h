@@ -2,18 +2,7 @@
 #pragma once
 
 #include "CcImage.h"
-
-namespace kest {
-struct ImageLook;
-}
-
-/// One display table of an 8-bit image: a palette, and a block of 1024 bytes with 256 RGBQUADs or 256 16-bit palette
-/// indices.
-struct KestDisplayTable {
-    KestGlobalBlock hTable;
-    void* pTable = nullptr;
-    KestPalette hPalette;
-};
+#include "KestDisplayTable.h"
 
 /// Pixels of 8 bits, values 0 to 255, in a DIB with a 256-entry colour table: pixel (x, y) is byte y * width + x.
 ///
@@ -35,6 +24,8 @@ public:
     /// Writes name, DIB and ROI list.
     int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
+    /// Needs an image; copies nothing for an empty or turned rectangle (-1). An unknown LUT counts as 101.
+    int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     void* GetBitMapImageData() override;                                                            // slot 7
     // Show: 0, also without an image; -1 for a null device context or window. An unknown LUT shows "Returned NULL from
     // SelectPalette" and draws with the table that the DIB carries. The device context is left as it was.
@@ -44,6 +35,10 @@ public:
              int iZoom) override;                                                                   // slot 9
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 10
+    /// Needs an image. LUT 102 to 104 print the palette indices as grays, so 103 and 104 come out darker than on screen.
+    /// -1 also for an unknown LUT, after the dialog, and when the print job cannot be started.
+    int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+              int iZoom) override;                                                                  // slot 11
     /// LUT 101, channels 1 red, 2 green, 3 blue: 256 points. LUT 102, 103, 104, channel 0: 256, 128, 64 points. -1 for
     /// anything else.
     int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 12
@@ -57,6 +52,17 @@ public:
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every pixel gets the low 8 bits of iValue. An image of that size already is refilled and keeps its colours.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
+    // Thresholding sets the curves of LUT 101 and changes no pixel; show the image with LUT 101 to see it. Levels in a
+    // band (from fLow rounded down to fHigh rounded up) show the band's colour, all others their gray. A band from 255.0
+    // on starts at 0. Window and usLUT are not used.
+    /// All gray.
+    int BeginThresholding(HWND hWnd, unsigned short usLUT) override;                                // slot 17
+    /// One band in place of those before; -1, and nothing changed, when it is empty.
+    int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue) override;  // slot 18
+    /// Later bands cover earlier ones, empty ones count for nothing. No band at all is gray; null with a count is -1.
+    int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount) override;                  // slot 19
+    /// All gray.
+    int EndThresholding() override;                                                                 // slot 20
     /// Always 0.0.
     float GetMinPixelValue() override;                                                              // slot 21
     /// Always 255.0.
@@ -103,5 +109,6 @@ protected:
     kest::ImageLook Look(unsigned short usLUT);
 
 private:
-    float BilinearByte(float fX, float fY) const;
+    friend struct KestDib8Members<CcGrayImage256>;
+    void TakeDefaultLook();
 };

@@ -13,6 +13,10 @@ class CcCalibration;
 class CcPropertyBag;
 class CcRoiBase;
 
+namespace kest {
+struct DibPicture;
+}
+
 /// What CcImage::GetImageType returns.
 enum KestImageType : int {
     KEST_IMAGE_NONE = -1,
@@ -201,6 +205,9 @@ protected:
     float OverlayTarget() const;
     /// Writes that byte; does nothing without an overlay, or when it is not the operators' target.
     void SetOverlayTarget(float fValue);
+
+    /// The overlay as something to draw; its bits are null without one (internal).
+    kest::DibPicture OverlayPicture() const;
 
 private:
     bool DrawOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);

@@ -1,6 +1,7 @@
 // All public headers of the library.
 #pragma once
 
+#include "CcBinaryImage.h"
 #include "CcFileObjectStorage.h"
 #include "CcGrayImage256.h"
 #include "CcHLObject.h"
@@ -23,5 +24,6 @@
 #include "CcRoiRows.h"
 #include "CcString.h"
 #include "KestBlocks.h"
+#include "KestDisplayTable.h"
 #include "KestExport.h"
 #include "KestTypes.h"

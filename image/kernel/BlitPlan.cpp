@@ -58,13 +58,4 @@ bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight) {
     return true;
 }
 
-int PrintScale(int sourceWidth, int sourceHeight, int pageWidth, int pageHeight) {
-    if (sourceWidth < 1 || sourceHeight < 1) return 1;
-    const long long halfWidth = pageWidth / 2;
-    const long long halfHeight = pageHeight / 2;
-    long long scale = 1;
-    while (sourceWidth * scale <= halfWidth && sourceHeight * scale <= halfHeight) scale *= 2;
-    return static_cast<int>(scale);
-}
-
 }  // namespace kest

@@ -25,7 +25,4 @@ BlitPlan PlanForRect(const View& view, const IntRect& rect);
 /// Cuts the plan to the columns and rows that the image has. False when nothing is left.
 bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight);
 
-/// The power of two, from 1 on, at which a picture's size first exceeds half of the page in one direction.
-int PrintScale(int sourceWidth, int sourceHeight, int pageWidth, int pageHeight);
-
 }  // namespace kest

@@ -41,4 +41,12 @@ void FillGrayIndices(std::span<const tagPoints> points, std::span<std::uint16_t>
     }
 }
 
+void SpreadIndices(const std::uint16_t* indices, std::span<std::uint8_t> colours) {
+    for (std::size_t k = 0; k < levels; ++k) {
+        const auto gray = static_cast<std::uint8_t>(indices[k]);
+        colours[4 * k] = colours[4 * k + 1] = colours[4 * k + 2] = gray;
+        colours[4 * k + 3] = 0;
+    }
+}
+
 }  // namespace kest

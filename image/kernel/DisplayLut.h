@@ -26,4 +26,7 @@ void FillColourChannel(std::span<const tagPoints> points, std::span<std::uint8_t
 /// Writes the levels of n points, scaled to n levels, into 256 palette indices: each into 256 / n of them.
 void FillGrayIndices(std::span<const tagPoints> points, std::span<std::uint16_t> indices);
 
+/// Turns 256 palette indices into the four-byte grays (i, i, i) of their values.
+void SpreadIndices(const std::uint16_t* indices, std::span<std::uint8_t> colours);
+
 }  // namespace kest

@@ -9,6 +9,7 @@
 #include "image/kernel/BlitPlan.h"
 #include "image/kernel/DisplayLut.h"
 #include "image/kernel/OverlayColours.h"
+#include "image/kernel/PrintPlan.h"
 #include "image/kernel/RegionCopy.h"
 
 using namespace kest;

@@ -1,0 +1,15 @@
+// An image on the clipboard, for every image class.
+#pragma once
+
+#include <windows.h>
+
+#include "image/ShowImage.h"
+
+namespace kest {
+
+/// Puts the picture under `rect` (image coordinates, top above bottom; null for all of it) with its overlay (none without
+/// bits) on the clipboard as a bitmap like the window's. Where the rectangle leaves the image the bitmap is black.
+/// 0; -1 for an empty rectangle, or when the clipboard cannot be had.
+int CopyToClipboard(HWND window, const ImageLook& look, const DibPicture& overlay, const RECT* rect);
+
+}  // namespace kest

@@ -1,0 +1,31 @@
+// Printing an image on one page, for every image class.
+#pragma once
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include "core/GdiGuards.h"
+#include "image/ShowImage.h"
+
+namespace kest {
+
+/// The printer that the user chooses in the print dialog (DeleteDC). What else the dialog allocates stays with the
+/// set-up, as the choice for the next time.
+class PrinterDc : Guard {
+public:
+    explicit PrinterDc(PRINTDLGA& dialog);
+    ~PrinterDc();
+    operator HDC() const { return dc; }
+
+private:
+    PRINTDLGA& setup;
+    HDC dc;
+};
+
+/// Prints the picture with its overlay (none without bits) as one document. At a whole-number zoom only what the window
+/// shows is printed. 0; -1 when the job cannot be started.
+int PrintImage(HDC printer, DOCINFOA& job, const char* documentName, const ImageLook& look, const DibPicture& overlay,
+               HWND window, const ShowArguments& arguments);
+
+}  // namespace kest

@@ -1,0 +1,19 @@
+// What the 8-bit images are shown through.
+#pragma once
+
+#include "KestBlocks.h"
+
+namespace kest {
+struct ImageLook;
+}
+
+/// One display table: a palette, and a block of 1024 bytes with 256 RGBQUADs or 256 16-bit palette indices.
+struct KestDisplayTable {
+    KestGlobalBlock hTable;
+    void* pTable = nullptr;
+    KestPalette hPalette;
+};
+
+/// The members that the images of one byte a pixel have in common (internal).
+template <class Image>
+struct KestDib8Members;
