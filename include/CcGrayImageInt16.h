@@ -1,0 +1,106 @@
+// CcGrayImageInt16: the grayscale image of unsigned 16-bit samples.
+#pragma once
+
+#include "CcGrayImage256.h"
+
+template <class Image>
+struct KestWideMembers;
+template <class Image>
+struct KestWideTraits;
+
+/// Samples of 16 bits, 0 to 65535, in an array beside an 8-bit grayscale image that displays them: pixel (x, y) is
+/// sample y * width + x. A display range of samples is mapped onto the levels 0 to 255; what lies below shows as 0,
+/// what lies above as 255. The levels are coloured through the display tables. Streams, prints and the clipboard carry
+/// the display image only; the class name is the 8-bit image's.
+///
+/// The samples travel in a raw file beside the BMP file, of the same name with the extension ".i16": file code 5,
+/// height, width (32-bit signed each), then the samples, bottom row first, rows unpadded, all little-endian.
+///
+/// A change of samples (through `operator=`, a raw file or a new image) makes the statistics and the display stale:
+/// GetMinPixelValue and GetMaxPixelValue bring the statistics up to date, Show also the display.
+class KEST_API CcGrayImageInt16 : public CcGrayImage256 {
+public:
+    CcGrayImageInt16();
+    CcGrayImageInt16(const CcGrayImageInt16&) = default;
+    CcGrayImageInt16& operator=(const CcGrayImageInt16&) = default;
+    ~CcGrayImageInt16() override;                                                                   // slot 0
+
+    /// As the 8-bit image's; the image then has no samples until OpenBMPFile or MakeBlankBMP (a null storage changes
+    /// nothing).
+    int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
+    /// The samples, of type unsigned short; null without any.
+    void* GetBitMapImageData() override;                                                            // slot 7
+    // Show: -1 without samples or display image, else 0. When the samples or the display range changed, the display
+    // image is computed first, and with automatic display the point lists are spread over the display range.
+    int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+             int iZoom) override;                                                                   // slot 8
+    int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+             int iZoom) override;                                                                   // slot 9
+    int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
+             int iZoom) override;                                                                   // slot 10
+    /// A point's x is a sample value, its y the level shown for it. LUTs, channels and failures as the 8-bit image's.
+    int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 12
+    /// Any x values are taken; a level shows the y of the point that lies nearest to the level's sample value. First
+    /// and last x become the display range when they differ from it by more than 0.1: the display image is computed
+    /// again, and all point lists are spread over the new range. 0, also for an unknown LUT or channel; -1 for null
+    /// points.
+    int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
+    /// Without a raw file of the class's code, the image's size and enough bytes the samples are the 8-bit values. -1
+    /// for a BMP file that is refused (old samples stay), and after "Unable to Allocate Memory for 16-bit Image".
+    int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
+    /// Writes the display image as BMP file and the raw file beside it. -1 without samples, for a cancelled dialog, and
+    /// after "Can't open file for saving 16-bit image data".
+    int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
+    /// Every sample gets iValue's low 16 bits. -1 after "Could not make Blank DIB", or after "Unable to Allocate
+    /// Memory for Floating Point Image" (whatever the sample type). Refilling an image of that size already keeps
+    /// statistics and display range.
+    int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
+    // Thresholding: the bounds are display levels, 0 to 255.
+    int BeginThresholding(HWND hWnd, unsigned short usLUT) override;                                // slot 17
+    int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue) override;  // slot 18
+    int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount) override;                  // slot 19
+    int EndThresholding() override;                                                                 // slot 20
+    /// The smallest sample, scanned for when samples changed; 0.0 at first.
+    float GetMinPixelValue() override;                                                              // slot 21
+    /// The largest sample; 255.0 at first.
+    float GetMaxPixelValue() override;                                                              // slot 22
+    int SizeOf() override;                                                                          // slot 23
+    /// 1: the display range follows the smallest and largest sample from the next Show on; anything else: it stays as
+    /// it is, or as SetDisplayLUT sets it. 0.
+    int SetAutoUpdateDisplay(int iOn) override;                                                     // slot 24
+    int GetAutoUpdateDisplay() override;                                                            // slot 25
+    /// Bilinear, within the centres of the border pixels.
+    float& operator()(float fX, float fY) override;                                                 // slot 26
+    float& operator()(int iX, int iY) override;                                                     // slot 27
+    /// Stores the low 16 bits of the truncated value.
+    void operator=(float fValue) override;                                                          // slot 28
+    /// A CcGrayImageInt16, with the samples under the ROI.
+    CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign) override;                       // slot 29
+
+    /// Computes the display bytes of iRows * iColumns samples (iMode 0), or only their statistics (iMode 1), which are
+    /// taken only when samples changed. -1 for a null array that is needed, or a size below 1.
+    int NormalizeInt16ToByteImage(const unsigned short* pSource, unsigned char* pBytes, int iRows, int iColumns,
+                                  int iMode);
+    /// Every sample becomes the byte at its place. -1 for a null array.
+    int Copy8BitToInt16(const unsigned char* pBytes, unsigned short* pTarget, int iRows, int iColumns);
+    /// Spreads the x values of a point list (0 to 2 red, green and blue of LUT 101, 3 to 5 LUTs 102 to 104) evenly over
+    /// the display range. Always -1.
+    int ReconfigureDisplayLUT(int iList);
+    /// Computes the display table that a point list feeds. -1 for an unknown LUT or channel.
+    int ReconfigureColorTable(int iLUT, int iChannel);
+
+protected:
+    unsigned short* pSamples;  ///< null without samples
+    KestGlobalBlock hSamples;
+    float fDataMax;  ///< as last scanned
+    float fDataMin;
+    float fDisplayMax;  ///< the sample shown as 255
+    float fDisplayMin;  ///< the sample shown as 0
+    float fScale;       ///< levels a sample unit
+    float fOffset;      ///< the level of sample 0
+    int bAutoUpdateDisplay;  ///< 1: the display range follows the samples
+
+private:
+    friend struct KestWideMembers<CcGrayImageInt16>;
+    friend struct KestWideTraits<CcGrayImageInt16>;
+};
