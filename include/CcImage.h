@@ -148,6 +148,18 @@ public:
     int ConvertPointToImageCoords(HWND hWnd, int iXOffset, int iYOffset, unsigned short usMode, POINT* pptWindow,
                                   tagPoints* pptImage, int iZoom);
 
+    // The calibration is the caller's: images share it and count themselves in its reference count, but an image that is
+    // deleted does not count itself out. Unlink it before it is deleted.
+    /// Links a calibration in place of the one before. -1, with the link unchanged, for null, an object that is no
+    /// calibration, or one whose area map is not of the image's size.
+    int SetCalibrationObject(CcCalibration* pNewCalibration);
+    /// Null when none is linked.
+    CcCalibration* GetCalibrationObject();
+    /// Always 0.
+    int ClearCalibrationObject();
+    /// The world point of an image point through the calibration; the point itself without one. -1 for a null argument.
+    int ConvertImagePointToWorldCoords(tagPoints* pptImage, tagPoints* pptWorld);
+
     static PRINTDLGA stPrintSetup;  ///< the printer chosen once, kept for all images
     static int iPrinterSetupFlag;   ///< 1 once the first image was constructed
 

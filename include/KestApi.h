@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CcBinaryImage.h"
+#include "CcCalibration.h"
 #include "CcFileObjectStorage.h"
 #include "CcGrayImage256.h"
 #include "CcGrayImageFloat.h"
@@ -29,4 +30,5 @@
 #include "KestBlocks.h"
 #include "KestDisplayTable.h"
 #include "KestExport.h"
+#include "KestMeasure.h"
 #include "KestTypes.h"

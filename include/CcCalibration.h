@@ -1,0 +1,89 @@
+// CcCalibration: from image pixels to world units and back.
+#pragma once
+
+#include <windows.h>
+
+#include "CcHLObject.h"
+#include "KestBlocks.h"
+
+/// Size of the name of a world unit, without its terminator.
+constexpr int KEST_UNITS_SIZE = 80;
+
+/// A perspective mapping between an image and a plane of the world, fitted to four point pairs, with the world area of
+/// every pixel. It is kept in a file of its own (".cal"); an object stream does not take it.
+///
+/// Image points are pixels, x from the left column, y from the BOTTOM row, whole at pixel centres. World points and
+/// lengths are in the calibration's unit (GetUnitsOfMeasure), areas in its square. A new calibration maps every point to
+/// itself and has no area map.
+///
+/// Results: 0, or -1 for failure. Nothing shows a message. A copy shares its source's area map (see KestBlocks.h).
+class KEST_API CcCalibration : public CcHLObject {
+public:
+    CcCalibration();
+    CcCalibration(const CcCalibration&) = default;
+    CcCalibration& operator=(const CcCalibration&) = default;
+    ~CcCalibration() override;  // slot 0; slots 1 to 5 are inherited
+
+    /// Fits the mapping to four pairs of points and computes the area map of an image of iWidth columns and iHeight rows.
+    /// -1, with the mapping unchanged, for a null pointer, a count other than 4, or when three image points lie on a
+    /// line; -1, with the new mapping but no map, for a size below 1 or without memory.
+    int DoCalibration(tagPoints* pImagePoints, tagPoints* pWorldPoints, int iCount, int iWidth, int iHeight);
+
+    /// Image to world. The result is not finite on the plane's horizon. -1 for a null pointer.
+    int ConvertPoint(float fX, float fY, float* pfWorldX, float* pfWorldY);
+    int ConvertPoint(tagPoints* pImage, tagPoints* pWorld);
+    /// The same for iCount points, much faster than one by one; both arrays may be the same. -1 for a null pointer or a
+    /// negative count.
+    int ConvertPoints(const tagPoints* pImage, tagPoints* pWorld, int iCount);
+    /// World to image, for a mapping with perspective. The result is not finite when one of four terms is 0: always when
+    /// h3 = h6 = 0, as in a new calibration or one without perspective and rotation. -1 for a null pointer.
+    int ReverseConvertPoint(float fWorldX, float fWorldY, float* pfX, float* pfY);
+
+    /// World area of a pixel; 1.0 when there is no map, -1.0 outside the map.
+    float GetAreaOfPixel(int iX, int iY);
+    /// The map, row by row from the bottom, GetSizeOfImage in size; null when there is none. It stays the calibration's
+    /// and is gone with the next DoCalibration or Open.
+    const float* GetAreaMap() const { return pAreaMap; }
+    /// The map's size; -1 and -1 when there is none. Either pointer may be null. Always 0.
+    int GetSizeOfImage(int* piWidth, int* piHeight);
+
+    /// The calibration's own four points, not a copy.
+    tagPoints* GetImagePoints();
+    tagPoints* GetWorldPoints();
+
+    /// The calibration's own name of the world unit, not a copy.
+    char* GetUnitsOfMeasure();
+    /// -1 for null or more than 80 characters; the unit then stays as it was.
+    int SetUnitsOfMeasure(const char* pszUnits);
+
+    /// Version of the files that Save writes: 2.
+    int GetLatestVersionNumber();
+    /// Version of the file that Open read last, 1 or 2; 2 at first.
+    int GetLoadedVersionNumber();
+
+    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created; write
+    /// errors are not checked.
+    int Save(const char* pszFileName);
+    /// Reads a ".cal" file of version 1 (which has no points; they stay as they were) or 2; a null path asks the user.
+    /// -1, with nothing changed, when that is cancelled or the file cannot be opened, is no calibration, is shorter than
+    /// it says, or memory is short. Only a read error within the map can leave a map that is read in part.
+    int Open(const char* pszFileName);
+
+    static int iCalibrationCount;  ///< calibrations named so far
+
+protected:
+    int iLatestVersionNumber;
+    int iLoadedVersionNumber;
+    float fTransform[3][3];  ///< row by row; maps (x, y, 1) to the world point times its third component
+    char szUnitsOfMeasure[KEST_UNITS_SIZE + 1];
+    int iAreaMapWidth;
+    int iAreaMapHeight;
+    KestGlobalBlock hAreaMap;
+    float* pAreaMap;
+    tagPoints stImagePoints[4];
+    tagPoints stWorldPoints[4];
+
+private:
+    void DropAreaMap();
+    bool MakeAreaMap(int iWidth, int iHeight);
+};
