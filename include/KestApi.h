@@ -1,6 +1,8 @@
 // All public headers of the library.
 #pragma once
 
+#include "Cc24BitHSLImage.h"
+#include "Cc24BitRGBImage.h"
 #include "CcBinaryImage.h"
 #include "CcCalibration.h"
 #include "CcFileObjectStorage.h"
@@ -28,6 +30,7 @@
 #include "CcRoiRows.h"
 #include "CcString.h"
 #include "KestBlocks.h"
+#include "KestColourImage.h"
 #include "KestDisplayTable.h"
 #include "KestExport.h"
 #include "KestMeasure.h"

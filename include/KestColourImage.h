@@ -1,0 +1,6 @@
+// What the headers of the two colour images share.
+#pragma once
+
+/// The members that the images of three bytes a pixel have in common (internal).
+template <class Image>
+struct KestDib24Members;
