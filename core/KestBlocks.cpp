@@ -1,4 +1,4 @@
-// Holders of memory blocks and palettes: the only places that free one.
+// Holders of memory blocks, palettes and libraries: the only places that free one.
 #include "KestBlocks.h"
 
 #include <cstdlib>
@@ -127,5 +127,27 @@ void KestPalette::Adopt(HPALETTE hNew) {
 void KestPalette::Release() {
     if (bOwner) DeleteObject(hPalette);
     hPalette = nullptr;
+    bOwner = false;
+}
+
+KestLibrary& KestLibrary::operator=(const KestLibrary& other) {
+    if (hLibrary != other.hLibrary) {
+        Release();
+        hLibrary = other.hLibrary;
+    }
+    return *this;
+}
+
+KestLibrary::~KestLibrary() { Release(); }
+
+void KestLibrary::Adopt(HMODULE hNew) {
+    Release();
+    hLibrary = hNew;
+    bOwner = hNew != nullptr;
+}
+
+void KestLibrary::Release() {
+    if (bOwner) FreeLibrary(hLibrary);
+    hLibrary = nullptr;
     bOwner = false;
 }

@@ -4,6 +4,8 @@
 #include <cstring>
 
 #include "CcBinaryImage.h"
+#include "CcCurve.h"
+#include "CcGraph.h"
 #include "CcGrayImage256.h"
 #include "CcList.h"
 #include "CcNumber.h"
@@ -43,6 +45,8 @@ constexpr FactoryRow factory[] = {
     {"CcRoiFreeHand", Make<CcRoiFreeHand>},
     {"CcRoiPolyFreeHand", Make<CcRoiPolyFreeHand>},
     {"CcRoiPoint", Make<CcRoiPoint>},
+    {"CcCurve", Make<CcCurve>},
+    {"CcGraph", Make<CcGraph>},
     {"CcList", Make<CcList>},
     {"CcNumber", Make<CcNumber>},
     {"CcString", Make<CcString>},

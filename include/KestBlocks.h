@@ -1,4 +1,4 @@
-// Holders of memory blocks and palettes, members of the exported classes.
+// Holders of memory blocks, palettes and libraries, members of the exported classes.
 //
 // A copy of a holder refers to the same block and never frees it: whoever made the block frees it, once. The exported
 // classes copy their members as they stand, so a copied object shares its source's blocks. Destroying both is fine in
@@ -109,5 +109,24 @@ public:
 
 private:
     HPALETTE hPalette = nullptr;
+    bool bOwner = false;
+};
+
+/// A loaded library, given back by its owner.
+class KEST_API KestLibrary {
+public:
+    KestLibrary() = default;
+    KestLibrary(const KestLibrary& other) : hLibrary(other.hLibrary) {}
+    KestLibrary& operator=(const KestLibrary& other);
+    ~KestLibrary();
+
+    /// Releases what is held and takes over `hNew`, which may be null.
+    void Adopt(HMODULE hNew);
+    void Release();
+
+    operator HMODULE() const { return hLibrary; }
+
+private:
+    HMODULE hLibrary = nullptr;
     bool bOwner = false;
 };

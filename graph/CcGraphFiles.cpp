@@ -1,0 +1,3 @@
+#include "CcGraph.h"
+int CcGraph::SaveAppearance(const char*) { return KEST_FAILED; }
+int CcGraph::RestoreAppearance(const char*) { return KEST_FAILED; }
