@@ -1,6 +1,8 @@
 // All public headers of the library.
 #pragma once
 
+#include "CDLLLST.h"
+#include "CLOADDLL.h"
 #include "Cc24BitHSLImage.h"
 #include "Cc24BitRGBImage.h"
 #include "CcBinaryImage.h"
@@ -36,4 +38,6 @@
 #include "KestDisplayTable.h"
 #include "KestExport.h"
 #include "KestMeasure.h"
+#include "KestTool.h"
+#include "KestToolHost.h"
 #include "KestTypes.h"

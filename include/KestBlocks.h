@@ -64,6 +64,8 @@ public:
         return *this;
     }
     operator bool() const { return bOwner; }
+    /// For a copy that has got something of its own.
+    void Take() { bOwner = true; }
 
 private:
     bool bOwner = true;

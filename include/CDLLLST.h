@@ -1,0 +1,53 @@
+// CDLLLST: the list of a host's tools.
+#pragma once
+
+#include "CLOADDLL.h"
+
+/// A list of up to 100 tools with a current position, by which a caller walks it, and a selected one. Neither position
+/// follows the tools when others are inserted or deleted before them.
+///
+/// The list owns its tools: DelAt and the destructor delete them, which unloads their libraries. A null entry is
+/// accepted. A copy refers to the same tools; its destructor does not delete them.
+class KEST_API CDLLLST {
+public:
+    CDLLLST();
+    CDLLLST(const CDLLLST&) = default;
+    CDLLLST& operator=(const CDLLLST&) = default;
+    virtual ~CDLLLST();
+
+    // Walking: each returns the tool it moved the current position to; null when there is none.
+    CLOADDLL* GetHead();
+    /// Stays where it is at the end.
+    CLOADDLL* GetNext();
+    /// Stays where it is at the start.
+    CLOADDLL* GetPrev();
+    CLOADDLL* GetTail();
+    /// The tool at an index without moving the current position; null for no such index.
+    CLOADDLL* GetAt(int iIndex);
+    int GetNumberOfElements();
+
+    /// Appends. -1 when the list is full.
+    int InsertTail(CLOADDLL* pTool);
+    /// Inserts before the tool at `iIndex`; the number of tools as the index appends. -1 when the list is full or for
+    /// any other index.
+    int InsertAt(int iIndex, CLOADDLL* pTool);
+    /// Deletes a tool. The number of tools as the index takes the last one out of the list without deleting it. -1 when
+    /// the list is empty or for any other index.
+    int DelAt(int iIndex);
+
+    /// Selects a tool, or none with a negative index. -1 for an index beyond the list.
+    int SelectElement(int iIndex);
+    /// -1 when none is selected.
+    int GetSelectedElement();
+
+protected:
+    static constexpr int iMaxElements = 100;
+
+    int iCurrentElement;
+    int iNumberOfElements;
+    int iSelectedElement;
+    CLOADDLL* pElements[iMaxElements];
+
+private:
+    KestOwnership bOwnsElements;
+};
