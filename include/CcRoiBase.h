@@ -59,9 +59,9 @@ enum KestDragMode : int {
 /// mode, image, zoom) are those that the image was shown with, see CcImage.
 ///
 /// Colours and pens are one set for all ROIs. Results: 0, or -1 (null) for failure; a ROI shows no message unless said.
-/// A copy shares the points of its source (see KestBlocks.h), but takes no part in a drag that runs, and must ask for
-/// GetBoundingRect anew before its boundary queries. It is not counted in iNumOfROIs when it is made, though it is when it
-/// is destroyed.
+/// A copy shares the points of its source (see KestBlocks.h), but takes no part in a drag that runs, and answers its
+/// boundary queries from a work buffer of its own. It is not counted in iNumOfROIs when it is made, though it is when it is
+/// destroyed.
 class KEST_API CcRoiBase : public CcHLObject {
 public:
     CcRoiBase();
@@ -148,8 +148,12 @@ protected:
     KestWorkBlock hBoundary;
     int iBoundarySize;  ///< entries in the work buffer, if there is one
 
-    /// The work buffer; null in a copy, whose piBoundary still names its source's.
-    int* Boundary() const { return static_cast<int*>(hBoundary.Get()); }
+    /// The work buffer; null in a copy, whose piBoundary names its source's until it makes its own.
+    int* Boundary() const { return piBoundary == hBoundary.Get() ? piBoundary : nullptr; }
+    /// Makes a copy of a ROI that answers boundary queries answer them, too.
+    void PrepareCopy() {
+        if (piBoundary && !Boundary()) GetBoundingRect();
+    }
     /// Makes the work buffer hold what a query over the larger side of stBoundingRect writes. False without memory.
     bool SizeBoundary();
     /// Fills the work buffer with every value from iFirst to iLast, both included. Null, with a count of 0, when there is

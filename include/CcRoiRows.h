@@ -11,6 +11,8 @@
 class KEST_API CcRoiRows {
 public:
     explicit CcRoiRows(CcRoiBase* pNewRoi);
+    CcRoiRows(const CcRoiRows&) = delete;
+    CcRoiRows& operator=(const CcRoiRows&) = delete;
 
     /// The runs of image row iRow (counted from the bottom), `*piCount` of them; null and 0 when the row misses the ROI
     /// or memory is short. The runs are overwritten by the next call.

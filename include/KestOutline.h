@@ -41,9 +41,11 @@ struct CommPerPointsPolyLineTag : CommPerPointsTag {};
 struct KestOutlineQueries {
     KestOutlineQueries() = default;
     KestOutlineQueries(const KestOutlineQueries&) {}
-    KestOutlineQueries& operator=(const KestOutlineQueries&) {
-        iSortedPoints = 0;
-        bColumnsSorted = false;
+    KestOutlineQueries& operator=(const KestOutlineQueries& other) {
+        if (this != &other) {
+            iSortedPoints = 0;
+            bColumnsSorted = false;
+        }
         return *this;
     }
 

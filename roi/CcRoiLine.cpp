@@ -61,9 +61,10 @@ struct KestShapeTraits<CcRoiLine> {
         kest::RasteriseLine(Start(shape), End(shape), Pixels(shape));
         return true;
     }
+    /// None in a copy, whose count is its source's, until its own list is made.
     static std::span<kest::IntPoint> Pixels(CcRoiLine& shape) {
         auto* pixels = static_cast<kest::IntPoint*>(shape.hLinePixels.Get());
-        return {pixels, pixels ? static_cast<std::size_t>(shape.iLinePixels) : 0};
+        return {pixels, pixels && shape.Boundary() ? static_cast<std::size_t>(shape.iLinePixels) : 0};
     }
 
     static int HitTest(CcRoiLine& shape, const kest::View& view, kest::IntPoint mouse) {

@@ -222,12 +222,14 @@ struct KestOutlineMembers {
     }
 
     /// The runs of a row, without the lists.
-    static int SpansOfRow(Roi& roi, int row, KestHeapBlock& spans) {
+    static int SpansOfRow(Roi& roi, int row, KestHeapBlock& block) {
+        roi.PrepareCopy();
         if (roi.stQueries.iSortedPoints == 0) return 0;
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cRows);
         const auto pixels = static_cast<long long>(index->PixelsOfRow(row).size());
-        if (pixels == 0 || !spans.Reserve(pixels * static_cast<long long>(sizeof(KestSpan)))) return 0;
-        return index->SpansOfRow(row, reinterpret_cast<KestSpan*>(spans.Get()));
+        if (pixels == 0 || !block.Reserve(pixels * static_cast<long long>(sizeof(KestSpan)))) return 0;
+        auto* spans = reinterpret_cast<KestSpan*>(block.Get());
+        return kest::CutSpans(spans, index->SpansOfRow(row, spans), roi.iBoundarySize);
     }
 
     // Record, files and streams
@@ -268,9 +270,10 @@ struct KestOutlineMembers {
                                 static_cast<int>(pixels.size())})
             writer.Write(value);
         CcPropertyBag bag;
-        bag.PutBlob(Traits::recordKey, record, sizeof record);
-        bag.PutBlob(Traits::pointsKey, pixels.data(), static_cast<long>(pixels.size_bytes()));
-        return storage->PutObject(&bag) < 0 ? KEST_FAILED : KEST_OK;
+        const bool isPut = bag.PutBlob(Traits::recordKey, record, sizeof record) == KEST_OK &&
+                           (pixels.empty() || bag.PutBlob(Traits::pointsKey, pixels.data(),
+                                                          static_cast<long>(pixels.size_bytes())) == KEST_OK);
+        return !isPut || storage->PutObject(&bag) < 0 ? KEST_FAILED : KEST_OK;
     }
 
     static int Load(Roi& roi, CcObjectStorage* storage) {

@@ -59,9 +59,15 @@ int ROI_CLASS::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned shor
 
 RECT* ROI_CLASS::GetBoundingRect() { return Members::Bounds(*this); }
 
-int* ROI_CLASS::GetYBoundary(int iColumn, int* piCount) { return Members::ListColumn(*this, iColumn, piCount); }
+int* ROI_CLASS::GetYBoundary(int iColumn, int* piCount) {
+    PrepareCopy();
+    return Members::ListColumn(*this, iColumn, piCount);
+}
 
-int* ROI_CLASS::GetXBoundary(int iRow, int* piCount) { return Members::ListRow(*this, iRow, piCount); }
+int* ROI_CLASS::GetXBoundary(int iRow, int* piCount) {
+    PrepareCopy();
+    return Members::ListRow(*this, iRow, piCount);
+}
 
 int ROI_CLASS::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
 

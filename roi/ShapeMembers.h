@@ -225,8 +225,8 @@ struct KestShapeMembers {
     static int Store(Shape& shape, CcObjectStorage* storage) {
         if (!storage) return KEST_FAILED;
         CcPropertyBag bag;
-        bag.PutBlob(Traits::recordKey, &Traits::RecordOf(shape), sizeof(Record));
-        return storage->PutObject(&bag) < 0 ? KEST_FAILED : KEST_OK;
+        const bool isPut = bag.PutBlob(Traits::recordKey, &Traits::RecordOf(shape), sizeof(Record)) == KEST_OK;
+        return !isPut || storage->PutObject(&bag) < 0 ? KEST_FAILED : KEST_OK;
     }
 
     static int Load(Shape& shape, CcObjectStorage* storage) {

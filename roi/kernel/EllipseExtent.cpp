@@ -21,7 +21,7 @@ bool Extent(int line, int low, int high, int first, int last, KestSpan& span) {
     const double share = halfAcross == 0 ? 0.0 : distance * distance / (halfAcross * halfAcross);
     const auto b = static_cast<float>(-2.0 * centreAlong);
     const auto discriminant = static_cast<float>(
-        static_cast<double>(b) * b - 4.0 * (centreAlong * centreAlong - (1.0 - share) * halfAlong * halfAlong));
+        static_cast<double>(b) * b - 4.0 * (centreAlong * centreAlong - (1.0 - share) * (halfAlong * halfAlong)));
     if (discriminant < 0) return false;
     const double root = std::sqrt(static_cast<double>(discriminant));
     // Far from the origin single precision is coarser than a pixel; the box is never left.

@@ -99,4 +99,17 @@ int OutlineIndex::SpansOfRow(int row, KestSpan* spans) const {
     return count;
 }
 
+int CutSpans(KestSpan* spans, int count, int columns) {
+    Size64 room = columns;
+    for (int i = 0; i < count; ++i) {
+        const Size64 length = Size64{spans[i].iLast} - spans[i].iFirst + 1;
+        if (length >= room) {
+            spans[i].iLast = static_cast<int>(spans[i].iFirst + room - 1);
+            return i + 1;
+        }
+        room -= length;
+    }
+    return count;
+}
+
 }  // namespace kest

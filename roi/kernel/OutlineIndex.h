@@ -63,4 +63,7 @@ private:
     const std::uint32_t* rowEnds = nullptr;
 };
 
+/// Cuts runs off behind their first `columns` columns (1 at least). Returns how many are left.
+int CutSpans(KestSpan* spans, int count, int columns);
+
 }  // namespace kest

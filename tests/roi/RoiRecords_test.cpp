@@ -5,6 +5,8 @@
 #include <cmath>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 #include "KestApi.h"
 #include "image/Support.h"
@@ -256,6 +258,88 @@ TEST(RoiRecords, RegionsUnderEveryKind) {
             }
             for (int x = 0; x < width; ++x) ASSERT_EQ((*region)(x, y), expected[static_cast<std::size_t>(x)]) << x << ' ' << y;
         }
+    }
+}
+
+namespace {
+
+/// Places a ROI between two corners: a box or a line by its record, an outline as a zigzag between them.
+template <class Roi>
+void Place(Roi& roi, int low, int high) {
+    if constexpr (requires { roi.stDrawSegStartPoint; }) {
+        std::vector<POINT> zigzag;
+        for (int i = low; i <= high; ++i) zigzag.push_back({i, i % 2 ? low : high});
+        PixelGroupTag record = {0, 0, 0, static_cast<int>(zigzag.size()), zigzag.data(), nullptr};
+        ASSERT_EQ(roi.SetRoiImageCord(&record), 0);
+    } else {
+        RECT box = {low, high, high, low};
+        if (std::is_same_v<Roi, CcRoiLine>) std::swap(box.top, box.bottom);
+        ASSERT_EQ(roi.SetRoiImageCord(&box), 0);
+    }
+}
+
+std::vector<int> RowOf(CcRoiBase& roi, int y) {
+    int count = 0;
+    const int* columns = roi.GetXBoundary(y, &count);
+    return std::vector<int>(columns, columns + count);
+}
+
+template <class Roi>
+struct Copies : testing::Test {};
+using ListingKinds = testing::Types<CcRoiRect, CcRoiEllipse, CcRoiLine, CcRoiFreeHand, CcRoiFreeHandLine, CcRoiPolyLine,
+                                    CcRoiPolyFreeHand>;
+
+}  // namespace
+
+TYPED_TEST_SUITE(Copies, ListingKinds);
+
+TYPED_TEST(Copies, AnswerQueriesFromBuffersOfTheirOwn) {
+    TypeParam assigned;
+    Place(assigned, 0, 8);
+    ASSERT_NE(assigned.GetBoundingRect(), nullptr);
+    auto* source = new TypeParam;
+    Place(*source, 0, 3000);
+    TypeParam unasked(*source);
+    int count = 0;
+    EXPECT_EQ(unasked.GetXBoundary(0, &count), nullptr);
+    ASSERT_NE(source->GetBoundingRect(), nullptr);
+    TypeParam made(*source);
+    assigned = *source;
+    const int* listed = source->GetXBoundary(0, &count);
+    const std::vector<int> expected(listed, listed + count);
+    ASSERT_FALSE(expected.empty());
+    for (TypeParam* copy : {&made, &assigned}) {
+        EXPECT_EQ(RowOf(*copy, 0), expected);
+        EXPECT_NE(copy->GetXBoundary(0, &count), listed);
+        EXPECT_NE(copy->GetYBoundary(1, &count), nullptr);
+    }
+    EXPECT_EQ(RowOf(assigned = assigned, 0), expected);
+    delete source;
+    // Shapes stand for themselves; an outline's points went with the source.
+    Place(assigned, 0, 3000);
+    ASSERT_NE(assigned.GetBoundingRect(), nullptr);
+    EXPECT_EQ(RowOf(assigned, 0), expected);
+}
+
+TEST(FreehandQueries, RunsEndWhereTheListIsFull) {
+    // Twelve pixels on the lower row of a box that has room for four.
+    std::vector<POINT> scribble(12);
+    for (std::size_t i = 0; i < scribble.size(); ++i) scribble[i] = {static_cast<LONG>(i % 3), 0};
+    scribble.push_back({1, 1});
+    PixelGroupTag record = {0, 0, 0, 13, scribble.data(), nullptr};
+    CcRoiFreeHandLine ascending;
+    CcRoiPolyLine drawn;
+    for (CcRoiBase* roi : {static_cast<CcRoiBase*>(&ascending), static_cast<CcRoiBase*>(&drawn)}) {
+        ASSERT_EQ(roi->SetRoiImageCord(&record), 0);
+        ASSERT_NE(roi->GetBoundingRect(), nullptr);
+        CcRoiRows rows(roi);
+        int runs = 0;
+        const KestSpan* spans = rows.GetSpans(0, &runs);
+        std::vector<int> columns;
+        for (int i = 0; i < runs; ++i)
+            for (int x = spans[i].iFirst; x <= spans[i].iLast; ++x) columns.push_back(x);
+        EXPECT_EQ(columns, RowOf(*roi, 0));
+        EXPECT_EQ(columns.size(), 4u);
     }
 }
 
