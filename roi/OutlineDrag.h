@@ -6,6 +6,7 @@
 #include <span>
 
 #include "KestOutline.h"
+#include "core/kernel/CheckedSize.h"
 #include "core/kernel/Geometry.h"
 
 namespace kest {
@@ -37,8 +38,8 @@ struct SegmentArrays {
     /// Gives a last segment of no length a pixel to the right.
     void KeepPixel() const {
         if (imageStops[index].x != imageStarts[index].x || imageStops[index].y != imageStarts[index].y) return;
-        ++imageStops[index].x;
-        ++stops[index].x;
+        imageStops[index].x = Saturate(Size64{imageStops[index].x} + 1);
+        stops[index].x = Saturate(Size64{stops[index].x} + 1);
     }
     /// Adds the segment from the last end back to the first start.
     void Close() const {

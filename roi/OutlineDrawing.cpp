@@ -2,6 +2,7 @@
 #include "roi/OutlineDrawing.h"
 
 #include "core/Messages.h"
+#include "core/kernel/CheckedSize.h"
 #include "roi/OutlineDrag.h"
 
 namespace kest {
@@ -27,7 +28,7 @@ void DrawOutlinePixels(HDC dc, const View& view, std::span<const IntPoint> outli
     if (isClosed && !outline.empty()) add(outline.front());
     if (used == 1) {
         // A single position is a line of one pixel.
-        piece[1] = {piece[0].x + 1, piece[0].y};
+        piece[1] = {Saturate(Size64{piece[0].x} + 1), piece[0].y};
         used = 2;
     }
     if (used > 1) Polyline(dc, piece, static_cast<int>(used));

@@ -17,8 +17,10 @@ void DrawEllipse(HDC dc, const IntRect& place, int beyond) {
 }
 
 void DrawLine(HDC dc, const IntRect& place) {
-    MoveToEx(dc, place.left, place.top, nullptr);
+    POINT position = {};
+    MoveToEx(dc, place.left, place.top, &position);
     LineTo(dc, place.right, place.bottom);
+    MoveToEx(dc, position.x, position.y, nullptr);
 }
 
 void DrawPointMark(HDC dc, const IntRect& place) {
