@@ -32,7 +32,7 @@ TEST(EllipseExtent, EqualsTheQuadraticInHigherPrecision) {
             ASSERT_TRUE(EllipseRow(box, row, columns));
             ASSERT_GE(columns.iFirst, box.left);
             ASSERT_LE(columns.iLast, box.right);
-            // The text's single precision decides where the edge lies near the middle between two columns.
+            // Single precision decides where the edge lies near the middle between two columns.
             const auto isClear = [](long double edge) {
                 return std::fabs(edge + 0.5L - std::round(edge + 0.5L)) > 0.01L;
             };
