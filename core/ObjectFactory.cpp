@@ -6,6 +6,7 @@
 #include "CcBinaryImage.h"
 #include "CcCurve.h"
 #include "CcGraph.h"
+#include "CcCalibration.h"
 #include "CcGrayImage256.h"
 #include "CcList.h"
 #include "CcNumber.h"
@@ -48,6 +49,7 @@ constexpr FactoryRow factory[] = {
     {"CcCurve", Make<CcCurve>},
     {"CcGraph", Make<CcGraph>},
     {"CcList", Make<CcList>},
+    {"CcCalibration", Make<CcCalibration>},
     {"CcNumber", Make<CcNumber>},
     {"CcString", Make<CcString>},
     {"CcPropertyBag", Make<CcPropertyBag>},

@@ -1,6 +1,7 @@
 // CcImage: what all images share, and the interface whose base versions only complain.
 #include "CcImage.h"
 
+#include "CcCalibration.h"
 #include "CcObjectStorage.h"
 #include "core/Messages.h"
 #include "core/WindowView.h"
@@ -158,5 +159,31 @@ int CcImage::ConvertPointToImageCoords(HWND hWnd, int iXOffset, int iYOffset, un
         return KEST_FAILED;
     const kest::RealPoint position = kest::PositionAtWindowPoint(view, {pptWindow->x, pptWindow->y});
     *pptImage = {static_cast<float>(position.x), static_cast<float>(position.y)};
+    return KEST_OK;
+}
+
+int CcImage::SetCalibrationObject(CcCalibration* pNewCalibration) {
+    if (!pNewCalibration || pNewCalibration->GetType() != KEST_TYPE_CALIBRATION) return KEST_FAILED;
+    int width, height;
+    pNewCalibration->GetSizeOfImage(&width, &height);
+    if (width != iWidth || height != iHeight) return KEST_FAILED;
+    ClearCalibrationObject();
+    pCalibration = pNewCalibration;
+    pCalibration->IncReferenceCount();
+    return KEST_OK;
+}
+
+CcCalibration* CcImage::GetCalibrationObject() { return pCalibration; }
+
+int CcImage::ClearCalibrationObject() {
+    if (pCalibration) pCalibration->DecReferenceCount();
+    pCalibration = nullptr;
+    return KEST_OK;
+}
+
+int CcImage::ConvertImagePointToWorldCoords(tagPoints* pptImage, tagPoints* pptWorld) {
+    if (!pptImage || !pptWorld) return KEST_FAILED;
+    if (pCalibration) return pCalibration->ConvertPoint(pptImage, pptWorld) < 0 ? KEST_FAILED : KEST_OK;
+    *pptWorld = *pptImage;
     return KEST_OK;
 }

@@ -39,6 +39,9 @@ public:
     /// h3 = h6 = 0, as in a new calibration or one without perspective and rotation. -1 for a null pointer.
     int ReverseConvertPoint(float fWorldX, float fWorldY, float* pfX, float* pfY);
 
+    /// The mapping, nine floats row by row: an image point (x, y, 1) times it is the world point times its third component.
+    const float* GetTransform() const { return fTransform[0]; }
+
     /// World area of a pixel; 1.0 when there is no map, -1.0 outside the map.
     float GetAreaOfPixel(int iX, int iY);
     /// The map, row by row from the bottom, GetSizeOfImage in size; null when there is none. It stays the calibration's
@@ -65,8 +68,8 @@ public:
     /// errors are not checked.
     int Save(const char* pszFileName);
     /// Reads a ".cal" file of version 1 (which has no points; they stay as they were) or 2; a null path asks the user.
-    /// -1, with nothing changed, when that is cancelled or the file cannot be opened, is no calibration, is shorter than
-    /// it says, or memory is short. Only a read error within the map can leave a map that is read in part.
+    /// -1, with nothing changed, when that is cancelled or the file cannot be opened, is no calibration or is shorter than
+    /// it says; -1, with the area map gone, without memory for the new map or when reading it fails.
     int Open(const char* pszFileName);
 
     static int iCalibrationCount;  ///< calibrations named so far
@@ -74,7 +77,7 @@ public:
 protected:
     int iLatestVersionNumber;
     int iLoadedVersionNumber;
-    float fTransform[3][3];  ///< row by row; maps (x, y, 1) to the world point times its third component
+    float fTransform[3][3];
     char szUnitsOfMeasure[KEST_UNITS_SIZE + 1];
     int iAreaMapWidth;
     int iAreaMapHeight;
