@@ -8,6 +8,9 @@
 #include "CcGraph.h"
 #include "CcCalibration.h"
 #include "CcGrayImage256.h"
+#include "CcGrayImageFloat.h"
+#include "CcGrayImageInt16.h"
+#include "CcGrayImageInt32.h"
 #include "CcList.h"
 #include "CcNumber.h"
 #include "CcPropertyBag.h"
@@ -37,6 +40,9 @@ struct FactoryRow {
 // Names are compared exactly, from the top.
 constexpr FactoryRow factory[] = {
     {"CcGrayImage256", Make<CcGrayImage256>},
+    {"CcGrayImageInt16", Make<CcGrayImageInt16>},
+    {"CcGrayImageInt32", Make<CcGrayImageInt32>},
+    {"CcGrayImageFloat", Make<CcGrayImageFloat>},
     {"CcBinaryImage", Make<CcBinaryImage>},
     {"CcRoiRect", Make<CcRoiRect>},
     {"CcRoiLine", Make<CcRoiLine>},

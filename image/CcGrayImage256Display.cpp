@@ -58,24 +58,27 @@ int CcGrayImage256::SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {
         const bool isColourList = iLUT == 101 && kest::HasLevelSteps({pPoints, 256});
         return isColourList ? KEST_OK : KEST_FAILED;
     }
-    const std::span<tagPoints> points(own, static_cast<std::size_t>(count));
-    if (!kest::HasLevelSteps({pPoints, points.size()})) return KEST_FAILED;
+    if (!kest::HasLevelSteps({pPoints, static_cast<std::size_t>(count)})) return KEST_FAILED;
     std::copy_n(pPoints, count, own);
+    FillTable(iLUT, iChannel, own);
+    return KEST_OK;
+}
+
+void CcGrayImage256::FillTable(int iLUT, int iChannel, const tagPoints* pPoints) {
     switch (iLUT) {
         case 101:
-            kest::FillColourChannel(points, kest::ColoursOf(stTable101), 3 - iChannel);
+            kest::FillColourChannel({pPoints, 256}, kest::ColoursOf(stTable101), 3 - iChannel);
             break;
         case 102:
-            kest::FillGrayIndices(points, kest::IndicesOf(stTable102));
+            kest::FillGrayIndices({pPoints, 256}, kest::IndicesOf(stTable102));
             break;
         case 103:
-            kest::FillGrayIndices(points, kest::IndicesOf(stTable103));
+            kest::FillGrayIndices({pPoints, 128}, kest::IndicesOf(stTable103));
             break;
         case 104:
-            kest::FillGrayIndices(points, kest::IndicesOf(stTable104));
+            kest::FillGrayIndices({pPoints, 64}, kest::IndicesOf(stTable104));
             break;
     }
-    return KEST_OK;
 }
 
 kest::ImageLook CcGrayImage256::Look(unsigned short usLUT) {

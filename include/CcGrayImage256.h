@@ -105,6 +105,8 @@ protected:
     void MakeTables();
     /// The point list of a display table's channel and its number of points; null for an unknown pair.
     tagPoints* PointsOf(int iLUT, int iChannel, int* piCount);
+    /// Computes what a display table shows for the levels 0 to 255 from as many points as its list has.
+    void FillTable(int iLUT, int iChannel, const tagPoints* pPoints);
     /// What drawing through a LUT number needs (internal).
     kest::ImageLook Look(unsigned short usLUT);
 

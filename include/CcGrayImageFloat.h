@@ -9,8 +9,8 @@ template <class Image>
 struct KestWideTraits;
 
 /// Samples in single precision, beside an 8-bit grayscale image that displays them, as CcGrayImageInt16 tells it; what
-/// differs is told here. The raw file has the extension ".flt" and the file code 2, the messages say "Floating Point" and
-/// "floating point", and regions are 8-bit images, cut from the display image. NaN samples show as 0.
+/// differs is told here. The raw file has the extension ".flt" and the file code 2, the messages say "Floating Point"
+/// and "floating point", and regions are 8-bit images, cut from the display image. NaN samples show as 0.
 class KEST_API CcGrayImageFloat : public CcGrayImage256 {
 public:
     CcGrayImageFloat();
@@ -63,6 +63,7 @@ protected:
     int bAutoUpdateDisplay;  ///< 1: the display range follows the samples
 
 private:
+    bool bKeepsDisplayRange;  ///< while thresholding puts point lists back
+
     friend struct KestWideMembers<CcGrayImageFloat>;
-    friend struct KestWideTraits<CcGrayImageFloat>;
 };

@@ -101,6 +101,7 @@ protected:
     int bAutoUpdateDisplay;  ///< 1: the display range follows the samples
 
 private:
+    bool bKeepsDisplayRange;  ///< while thresholding puts point lists back
+
     friend struct KestWideMembers<CcGrayImageInt16>;
-    friend struct KestWideTraits<CcGrayImageInt16>;
 };

@@ -9,8 +9,8 @@ template <class Image>
 struct KestWideTraits;
 
 /// Samples of 32 bits, signed, beside an 8-bit grayscale image that displays them, as CcGrayImageInt16 tells it; what
-/// differs is told here. The raw file has the extension ".i32" and the file code 1, the messages say "32-bit", and regions
-/// are 8-bit images, cut from the display image.
+/// differs is told here. The raw file has the extension ".i32" and the file code 1, the messages say "32-bit", and
+/// regions are 8-bit images, cut from the display image.
 class KEST_API CcGrayImageInt32 : public CcGrayImage256 {
 public:
     CcGrayImageInt32();
@@ -63,6 +63,7 @@ protected:
     int bAutoUpdateDisplay;  ///< 1: the display range follows the samples
 
 private:
+    bool bKeepsDisplayRange;  ///< while thresholding puts point lists back
+
     friend struct KestWideMembers<CcGrayImageInt32>;
-    friend struct KestWideTraits<CcGrayImageInt32>;
 };
