@@ -6,3 +6,10 @@ foreach(program MainJob DrawRegions)
   add_executable(${program} examples/${program}.cpp)
   target_link_libraries(${program} PRIVATE kest_example)
 endforeach()
+
+# A sample tool library; a host loads it with CLOADDLL.
+add_library(HistogramTool SHARED
+  examples/HistogramTool/Histogram.cpp examples/HistogramTool/HistogramTool.cpp
+  examples/HistogramTool/HistogramTool.rc examples/HistogramTool/HistogramWindow.cpp)
+target_link_libraries(HistogramTool PRIVATE KestApi kest_options gdi32 user32)
+set_target_properties(HistogramTool PROPERTIES PREFIX "" IMPORT_PREFIX "lib")

@@ -32,3 +32,12 @@ foreach(part IN LISTS KEST_PARTS)
     set_tests_properties(win${bits}.${part} PROPERTIES TIMEOUT 200 RUN_SERIAL ON)
   endif()
 endforeach()
+
+# Tool libraries, good and hostile ones, beside the test program that loads them.
+foreach(library RecordingTool EndlessText NoEntry)
+  add_library(${library} SHARED tests/tools/libraries/${library}.cpp)
+  target_include_directories(${library} PRIVATE include)
+  target_link_libraries(${library} PRIVATE kest_options)
+  set_target_properties(${library} PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+endforeach()
+add_dependencies(test_tools RecordingTool EndlessText NoEntry HistogramTool)

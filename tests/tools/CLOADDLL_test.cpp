@@ -1,0 +1,154 @@
+// Tool libraries, good and bad ones, loaded and called.
+#include "CLOADDLL.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "libraries/ToolLog.h"
+#include "support/Dialogs.h"
+
+namespace {
+
+const char recordingTool[] = "RecordingTool.dll";
+const HWND parent = GetDesktopWindow();
+
+void ExpectAbsent(CLOADDLL& tool) {
+    EXPECT_EQ(tool.CallDllMainFunction(parent, nullptr), nullptr);
+    EXPECT_EQ(tool.SendMessageToTools(1, 2, 3), -1);
+    EXPECT_EQ(tool.SendProxyMessage(1, 2, 3), -1);
+    EXPECT_EQ(tool.CloseAllOpenTools(), -1);
+}
+
+/// A path to a library beside this program, made long with separators.
+std::string PathOfLength(std::size_t length, const std::string& library) {
+    char program[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, program, MAX_PATH);
+    std::string folder = program;
+    folder.erase(folder.rfind('\\'));
+    return folder + std::string(length - folder.size() - library.size(), '\\') + library;
+}
+
+/// A loader in memory that was used before, so that a field left unset is seen.
+class OnDirtyMemory {
+public:
+    OnDirtyMemory() {
+        std::memset(memory, 0xCD, sizeof memory);
+        tool = new (memory) CLOADDLL;
+    }
+    ~OnDirtyMemory() { tool->~CLOADDLL(); }
+    CLOADDLL* operator->() { return tool; }
+    CLOADDLL& operator*() { return *tool; }
+
+private:
+    alignas(CLOADDLL) unsigned char memory[sizeof(CLOADDLL)];
+    CLOADDLL* tool;
+};
+
+TEST(CLOADDLL, IsEmptyAtFirst) {
+    OnDirtyMemory tool;
+    EXPECT_STREQ(tool->GetMenuText(), "Void");
+    EXPECT_STREQ(tool->GetToolBarName(), "");
+    EXPECT_EQ(tool->GetMenuItemNumber(), 0u);
+    EXPECT_EQ(tool->GetToolBitMap(), nullptr);
+    EXPECT_EQ(tool->GetToolBitMapSelected(), nullptr);
+    EXPECT_EQ(tool->IsAutoStartEnabled(), 0);
+    EXPECT_EQ(tool->UNLoadDll(), -1);
+    ExpectAbsent(*tool);
+}
+
+TEST(CLOADDLL, ForwardsEveryCallToTheTool) {
+    OnDirtyMemory tool;
+    ASSERT_EQ(tool->LoadDll(recordingTool), 0);
+    EXPECT_STREQ(tool->GetMenuText(), "Record");
+    EXPECT_EQ(tool->GetToolBitMap(), reinterpret_cast<HBITMAP>(0x1234));
+    EXPECT_EQ(tool->GetToolBitMapSelected(), reinterpret_cast<HBITMAP>(0x5678));
+
+    ToolLog log = {};
+    EXPECT_EQ(tool->CallDllMainFunction(parent, &log), parent);
+    EXPECT_EQ(tool->SendMessageToTools(WM_USER, 0xFFFFFFFF, -5), 0);
+    EXPECT_EQ(tool->SendProxyMessage(WM_APP, 7, 0x7FFFFFFF), 0);
+    EXPECT_EQ(tool->CloseAllOpenTools(), 0);
+    const ToolCall expected[] = {
+        {'m', 0, 0, 0}, {'s', WM_USER, 0xFFFFFFFF, -5}, {'p', WM_APP, 7, 0x7FFFFFFF}, {'c', 0, 0, 0}};
+    ASSERT_EQ(log.count, 4);
+    EXPECT_EQ(std::memcmp(log.calls, expected, sizeof expected), 0);
+
+    // The tool was handed an empty record with the caller's own path.
+    tagToolInfo handed = {};
+    handed.pszDllPath = recordingTool;
+    EXPECT_EQ(std::memcmp(&log.received, &handed, sizeof handed), 0);
+
+    EXPECT_EQ(tool->UNLoadDll(), 0);
+    EXPECT_EQ(GetModuleHandleA(recordingTool), nullptr);
+    ExpectAbsent(*tool);
+    EXPECT_EQ(tool->UNLoadDll(), -1);
+}
+
+TEST(CLOADDLL, KeepsAMenuTextWithoutTerminatorAndEmptySlots) {
+    OnDirtyMemory tool;
+    ASSERT_EQ(tool->LoadDll(recordingTool), 0);
+    ASSERT_EQ(tool->UNLoadDll(), 0);
+    // What the first tool left in the record is not the second one's.
+    ASSERT_EQ(tool->LoadDll("EndlessText.dll"), 0);
+    EXPECT_EQ(tool->GetMenuText(), std::string(79, 'x'));
+    EXPECT_EQ(tool->GetToolBitMap(), nullptr);
+    EXPECT_EQ(tool->GetToolBitMapSelected(), nullptr);
+    ExpectAbsent(*tool);
+}
+
+TEST(CLOADDLL, ShowsWhatCannotBeLoaded) {
+    CLOADDLL missing, tooLong, noEntry;
+    EXPECT_EQ(missing.LoadDll(nullptr), -1);
+    EXPECT_EQ(missing.LoadDll("NoSuchTool.dll"), -1);
+    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Error Loading Tool:", "NoSuchTool.dll"}}));
+    EXPECT_STREQ(missing.GetMenuText(), "Void");
+
+    // The longest path that is loaded; one that would name the same file if it were cut off is not.
+    const std::string longest = PathOfLength(254, recordingTool), path = longest + ".no";
+    EXPECT_EQ(CLOADDLL().LoadDll(longest.c_str()), 0);
+    EXPECT_EQ(tooLong.LoadDll(path.c_str()), -1);
+    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Error Loading Tool:", path}}));
+
+    EXPECT_EQ(noEntry.LoadDll("NoEntry.dll"), -1);
+    EXPECT_EQ(test::TakeBoxes(),
+              (std::vector<test::Box>{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
+    ExpectAbsent(noEntry);
+    EXPECT_NE(GetModuleHandleA("NoEntry.dll"), nullptr);
+    EXPECT_EQ(noEntry.UNLoadDll(), 0);
+}
+
+TEST(CLOADDLL, IsReleasedTwiceAfterUNLoadDllButOnceByItsCopies) {
+    const HMODULE module = LoadLibraryA(recordingTool);
+    ASSERT_EQ(LoadLibraryA(recordingTool), module);
+    {
+        CLOADDLL tool;
+        ASSERT_EQ(tool.LoadDll(recordingTool), 0);
+        const CLOADDLL copy(tool);
+        CLOADDLL assigned;
+        assigned = tool;
+        EXPECT_STREQ(assigned.GetMenuText(), "Record");
+        EXPECT_EQ(tool.UNLoadDll(), 0);
+    }
+    // Three references less two.
+    EXPECT_NE(GetModuleHandleA(recordingTool), nullptr);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(GetModuleHandleA(recordingTool), nullptr);
+}
+
+TEST(CLOADDLL, KeepsTheHostsSettings) {
+    CLOADDLL tool;
+    EXPECT_EQ(tool.SetMenuID(40001), 0);
+    EXPECT_EQ(tool.GetMenuItemNumber(), 40001u);
+    EXPECT_EQ(tool.EnableAutoStart(-3), 0);
+    EXPECT_EQ(tool.IsAutoStartEnabled(), -3);
+    EXPECT_EQ(tool.SetToolBarName(std::string(300, 'n').c_str()), 0);
+    EXPECT_EQ(tool.GetToolBarName(), std::string(255, 'n'));
+    EXPECT_EQ(tool.SetToolBarName("Tools"), 0);
+    EXPECT_STREQ(tool.GetToolBarName(), "Tools");
+    EXPECT_EQ(tool.SetToolBarName(nullptr), -1);
+}
+
+}  // namespace

@@ -1,0 +1,96 @@
+// The sample tool as a host meets it: loaded, opened on the current image, told of changes, closed, unloaded.
+#include <KestApi.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "support/Census.h"
+#include "support/TestWindow.h"
+
+namespace {
+
+// The plot lies within a margin, two pixels a step of the histogram.
+constexpr int margin = 10, plotWidth = 512, plotBottom = margin + 200;
+constexpr unsigned white = 0xFFFFFF;
+
+test::Picture PictureOf(HWND window) {
+    test::PumpMessages(30);
+    RECT client;
+    GetClientRect(window, &client);
+    const HDC dc = GetDC(window);
+    const test::Picture picture = test::PictureOf(dc, client.right, client.bottom);
+    ReleaseDC(window, dc);
+    return picture;
+}
+
+/// Pixels of the plot's column over a histogram step that are not white, without its frame.
+int BarHeight(const test::Picture& picture, int step) {
+    int height = 0;
+    for (int y = margin + 1; y < plotBottom - 1; ++y) height += picture.At(margin + 2 * step + 1, y) != white;
+    return height;
+}
+
+SIZE SizeOf(HBITMAP bitmap) {
+    BITMAP info = {};
+    GetObjectA(bitmap, sizeof info, &info);
+    return {info.bmWidth, info.bmHeight};
+}
+
+TEST(HistogramTool, ShowsTheHostsCurrentImage) {
+    CLOADDLL tool;
+    ASSERT_EQ(tool.LoadDll("HistogramTool.dll"), 0);
+    EXPECT_STREQ(tool.GetMenuText(), "&Histogram");
+    for (HBITMAP bitmap : {tool.GetToolBitMap(), tool.GetToolBitMapSelected()}) {
+        EXPECT_EQ(SizeOf(bitmap).cx, 24);
+        EXPECT_EQ(SizeOf(bitmap).cy, 24);
+    }
+    EXPECT_EQ(tool.SendMessageToTools(KEST_TOOL_IMAGE_CHANGED, 0, 0), 0);  // before it is open
+
+    // A quarter of the pixels 200, the others 60: bars of a third and of the whole height.
+    CcGrayImage256 grey;
+    grey.MakeBlankBMP(16, 16, 60, "grey");
+    std::memset(grey.GetBitMapImageData(), 200, 64);
+    CcImage* current = &grey;
+    test::TestWindow host(600, 400);
+    const HWND window = tool.CallDllMainFunction(host, &current);
+    ASSERT_TRUE(IsWindow(window));
+    EXPECT_EQ(GetWindow(window, GW_OWNER), host);
+    EXPECT_EQ(tool.CallDllMainFunction(host, &current), window);
+    test::Picture picture = PictureOf(window);
+    ASSERT_EQ(picture.width, plotWidth + 2 * margin);
+    EXPECT_EQ(BarHeight(picture, 60), 198);
+    EXPECT_EQ(BarHeight(picture, 200), 65);
+    EXPECT_EQ(BarHeight(picture, 61), 0);
+
+    std::memset(grey.GetBitMapImageData(), 10, 256);
+    tool.SendMessageToTools(KEST_TOOL_PIXELS_CHANGED, 0, 0);
+    picture = PictureOf(window);
+    EXPECT_EQ(BarHeight(picture, 10), 198);
+    EXPECT_EQ(BarHeight(picture, 60), 0);
+
+    current = nullptr;
+    tool.SendMessageToTools(KEST_TOOL_IMAGE_CHANGED, 0, 0);
+    EXPECT_EQ(BarHeight(PictureOf(window), 10), 0);
+
+    EXPECT_EQ(tool.CloseAllOpenTools(), 0);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(tool.UNLoadDll(), 0);
+    EXPECT_EQ(GetModuleHandleA("HistogramTool.dll"), nullptr);
+}
+
+TEST(HistogramTool, LeavesNothingBehind) {
+    const auto use = [] {
+        CLOADDLL tool;
+        tool.LoadDll("HistogramTool.dll");
+        CcImage* current = nullptr;
+        test::TestWindow host(100, 100);
+        PictureOf(tool.CallDllMainFunction(host, &current));
+        tool.CloseAllOpenTools();
+    };
+    use();  // the system's own first objects
+    const int before = test::TakeCensus().gdiObjects;
+    use();
+    EXPECT_EQ(test::TakeCensus().gdiObjects, before);
+}
+
+}  // namespace

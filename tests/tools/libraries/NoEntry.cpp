@@ -1,0 +1,2 @@
+// A library that is no tool.
+extern "C" __declspec(dllexport) int KestInitialise() { return 1; }
