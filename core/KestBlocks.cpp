@@ -54,6 +54,13 @@ void KestGlobalBlock::ReleaseButName() {
     hBlock = named;
 }
 
+HGLOBAL KestGlobalBlock::Detach() {
+    const HGLOBAL detached = hBlock;
+    bOwner = false;
+    Release();
+    return detached;
+}
+
 void KestGlobalBlock::Swap(KestGlobalBlock& other) {
     std::swap(hBlock, other.hBlock);
     std::swap(pLocked, other.pLocked);

@@ -3,6 +3,8 @@
 
 #include <cstring>
 
+#include "Cc24BitHSLImage.h"
+#include "Cc24BitRGBImage.h"
 #include "CcBinaryImage.h"
 #include "CcCurve.h"
 #include "CcGraph.h"
@@ -43,6 +45,8 @@ constexpr FactoryRow factory[] = {
     {"CcGrayImageInt16", Make<CcGrayImageInt16>},
     {"CcGrayImageInt32", Make<CcGrayImageInt32>},
     {"CcGrayImageFloat", Make<CcGrayImageFloat>},
+    {"Cc24BitRGBImage", Make<Cc24BitRGBImage>},
+    {"Cc24BitHSLImage", Make<Cc24BitHSLImage>},
     {"CcBinaryImage", Make<CcBinaryImage>},
     {"CcRoiRect", Make<CcRoiRect>},
     {"CcRoiLine", Make<CcRoiLine>},

@@ -11,13 +11,20 @@
 namespace kest {
 namespace {
 
-constexpr char bmpFilter[] = "Bitmap Files(*.BMP)\0*.bmp\0All Files (*.*)\0*.*\0";
 constexpr char anyBmp[] = "*.bmp";
 
+PathParts PartsOf(const PathBuffer& path) {
+    return SplitPath({path, FieldLength(path, sizeof path)});
+}
+
 void TakeFolder(const PathBuffer& path, PathBuffer& folder) {
-    const PathParts parts = SplitPath({path, FieldLength(path, sizeof path)});
+    const PathParts parts = PartsOf(path);
     std::snprintf(folder, sizeof folder, "%.*s%.*s", static_cast<int>(parts.drive.size()), parts.drive.data(),
                   static_cast<int>(parts.directory.size()), parts.directory.data());
+}
+
+void CopyText(std::string_view text, PathBuffer& field) {
+    std::snprintf(field, sizeof field, "%.*s", static_cast<int>(text.size()), text.data());
 }
 
 /// "NAME.bmp", or "*.bmp" when there is no name to propose.
@@ -30,13 +37,13 @@ void ProposeName(const char* name, PathBuffer& proposal) {
 
 }  // namespace
 
-bool ChoosePathToOpen(const char* path, const PathBuffer& lastOpened, PathBuffer& chosen) {
+bool ChoosePathToOpen(const char* path, const PathBuffer& lastOpened, PathBuffer& chosen, const char* filter) {
     if (path) return CopyIfFits(chosen, path);
     PathBuffer name, proposal, folder;
     TakeNameOfPath(lastOpened, name);
     ProposeName(std::strcmp(name, "NONE") == 0 ? "" : name, proposal);
     TakeFolder(lastOpened, folder);
-    return AskPathToOpen({bmpFilter, proposal, folder, "bmp", 0}, chosen);
+    return AskPathToOpen({filter, proposal, folder, "bmp", 0}, chosen);
 }
 
 void RememberOpened(const PathBuffer& opened, PathBuffer& lastOpened, PathBuffer& lastSaved) {
@@ -44,17 +51,26 @@ void RememberOpened(const PathBuffer& opened, PathBuffer& lastOpened, PathBuffer
     if (std::strcmp(lastSaved, NoBmpPath) == 0) CopyCut(lastSaved, opened);
 }
 
-bool ChoosePathToSave(const char* path, const char* imageName, const PathBuffer& lastSaved, PathBuffer& chosen) {
+bool ChoosePathToSave(const char* path, const char* imageName, const PathBuffer& lastSaved, PathBuffer& chosen,
+                      const char* filter) {
     if (path) return CopyIfFits(chosen, path);
     PathBuffer proposal, folder;
     ProposeName(imageName, proposal);
     TakeFolder(lastSaved, folder);
-    return AskPathToSave({bmpFilter, proposal, folder, "bmp", OFN_OVERWRITEPROMPT}, chosen);
+    return AskPathToSave({filter, proposal, folder, "bmp", OFN_OVERWRITEPROMPT}, chosen);
 }
 
 void TakeNameOfPath(const PathBuffer& path, PathBuffer& name) {
-    const PathParts parts = SplitPath({path, FieldLength(path, sizeof path)});
-    std::snprintf(name, sizeof name, "%.*s", static_cast<int>(parts.name.size()), parts.name.data());
+    CopyText(PartsOf(path).name, name);
+}
+
+void TakeTitleOfPath(const PathBuffer& path, PathBuffer& title) {
+    const std::string_view name = PartsOf(path).name;
+    CopyText(name.substr(0, name.find('.')), title);
+}
+
+void TakeDirectoryOfPath(const PathBuffer& path, PathBuffer& directory) {
+    CopyText(PartsOf(path).directory, directory);
 }
 
 }  // namespace kest

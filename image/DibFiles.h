@@ -12,11 +12,25 @@ namespace kest {
 /// refused.
 std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib);
 
+/// Reads a 24-bit BMP file into a block: info header and pixels. Null, after a message, when the file is refused. A
+/// `plane`, if there is one, is allocated with the size of the pixels, as soon as the header's own size is known to be
+/// right; it is released when anything behind that is refused.
+std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, KestGlobalBlock* plane = nullptr);
+
 /// Writes an 8-bit DIB as a BMP file; -1 when the file cannot be created.
 int WriteDib8(std::span<const std::uint8_t> dib, const char* path);
 
+/// Writes a 24-bit DIB as a BMP file; -1, after a message, when the file cannot be created.
+int WriteDib24(std::span<const std::uint8_t> dib, const char* path);
+
 /// A DIB with 256 grays and every pixel `fill`. Null when it cannot be had.
 std::uint8_t* MakeBlankDib8(int height, int width, std::uint8_t fill, KestGlobalBlock& dib);
+
+/// A 24-bit DIB with every byte `fill`. Null, after a message, when it cannot be had.
+std::uint8_t* MakeBlankDib24(int height, int width, std::uint8_t fill, KestGlobalBlock& dib);
+
+/// A plane of three zero bytes for each pixel. One without pixels counts as allocated, but not locked.
+KestGlobalBlock::AllocateResult AllocatePlane(KestGlobalBlock& plane, int width, int height);
 
 inline std::span<const std::uint8_t> BytesOf(const KestGlobalBlock& block) {
     return {static_cast<const std::uint8_t*>(block.Get()), static_cast<std::size_t>(block.Size())};

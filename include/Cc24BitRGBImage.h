@@ -106,4 +106,7 @@ protected:
 
 private:
     friend struct KestDib24Members<Cc24BitRGBImage>;
+    friend struct KestDib24Traits<Cc24BitRGBImage>;
+    bool IsChannel(int iChannel) const { return iChannel >= KEST_CHANNEL_LUMINANCE && iChannel <= KEST_CHANNEL_BLUE; }
+    int RefuseChannel();
 };

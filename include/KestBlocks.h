@@ -30,6 +30,8 @@ public:
     ReleaseResult Release();
     /// As Release, but goes on naming the freed block, without owning it.
     void ReleaseButName();
+    /// Hands the locked block over to the caller.
+    HGLOBAL Detach();
     void Swap(KestGlobalBlock& other);
 
     bool Owns() const { return bOwner; }

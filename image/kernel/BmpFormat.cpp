@@ -21,13 +21,12 @@ void WriteBmpFileHeader(std::span<std::uint8_t, BmpFileHeaderBytes> bytes, BmpFi
 }
 
 BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> dib, int bitCount) {
-    if (dib.size() < DibHeaderBytes) return BmpVerdict::WrongSize;
     ByteReader reader(dib);
     std::uint32_t headerBytes, compression;
-    reader.Read(headerBytes);
+    if (!reader.Read(headerBytes) || headerBytes != DibHeaderBytes) return BmpVerdict::WrongHeaderSize;
+    if (dib.size() < DibHeaderBytes) return BmpVerdict::WrongSize;
     reader.Skip(12);
     reader.Read(compression);
-    if (headerBytes != DibHeaderBytes) return BmpVerdict::WrongHeaderSize;
     if (compression != 0) return BmpVerdict::Compressed;
 
     DibLayout layout;

@@ -4,11 +4,9 @@
 #include <cstdint>
 #include <span>
 
-namespace kest {
+#include "image/kernel/Colours.h"
 
-struct Rgb {
-    std::uint8_t red, green, blue;
-};
+namespace kest {
 
 /// The system colour that overlay value `value` shows: value modulo 20.
 Rgb OverlayColour(int value);
