@@ -19,6 +19,33 @@ inline void FillPattern(CcGrayImage256& image, int width, int height, const char
         for (int x = 0; x < width; ++x) bytes[y * width + x] = static_cast<std::uint8_t>(PatternValue(x, y));
 }
 
+/// A colour of pixel (x, y) for colour images.
+struct PatternColour {
+    std::uint8_t blue, green, red;
+    PatternColour(int x, int y)
+        : blue(static_cast<std::uint8_t>(PatternValue(x, y))),
+          green(static_cast<std::uint8_t>(PatternValue(y, x + 3))),
+          red(static_cast<std::uint8_t>(PatternValue(x + y, 5))) {}
+    unsigned Screen() const { return static_cast<unsigned>(red) << 16 | static_cast<unsigned>(green) << 8 | blue; }
+};
+
+inline std::vector<std::uint8_t> PatternPixels24(int width, int height) {
+    std::vector<std::uint8_t> pixels;
+    for (int i = 0; i < width * height; ++i) {
+        const PatternColour colour(i % width, i / width);
+        pixels.insert(pixels.end(), {colour.blue, colour.green, colour.red});
+    }
+    return pixels;
+}
+
+/// The bytes of a 24-bit BMP file.
+inline Bytes BmpFile24(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
+    Bytes file;
+    file.Text("BM", 2).I32(54 + static_cast<int>(pixels.size())).I32(0).I32(54);
+    file.I32(40).I32(width).I32(height).U16(1).U16(24).I32(0).I32(0).I32(0).I32(0).I32(coloursUsed).I32(0);
+    return file.Add(pixels);
+}
+
 /// The bytes of a BMP file with 256 grays.
 inline Bytes BmpFile8(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
     Bytes file;

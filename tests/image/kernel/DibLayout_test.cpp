@@ -101,7 +101,10 @@ TEST(BmpFormat, Verdicts) {
     EXPECT_EQ(Judge({.bits = 24, .colours = 5}, 36, 24, 54), BmpVerdict::Accepted);
     EXPECT_EQ(Judge({.bits = 24}, 35, 24, 53), BmpVerdict::WrongSize);
     EXPECT_EQ(Judge({}, 12, 8, 0xFFFFFFFF), BmpVerdict::WrongSize);
-    EXPECT_EQ(JudgeBmp({53, 54}, std::vector<std::uint8_t>(39), 8), BmpVerdict::WrongSize);
+    std::vector<std::uint8_t> cut(39);
+    EXPECT_EQ(JudgeBmp({53, 54}, cut, 8), BmpVerdict::WrongHeaderSize);
+    cut[0] = 40;
+    EXPECT_EQ(JudgeBmp({53, 54}, cut, 8), BmpVerdict::WrongSize);
 }
 
 TEST(BmpFormat, RandomHeadersNeverLeadOutside) {

@@ -1,0 +1,252 @@
+// Pixel access and thresholding of the colour images, the HSL plane, and a session with a real picture.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "image/Support.h"
+#include "support/Dialogs.h"
+#include "support/Slots.h"
+#include "support/TestWindow.h"
+
+using test::Box;
+using test::TakeBoxes;
+
+namespace {
+
+using Pixels = std::vector<std::uint8_t>;
+
+void SetPixels(CcImage& image, int width, int height, const Pixels& pixels) {
+    image.MakeBlankBMP(height, width, 0, "pixels");
+    std::copy(pixels.begin(), pixels.end(), static_cast<std::uint8_t*>(image.GetBitMapImageData()));
+}
+
+Pixels PixelsOf(CcImage& image, std::size_t count) {
+    const auto* bytes = static_cast<const std::uint8_t*>(image.GetBitMapImageData());
+    return {bytes, bytes + 3 * count};
+}
+
+Pixels PlaneOf(Cc24BitHSLImage& image, std::size_t count) {
+    const auto* bytes = static_cast<const std::uint8_t*>(image.GetBitMapImageDataHSL());
+    return {bytes, bytes + 3 * count};
+}
+
+struct OpenRgb : Cc24BitRGBImage {
+    using Cc24BitRGBImage::operator=;
+    using Cc24BitRGBImage::iPixelIndex;
+};
+struct OpenHsl : Cc24BitHSLImage {
+    using Cc24BitHSLImage::operator=;
+};
+
+}  // namespace
+
+TEST(Cc24BitRGBImage, PixelsThroughTheAccessChannel) {
+    EXPECT_EQ(test::SlotOf(&Cc24BitRGBImage::ThresholdImageRGB), 32);
+    OpenRgb image;
+    SetPixels(image, 2, 2, {10, 20, 30, 40, 50, 60, 0, 0, 0, 200, 100, 250});
+    EXPECT_EQ(image(0, 0), static_cast<float>(0.299 * 30 + 0.587 * 20 + 0.114 * 10));
+    EXPECT_EQ(image.SetAccess(4), -1);
+    EXPECT_EQ(image.SetAccess(-1), -1);
+    EXPECT_EQ(image.GetAccess(), 0);
+    for (const int channel : {1, 2, 3}) {
+        EXPECT_EQ(image.SetAccess(channel), 0);
+        EXPECT_EQ(image(1, 0), 70.0F - 10 * channel);
+        image = 300.0F;
+        EXPECT_EQ(image(1, 0), 44.0F);
+    }
+    image.SetAccess(1);
+    EXPECT_EQ(image(0.5F, 0.0F), 37.0F);
+    EXPECT_EQ(image(1.0F, 0.25F), 95.5F);
+    EXPECT_EQ(image(1.0F, 1.0F), 250.0F);
+    EXPECT_EQ(image.iPixelIndex, 3);
+    EXPECT_EQ(image(1.5F, 0.0F), -1.0F);
+    EXPECT_EQ(image(0.0F, NAN), -1.0F);
+    image = 7.0F;
+    EXPECT_EQ(image(1, 1), 250.0F);
+    image.SetAccess(0);
+    image(0, 0);
+    image = 121.85F;
+    EXPECT_EQ(PixelsOf(image, 1), (Pixels{110, 120, 130}));
+    EXPECT_EQ(image.SetOperatorOverloadAccess(1), -1);
+    image.CreateOverlay();
+    image.SetOperatorOverloadAccess(1);
+    image(1, 1) = 3.0F;
+    image = 13.9F;
+    EXPECT_EQ(image(1.0F, 1.0F), 13.0F);
+    EXPECT_EQ(image.GetOverlay()[3], 13);
+}
+
+TEST(Cc24BitRGBImage, ThresholdingStartsFromTheCopyAndPutsItBack) {
+    test::TestWindow window(8, 8);
+    const Pixels pixels = {10, 10, 10, 20, 20, 20, 30, 30, 30, 40, 40, 40};
+    Cc24BitRGBImage image;
+    SetPixels(image, 4, 1, pixels);
+    const auto expect = [&](const Pixels& reds) { EXPECT_EQ(PixelsOf(image, 4), reds); };
+    image.SetAccess(3);
+    EXPECT_EQ(image.BeginThresholding(window, 100), 0);
+    ValidateRect(window, nullptr);
+    EXPECT_EQ(image.ThresholdImage(window, 20.9F, 30.0F, 256 + 5, -1, 7), 0);
+    EXPECT_TRUE(GetUpdateRect(window, nullptr, FALSE));
+    expect({10, 10, 10, 7, 255, 5, 7, 255, 5, 40, 40, 40});
+    EXPECT_EQ(image.ThresholdImage(window, 40, 40, 1, 2, 3), 0);
+    expect({10, 10, 10, 20, 20, 20, 30, 30, 30, 3, 2, 1});
+    // An empty band leaves even what is painted.
+    EXPECT_EQ(image.ThresholdImage(window, 41, 40, 9, 9, 9), 0);
+    EXPECT_EQ(image.ThresholdImageRGB(window, 5, 5, 0, 255, 0, 255, 1, 2, 3), -1);
+    ThresholdTag bands[] = {{10, 10, 0, 0, 30}, {30, 30, 50, 60, 70}, {9, 8, 1, 1, 1}};
+    EXPECT_EQ(image.ThresholdImageMulti(window, bands, 3), 0);
+    EXPECT_EQ(image.ThresholdImageMulti(window, nullptr, 1), -1);
+    expect({10, 10, 10, 20, 20, 20, 30, 30, 30, 3, 2, 1});
+    EXPECT_EQ(image.ThresholdImageMulti(window, bands, 2), 0);
+    expect({70, 60, 50, 20, 20, 20, 70, 60, 50, 40, 40, 40});
+    image.SetAccess(0);
+    EXPECT_EQ(image.ThresholdImageMulti(window, bands, 2), 0);
+    expect({30, 0, 0, 20, 20, 20, 70, 60, 50, 40, 40, 40});
+    EXPECT_EQ(image.ThresholdImageRGB(window, -5, 30, 15, 400, 0, 30, 300, -3, 8), 0);
+    expect({10, 10, 10, 8, 0, 255, 8, 0, 255, 40, 40, 40});
+    EXPECT_EQ(image.ThresholdImageMulti(window, bands, 0), 0);
+    expect(pixels);
+    EXPECT_EQ(image.ThresholdImage(window, 0, 300, 1, 1, 1), 0);
+    EXPECT_EQ(image.EndThresholding(), 0);
+    expect(pixels);
+    // Without a copy what is painted stays.
+    EXPECT_EQ(image.ThresholdImage(window, 40, 40, 1, 1, 1), 0);
+    EXPECT_EQ(image.EndThresholding(), 0);
+    expect({10, 10, 10, 20, 20, 20, 30, 30, 30, 1, 1, 1});
+}
+
+TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
+    EXPECT_EQ(test::SlotOf(&Cc24BitHSLImage::ThresholdImageHSL), 32);
+    OpenHsl image;
+    RGBQUAD colour = {1, 1, 1, 77};
+    EXPECT_EQ(image.RGB2HSL(0, 0, 255, &colour), 0);
+    EXPECT_EQ(colour.rgbRed, 160);
+    EXPECT_EQ(colour.rgbReserved, 77);
+    EXPECT_EQ(image.RGB2HSL(1, 2, 3, nullptr), -1);
+    EXPECT_EQ(image.HSL2RGB(160, 240, 120, &colour), 0);
+    EXPECT_EQ(colour.rgbBlue, 255);
+    EXPECT_EQ(image.HSL2RGB(241, 0, 0, &colour), -1);
+    EXPECT_EQ(image.HSL2RGB_Helper(0.25, 0.75, 390.0), 0.5);
+    EXPECT_EQ(image.DoConvert(), -1);
+    EXPECT_EQ(image.UpdateRGB(), -1);
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Error in DoConvert."}, {"Error", "Error in UpdateRGB."}}));
+
+    image.MakeBlankBMP(1, 3, 128, "gray");
+    EXPECT_EQ(PlaneOf(image, 3), (Pixels{120, 0, 0, 120, 0, 0, 120, 0, 0}));
+    EXPECT_EQ(image.SetAccess(1), -1);
+    EXPECT_EQ(image.GetAccess(), 4);
+    image(1, 0);
+    image = 160.0F;
+    image.SetAccess(5);
+    image(1, 0);
+    image = 240.9F;
+    image.SetAccess(6);
+    EXPECT_EQ(image(0.5F, 0.0F), 120.0F);
+    image.SetAccess(5);
+    EXPECT_EQ(image(1.5F, 0.0F), 120.0F);
+    EXPECT_EQ(PixelsOf(image, 3), Pixels(9, 128));
+    EXPECT_EQ(image.UpdateRGB(), 0);
+    EXPECT_EQ(PixelsOf(image, 3), (Pixels{127, 127, 127, 255, 0, 0, 127, 127, 127}));
+    image(2, 0);
+    image = 241.0F;
+    EXPECT_EQ(image.UpdateRGB(), -1);
+    EXPECT_EQ(image.ThresholdImage(nullptr, 0, 0, 0, 0, 0), -1);
+    image.SetClipping(true);
+    EXPECT_EQ(image.UpdateRGB(), 0);
+    EXPECT_EQ(image.DoConvert(), 0);
+    TakeBoxes();
+
+    // A loaded image has a plane of the right size, and none of the old values counts.
+    CcMemObjectStorage stream;
+    stream.PutObject(&image);
+    stream.Reset();
+    Cc24BitHSLImage loaded;
+    loaded.MakeBlankBMP(50, 50, 9, "larger");
+    ASSERT_EQ(stream.GetNextObject(&loaded), 0);
+    EXPECT_EQ(PlaneOf(loaded, 3), Pixels(9));
+    EXPECT_EQ(loaded.DoConvert(), 0);
+    EXPECT_EQ(PlaneOf(loaded, 3), PlaneOf(image, 3));
+    CcRoiRect roi;
+    RECT rect = {1, 1, 3, 0};
+    roi.SetRoiImageCord(&rect);
+    auto* region = static_cast<Cc24BitHSLImage*>(image.GetRegion(&roi, 0, 0));
+    const Pixels plane = PlaneOf(image, 3);
+    EXPECT_EQ(PlaneOf(*region, 2), Pixels(plane.begin() + 3, plane.end()));
+    delete region;
+}
+
+TEST(Cc24BitHSLImage, PlanesMadeOnTheirOwn) {
+    Cc24BitHSLImage image;
+    void* dib = nullptr;
+    image.MakeBlankBMP(30, 30, 7, "image");
+    const auto* header = reinterpret_cast<BITMAPINFOHEADER*>(image.MakeBlankDibBM24HSL(2, 1, 300, &dib));
+    ASSERT_NE(header, nullptr);
+    EXPECT_EQ(header->biHeight, 2);
+    EXPECT_EQ(GlobalLock(dib), header);
+    GlobalUnlock(dib);
+    GlobalUnlock(dib);
+    EXPECT_EQ(GlobalFree(dib), nullptr);
+    EXPECT_EQ(PlaneOf(image, 2), (Pixels{240, 0, 0, 240, 0, 0}));
+    // The plane is now too small for the image: nothing goes through it.
+    EXPECT_EQ(image(29, 29), -1.0F);
+    EXPECT_EQ(image(1.5F, 1.5F), -1.0F);
+    EXPECT_EQ(image.UpdateRGB(), -1);
+    EXPECT_EQ(image.DoConvert(), -1);
+    TakeBoxes();
+    EXPECT_EQ(image.BeginThresholding(nullptr, 0), 0);
+    EXPECT_EQ(image.ThresholdImageHSL(nullptr, 0, 9, 0, 9, 0, 9, 1, 1, 1), -1);
+    EXPECT_EQ(image.EndThresholding(), -1);
+    EXPECT_EQ(image.ReadDibBM24HSL("none.bmp", &dib), nullptr);
+    EXPECT_EQ(image.MakeBlankDibBM24HSL(0, 5, 1, &dib), nullptr);
+    EXPECT_EQ(dib, nullptr);
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"File I/O Error", "Can't open file"},
+                                             {"File Error", "Unable to allocate HSL memory."}}));
+    EXPECT_EQ(image.MakeBlankBMP(30, 30, 8, "again"), 0);
+    EXPECT_EQ(image.EndThresholding(), 0);
+    EXPECT_EQ(image(29, 29), 0.0F);
+}
+
+TEST(Cc24BitHSLImage, ARealPictureIsThresholdedByHueAndEndsAsItBegan) {
+    const std::filesystem::path path = std::filesystem::path(KEST_SHARED_DIR) / "images" / "ihc.bmp";
+    if (!std::filesystem::exists(path)) GTEST_SKIP() << "the pictures are not here";
+    test::TestWindow window(512, 512);
+    OpenHsl image;
+    ASSERT_EQ(image.OpenBMPFile(path.string().c_str()), 0);
+    constexpr std::size_t count = 512 * 512;
+    const Pixels original = PixelsOf(image, count), plane = PlaneOf(image, count);
+    image.Show(window, 100, 1, 0, 0, 1);
+    const test::Picture before = window.Snapshot();
+    ASSERT_EQ(image.BeginThresholding(window, 100), 0);
+    for (const auto& [low, high] : {std::pair{0, 30}, {10, 25}, {150, 180}, {0, 239}}) {
+        ASSERT_EQ(image.ThresholdImage(window, static_cast<float>(low), static_cast<float>(high), 0, 255, 0), 0);
+        image.Show(window, 100, 1, 0, 0, 1);
+        const test::Picture shown = window.Snapshot();
+        int wrong = 0;
+        for (int i = 0; i < 512 * 512; ++i) {
+            const int hue = plane[3 * static_cast<std::size_t>(i) + 2];
+            const bool isInBand = hue >= low && hue <= high;
+            const unsigned seen = shown.At(i % 512, 511 - i / 512);
+            RGBQUAD rest;
+            image.HSL2RGB(plane[3 * i + 2], plane[3 * i + 1], plane[3 * i], &rest);
+            const unsigned unpainted = static_cast<unsigned>(rest.rgbRed << 16 | rest.rgbGreen << 8 | rest.rgbBlue);
+            wrong += seen != (isInBand ? 0x00FF00u : unpainted);
+        }
+        EXPECT_EQ(wrong, 0) << low << ' ' << high;
+    }
+    ThresholdTag bands[] = {{0, 30, 255, 0, 0}, {0, 5, 0, 0, 255}, {100, 239, 9, 9, 9}};
+    EXPECT_EQ(image.ThresholdImageMulti(window, bands, 3), 0);
+    EXPECT_EQ(image.ThresholdImageHSL(window, 5, 5, 0, 255, 0, 255, 1, 1, 1), -1);
+    EXPECT_EQ(image.ThresholdImageHSL(window, 0, 239, 50, 300, -1, 255, 400, 0, 0), 0);
+    for (std::size_t i = 0; i < 3 * count; i += 3) {
+        const bool isInBox = plane[i + 1] >= 50;
+        ASSERT_EQ(PlaneOf(image, 1).size(), 3u);
+        const auto* now = static_cast<const std::uint8_t*>(image.GetBitMapImageDataHSL()) + i;
+        ASSERT_EQ((Pixels{now, now + 3}), isInBox ? (Pixels{120, 240, 0}) : Pixels(&plane[i], &plane[i] + 3));
+    }
+    EXPECT_EQ(image.EndThresholding(), 0);
+    EXPECT_EQ(PixelsOf(image, count), original);
+    EXPECT_EQ(PlaneOf(image, count), plane);
+    image.Show(window, 100, 1, 0, 0, 1);
+    EXPECT_EQ(window.Snapshot().DifferentFrom(before), 0);
+}

@@ -1,0 +1,123 @@
+// Painting of bands and boxes, against a model that takes one pixel after another.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <random>
+#include <vector>
+
+#include "image/kernel/ColourThreshold.h"
+#include "image/kernel/Luminance.h"
+
+using namespace kest;
+
+namespace {
+
+using Pixels = std::vector<std::uint8_t>;
+
+Pixels RandomPixels(unsigned seed) {
+    std::mt19937 random(seed);
+    Pixels pixels(3 * 5003);
+    for (auto& byte : pixels) byte = static_cast<std::uint8_t>(random());
+    // Grays and extremes are rare among random colours.
+    for (std::size_t i = 0; i < 768; ++i) pixels[i] = static_cast<std::uint8_t>(i / 3);
+    for (std::size_t i = 768; i < 900; ++i) pixels[i] = pixels[i] < 128 ? 0 : 255;
+    return pixels;
+}
+
+/// Paints from a picture kept aside and in place; both give what the model paints pixel by pixel.
+void ExpectPainted(const Pixels& source, const std::function<void(SourcePlane, TargetPlane)>& paint,
+                   const std::function<void(std::uint8_t*)>& model) {
+    Pixels expected = source, target(source.size(), 99), inPlace = source;
+    for (std::size_t i = 0; i < expected.size(); i += 3) model(&expected[i]);
+    paint(source, target);
+    EXPECT_EQ(target, expected);
+    paint(inPlace, inPlace);
+    EXPECT_EQ(inPlace, expected);
+}
+
+float LuminanceOf(const std::uint8_t* pixel) {
+    return static_cast<float>(0.299 * pixel[2] + 0.587 * pixel[1] + 0.114 * pixel[0]);
+}
+
+void Put(std::uint8_t* pixel, int red, int green, int blue) {
+    pixel[0] = static_cast<std::uint8_t>(blue);
+    pixel[1] = static_cast<std::uint8_t>(green);
+    pixel[2] = static_cast<std::uint8_t>(red);
+}
+
+const ThresholdTag overlapping[] = {
+    {10.0F, 120.0F, 200, 300, -1}, {100.0F, 180.5F, 7, 8, 9}, {7.0F, 9.0F, 250, 0, 0}, {240.0F, NAN, 1, 1, 1}};
+
+}  // namespace
+
+TEST(ColourThreshold, LuminanceBands) {
+    const Pixels source = RandomPixels(1);
+    const std::uint8_t gray[] = {128, 128, 128};
+    const float exact = LuminanceOf(gray);
+    for (const auto& [low, high] : {std::pair{exact, exact}, {0.0F, 255.0F}, {-5.0F, 90.3F}, {90.3F, INFINITY},
+                                    {128.0F, 128.0F}, {NAN, 255.0F}, {300.0F, 400.0F}})
+        ExpectPainted(
+            source,
+            [&](SourcePlane from, TargetPlane to) { PaintLuminance(from, to, low, high, {250, 100, 5}); },
+            [&](std::uint8_t* pixel) {
+                if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 250, 100, 5);
+            });
+    ExpectPainted(
+        source, [](SourcePlane from, TargetPlane to) { PaintLuminance(from, to, overlapping); },
+        [](std::uint8_t* pixel) {
+            const float luminance = LuminanceOf(pixel);
+            for (const ThresholdTag& band : overlapping)
+                if (luminance >= band.fLow && luminance <= band.fHigh)
+                    Put(pixel, band.iRed, band.iGreen, band.iBlue);
+        });
+}
+
+TEST(ColourThreshold, ChannelBandsLookAtWhatIsPainted) {
+    const Pixels source = RandomPixels(2);
+    for (const int byte : {0, 1, 2}) {
+        ChannelPainter several(byte), one(byte);
+        for (const ThresholdTag& band : overlapping)
+            several.AddBand(band.fLow, band.fHigh, LowBytes(band.iRed, band.iGreen, band.iBlue));
+        one.AddBand(ToByteBand(100.9F, 1000.0F), LowBytes(1, 2, 3));
+        ExpectPainted(
+            source, [&](SourcePlane from, TargetPlane to) { several.Paint(from, to); },
+            [byte](std::uint8_t* pixel) {
+                for (const ThresholdTag& band : overlapping)
+                    if (pixel[byte] >= band.fLow && pixel[byte] <= band.fHigh)
+                        Put(pixel, band.iRed, band.iGreen, band.iBlue);
+            });
+        ExpectPainted(
+            source, [&](SourcePlane from, TargetPlane to) { one.Paint(from, to); },
+            [byte](std::uint8_t* pixel) {
+                if (pixel[byte] >= 100) Put(pixel, 1, 2, 3);
+            });
+    }
+}
+
+TEST(ColourThreshold, BoxesAndTheirSides) {
+    const ByteBand box[] = {ToBoxSide(-3, 200), ToBoxSide(20, 500), ToBoxSide(300, 400)};
+    EXPECT_EQ(box[0].low, 0);
+    EXPECT_EQ(box[1].high, 255);
+    EXPECT_EQ(box[2].low, 44);
+    EXPECT_EQ(ToByteBand(-1.0F, NAN).low, 0);
+    EXPECT_EQ(ToByteBand(-1.0F, NAN).high, 0);
+    ExpectPainted(
+        RandomPixels(3),
+        [&](SourcePlane from, TargetPlane to) { PaintBox(from, to, box, Clamped(300, -1, 17)); },
+        [](std::uint8_t* pixel) {
+            if (pixel[0] <= 200 && pixel[1] >= 20 && pixel[2] >= 44) Put(pixel, 255, 0, 17);
+        });
+}
+
+TEST(ColourThreshold, SettingALuminanceMovesAllComponents) {
+    std::uint8_t pixel[] = {10, 20, 30};
+    SetLuminance(pixel, 121.85F);  // 21.85 plus 100
+    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{110, 120, 130}));
+    SetLuminance(pixel, 1000.0F);
+    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{255, 255, 255}));
+    SetLuminance(pixel, -INFINITY);
+    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{0, 0, 0}));
+    SetLuminance(pixel, 9.75F);
+    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{9, 9, 9}));
+}
