@@ -123,6 +123,7 @@ private:
 using StretchModeGuard = ModeGuard<SetStretchBltMode>;
 using DrawModeGuard = ModeGuard<SetROP2>;
 using BackgroundModeGuard = ModeGuard<SetBkMode>;
+using MapModeGuard = ModeGuard<SetMapMode>;
 
 /// The text alignment, whose value 0 is a setting of its own.
 class TextAlignGuard : Guard {
@@ -135,6 +136,22 @@ public:
 private:
     HDC dc;
     UINT old;
+};
+
+/// A clipping region, in device units, within the one that was there; that one comes back.
+class ClipGuard : Guard {
+public:
+    ClipGuard(HDC target, const RECT& place)
+        : dc(target), old(CreateRectRgn(0, 0, 0, 0)), hadOld(GetClipRgn(target, old) == 1) {
+        const GdiObject<HRGN> region(CreateRectRgnIndirect(&place));
+        if (region) ExtSelectClipRgn(dc, region, hadOld ? RGN_AND : RGN_COPY);
+    }
+    ~ClipGuard() { SelectClipRgn(dc, hadOld ? HRGN(old) : nullptr); }
+
+private:
+    HDC dc;
+    GdiObject<HRGN> old;
+    bool hadOld;
 };
 
 class TextColourGuard : Guard {

@@ -146,9 +146,10 @@ int CcGraph::SetGridMarkings(int iXMajor, int iYMajor, int iXMinor, int iYMinor,
 
 int CcGraph::GetGridMarkings(int* piXMajor, int* piYMajor, int* piXMinor, int* piYMinor, int* piXMajorLines,
                              int* piYMajorLines, int* piXMinorLines, int* piYMinorLines) {
-    int* const places[] = {piXMajorLines, piXMinorLines, piYMajorLines, piYMinorLines, piXMajor, piYMajor, piXMinor,
-                           piYMinor};
-    for (std::size_t i = 0; i < std::size(places); ++i) kest::Put(places[i], iGridMarkings[i]);
+    int* const places[] = {piXMajorLines, piXMinorLines, piYMajorLines, piYMinorLines,
+                           piXMajor,      piYMajor,      piXMinor,      piYMinor};
+    for (std::size_t i = 0; i < std::size(places); ++i)
+        kest::Put(places[i], iGridMarkings[i]);
     return KEST_OK;
 }
 

@@ -1,4 +1,86 @@
+// CcGraph: drawing the graph, more curves over it, and marks at points of it.
+#include <algorithm>
+
 #include "CcGraph.h"
-int CcGraph::ShowGraph(HWND, HDC, int) { return KEST_FAILED; }
-int CcGraph::ShowCurveOnGraph(HWND, HDC, tagPoints*, int, int) { return KEST_FAILED; }
-int CcGraph::ShowListOfSelPoints(HWND, HDC, int*, int, int) { return KEST_FAILED; }
+#include "core/GdiGuards.h"
+#include "graph/CurvePoints.h"
+#include "graph/GraphDrawing.h"
+
+namespace {
+
+/// Wider lines than any device are drawn this wide.
+constexpr int widestPen = 10000;
+
+constexpr int pointSquare = 2, selectedPointSquare = 5;
+
+}  // namespace
+
+int CcGraph::ShowGraph(HWND hWnd, HDC hDC, int iDevice) {
+    const kest::GdiObject<HPEN> solid(CreatePen(PS_SOLID, 1, RGB(0, 0, 0)));
+    const kest::GdiObject<HPEN> dotted(CreatePen(PS_DOT, 1, RGB(0, 0, 0)));
+    const kest::MapModeGuard mapMode(hDC, MM_ANISOTROPIC);
+    if (!LayOut(hWnd, hDC, iDevice, true)) return KEST_OK;
+
+    // The gaps of dotted lines show what lies behind them.
+    const kest::BackgroundModeGuard background(hDC, TRANSPARENT);
+    {
+        const kest::SelectedObject pen(hDC, solid);
+        const kest::GraphPlane plane = {XAxis(), YAxis(), Scales()};
+        kest::DrawAxes(hDC, plane);
+        kest::DrawGraphTexts(hDC, plane, szTitleText, szXAxisText, szYAxisText, KEST_GRAPH_TEXT_SIZE);
+        kest::DrawYMarks(hDC, plane, solid, dotted);
+        kest::DrawXMarks(hDC, plane, solid, dotted);
+    }
+    const kest::ClipGuard clip(hDC, {stPlotRect[0], stPlotRect[1], stPlotRect[2], stPlotRect[3]});
+    if (pCurveList) DrawCurves(hDC);
+    return KEST_OK;
+}
+
+void CcGraph::DrawCurves(HDC hDC) {
+    const kest::GraphScales scales = Scales();
+    const int selected = pCurveList->GetSelectedObjectsIndex();
+    for (int i = 0; i < pCurveList->GetNumberOfObjects(); ++i) {
+        pSelectedCurve = kest::AsCurve(pCurveList->GetAtIndex(i));
+        if (!pSelectedCurve) {
+            MessageBeep(0);
+            continue;
+        }
+        int style, width;
+        unsigned long colour;
+        pSelectedCurve->GetCurveStyle(&style, &colour, &width);
+        const bool hasLines = style != KEST_CURVE_SQUARES;
+        const kest::GdiObject<HPEN> made(CreatePen(hasLines ? style : PS_SOLID, std::min(width, widestPen), colour));
+        const kest::SelectedObject pen(hDC, made);
+        const std::span<const tagPoints> points = kest::PointsOf(*pSelectedCurve);
+        if (hasLines) kest::DrawCurveLines(hDC, scales, points);
+        if (hasLines && i != selected) continue;
+        for (const tagPoints& point : points)
+            kest::DrawPointSquare(hDC, scales, point, pointSquare);
+    }
+}
+
+int CcGraph::ShowCurveOnGraph(HWND hWnd, HDC hDC, tagPoints* pPoints, int iCount, int iDevice) {
+    const kest::MapModeGuard mapMode(hDC, MM_ANISOTROPIC);
+    if (!LayOut(hWnd, hDC, iDevice, false) || !pPoints || iCount <= 0) return KEST_OK;
+    const kest::ClipGuard clip(hDC, {stPlotRect[0], stPlotRect[1], stPlotRect[2], stPlotRect[3]});
+    kest::DrawCurveLines(hDC, Scales(), {pPoints, static_cast<std::size_t>(iCount)});
+    return KEST_OK;
+}
+
+int CcGraph::ShowListOfSelPoints(HWND hWnd, HDC hDC, int* piIndices, int iCount, int iDevice) {
+    const kest::MapModeGuard mapMode(hDC, MM_ANISOTROPIC);
+    const bool isDrawable = LayOut(hWnd, hDC, iDevice, false);
+    if (!pCurveList) return KEST_OK;
+    pSelectedCurve = kest::AsCurve(pCurveList->GetSelected());
+    if (!isDrawable || !pSelectedCurve || !piIndices) return KEST_OK;
+
+    const kest::ClipGuard clip(hDC, {stPlotRect[0], stPlotRect[1], stPlotRect[2], stPlotRect[3]});
+    const kest::GraphScales scales = Scales();
+    const std::span<const tagPoints> points = kest::PointsOf(*pSelectedCurve);
+    for (int i = 0; i < iCount; ++i) {
+        const int index = piIndices[i];
+        if (index >= 0 && static_cast<std::size_t>(index) < points.size())
+            kest::DrawPointSquare(hDC, scales, points[static_cast<std::size_t>(index)], selectedPointSquare);
+    }
+    return KEST_OK;
+}

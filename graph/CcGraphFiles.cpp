@@ -1,3 +1,103 @@
+// CcGraph: appearance files. They hold the settings of a graph, without its curves, one field after another in 3560
+// bytes. A file that is longer is read as far as it is known; one that is shorter is refused.
+#include <cstdio>
+#include <cstring>
+
 #include "CcGraph.h"
-int CcGraph::SaveAppearance(const char*) { return KEST_FAILED; }
-int CcGraph::RestoreAppearance(const char*) { return KEST_FAILED; }
+#include "core/Files.h"
+#include "core/Messages.h"
+#include "core/kernel/ByteReader.h"
+
+namespace {
+
+constexpr int fileBytes = 3560;
+
+struct FieldWriter {
+    kest::ByteWriter& writer;
+
+    template <class Number>
+    void operator()(Number& number) const {
+        writer.Write(number);
+    }
+    template <std::size_t N>
+    void operator()(char (&text)[N]) const {
+        writer.WriteBytes(text, N);
+    }
+};
+
+struct FieldReader {
+    kest::ByteReader& reader;
+
+    template <class Number>
+    void operator()(Number& number) const {
+        reader.Read(number);
+    }
+    template <std::size_t N>
+    void operator()(char (&text)[N]) const {
+        reader.ReadBytes(text, N);
+        text[N - 1] = 0;
+    }
+};
+
+void ShowOpenFailure(const char* fileName, const char* purpose) {
+    char text[KEST_NAME_SIZE + 40];
+    std::snprintf(text, sizeof text, "Can't open file:%.*s for %s", KEST_NAME_SIZE, fileName ? fileName : "", purpose);
+    kest::ShowMessage(text, "Error...");
+}
+
+}  // namespace
+
+/// Calls `visit(field)` for each number and text, in the order of the file.
+template <class Visitor>
+void CcGraph::VisitAppearance(Visitor visit) {
+    for (int& extent : stMapExtents)
+        visit(extent);
+    for (int& origin : stMapOrigins)
+        visit(origin);
+    for (float* value : {&fXMin, &fXOrigin, &fXMax, &fYMin, &fYOrigin, &fYMax})
+        visit(*value);
+    for (int& side : stPlotRect)
+        visit(side);
+    for (int& marking : iGridMarkings)
+        visit(marking);
+    visit(szXAxisText);
+    visit(szYAxisText);
+    visit(szTitleText);
+    for (int* option : {&iXAxisOption, &iXPrecision, &iYAxisOption, &iYPrecision})
+        visit(*option);
+    for (tagCURVEAPPEARANCE& appearance : stCurveAppearance) {
+        auto colour = static_cast<std::uint32_t>(appearance.ulColor);
+        visit(colour);
+        appearance.ulColor = colour;
+        visit(appearance.iStyle);
+        visit(appearance.iWidth);
+        visit(appearance.szName);
+    }
+}
+
+int CcGraph::SaveAppearance(const char* pszFileName) {
+    const kest::FileHandle file(
+        CreateFileA(pszFileName, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen()) {
+        ShowOpenFailure(pszFileName, "saving");
+        return KEST_FAILED;
+    }
+    std::uint8_t bytes[fileBytes];
+    kest::ByteWriter writer(bytes);
+    VisitAppearance(FieldWriter{writer});
+    kest::WriteExactly(file, bytes, fileBytes);
+    return KEST_OK;
+}
+
+int CcGraph::RestoreAppearance(const char* pszFileName) {
+    const kest::FileHandle file(kest::OpenForReading(pszFileName));
+    if (!file.IsOpen()) {
+        ShowOpenFailure(pszFileName, "reading");
+        return KEST_FAILED;
+    }
+    std::uint8_t bytes[fileBytes];
+    if (!kest::ReadExactly(file, bytes, fileBytes)) return KEST_FAILED;
+    kest::ByteReader reader(bytes);
+    VisitAppearance(FieldReader{reader});
+    return KEST_OK;
+}

@@ -19,8 +19,8 @@ public:
 
     ~CcCurve() override;  // slot 0
 
-    /// `iStyle`: a pen style or KEST_CURVE_SQUARES; `ulColor`: a COLORREF; `iWidth`: of the pen, in pixels, 0 and 1 alike.
-    /// Nothing is checked.
+    /// `iStyle`: a pen style or KEST_CURVE_SQUARES; `ulColor`: a COLORREF; `iWidth`: of the pen, in pixels, 0 and 1
+    /// alike. Nothing is checked.
     int SetCurveStyle(int iStyle, unsigned long ulColor, int iWidth);
     /// The three values; a null argument is skipped.
     int GetCurveStyle(int* piStyle, unsigned long* pulColor, int* piWidth);

@@ -5,6 +5,12 @@
 #include "CcList.h"
 #include "KestBlocks.h"
 
+namespace kest {
+struct GraphAxis;
+struct GraphScales;
+struct HitAxes;
+}  // namespace kest
+
 /// Curves that a graph keeps a default appearance for.
 constexpr int KEST_GRAPH_CURVES = 100;
 /// Characters of a graph's title and axis texts, their terminator included.
@@ -19,13 +25,13 @@ struct tagCURVEAPPEARANCE {
 };
 static_assert(sizeof(tagCURVEAPPEARANCE) == 32);
 
-/// A graph: a list of curves with axis ranges, label precisions, tick and grid settings, texts, and an origin cross. It is
-/// drawn into any device context; once it was drawn into a window, mouse positions there can be turned into data.
+/// A graph: a list of curves with axis ranges, label precisions, tick and grid settings, texts, and an origin cross. It
+/// is drawn into any device context; once it was drawn into a window, mouse positions there can be turned into data.
 ///
-/// Three coordinate spaces meet here. Device coordinates are pixels, y downward. Logical coordinates are the graph's own
-/// mapping of the device context, one unit a pixel, y upward. Data coordinates are the points of the curves. Every
-/// operation that takes a device context sets the graph's mapping on it and puts the mapping mode back before it returns;
-/// window and viewport origins stay as the graph set them.
+/// Three coordinate spaces meet here. Device coordinates are pixels, y downward. Logical coordinates are the graph's
+/// own mapping of the device context, one unit a pixel, y upward. Data coordinates are the points of the curves. Every
+/// operation that takes a device context sets the graph's mapping on it and puts the mapping mode back before it
+/// returns; window and viewport origins stay as the graph set them.
 ///
 /// Curves are members of a CcList that the caller owns; members that are no CcCurve count as null. The graph itself has
 /// no class name and cannot be written to an object stream; SaveAppearance keeps its settings.
@@ -49,16 +55,16 @@ public:
     int GetGraphText(char* pszTitle, char* pszXText, char* pszYText);
 
     /// Ranges in data coordinates; exponents by which the labels are scaled (3: thousands); decimals of the labels.
-    /// Corrects, after a message box with the caption "Error": a precision outside 0 to 5 to 2, and a maximum that equals
-    /// its minimum to 1 more. A minimum above its maximum turns the axis round. Always 0.
-    int SetMinMaxValues(float fNewXMin, float fNewXMax, float fNewYMin, float fNewYMax, int iXOption, int iNewXPrecision,
-                        int iYOption, int iNewYPrecision);
+    /// Corrects, after a message box with the caption "Error": a precision outside 0 to 5 to 2, and a maximum that
+    /// equals its minimum to 1 more. A minimum above its maximum turns the axis round. Always 0.
+    int SetMinMaxValues(float fNewXMin, float fNewXMax, float fNewYMin, float fNewYMax, int iXOption,
+                        int iNewXPrecision, int iYOption, int iNewYPrecision);
     /// The same values in the same order. Null is skipped.
     int GetMinMaxValues(float* pfXMin, float* pfXMax, float* pfYMin, float* pfYMax, int* piXOption, int* piXPrecision,
                         int* piYOption, int* piYPrecision);
 
-    /// Numbers of marks (major: on the whole axis, at least 2; minor: between two major ones), then whether they are lines
-    /// across the plot (1) or short marks (0).
+    /// Numbers of marks (major: on the whole axis, at least 2; minor: between two major ones), then whether they are
+    /// lines across the plot (1) or short marks (0).
     int SetGridMarkings(int iXMajor, int iYMajor, int iXMinor, int iYMinor, int iXMajorLines, int iYMajorLines,
                         int iXMinorLines, int iYMinorLines);
     /// The same values in the same order. Null is skipped.
@@ -70,8 +76,8 @@ public:
     /// Null is skipped.
     int GetXYOriginCross(float* pfX, float* pfY);
 
-    /// The default appearance of curve 0 to 99; -1 for another index or null. A curve takes it over only when the host (or
-    /// the line style dialog) gives it to CcCurve::SetCurveStyle.
+    /// The default appearance of curve 0 to 99; -1 for another index or null. A curve takes it over only when the host
+    /// (or the line style dialog) gives it to CcCurve::SetCurveStyle.
     int GetCurveAppearance(int iIndex, tagCURVEAPPEARANCE* pAppearance);
     /// Its name is kept with a terminator.
     int SetCurveAppearance(int iIndex, const tagCURVEAPPEARANCE* pAppearance);
@@ -84,8 +90,8 @@ public:
     int RestoreAppearance(const char* pszFileName);
 
     /// Draws the graph: into the client area of `hWnd`, or, with `iDevice` 1, onto the whole surface of the device (a
-    /// page). Uses the font of `hDC`. Always 0. Nothing is drawn but the frame of a page when the ranges are empty or not
-    /// finite or the place has no room for a plot; points that are not finite leave gaps in their curves.
+    /// page). Uses the font of `hDC`. Always 0. Nothing is drawn but the frame of a page when the ranges are empty or
+    /// not finite or the place has no room for a plot; points that are not finite leave gaps in their curves.
     int ShowGraph(HWND hWnd, HDC hDC, int iDevice);
     /// Draws one more curve over a graph, in the pen of `hDC`. Always 0.
     int ShowCurveOnGraph(HWND hWnd, HDC hDC, tagPoints* pPoints, int iCount, int iDevice);
@@ -93,8 +99,8 @@ public:
     /// point are skipped. Always 0.
     int ShowListOfSelPoints(HWND hWnd, HDC hDC, int* piIndices, int iCount, int iDevice);
 
-    // Picking. Positions are in device coordinates of the window that the graph was last drawn into, and `hDC` is a device
-    // context of it. A break point is hit within 4 pixels; the first one in the order of list and points counts.
+    // Picking. Positions are in device coordinates of the window that the graph was last drawn into, and `hDC` is a
+    // device context of it. A break point is hit within 4 pixels; the first one in the order of list and points counts.
 
     /// The index of the point that is hit, which becomes the selected point, its curve the selected one of the list; -1
     /// for no hit. A null member of the list is shown in a message box with the caption "Graph Error" and passed over.
@@ -106,19 +112,19 @@ public:
     /// The same among the points of the list's selected curve. -1 also when none is selected.
     int IsCursorOnSelectedBP(HDC hDC, POINT* ptDevice);
 
-    /// Moves the selected point of the list's selected curve to a device position. 0, also when no curve is selected; -1
-    /// when no point is selected, the curve has no such point, or positions cannot be turned into data.
+    /// Moves the selected point of the list's selected curve to a device position. 0, also when no curve is selected;
+    /// -1 when no point is selected, the curve has no such point, or positions cannot be turned into data.
     int SetSelBPViaMouse(HDC hDC, POINT* ptDevice);
     /// The logical and the data coordinates of a device position. Always 0.
     int GetPositionViaMouse(HDC hDC, POINT* ptDevice, POINT* ptLogical, tagPoints* ptData);
-    /// Moves the selected point by value. 0, also when no curve is selected; -1 without a curve list or selected point, or
-    /// when the curve has no such point.
+    /// Moves the selected point by value. 0, also when no curve is selected; -1 without a curve list or selected point,
+    /// or when the curve has no such point.
     int SetSelBPDirect(float fX, float fY);
     /// Reads it. Results as above; null is skipped.
     int GetSelBPDirect(float* pfX, float* pfY);
 
-    // The settings dialogs, modal to the window with the focus. 0 however they are closed; -1 when the library with their
-    // templates could not be loaded.
+    // The settings dialogs, modal to the window with the focus. 0 however they are closed; -1 when the library with
+    // their templates could not be loaded.
 
     int ShowDLBLineStyle();
     int ShowDLBSetGridMarkings();
@@ -132,7 +138,8 @@ protected:
     float fYMin, fYOrigin, fYMax;
     int stPlotRect[4];     ///< the plot's left, top, right and bottom, in device units
     int iWorkValues[4];    ///< not used
-    int iGridMarkings[8];  ///< lines or marks: x major, x minor, y major, y minor; numbers: x major, y major, x minor, y minor
+    int iGridMarkings[8];  ///< lines or marks: x major, x minor, y major, y minor; numbers: x major, y major, x minor,
+                           ///< y minor
     char szXAxisText[KEST_GRAPH_TEXT_SIZE];
     char szYAxisText[KEST_GRAPH_TEXT_SIZE];
     char szTitleText[KEST_GRAPH_TEXT_SIZE];
@@ -151,4 +158,15 @@ private:
     int IsCursorOnOrigin(HDC hDC, POINT* ptDevice);
     /// Moves the viewport origin to a device position.
     int SetOriginViaMouse(POINT* ptDevice);
+
+    kest::GraphAxis XAxis() const;
+    kest::GraphAxis YAxis() const;
+    kest::GraphScales Scales() const;
+    void SetMapping(HDC hDC) const;
+    bool LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage);
+    void DrawCurves(HDC hDC);
+    int FindBreakPoint(HDC hDC, POINT* ptDevice, const kest::HitAxes& axes);
+    int FindSelectedPoint(tagPoints*& pPoint);
+    template <class Visitor>
+    void VisitAppearance(Visitor visit);
 };

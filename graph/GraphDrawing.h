@@ -1,0 +1,36 @@
+// Drawing the parts of a graph into a device context that has the graph's mapping.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+
+#include "KestTypes.h"
+#include "graph/kernel/GraphLayout.h"
+
+namespace kest {
+
+/// The ranges and where they lie. All scales are drawable.
+struct GraphPlane {
+    GraphAxis x;
+    GraphAxis y;
+    GraphScales scales;
+};
+
+/// The axis lines through the origin, as far as it lies in the ranges, and the frame of the plot.
+void DrawAxes(HDC dc, const GraphPlane& plane);
+
+/// The texts of `size` characters, or fewer where a terminator comes first. An exponent is added to its axis text.
+void DrawGraphTexts(HDC dc, const GraphPlane& plane, const char* title, const char* xText, const char* yText, int size);
+
+/// Labels and marks (or lines) of one axis; the minor ones in the second pen.
+void DrawXMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted);
+void DrawYMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted);
+
+/// In the pen of the device context.
+void DrawCurveLines(HDC dc, const GraphScales& scales, std::span<const tagPoints> points);
+
+/// A square of `2 * halfSize` pixels about a point; none about a point that is not finite or far off.
+void DrawPointSquare(HDC dc, const GraphScales& scales, const tagPoints& point, int halfSize);
+
+}  // namespace kest
