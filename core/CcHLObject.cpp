@@ -1,7 +1,6 @@
 // CcHLObject: type code, reference count, name, and the operations that object streams call.
 #include "CcHLObject.h"
 
-#include <cstdlib>
 #include <cstring>
 
 #include "core/kernel/TextField.h"
@@ -52,11 +51,3 @@ int CcHLObject::DecReferenceCount() {
     --iReferenceCount;
     return KEST_OK;
 }
-
-void* CcHLObject::operator new(std::size_t size) noexcept { return std::malloc(size); }
-
-void* CcHLObject::operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
-
-void CcHLObject::operator delete(void* pBlock) noexcept { std::free(pBlock); }
-
-void CcHLObject::operator delete(void* pBlock, const std::nothrow_t&) noexcept { std::free(pBlock); }

@@ -8,7 +8,7 @@
 ///
 /// The list owns its tools: DelAt and the destructor delete them, which unloads their libraries. A null entry is
 /// accepted. A copy refers to the same tools; its destructor does not delete them.
-class KEST_API CDLLLST {
+class KEST_API CDLLLST : public KestHeapObject {
 public:
     CDLLLST();
     CDLLLST(const CDLLLST&) = default;

@@ -5,13 +5,14 @@
 
 #include "KestBlocks.h"
 #include "KestExport.h"
+#include "KestHeapObject.h"
 #include "KestTool.h"
 
 /// Loads a tool library, learns from its entry point KestInitialize what it offers, and forwards the host's calls to it.
 ///
 /// An object is filled once, by LoadDll, and unloaded by UNLoadDll or its destructor. A copy refers to the same library
 /// and does not unload it in its destructor.
-class KEST_API CLOADDLL {
+class KEST_API CLOADDLL : public KestHeapObject {
 public:
     /// An empty tool whose menu text is "Void".
     CLOADDLL();

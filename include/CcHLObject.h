@@ -1,10 +1,8 @@
 // CcHLObject: the root of every object that the library hands out, keeps in a list or writes to a stream.
 #pragma once
 
-#include <cstddef>
-#include <new>
-
 #include "KestExport.h"
+#include "KestHeapObject.h"
 #include "KestTypes.h"
 
 class CcObjectStorage;
@@ -15,7 +13,7 @@ class CcObjectStorage;
 /// Operations return 0 for success and a negative value for failure; nothing throws. Copying copies type, count and name
 /// as they stand. Strings that are only read are `const char*`, in virtual functions too: a host that overrides one
 /// declares it so.
-class KEST_API CcHLObject {
+class KEST_API CcHLObject : public KestHeapObject {
 public:
     CcHLObject();
     CcHLObject(const CcHLObject&) = default;
@@ -50,15 +48,6 @@ public:
     int IncReferenceCount();
     /// -1, and the count stays, when it is below 1.
     int DecReferenceCount();
-
-    /// Objects live in the library's heap, so that either side of the DLL may delete what the other made. When memory
-    /// is short `new` yields null and constructs nothing.
-    static void* operator new(std::size_t size) noexcept;
-    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
-    static void* operator new(std::size_t, void* pPlace) noexcept { return pPlace; }
-    static void operator delete(void* pBlock) noexcept;
-    static void operator delete(void* pBlock, const std::nothrow_t&) noexcept;
-    static void operator delete(void*, void*) noexcept {}
 
 protected:
     int iType;

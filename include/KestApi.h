@@ -37,6 +37,7 @@
 #include "KestColourImage.h"
 #include "KestDisplayTable.h"
 #include "KestExport.h"
+#include "KestHeapObject.h"
 #include "KestMeasure.h"
 #include "KestTool.h"
 #include "KestToolHost.h"

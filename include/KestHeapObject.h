@@ -1,0 +1,25 @@
+// Where objects that host and library hand to each other are allocated.
+#pragma once
+
+#include <cstddef>
+#include <new>
+
+#include "KestExport.h"
+
+/// Base of the classes whose objects live in the library's heap, so that either side of the DLL may delete what the other
+/// made. It adds nothing to an object. When memory is short `new` yields null and constructs nothing.
+class KEST_API KestHeapObject {
+public:
+    static void* operator new(std::size_t size) noexcept;
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    static void* operator new(std::size_t, void* pPlace) noexcept { return pPlace; }
+    static void operator delete(void* pBlock) noexcept;
+    static void operator delete(void* pBlock, const std::nothrow_t&) noexcept;
+    static void operator delete(void*, void*) noexcept {}
+
+protected:
+    KestHeapObject() = default;
+    KestHeapObject(const KestHeapObject&) = default;
+    KestHeapObject& operator=(const KestHeapObject&) = default;
+    ~KestHeapObject() = default;
+};
