@@ -17,7 +17,7 @@ endif()
 math(EXPR bits "${CMAKE_SIZEOF_VOID_P} * 8")
 file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
 add_library(kest_test_support STATIC ${support_sources})
-target_link_libraries(kest_test_support PUBLIC KestApi kest_kernels gtest kest_options)
+target_link_libraries(kest_test_support PUBLIC KestApi kest_kernels gtest kest_options winspool)
 target_include_directories(kest_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
 target_compile_options(kest_test_support PUBLIC -O1)
 target_compile_definitions(kest_test_support PUBLIC

@@ -28,6 +28,12 @@ std::string TextOf(HWND window) {
 
 bool IsFileDialog(HWND dialog) { return GetDlgItem(dialog, cmb1) != nullptr && GetDlgItem(dialog, cmb13) != nullptr; }
 
+/// Other dialogs have texts of that number, too, but also something to operate.
+bool IsBox(HWND dialog) {
+    return GetDlgItem(dialog, boxText) != nullptr && !FindWindowExA(dialog, nullptr, "ComboBox", nullptr) &&
+           !FindWindowExA(dialog, nullptr, "Edit", nullptr);
+}
+
 void AnswerBox(HWND dialog) {
     boxes.push_back({TextOf(dialog), TextOf(GetDlgItem(dialog, boxText))});
     SendMessageA(dialog, WM_COMMAND, GetDlgItem(dialog, IDYES) ? IDYES : IDOK, 0);
@@ -52,7 +58,7 @@ VOID CALLBACK WhenReady(HWND dialog, UINT, UINT_PTR timer, DWORD) {
     KillTimer(dialog, timer);
     if (IsFileDialog(dialog)) {
         AnswerFileDialogWindow(dialog);
-    } else if (operateDialog && !GetDlgItem(dialog, boxText)) {
+    } else if (operateDialog && !IsBox(dialog)) {
         const auto operate = std::move(operateDialog);
         operateDialog = nullptr;
         operate(dialog);
@@ -67,8 +73,7 @@ LRESULT CALLBACK WatchDialogs(int code, WPARAM wParam, LPARAM lParam) {
         char className[16] = {};
         GetClassNameA(window, className, sizeof className);
         if (std::string(className) == "#32770" && seen.insert(window).second) {
-            const bool isBox = GetDlgItem(window, boxText) != nullptr;
-            SetTimer(window, isBox ? boxTimer : dialogTimer, isBox ? 1 : 20, WhenReady);
+            SetTimer(window, IsBox(window) ? boxTimer : dialogTimer, IsBox(window) ? 1 : 20, WhenReady);
         }
     } else if (code == HCBT_DESTROYWND) {
         seen.erase(window);

@@ -11,6 +11,7 @@
 #include "image/kernel/OverlayColours.h"
 #include "image/kernel/PrintPlan.h"
 #include "image/kernel/RegionCopy.h"
+#include "image/kernel/ThresholdBand.h"
 
 using namespace kest;
 
@@ -55,11 +56,47 @@ TEST(BlitPlan, ClippingKeepsPixelsWhereTheyAre) {
     EXPECT_FALSE(ClipToImage(plan, 100, 80));
 }
 
-TEST(BlitPlan, PrintScaleIsThePowerOfTwoThatFirstExceedsHalfThePage) {
+TEST(PrintPlan, ScaleIsThePowerOfTwoThatFirstExceedsHalfThePage) {
     EXPECT_EQ(PrintScale(100, 100, 2400, 3300), 16);
     EXPECT_EQ(PrintScale(1201, 1, 2400, 3300), 1);
     EXPECT_EQ(PrintScale(1200, 1, 2400, 3300), 2);
     EXPECT_EQ(PrintScale(0, 100, 2400, 3300), 1);
+}
+
+TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
+    // 4 columns, 3 rows, bottom row first.
+    const std::uint8_t overlay[] = {7, 7, 0, 8, 0, 0, 0, 0, 9, 9, 9, 9};
+    std::vector<std::array<long long, 5>> runs;
+    const auto note = [&](const PrintedRun& run) {
+        runs.push_back({run.left, run.top, run.right, run.bottom, run.value});
+    };
+    PrintPlan plan = PlanForPage({0, 0, 4, 3, 0, 0, 0, 1}, 20, 60);
+    ExpectPlan(plan.picture, {0, 0, 16, 12}, {0, 0, 4, 3});
+    ForEachPrintedRun({overlay, 4, 3}, 3, plan, 20, 60, note);
+    EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{
+                        {0, 12, 8, 16, 7}, {12, 12, 16, 16, 8}, {0, 4, 16, 8, 9}}));
+    // Zoom 2 in a window of 4 x 4: two columns and two rows from column 1 and one row down.
+    runs.clear();
+    plan = PlanForPage({4, 4, 4, 3, 1, 1, 1, 2}, 20, 60);
+    ExpectPlan(plan.picture, {0, 0, 16, 16}, {1, 0, 2, 2});
+    EXPECT_EQ(plan.blockPixels, 8);
+    ForEachPrintedRun({overlay, 4, 3}, 3, plan, 20, 60, note);
+    EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 16, 8, 24, 7}}));
+}
+
+TEST(ThresholdBand, LowIsRoundedDownAndHighUp) {
+    struct Case {
+        float low, high;
+        int from, to;
+    };
+    const float nan = std::nanf("");
+    for (const Case& c : {Case{100, 150, 100, 150}, {100.5F, 149.2F, 100, 150}, {150, 100, 150, 100}, {255, 255, 0, 255},
+                          {-5, -1, 0, 0}, {0, 0, 0, 0}, {254.9F, 300, 254, 255}, {1e30F, -1e30F, 0, 0},
+                          {nan, nan, 0, 255}}) {
+        const LevelBand band = FindBand(c.low, c.high);
+        EXPECT_EQ(band.low, c.from) << c.low;
+        EXPECT_EQ(band.high, c.to) << c.high;
+    }
 }
 
 TEST(DisplayLut, ClampingAndSteps) {

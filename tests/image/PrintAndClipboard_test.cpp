@@ -1,0 +1,178 @@
+// Images on a rendered page, and on the clipboard as this and another process read it.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <memory>
+
+#include "image/Support.h"
+#include "support/Dialogs.h"
+#include "support/Printer.h"
+#include "support/TestWindow.h"
+
+using test::PatternValue;
+using test::Picture;
+
+namespace {
+
+unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
+
+/// Answers the print dialog; the document's page, or none when it is cancelled.
+void AnswerPrintDialog(int button) {
+    test::OperateNextDialog([button](HWND dialog) { SendMessageA(GetDlgItem(dialog, button), BM_CLICK, 0, 0); });
+}
+
+/// The bitmap on the clipboard.
+Picture ClipboardPicture() {
+    Picture picture;
+    if (!OpenClipboard(nullptr)) return picture;
+    if (const auto bitmap = static_cast<HBITMAP>(GetClipboardData(CF_BITMAP))) {
+        BITMAP info;
+        GetObjectA(bitmap, sizeof info, &info);
+        const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
+        const HGDIOBJ old = SelectObject(memory, bitmap);
+        picture = test::PictureOf(memory, info.bmWidth, info.bmHeight);
+        SelectObject(memory, old);
+        DeleteDC(memory);
+        ReleaseDC(nullptr, screen);
+    }
+    CloseClipboard();
+    return picture;
+}
+
+constexpr char childFile[] = "clipboard-child.bin";
+
+}  // namespace
+
+TEST(Print, PageInEveryTable) {
+    ASSERT_TRUE(test::InstallPrinter());
+    CcGrayImage256 image;
+    test::FillPattern(image, 99, 60);
+    image.GetOverlay()[40 * 99 + 10] = 13;
+    image.GetOverlay()[40 * 99 + 11] = 13;
+    tagPoints curve[256], before[256], after[256];
+    image.GetDisplayLUT(101, 1, before);
+    for (int k = 0; k < 256; ++k) curve[k] = {static_cast<float>(k), 255.0F - static_cast<float>(k)};
+    image.SetDisplayLUT(101, 2, curve);
+
+    for (const unsigned short lut : {100, 101, 102, 103, 104}) {
+        SCOPED_TRACE(lut);
+        AnswerPrintDialog(IDOK);
+        ASSERT_EQ(image.Print(nullptr, lut, 0, 0, 0, 1), 0);
+        const Picture page = test::TakePrintedPage();
+        ASSERT_EQ(page.width, 2400);
+        // The width first exceeds half of the page's 2400 pixels at 16; the page is compared in the middle of each pixel.
+        int different = 0;
+        for (int y = 0; y < 60; ++y)
+            for (int x = 0; x < 99; ++x) {
+                const int level = PatternValue(x, y);
+                unsigned expected = lut == 103   ? Gray(level / 2)
+                                    : lut == 104 ? Gray(level / 4)
+                                                 : Gray(level);
+                if (lut == 101) expected = (expected & 0xFF00FF) | static_cast<unsigned>(255 - level) << 8;
+                if (y == 39 && (x == 10 || x == 11)) expected = 0xFF0000;  // the mark lies a block below its pixel
+                different += page.At(x * 16 + 8, (59 - y) * 16 + 8) != expected;
+            }
+        EXPECT_EQ(different, 0);
+        EXPECT_EQ(page.At(99 * 16 + 8, 30), 0xFFFFFFu);
+    }
+    image.GetDisplayLUT(101, 1, after);
+    EXPECT_EQ(std::memcmp(before, after, sizeof before), 0);
+    test::TakeBoxes();
+}
+
+TEST(Print, WhatTheWindowShows) {
+    ASSERT_TRUE(test::InstallPrinter());
+    test::TestWindow window(90, 60);
+    CcGrayImage256 image;
+    test::FillPattern(image, 99, 60);
+    AnswerPrintDialog(IDOK);
+    ASSERT_EQ(image.Print(window, 102, 1, 10, 20, 3), 0);
+    const Picture page = test::TakePrintedPage();
+    ASSERT_EQ(page.width, 2400);
+    // 30 columns and 20 rows from column 10 and 20 rows down, at 16 for a window pixel.
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 30; ++x)
+            ASSERT_EQ(page.At(x * 48 + 24, y * 48 + 24), Gray(PatternValue(x + 10, 59 - 20 - y))) << x << ' ' << y;
+}
+
+TEST(Print, NothingToPrint) {
+    ASSERT_TRUE(test::InstallPrinter());
+    CcGrayImage256 image;
+    EXPECT_EQ(image.Print(nullptr, 101, 0, 0, 0, 1), -1);
+    image.MakeBlankBMP(5, 5, 0, "i");
+    AnswerPrintDialog(IDCANCEL);
+    EXPECT_EQ(image.Print(nullptr, 101, 0, 0, 0, 1), -1);
+    AnswerPrintDialog(IDOK);
+    EXPECT_EQ(image.Print(nullptr, 99, 0, 0, 0, 1), -1);
+    EXPECT_NE(CcImage::stPrintSetup.hDevMode, nullptr);
+    EXPECT_EQ(CcImage::stPrintSetup.hDC, nullptr);
+}
+
+TEST(Clipboard, RectangleWithOverlay) {
+    test::TestWindow window(50, 50);
+    CcGrayImage256 image;
+    test::FillPattern(image, 101, 80);
+    image.GetOverlay()[25 * 101 + 12] = 14;
+    RECT rect = {10, 60, 50, 20};
+    ASSERT_EQ(image.CopyToClipboard(window, 102, &rect), 0);
+    Picture copied = ClipboardPicture();
+    ASSERT_EQ(copied.width, 40);
+    ASSERT_EQ(copied.height, 40);
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 40; ++x) {
+            const unsigned overlay = x == 2 && y == 5 ? 0x00FF00 : 0;
+            ASSERT_EQ(copied.At(x, 39 - y), Gray(PatternValue(x + 10, y + 20)) | overlay) << x << ' ' << y;
+        }
+
+    // All of it, through a table that does not exist: the colour table.
+    ASSERT_EQ(image.CopyToClipboard(nullptr, 7, nullptr), 0);
+    copied = ClipboardPicture();
+    EXPECT_EQ(copied.width, 101);
+    EXPECT_EQ(copied.At(3, 79), Gray(PatternValue(3, 0)));
+    EXPECT_TRUE(test::TakeBoxes().empty());
+
+    RECT outside = {90, 100, 110, 70};
+    ASSERT_EQ(image.CopyToClipboard(window, 102, &outside), 0);
+    copied = ClipboardPicture();
+    ASSERT_EQ(copied.width, 20);
+    EXPECT_EQ(copied.At(0, 29), Gray(PatternValue(90, 70)));
+    EXPECT_EQ(copied.At(19, 0), 0u);
+    RECT empty = {10, 20, 10, 60};
+    EXPECT_EQ(image.CopyToClipboard(window, 102, &empty), -1);
+    CcGrayImage256 none;
+    EXPECT_EQ(none.CopyToClipboard(window, 102, nullptr), -1);
+}
+
+TEST(Clipboard, AnotherProcessReadsIt) {
+    test::TestWindow window(50, 50);
+    CcBinaryImage image;
+    image.MakeBlankBMP(31, 27, 0, "mask");
+    static_cast<unsigned char*>(image.GetBitMapImageData())[5 * 27 + 3] = 1;
+    ASSERT_EQ(image.CopyToClipboard(window, 0, nullptr), 0);
+
+    char program[MAX_PATH];
+    GetModuleFileNameA(nullptr, program, sizeof program);
+    std::string command = '"' + std::string(program) +
+                          "\" --gtest_also_run_disabled_tests --gtest_filter=Clipboard.DISABLED_ReadByTheChild";
+    const test::TemporaryFile file(childFile);
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process;
+    ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
+    while (WaitForSingleObject(process.hProcess, 10) == WAIT_TIMEOUT) test::PumpMessages(10);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    std::vector<unsigned> expected(31 * 27, 0xFFFFFF);
+    expected[(30 - 5) * 27 + 3] = 0;
+    const auto content = file.Content();
+    ASSERT_EQ(content.size(), expected.size() * sizeof(unsigned));
+    EXPECT_EQ(std::memcmp(content.data(), expected.data(), content.size()), 0);
+}
+
+/// Run by the test above in a process of its own.
+TEST(Clipboard, DISABLED_ReadByTheChild) {
+    const Picture picture = ClipboardPicture();
+    std::ofstream(childFile, std::ios::binary)
+        .write(reinterpret_cast<const char*>(picture.pixels.data()),
+               static_cast<std::streamsize>(picture.pixels.size() * sizeof(unsigned)));
+}

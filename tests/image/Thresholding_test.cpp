@@ -1,0 +1,146 @@
+// Thresholding of the 8-bit image and the binary image, by the colours that a window then shows.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "image/Support.h"
+#include "support/Dialogs.h"
+#include "support/TestWindow.h"
+
+namespace {
+
+constexpr unsigned red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF;
+
+unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
+
+/// An image of one row in which column v has the value v.
+template <class Image>
+void MakeRamp(Image& image) {
+    image.MakeBlankBMP(1, 256, 0, "ramp");
+    auto* bytes = static_cast<unsigned char*>(image.GetBitMapImageData());
+    for (int value = 0; value < 256; ++value) bytes[value] = static_cast<unsigned char>(value);
+}
+
+/// The colours that the values are shown in.
+std::vector<unsigned> ShownColours(CcImage& ramp) {
+    test::MemoryPicture picture(256, 1);
+    RECT rect = {0, 0, 256, 1};
+    ramp.Show(picture, &rect, 101, 1, 0, 0, 1);
+    return picture.Snapshot().pixels;
+}
+
+std::vector<unsigned> Grays() {
+    std::vector<unsigned> colours;
+    for (int level = 0; level < 256; ++level) colours.push_back(Gray(level));
+    return colours;
+}
+
+}  // namespace
+
+TEST(GrayThreshold, BandsReplaceAndCoverEachOther) {
+    CcGrayImage256 image;
+    MakeRamp(image);
+    EXPECT_EQ(image.BeginThresholding(nullptr, 0), 0);
+    std::vector<unsigned> expected = Grays();
+    EXPECT_EQ(ShownColours(image), expected);
+
+    EXPECT_EQ(image.ThresholdImage(nullptr, 100.5F, 149.2F, 300, -4, 0), 0);
+    std::fill(expected.begin() + 100, expected.begin() + 151, red);
+    EXPECT_EQ(ShownColours(image), expected);
+    EXPECT_EQ(image.ThresholdImage(nullptr, 150, 100, 0, 0, 255), -1);
+    EXPECT_EQ(ShownColours(image), expected);
+    EXPECT_EQ(image.ThresholdImage(nullptr, 255, 255, 0, 0, 255), 0);
+    EXPECT_EQ(ShownColours(image), std::vector<unsigned>(256, blue));
+
+    ThresholdTag bands[] = {{10, 100, 255, 0, 0}, {200, 150, 9, 9, 9}, {90, 300, 0, 255, 0}};
+    EXPECT_EQ(image.ThresholdImageMulti(nullptr, bands, 3), 0);
+    expected = Grays();
+    std::fill(expected.begin() + 10, expected.begin() + 90, red);
+    std::fill(expected.begin() + 90, expected.end(), green);
+    EXPECT_EQ(ShownColours(image), expected);
+    EXPECT_EQ(image.ThresholdImageMulti(nullptr, nullptr, 1), -1);
+    EXPECT_EQ(image.ThresholdImageMulti(nullptr, nullptr, 0), 0);
+    EXPECT_EQ(ShownColours(image), Grays());
+    image.ThresholdImage(nullptr, 0, 9, 1, 2, 3);
+    EXPECT_EQ(image.EndThresholding(), 0);
+    EXPECT_EQ(ShownColours(image), Grays());
+}
+
+TEST(BinaryImage, LooksAndThresholds) {
+    CcBinaryImage image;
+    MakeRamp(image);
+    std::vector<unsigned> working(256, white);
+    working[1] = 0;
+    EXPECT_EQ(ShownColours(image), working);
+
+    test::TestWindow window(20, 20);
+    struct Case {
+        float low, high;
+        unsigned zero, one;
+    };
+    for (const Case& c : {Case{1, 1, white, red}, {0, 1, red, red}, {0, 0, red, white & 0}, {0.5F, 1, white, 0}}) {
+        SCOPED_TRACE(c.low);
+        ValidateRect(window, nullptr);
+        EXPECT_EQ(image.ThresholdImage(window, c.low, c.high, 255, 0, 0), 0);
+        EXPECT_TRUE(GetUpdateRect(window, nullptr, FALSE));
+        std::vector<unsigned> expected = working;
+        expected[0] = c.zero;
+        expected[1] = c.one;
+        EXPECT_EQ(ShownColours(image), expected);
+    }
+    EXPECT_EQ(image.EndThresholding(), 0);
+    EXPECT_EQ(ShownColours(image), working);
+    image.ThresholdImage(window, 0, 1, 255, 0, 0);
+    image.MakeBlankBMP(1, 256, 1, nullptr);
+    EXPECT_EQ(ShownColours(image), std::vector<unsigned>(256, 0u));
+
+    EXPECT_EQ(image.BeginThresholding(window, 0), 0);
+    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_EQ(image.ThresholdImageMulti(window, nullptr, 0), 0);
+    EXPECT_EQ(test::TakeBoxes().size(), 1u);
+}
+
+TEST(BinaryImage, TablesFilesAndRegions) {
+    CcBinaryImage image;
+    EXPECT_EQ(image.GetImageType(), 4);
+    EXPECT_EQ(image.GetMaxPixelValue(), 1.0F);
+    tagPoints curve[256];
+    ASSERT_EQ(image.GetDisplayLUT(101, 1, curve), 0);
+    EXPECT_EQ(curve[1].y, 255.0F);
+    EXPECT_EQ(curve[0].y, 0.0F);
+    for (const int channel : {0, 4}) {
+        EXPECT_EQ(image.SetDisplayLUT(101, channel, curve), -1);
+        EXPECT_EQ(image.GetDisplayLUT(101, channel, curve), -1);
+    }
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, curve), -1);
+
+    MakeRamp(image);
+    image(5, 0);
+    image = 1.0F;
+    const test::TemporaryFile file("binary.bmp");
+    EXPECT_EQ(image.SaveBMPFile(file.Path()), 0);
+    CcBinaryImage opened;
+    EXPECT_EQ(opened.OpenBMPFile(file.Path()), 0);
+    EXPECT_STREQ(CcBinaryImage::cFullFilePathOpen, file.Path());
+    EXPECT_STRNE(CcGrayImage256::cFullFilePathOpen, file.Path());
+    EXPECT_EQ(opened(5, 0), 1.0F);
+    EXPECT_EQ(opened(77, 0), 77.0F);
+
+    CcMemObjectStorage storage(0, 0);
+    CcHLObject* loaded = nullptr;
+    ASSERT_EQ(storage.PutObject(&opened), 0);
+    storage.Reset();
+    ASSERT_EQ(storage.GetNextObject(&loaded), 0);
+    auto* copy = dynamic_cast<CcBinaryImage*>(loaded);
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(ShownColours(*copy)[5], 0u);
+    EXPECT_EQ(ShownColours(*copy)[77], white);
+    delete loaded;
+
+    CcRoiRect roi;
+    RECT record = {4, 1, 8, 0};
+    roi.SetRoiImageCord(&record);
+    const std::unique_ptr<CcImage> region(opened.GetRegion(&roi, 0, 0));
+    ASSERT_NE(dynamic_cast<CcBinaryImage*>(region.get()), nullptr);
+    EXPECT_EQ((*region)(1, 0), 1.0F);
+}
