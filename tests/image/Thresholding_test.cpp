@@ -126,10 +126,10 @@ TEST(BinaryImage, TablesFilesAndRegions) {
     EXPECT_EQ(opened(5, 0), 1.0F);
     EXPECT_EQ(opened(77, 0), 77.0F);
 
-    CcMemObjectStorage storage(0, 0);
+    CcMemObjectStorage storage;
     CcHLObject* loaded = nullptr;
     ASSERT_EQ(storage.PutObject(&opened), 0);
-    storage.Reset();
+    ASSERT_EQ(storage.Reset(), 0);
     ASSERT_EQ(storage.GetNextObject(&loaded), 0);
     auto* copy = dynamic_cast<CcBinaryImage*>(loaded);
     ASSERT_NE(copy, nullptr);
