@@ -5,7 +5,7 @@
 #include "image/WideOverrides.inl"
 
 int CcGrayImageFloat::NormalizeFloatToByteImage(const float* pSource, unsigned char* pBytes, int iRows, int iColumns,
-                                            int iMode) {
+                                                int iMode) {
     return Members::Normalise(*this, pSource, pBytes, iRows, iColumns, iMode);
 }
 

@@ -6,8 +6,8 @@
 #define WIDE_CLASS CcGrayImageInt16
 #include "image/WideOverrides.inl"
 
-int CcGrayImageInt16::NormalizeInt16ToByteImage(const unsigned short* pSource, unsigned char* pBytes, int iRows, int iColumns,
-                                            int iMode) {
+int CcGrayImageInt16::NormalizeInt16ToByteImage(const unsigned short* pSource, unsigned char* pBytes, int iRows,
+                                                int iColumns, int iMode) {
     return Members::Normalise(*this, pSource, pBytes, iRows, iColumns, iMode);
 }
 
@@ -17,8 +17,7 @@ int CcGrayImageInt16::Copy8BitToInt16(const unsigned char* pBytes, unsigned shor
 
 CcImage* CcGrayImageInt16::GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign) {
     kest::RegionFrame frame;
-    if (Members::Samples(*this).empty() ||
-        !kest::FrameRegion(pRoi, iAlign, szObjectName, iWidth, iHeight, frame))
+    if (Members::Samples(*this).empty() || !kest::FrameRegion(pRoi, iAlign, szObjectName, iWidth, iHeight, frame))
         return nullptr;
     auto* region = kest::MakeBlankRegion<CcGrayImageInt16>(frame, iFillValue);
     if (region)

@@ -181,8 +181,8 @@ struct KestWideMembers {
         return KEST_OK;
     }
 
-    /// Runs an operation of the 8-bit image that colours levels. The lists that it puts back only show other levels: where
-    /// the display range begins and ends is not theirs to say.
+    /// Runs an operation of the 8-bit image that colours levels. The lists that it puts back only show other levels:
+    /// where the display range begins and ends is not theirs to say.
     template <class Operation>
     static int Threshold(Image& image, Operation operation) {
         image.bKeepsDisplayRange = true;
@@ -201,10 +201,11 @@ struct KestWideMembers {
 
     static float& ReadPosition(Image& image, float x, float y) {
         if (image.AddressPosition(x, y, false))
-            image.fPixelValue = image.iOperatorAccess == 0
-                                    ? kest::Interpolate(x, y, kest::Surroundings(x, y),
-                                                        [&](int column, int row) { return SampleOf(image, column, row); })
-                                    : image.OverlayTarget();
+            image.fPixelValue =
+                image.iOperatorAccess == 0
+                    ? kest::Interpolate(x, y, kest::Surroundings(x, y),
+                                        [&](int column, int row) { return SampleOf(image, column, row); })
+                    : image.OverlayTarget();
         return image.fPixelValue;
     }
 
@@ -262,8 +263,10 @@ private:
     }
 
     static void SpreadAllLists(Image& image) {
-        for (int list = 0; list < static_cast<int>(std::size(lists)); ++list) SpreadList(image, list);
-        for (const ListName& list : lists) RebuildTable(image, list.lut, list.channel);
+        for (int list = 0; list < static_cast<int>(std::size(lists)); ++list)
+            SpreadList(image, list);
+        for (const ListName& list : lists)
+            RebuildTable(image, list.lut, list.channel);
     }
 
     /// -1.0 without samples.

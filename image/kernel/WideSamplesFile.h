@@ -1,5 +1,5 @@
-// Raw sample files, beside the BMP files of wide images: file code, height and width as 32-bit numbers, then the samples
-// without padding, bottom row first, all little-endian. Bytes behind the samples are ignored.
+// Raw sample files, beside the BMP files of wide images: file code, height and width as 32-bit numbers, then the
+// samples without padding, bottom row first, all little-endian. Bytes behind the samples are ignored.
 #pragma once
 
 #include <cstdint>

@@ -9,7 +9,9 @@ namespace kest {
 namespace {
 
 /// One part of the display range, of one less than `count` parts.
-float PartOfRange(std::size_t count) { return count == 256 ? 0.003921569F : count == 128 ? 0.007874016F : 0.015873017F; }
+float PartOfRange(std::size_t count) {
+    return count == 256 ? 0.003921569F : count == 128 ? 0.007874016F : 0.015873017F;
+}
 
 double FarthestDistance(std::span<const tagPoints> points, const DisplayMapping& mapping) {
     const auto [first, last] = std::minmax_element(points.begin(), points.end(),

@@ -12,9 +12,9 @@ namespace kest {
 /// precision. The y values stay.
 void SpreadPoints(std::span<tagPoints> points, float displayMin, float displayMax);
 
-/// For each of as many evenly spaced levels as there are points, from 0 on: the y of the point nearest to the sample that
-/// is mapped to the level, the first one of equally near points. No point counts that is as far away as the lists and
-/// the display range reach; the first point stands in when none is left.
+/// For each of as many evenly spaced levels as there are points, from 0 on: the y of the point nearest to the sample
+/// that is mapped to the level, the first one of equally near points. No point counts that is as far away as the lists
+/// and the display range reach; the first point stands in when none is left.
 void PickLevels(std::span<const tagPoints> points, const DisplayMapping& mapping, std::span<tagPoints> levels);
 
 }  // namespace kest

@@ -16,9 +16,7 @@ struct Line {
 
     explicit Line(const DisplayMapping& mapping)
         : scale(_mm_set1_ps(mapping.scale)), offset(_mm_set1_ps(mapping.offset)) {}
-    __m128i At(__m128 samples) const {
-        return _mm_cvttps_epi32(_mm_add_ps(_mm_mul_ps(samples, scale), offset));
-    }
+    __m128i At(__m128 samples) const { return _mm_cvttps_epi32(_mm_add_ps(_mm_mul_ps(samples, scale), offset)); }
     __m128i LowByteAt(__m128 samples) const { return _mm_and_si128(At(samples), _mm_set1_epi32(0xFF)); }
 };
 
@@ -126,7 +124,8 @@ std::size_t MapLines(std::span<const Sample> samples, const Rule& rule, std::uin
     const Mapper mapper(rule);
     for (const Sample *next = samples.data(), *end = next + whole; next != end; next += line) {
         ReadAhead(next);
-        for (std::size_t i = 0; i < line; i += 16, bytes += 16) StoreVector(bytes, mapper.Map(next + i));
+        for (std::size_t i = 0; i < line; i += 16, bytes += 16)
+            StoreVector(bytes, mapper.Map(next + i));
     }
     return whole;
 }
@@ -149,7 +148,8 @@ using Shifter32 = void;
 template <class Sample>
 void MapOneByOne(std::span<const Sample> samples, std::size_t first, const DisplayMapping& mapping,
                  std::uint8_t* bytes) {
-    for (std::size_t i = first; i < samples.size(); ++i) bytes[i] = MapSample(samples[i], mapping);
+    for (std::size_t i = first; i < samples.size(); ++i)
+        bytes[i] = MapSample(samples[i], mapping);
 }
 
 template <class Mapper, class Sample>

@@ -1,0 +1,449 @@
+// The wide grayscale images: samples and raw files, display range and point lists, pixel access, thresholding, regions.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <limits>
+#include <memory>
+#include <numeric>
+#include <string>
+
+#include "image/Support.h"
+#include "support/Dialogs.h"
+#include "support/Slots.h"
+#include "support/TestWindow.h"
+
+using test::Box;
+using test::Bytes;
+using test::TakeBoxes;
+using test::TemporaryFile;
+
+namespace {
+
+constexpr float noNumber = std::numeric_limits<float>::quiet_NaN();
+constexpr float infinity = std::numeric_limits<float>::infinity();
+
+template <class Base, class SampleType>
+struct Open : Base {
+    using Base::operator=;
+    using Base::fDisplayMax;
+    using Base::fDisplayMin;
+    using Base::iPixelIndex;
+    using Base::iReScaleOnShow;
+    using Base::lpBits;
+    using Base::pSamples;
+
+    using Sample = SampleType;
+
+    void Fill(int height, int width, std::vector<Sample> samples) {
+        this->MakeBlankBMP(height, width, 0, "wide");
+        std::copy(samples.begin(), samples.end(), this->pSamples);
+        this->iReScaleOnShow = 2;
+    }
+    /// The display bytes after a Show.
+    std::vector<int> Shown() {
+        test::MemoryPicture picture(4, 4);
+        RECT rect = {0, 0, 4, 4};
+        EXPECT_EQ(this->Show(picture, &rect, 100, 0, 0, 0, 1), 0);
+        int height, width;
+        this->GetHeightWidth(&height, &width);
+        return {this->lpBits, this->lpBits + height * width};
+    }
+    std::vector<tagPoints> List(int lut, int channel) {
+        std::vector<tagPoints> points(lut < 103 ? 256 : lut == 103 ? 128 : 64);
+        EXPECT_EQ(this->GetDisplayLUT(lut, channel, points.data()), 0);
+        return points;
+    }
+};
+
+using Open16 = Open<CcGrayImageInt16, unsigned short>;
+using Open32 = Open<CcGrayImageInt32, int>;
+using OpenFloat = Open<CcGrayImageFloat, float>;
+
+/// The four by four pixels that a picture of the image stretched to them shows through a LUT.
+template <class Image>
+test::Picture PictureThrough(Image& image, unsigned short lut) {
+    test::MemoryPicture picture(4, 4);
+    RECT rect = {0, 0, 4, 4};
+    EXPECT_EQ(image.Show(picture, &rect, lut, 0, 0, 0, 1), 0);
+    return picture.Snapshot();
+}
+
+struct Kind {
+    static constexpr const char* bmp = "wide.bmp";
+};
+struct Kind16 : Kind {
+    using Image = Open16;
+    static constexpr int code = 5, bytes = 2;
+    static constexpr const char *raw = "wide.i16", *className = "CcGrayImageInt16", *saving = "16-bit";
+    static Bytes Put(Bytes file, int sample) { return file.U16(static_cast<unsigned>(sample)); }
+};
+struct Kind32 : Kind {
+    using Image = Open32;
+    static constexpr int code = 1, bytes = 4;
+    static constexpr const char *raw = "wide.i32", *className = "CcGrayImageInt32", *saving = "32-bit";
+    static Bytes Put(Bytes file, int sample) { return file.I32(sample); }
+};
+struct KindFloat : Kind {
+    using Image = OpenFloat;
+    static constexpr int code = 2, bytes = 4;
+    static constexpr const char *raw = "wide.flt", *className = "CcGrayImageFloat", *saving = "floating point";
+    static Bytes Put(Bytes file, int sample) { return file.F32(static_cast<float>(sample)); }
+};
+
+template <class K>
+struct WideImages : testing::Test {
+    static Bytes RawFile(int height, int width, const std::vector<int>& samples) {
+        Bytes file = Bytes().I32(K::code).I32(height).I32(width);
+        for (const int sample : samples)
+            file = K::Put(file, sample);
+        return file;
+    }
+};
+using Kinds = testing::Types<Kind16, Kind32, KindFloat>;
+TYPED_TEST_SUITE(WideImages, Kinds);
+
+}  // namespace
+
+TYPED_TEST(WideImages, FreshAndBlankImages) {
+    typename TypeParam::Image image;
+    EXPECT_EQ(image.GetImageType(), TypeParam::code);
+    EXPECT_EQ(image.SizeOf(), TypeParam::bytes);
+    EXPECT_EQ(image.GetAutoUpdateDisplay(), 1);
+    EXPECT_EQ(image.GetMinPixelValue(), 0.0F);
+    EXPECT_EQ(image.GetMaxPixelValue(), 255.0F);
+    EXPECT_EQ(image.GetBitMapImageData(), nullptr);
+    EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
+    EXPECT_EQ(image.SaveBMPFile("x.bmp"), -1);
+    EXPECT_EQ(image(0, 0), -1.0F);
+    EXPECT_TRUE(TakeBoxes().empty());
+    EXPECT_EQ(test::SlotOf(&TypeParam::Image::GetAutoUpdateDisplay), 25);
+    CcMemObjectStorage stream;
+    CcHLObject* made = nullptr;
+    ASSERT_EQ(stream.CreateObject(const_cast<char*>(TypeParam::className), &made), 0);
+    const std::unique_ptr<CcHLObject> owned(made);
+    char name[20];
+    EXPECT_EQ(static_cast<CcImage*>(made)->GetImageType(), TypeParam::code);
+    EXPECT_EQ(made->GetClassNameA(name, 20), 0);
+    EXPECT_STREQ(name, "CcGrayImage256");
+
+    ASSERT_EQ(image.MakeBlankBMP(3, 5, 1000, "blank"), 0);
+    EXPECT_EQ(image(4, 2), 1000.0F);
+    EXPECT_EQ(image.GetMaxPixelValue(), 1000.0F);
+    EXPECT_EQ(image.Shown(), std::vector<int>(15, 0));
+    // A refill takes no statistics, whatever changed before: the display range and the flag stay.
+    image = 5.0F;
+    const void* samples = image.GetBitMapImageData();
+    ASSERT_EQ(image.MakeBlankBMP(3, 5, 2000, "again"), 0);
+    EXPECT_EQ(image.GetBitMapImageData(), samples);
+    EXPECT_STREQ(image.GetName(), "again");
+    EXPECT_EQ(image.lpBits[14], 255);
+    EXPECT_EQ(image.iReScaleOnShow, 2);
+    EXPECT_EQ(image.Shown(), std::vector<int>(15, 0));
+    EXPECT_EQ(image.MakeBlankBMP(3, 5, 7, "flag 0"), 0);
+    EXPECT_EQ(image.GetMaxPixelValue(), 2000.0F);
+    EXPECT_EQ(image.iReScaleOnShow, 0);
+
+    // Without memory for the samples the display image stays; each refusal has its own box.
+    EXPECT_EQ(image.MakeBlankBMP(-1, 5, 0, "b"), -1);
+    EXPECT_EQ(image.MakeBlankBMP(0, 5, 0, "b"), -1);
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Could not make Blank DIB"},
+                                             {"Error", "Unable to Allocate Memory for Floating Point Image"}}));
+    EXPECT_EQ(image.GetBitMapImageData(), nullptr);
+    EXPECT_EQ(image.MakeBlankBMP(2, 2, 0, "small"), 0);
+    EXPECT_EQ(image.GetMaxPixelValue(), 0.0F);
+    {
+        const typename TypeParam::Image copy = image;
+        EXPECT_EQ(copy.pSamples, image.pSamples);
+    }
+    EXPECT_EQ(image(1, 1), 0.0F);
+}
+
+TYPED_TEST(WideImages, RawFilesToTheByteAndBack) {
+    typename TypeParam::Image image;
+    TemporaryFile bmp(TypeParam::bmp), raw(TypeParam::raw);
+    image.Fill(2, 3, {10, 20, 30, 40, 50, 265});
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 10, 20, 30, 40, 255}));
+    ASSERT_EQ(image.SaveBMPFile(bmp.Path()), 0);
+    EXPECT_EQ(bmp.Content().size(), 1084u);
+    const Bytes expected = this->RawFile(2, 3, {10, 20, 30, 40, 50, 265});
+    EXPECT_EQ(raw.Content(), expected);
+
+    typename TypeParam::Image back;
+    back.SetAutoUpdateDisplay(0);
+    ASSERT_EQ(back.OpenBMPFile(bmp.Path()), 0);
+    EXPECT_STREQ(back.GetName(), "wide");
+    EXPECT_EQ(back.GetAutoUpdateDisplay(), 1);
+    EXPECT_EQ(back(2, 1), 265.0F);
+    EXPECT_EQ(back.GetMinPixelValue(), 10.0F);
+    EXPECT_EQ(std::vector<int>(back.lpBits, back.lpBits + 6), (std::vector<int>{0, 10, 20, 30, 40, 255}));
+    EXPECT_EQ(back.SaveBMPFile(bmp.Path()), 0);
+    EXPECT_EQ(raw.Content(), expected);
+
+    EXPECT_EQ(back.OpenBMPFile("none.bmp"), -1);
+    EXPECT_EQ(back.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
+    EXPECT_EQ(image.SaveBMPFile("no folder\\wide.bmp"), -1);
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Could not open DIB file"},
+                                             {"File I/O Error", std::string("Can't open file for saving ") +
+                                                                    TypeParam::saving + " image data"}}));
+}
+
+TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
+    const TemporaryFile bmp(TypeParam::bmp, test::BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
+    const std::vector<int> six = {1000, 2, 3, 4, 5, 6};
+    Bytes good = this->RawFile(2, 3, six), wrongCode = good, cut = good, header = good;
+    wrongCode[0] ^= 4;
+    cut.pop_back();
+    header.resize(11);
+    Bytes wider = this->RawFile(2, 4, {1, 2, 3, 4, 5, 6, 7, 8}), turned = this->RawFile(3, 2, six);
+    const Bytes endless = this->RawFile(INT_MAX, INT_MAX, six), negative = this->RawFile(-2, -3, six);
+    for (const Bytes& file : {wrongCode, cut, header, wider, turned, endless, negative, Bytes()}) {
+        const TemporaryFile raw(TypeParam::raw, file);
+        typename TypeParam::Image image;
+        image.SetAutoUpdateDisplay(0);
+        EXPECT_EQ(image.OpenBMPFile(bmp.Path()), 0);
+        EXPECT_EQ(image(0, 0), 1.0F);
+        EXPECT_EQ(image(2, 1), 200.0F);
+        EXPECT_EQ(image.GetAutoUpdateDisplay(), 0);
+        EXPECT_EQ(image.GetMaxPixelValue(), 200.0F);
+    }
+    const TemporaryFile raw(TypeParam::raw, good.U8(99));
+    typename TypeParam::Image image;
+    EXPECT_EQ(image.OpenBMPFile(bmp.Path()), 0);
+    EXPECT_EQ(image(0, 0), 1000.0F);
+    EXPECT_TRUE(TakeBoxes().empty());
+}
+
+TYPED_TEST(WideImages, LoadLeavesNoSamples) {
+    typename TypeParam::Image image;
+    image.Fill(2, 2, {100, 200, 300, 355});
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 100, 200, 255}));
+    CcMemObjectStorage stream;
+    ASSERT_EQ(stream.PutObject(&image), 0);
+    stream.Reset();
+    CcHLObject* made = nullptr;
+    ASSERT_EQ(stream.GetNextObject(&made), 0);
+    const std::unique_ptr<CcImage> shown(dynamic_cast<CcImage*>(made));
+    EXPECT_EQ(shown->GetImageType(), 0);
+    EXPECT_EQ((*shown)(1, 1), 255.0F);
+
+    typename TypeParam::Image loaded;
+    loaded.Fill(30, 20, std::vector<typename TypeParam::Image::Sample>(600, 9));
+    EXPECT_EQ(loaded.Load(nullptr), -1);
+    EXPECT_EQ(loaded(19, 29), 9.0F);
+    stream.Reset();
+    ASSERT_EQ(stream.GetNextObject(&loaded), 0);
+    EXPECT_EQ(loaded.GetBitMapImageData(), nullptr);
+    EXPECT_EQ(loaded(1, 1), -1.0F);
+    EXPECT_EQ(loaded(0.5F, 0.5F), -1.0F);
+    loaded = 7.0F;
+    EXPECT_EQ(loaded.lpBits[3], 255);
+    EXPECT_EQ(loaded.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
+    EXPECT_EQ(loaded.SaveBMPFile("wide.bmp"), -1);
+    loaded.ThresholdImage(nullptr, 0, 9, 255, 0, 0);
+    EXPECT_EQ(loaded.MakeBlankBMP(2, 2, 3, "again"), 0);
+    EXPECT_EQ(loaded(1, 1), 3.0F);
+}
+
+TYPED_TEST(WideImages, PixelAccess) {
+    typename TypeParam::Image image;
+    image.Fill(2, 3, {0, 10, 20, 100, 110, 1000});
+    EXPECT_EQ(image(1.5F, 0.0F), 15.0F);
+    EXPECT_EQ(image(0.5F, 0.5F), 55.0F);
+    EXPECT_EQ(image(2.0F, 1.0F), 1000.0F);
+    // Strictly inside: no position beyond the last column or row, however little.
+    for (const auto& [x, y] : {std::pair{2.1F, 0.0F}, {0.0F, 1.1F}, {-0.1F, 0.0F}, {3.0F, 0.0F}, {noNumber, 0.0F}}) {
+        EXPECT_EQ(image(x, y), -1.0F);
+        image = 77.0F;
+    }
+    EXPECT_EQ(image(3, 1), -1.0F);
+    image.Shown();
+    image = 77.0F;
+    EXPECT_EQ(image.iReScaleOnShow, 2);
+    EXPECT_EQ(std::accumulate(image.pSamples, image.pSamples + 6, 0.0), 1240.0);
+    image(2, 1);
+    image = 1234.0F;
+    EXPECT_EQ(image.GetMaxPixelValue(), 1234.0F);
+    EXPECT_EQ(image.iReScaleOnShow, 1);
+
+    image.CreateOverlay();
+    image.SetOperatorOverloadAccess(1);
+    image(1, 1);
+    image = 256.0F + 13.5F;
+    EXPECT_EQ(image(1, 1), 13.0F);
+    EXPECT_EQ(image(1.5F, 1.0F), 13.0F);
+    image.SetOperatorOverloadAccess(0);
+    EXPECT_EQ(image(1, 1), 110.0F);
+}
+
+TYPED_TEST(WideImages, RegionsUnderARectangle) {
+    typename TypeParam::Image image;
+    std::vector<typename TypeParam::Image::Sample> samples(80);
+    std::iota(samples.begin(), samples.end(), typename TypeParam::Image::Sample{1000});
+    image.Fill(8, 10, samples);
+    image.Shown();
+    CcRoiRect roi;
+    roi.SetName("roi");
+    RECT rect = {2, 6, 5, 3};
+    roi.SetRoiImageCord(&rect);
+    const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 500, 1));
+    ASSERT_NE(region, nullptr);
+    EXPECT_STREQ(region->GetName(), "wide-roi");
+    const bool isWide = TypeParam::code == 5;
+    EXPECT_EQ(region->GetImageType(), isWide ? 5 : 0);
+    EXPECT_EQ((*region)(2, 1), isWide ? 1044.0F : static_cast<float>(image.lpBits[44]));
+    EXPECT_EQ((*region)(3, 1), isWide ? 500.0F : 244.0F);
+    EXPECT_EQ(region->GetMaxPixelValue(), isWide ? 1054.0F : 255.0F);
+    EXPECT_EQ(image.GetRegion(nullptr, 0, 0), nullptr);
+    rect = {0, 9, 5, 0};
+    roi.SetRoiImageCord(&rect);
+    EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
+}
+
+TEST(WideImageDisplay, RangeOfTheSamples) {
+    Open16 image;
+    image.Fill(1, 3, {100, 200, 300});
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 127, 255}));
+    EXPECT_NEAR(image.List(101, 1)[255].x, 300.0F, 0.001F);
+    // With a display range of its own the image keeps it; what lies outside is cut off.
+    image.SetAutoUpdateDisplay(0);
+    image(0, 0);
+    image = 65535.0F;
+    EXPECT_EQ(image.Shown(), (std::vector<int>{255, 127, 255}));
+    EXPECT_EQ(image.GetMaxPixelValue(), 65535.0F);
+    image.SetAutoUpdateDisplay(1);
+    EXPECT_EQ(image.Shown(), (std::vector<int>{255, 0, 0}));
+    image(1, 0);
+    for (const auto& [written, kept] :
+         {std::pair{-1.5F, 65535.0F}, {65537.9F, 1.0F}, {1e10F, 0.0F}, {noNumber, 0.0F}}) {
+        image = written;
+        EXPECT_EQ(image(1, 0), kept);
+    }
+
+    Open32 deep;
+    deep.Fill(1, 4, {-7, 0, 1000, 2000});
+    deep.SetAutoUpdateDisplay(0);
+    EXPECT_EQ(deep.Shown(), (std::vector<int>{0, 0, 255, 255}));
+    deep.SetAutoUpdateDisplay(1);
+    EXPECT_EQ(deep.Shown(), (std::vector<int>{0, 0, 127, 255}));
+    deep(0, 0);
+    deep = infinity;
+    EXPECT_EQ(deep.GetMinPixelValue(), -2147483648.0F);
+
+    OpenFloat real;
+    real.Fill(1, 4, {1.0F, noNumber, 1.5F, 2.0F});
+    EXPECT_EQ(real.Shown(), (std::vector<int>{0, 0, 127, 255}));
+    EXPECT_EQ(real.GetMaxPixelValue(), 2.0F);
+    // A range without an end has no scale; what that makes of the samples is no number, and 0.
+    for (const auto& [first, level] : {std::pair{noNumber, 0}, {infinity, 0}, {-infinity, 255}}) {
+        real.Fill(1, 4, {first, 1.0F, 1.5F, 2.0F});
+        EXPECT_EQ(real.Shown(), (std::vector<int>{0, level, level, level}));
+        PictureThrough(real, 101);
+    }
+
+    // The normalising operation of any arrays.
+    const unsigned short samples[] = {0, 50, 100};
+    unsigned char bytes[3];
+    Open16 tool;
+    EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, nullptr, 1, 3, 1), 0);
+    EXPECT_EQ(tool.fDisplayMax, 100.0F);
+    EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, bytes, 3, 1, 0), 0);
+    EXPECT_EQ(bytes[1], 127);
+    for (const auto& [rows, columns] : {std::pair{0, 3}, {3, -1}, {INT_MAX, INT_MAX}})
+        EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, bytes, rows, columns, 0), -1);
+    EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, nullptr, 1, 3, 0), -1);
+    EXPECT_EQ(tool.NormalizeInt16ToByteImage(nullptr, bytes, 1, 3, 0), -1);
+    unsigned short copied[3];
+    EXPECT_EQ(tool.Copy8BitToInt16(bytes, copied, 1, 3), 0);
+    EXPECT_EQ(copied[2], 255);
+}
+
+TEST(WideImageDisplay, PointListsMoveTheDisplayRange) {
+    Open16 image;
+    image.Fill(1, 4, {0, 500, 1022, 1023});
+    image.SetAutoUpdateDisplay(0);
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 255, 255, 255}));
+    std::vector<tagPoints> points = image.List(102, 0);
+    points[255].x = 1024.0F;
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, points.data()), 0);
+    EXPECT_EQ(image.fDisplayMax, 1024.0F);
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 125, 255, 255}));
+    // All lists are spread over the new range, and keep their levels.
+    EXPECT_NEAR(image.List(104, 0)[63].x, 1024.0F, 0.01F);
+    EXPECT_NEAR(image.List(101, 2)[51].x, 204.8F, 0.01F);
+    EXPECT_EQ(image.List(103, 0)[64].y, 128.0F);
+    EXPECT_EQ(PictureThrough(image, 102).At(1, 0), 0x7D7D7Du);
+
+    // Ends that hardly move only recompute their own table; the picture turns negative in that one.
+    points = image.List(102, 0);
+    for (tagPoints& point : points)
+        point.y = 255.0F - point.y;
+    points[0].x += 0.05F;
+    points[255].x += 0.05F;
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, points.data()), 0);
+    EXPECT_EQ(image.fDisplayMax, 1024.0F);
+    EXPECT_EQ(image.fDisplayMin, 0.0F);
+    EXPECT_EQ(image.List(102, 0)[0].x, points[0].x);
+    EXPECT_EQ(PictureThrough(image, 102).At(1, 0), 0x828282u);
+    EXPECT_EQ(PictureThrough(image, 101).At(1, 0), 0x7D7D7Du);
+    EXPECT_EQ(PictureThrough(image, 103).At(1, 0), 0x7C7C7Cu);
+    EXPECT_EQ(PictureThrough(image, 104).At(1, 0), 0x7C7C7Cu);
+
+    // A display range without a width has one level, that of the first point.
+    points = image.List(101, 1);
+    for (tagPoints& point : points)
+        point = {600.0F, 300.0F};
+    EXPECT_EQ(image.SetDisplayLUT(101, 1, points.data()), 0);
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 0, 255, 255}));
+    EXPECT_EQ(PictureThrough(image, 101).At(0, 0), 0xFF0000u);
+
+    EXPECT_EQ(image.GetDisplayLUT(101, 1, nullptr), -1);
+    EXPECT_EQ(image.GetDisplayLUT(101, 0, points.data()), -1);
+    EXPECT_EQ(image.SetDisplayLUT(101, 4, points.data()), 0);
+    EXPECT_EQ(image.SetDisplayLUT(105, 0, nullptr), 0);
+    EXPECT_EQ(image.SetDisplayLUT(104, 0, nullptr), -1);
+    EXPECT_EQ(image.ReconfigureColorTable(102, 1), -1);
+    EXPECT_EQ(image.ReconfigureColorTable(102, 0), 0);
+    for (const int list : {INT_MIN, -1, 0, 5, 6, INT_MAX})
+        EXPECT_EQ(image.ReconfigureDisplayLUT(list), -1);
+    points[0].x = noNumber;
+    points[9].x = infinity;
+    points[255].x = -infinity;
+    EXPECT_EQ(image.SetDisplayLUT(101, 1, points.data()), 0);
+    image.Shown();
+}
+
+TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
+    // Sums of single-precision steps over such a range end beside its end; that must not move the range.
+    OpenFloat image;
+    image.Fill(1, 4, {1e6F + 1.0F, 3e6F, 5e6F, 7654321.0F});
+    EXPECT_EQ(image.GetMaxPixelValue(), 7654321.0F);
+    const test::Picture gray = PictureThrough(image, 101);
+    const float displayMin = image.fDisplayMin, displayMax = image.fDisplayMax;
+    const std::vector<tagPoints> before = image.List(101, 1);
+    EXPECT_EQ(image.ThresholdImage(nullptr, 76.5F, 100.2F, 255, 0, 0), 0);
+    EXPECT_EQ(PictureThrough(image, 101).At(1, 0), 0xFF0000u);
+    EXPECT_EQ(PictureThrough(image, 101).At(2, 0), gray.At(2, 0));
+    EXPECT_EQ(image.List(101, 1)[76].y, 255.0F);
+    EXPECT_EQ(image.List(101, 1)[75].y, 75.0F);
+    EXPECT_EQ(image.List(101, 1)[255].x, before[255].x);
+    EXPECT_EQ(image.ThresholdImage(nullptr, 150.0F, 100.0F, 255, 0, 0), -1);
+    ThresholdTag bands[] = {{0.0F, 10.0F, 0, 0, 255}, {150.0F, 160.0F, 0, 255, 0}};
+    EXPECT_EQ(image.ThresholdImageMulti(nullptr, bands, 2), 0);
+    EXPECT_EQ(PictureThrough(image, 101).At(0, 0), 0x0000FFu);
+    EXPECT_EQ(PictureThrough(image, 101).At(1, 0), gray.At(1, 0));
+    EXPECT_EQ(PictureThrough(image, 101).At(2, 0), 0x00FF00u);
+    EXPECT_EQ(image.EndThresholding(), 0);
+    EXPECT_EQ(PictureThrough(image, 101), gray);
+    EXPECT_EQ(image.fDisplayMin, displayMin);
+    EXPECT_EQ(image.fDisplayMax, displayMax);
+
+    // Before the first Show the lists still cover 0 to 255, the samples do not.
+    Open16 fresh;
+    fresh.Fill(1, 2, {1000, 3000});
+    EXPECT_EQ(fresh.GetMinPixelValue(), 1000.0F);
+    EXPECT_EQ(fresh.BeginThresholding(nullptr, 101), 0);
+    EXPECT_EQ(fresh.ThresholdImage(nullptr, 200.0F, 255.0F, 1, 2, 3), 0);
+    EXPECT_EQ(fresh.fDisplayMax, 3000.0F);
+    EXPECT_EQ(PictureThrough(fresh, 101).At(3, 0), 0x010203u);
+    EXPECT_EQ(PictureThrough(fresh, 101).At(0, 0), 0u);
+}

@@ -1,0 +1,239 @@
+// Wide samples: the vector loops against the rules written straight down, over all 16-bit samples and over random sets
+// with every extreme; point lists and raw file headers.
+#include "image/kernel/WideSamples.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include "image/kernel/WideSamplesFile.h"
+#include "image/kernel/WideSamplesLut.h"
+
+using namespace kest;
+
+namespace {
+
+constexpr float noNumber = std::numeric_limits<float>::quiet_NaN();
+constexpr float infinity = std::numeric_limits<float>::infinity();
+
+long long Truncated(float value) {
+    return std::fabs(value) < 2147483648.0F ? static_cast<long long>(value) : -2147483648LL;
+}
+
+template <class Sample>
+unsigned LevelByRule(Sample sample, const DisplayMapping& mapping) {
+    constexpr bool isFloat = std::is_same_v<Sample, float>;
+    if (isFloat ? sample > mapping.displayMax : static_cast<long long>(sample) > Truncated(mapping.displayMax))
+        return 255;
+    if (isFloat ? sample < mapping.displayMin : static_cast<long long>(sample) < Truncated(mapping.displayMin))
+        return 0;
+    const volatile float product = static_cast<float>(sample) * mapping.scale;
+    const volatile float level = product + mapping.offset;
+    return static_cast<unsigned>(Truncated(level) & 0xFF);
+}
+
+template <class Sample>
+void ExpectMapped(const std::vector<Sample>& samples, const DisplayMapping& mapping) {
+    std::vector<std::uint8_t> bytes(samples.size() + 1, 0xEE);
+    MapSamples(std::span<const Sample>(samples), mapping, bytes.data());
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        ASSERT_EQ(bytes[i], LevelByRule(samples[i], mapping))
+            << +samples[i] << " in " << mapping.displayMin << " to " << mapping.displayMax << ", at " << i;
+    ASSERT_EQ(bytes.back(), 0xEE);
+}
+
+/// Bounds of every kind; the seldom ones are drawn often.
+class Bounds {
+public:
+    float Next() {
+        switch (random() % 8) {
+            case 0:
+                return std::vector{0.0F, -0.0F, 1024.0F, 65535.0F, 65536.0F, -1.0F, 0.5F}[random() % 7];
+            case 1:
+                return std::vector{noNumber, infinity, -infinity, 3e38F, -2147483648.0F, 2147483648.0F}[random() % 6];
+            case 2:
+                return static_cast<float>(static_cast<int>(random()));
+            case 3:
+                return near = near + static_cast<float>(random() % 1000) / 500.0F;
+            case 4:
+                return static_cast<float>(random() % 70000) - 2000.0F;
+            default:
+                return near = static_cast<float>(random() % 65536);
+        }
+    }
+    std::mt19937 random{7};
+
+private:
+    float near = 0.0F;
+};
+
+constexpr float extremes[] = {noNumber, infinity, -infinity, 0.0F, -0.0F, 1e-45F, 3.4e38F, -3.4e38F};
+
+template <class Sample>
+std::vector<Sample> RandomSamples(std::mt19937& random, std::size_t count) {
+    std::vector<Sample> samples(count);
+    const unsigned narrow = random() % 3;
+    for (Sample& sample : samples) {
+        const auto bits = static_cast<std::uint32_t>(random());
+        if constexpr (std::is_same_v<Sample, float>) {
+            if (random() % 8 == 0)
+                sample = extremes[bits % 8];
+            else if (narrow == 0)
+                std::memcpy(&sample, &bits, sizeof sample);
+            else
+                sample = static_cast<float>(static_cast<int>(bits) >> 12) / 7.0F;
+        } else {
+            sample = static_cast<Sample>(narrow ? static_cast<int>(bits) >> 14 : static_cast<int>(bits));
+            if (random() % 16 == 0)
+                sample = bits % 2 ? std::numeric_limits<Sample>::max() : std::numeric_limits<Sample>::min();
+        }
+    }
+    return samples;
+}
+
+template <class Sample>
+bool SameBits(Sample a, Sample b) {
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+template <class Sample>
+void ExpectScansByRule() {
+    std::mt19937 random(5);
+    for (int round = 0; round < 3000; ++round) {
+        const std::vector<Sample> samples = RandomSamples<Sample>(random, 1 + random() % 200);
+        Sample low = samples[0], high = samples[0];
+        for (const Sample sample : samples) {
+            if (sample > high) high = sample;
+            if (sample < low) low = sample;
+        }
+        const auto range = ScanSamples(std::span<const Sample>(samples));
+        ASSERT_TRUE(SameBits(range.smallest, low)) << range.smallest << " for " << low;
+        ASSERT_TRUE(SameBits(range.largest, high)) << range.largest << " for " << high;
+    }
+}
+
+}  // namespace
+
+TEST(WideSamples, ScansFindTheRangeBitForBit) {
+    ExpectScansByRule<std::uint16_t>();
+    ExpectScansByRule<std::int32_t>();
+    ExpectScansByRule<float>();
+    std::vector<float> zeros(64, 0.0F);
+    zeros[0] = -1.0F;
+    zeros[1] = -0.0F;
+    EXPECT_TRUE(std::signbit(ScanSamples(std::span<const float>(zeros)).largest));
+}
+
+TEST(WideSamples, MapsAll16BitSamplesByTheRule) {
+    std::vector<std::uint16_t> all(65536);
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = static_cast<std::uint16_t>(i);
+    for (const auto& [low, high] : {std::pair{0.0F, 65535.0F},
+                                    {100.0F, 300.0F},
+                                    {0.0F, 255.0F},
+                                    {100.9F, 101.8F},
+                                    {7.0F, 7.0F},
+                                    {500.0F, 20.0F},
+                                    {-10.5F, 70000.0F},
+                                    {-9.0F, -3.0F},
+                                    {7e4F, 8e4F},
+                                    {0.0F, 1e-3F},
+                                    {0.0F, infinity},
+                                    {noNumber, 5.0F},
+                                    {0.0F, 1e-30F}})
+        ExpectMapped(all, DisplayMapping::Of(low, high));
+    Bounds bounds;
+    for (int round = 0; round < 200; ++round) {
+        const float low = bounds.Next(), high = bounds.Next();
+        ExpectMapped(all, DisplayMapping::Of(low, high));
+    }
+    // The line can also be any other one, as after a range that was set before.
+    ExpectMapped(all, {20.0F, 30.0F, 0.01F, 7.0F});
+    ExpectMapped(all, {20.0F, 60.0F, 4.25F, 0.0F});
+    ExpectMapped(all, {0.0F, 60.0F, 5.0F, 0.0F});
+    ExpectMapped(all, {0.0F, 65535.0F, -3.0F, 300.0F});
+}
+
+TEST(WideSamples, MapsRandom32BitAndFloatSamplesByTheRule) {
+    Bounds bounds;
+    for (int round = 0; round < 4000; ++round) {
+        const float low = bounds.Next(), high = bounds.Next();
+        const DisplayMapping mapping = DisplayMapping::Of(low, high);
+        ExpectMapped(RandomSamples<std::int32_t>(bounds.random, 300 + bounds.random() % 40), mapping);
+        ExpectMapped(RandomSamples<float>(bounds.random, 300 + bounds.random() % 40), mapping);
+    }
+}
+
+TEST(WideSamples, PowersOfTwoAreShifted) {
+    EXPECT_EQ(ShiftOfDisplayRange(0.0F, 1024.0F), 2);
+    EXPECT_EQ(ShiftOfDisplayRange(0.0F, 4096.0F), 4);
+    EXPECT_EQ(ShiftOfDisplayRange(0.0F, 16384.0F), 6);
+    EXPECT_EQ(ShiftOfDisplayRange(0.0F, 65536.0F), 8);
+    for (const float other : {256.0F, 512.0F, 2048.0F, 1024.1F, 262144.0F, noNumber})
+        EXPECT_EQ(ShiftOfDisplayRange(0.0F, other), 0);
+    EXPECT_EQ(ShiftOfDisplayRange(0.1F, 1024.0F), 0);
+    std::mt19937 random(2);
+    const auto narrow = RandomSamples<std::uint16_t>(random, 1000);
+    const auto wide = RandomSamples<std::int32_t>(random, 1000);
+    std::vector<std::uint8_t> bytes(1000);
+    for (const int shift : {2, 4, 6, 8}) {
+        ShiftSamples(std::span<const std::uint16_t>(narrow), shift, bytes.data());
+        for (std::size_t i = 0; i < 1000; ++i)
+            ASSERT_EQ(bytes[i], narrow[i] / (1 << shift) % 256);
+        ShiftSamples(std::span<const std::int32_t>(wide), shift, bytes.data());
+        for (std::size_t i = 0; i < 1000; ++i)
+            ASSERT_EQ(bytes[i], static_cast<int>(std::floor(wide[i] / std::ldexp(1.0, shift))) & 0xFF);
+    }
+}
+
+TEST(WideSamples, PointListsOverADisplayRange) {
+    std::vector<tagPoints> points(64, {0.0F, 9.0F});
+    SpreadPoints(points, -100.0F, 530.0F);
+    EXPECT_EQ(points[0].x, -100.0F);
+    EXPECT_EQ(points[63].y, 9.0F);
+    for (std::size_t k = 0; k < 64; ++k)
+        EXPECT_NEAR(points[k].x, -100.0 + 10.0 * static_cast<double>(k), 0.01);
+
+    // Level 4k of the range is sample -100 + 630 * 4k / 255; the nearest point gives the level.
+    std::vector<tagPoints> levels(64);
+    for (std::size_t k = 0; k < 64; ++k)
+        points[k].y = static_cast<float>(k);
+    PickLevels(points, DisplayMapping::Of(-100.0F, 530.0F), levels);
+    for (std::size_t k = 0; k < 64; ++k)
+        EXPECT_EQ(levels[k].y, static_cast<float>(std::lround(63.0 * 4.0 * static_cast<double>(k) / 255.0))) << k;
+
+    // Of equally near points the first one counts, and the first of all when the lists and the range are empty.
+    for (std::size_t k = 0; k < 64; ++k)
+        points[k].x = k < 32 ? 10.0F : 20.0F;
+    PickLevels(points, DisplayMapping::Of(0.0F, 255.0F), levels);
+    EXPECT_EQ(levels[3].y, 0.0F);
+    EXPECT_EQ(levels[4].y, 32.0F);
+    for (tagPoints& point : points)
+        point.x = 5.0F;
+    PickLevels(points, DisplayMapping::Of(5.0F, 5.0F), levels);
+    EXPECT_EQ(levels[63].y, 0.0F);
+    // No number leads out of the list.
+    points[7].x = noNumber;
+    for (const float bound : {noNumber, infinity, -infinity})
+        PickLevels(points, DisplayMapping::Of(0.0F, bound), levels);
+}
+
+TEST(WideSamples, RawHeadersAreComparedInFull) {
+    std::uint8_t bytes[RawHeaderBytes];
+    WriteRawHeader(bytes, {5, 2, 300});
+    const std::uint8_t expected[] = {5, 0, 0, 0, 2, 0, 0, 0, 0x2C, 1, 0, 0};
+    EXPECT_EQ(std::memcmp(bytes, expected, sizeof bytes), 0);
+    EXPECT_TRUE(IsRawFile(bytes, 1200, {5, 2, 300}, 2));
+    EXPECT_FALSE(IsRawFile(bytes, 1199, {5, 2, 300}, 2));
+    EXPECT_FALSE(IsRawFile(bytes, 1200, {1, 2, 300}, 2));
+    EXPECT_FALSE(IsRawFile(bytes, 1200, {5, 300, 2}, 2));
+    for (const auto& [height, width] : {std::pair{INT_MAX, INT_MAX}, {-1, -1}, {65536, 65536}, {INT_MIN, INT_MIN}}) {
+        WriteRawHeader(bytes, {5, height, width});
+        EXPECT_FALSE(IsRawFile(bytes, 1LL << 32, {5, height, width}, 4));
+    }
+}
