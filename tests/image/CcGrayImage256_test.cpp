@@ -37,15 +37,8 @@ Bytes ImageRecord(const std::string& name, long size, const std::vector<std::uin
                     .Text(name, static_cast<std::size_t>(nameBytes))
                     .I32(size)
                     .Add(dib);
-    const char* keys[] = {"CcList::iCurrentObject", "CcList::iNumberOfObjects", "CcList::iSelectedObject",
-                          "CcList::iDistructorFlag"};
-    Bytes list = Bytes().I32(4);
-    for (int i = 0; i < 4; ++i) list.Add(test::PropertyEntry(keys[i], 0, 4 * i, 4));
-    list.I32(16).I32(0).I32(0).I32(-1).I32(1);
     return Record("CcGrayImage256", name,
-                  Bytes()
-                      .Add(Record("CcPropertyBag", "", bag))
-                      .Add(Record("CcList", "", Record("CcPropertyBag", "", list))));
+                  Bytes().Add(Record("CcPropertyBag", "", bag)).Add(test::EmptyListRecord()));
 }
 
 /// A DIB: what follows the file header in a BMP file.

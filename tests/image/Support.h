@@ -1,6 +1,7 @@
 // Images with known pixels.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -36,6 +37,35 @@ inline std::vector<std::uint8_t> PatternPixels24(int width, int height) {
         pixels.insert(pixels.end(), {colour.blue, colour.green, colour.red});
     }
     return pixels;
+}
+
+/// The pixel bytes of a colour image.
+inline std::vector<std::uint8_t> PixelsOf(CcImage& image) {
+    int height, width;
+    image.GetHeightWidth(&height, &width);
+    const auto* bytes = static_cast<const std::uint8_t*>(image.GetBitMapImageData());
+    return {bytes, bytes + 3 * height * width};
+}
+
+/// A colour image with known pixels.
+inline void SetPixels(CcImage& image, int width, int height, const std::vector<std::uint8_t>& pixels,
+                      const char* name = "pixels") {
+    image.MakeBlankBMP(height, width, 0, name);
+    std::copy(pixels.begin(), pixels.end(), static_cast<std::uint8_t*>(image.GetBitMapImageData()));
+}
+
+inline void FillPattern(CcImage& image, int width, int height, const char* name) {
+    SetPixels(image, width, height, PatternPixels24(width, height), name);
+}
+
+/// The record of an empty ROI list.
+inline Bytes EmptyListRecord() {
+    const char* keys[] = {"CcList::iCurrentObject", "CcList::iNumberOfObjects", "CcList::iSelectedObject",
+                          "CcList::iDistructorFlag"};
+    Bytes list = Bytes().I32(4);
+    for (int i = 0; i < 4; ++i) list.Add(PropertyEntry(keys[i], 0, 4 * i, 4));
+    list.I32(16).I32(0).I32(0).I32(-1).I32(1);
+    return Record("CcList", "", Record("CcPropertyBag", "", list));
 }
 
 /// The bytes of a 24-bit BMP file.

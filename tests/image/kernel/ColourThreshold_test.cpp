@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "image/kernel/ColourThreshold.h"
-#include "image/kernel/Luminance.h"
 
 using namespace kest;
 
@@ -58,8 +57,7 @@ TEST(ColourThreshold, LuminanceBands) {
     for (const auto& [low, high] : {std::pair{exact, exact}, {0.0F, 255.0F}, {-5.0F, 90.3F}, {90.3F, INFINITY},
                                     {128.0F, 128.0F}, {NAN, 255.0F}, {300.0F, 400.0F}})
         ExpectPainted(
-            source,
-            [&](SourcePlane from, TargetPlane to) { PaintLuminance(from, to, low, high, {250, 100, 5}); },
+            source, [&](SourcePlane from, TargetPlane to) { PaintLuminance(from, to, low, high, {250, 100, 5}); },
             [&](std::uint8_t* pixel) {
                 if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 250, 100, 5);
             });
@@ -97,27 +95,10 @@ TEST(ColourThreshold, ChannelBandsLookAtWhatIsPainted) {
 
 TEST(ColourThreshold, BoxesAndTheirSides) {
     const ByteBand box[] = {ToBoxSide(-3, 200), ToBoxSide(20, 500), ToBoxSide(300, 400)};
-    EXPECT_EQ(box[0].low, 0);
-    EXPECT_EQ(box[1].high, 255);
-    EXPECT_EQ(box[2].low, 44);
-    EXPECT_EQ(ToByteBand(-1.0F, NAN).low, 0);
-    EXPECT_EQ(ToByteBand(-1.0F, NAN).high, 0);
+    EXPECT_TRUE(ToByteBand(-1.0F, NAN).Has(0));
     ExpectPainted(
-        RandomPixels(3),
-        [&](SourcePlane from, TargetPlane to) { PaintBox(from, to, box, Clamped(300, -1, 17)); },
+        RandomPixels(3), [&](SourcePlane from, TargetPlane to) { PaintBox(from, to, box, Clamped(300, -1, 17)); },
         [](std::uint8_t* pixel) {
             if (pixel[0] <= 200 && pixel[1] >= 20 && pixel[2] >= 44) Put(pixel, 255, 0, 17);
         });
-}
-
-TEST(ColourThreshold, SettingALuminanceMovesAllComponents) {
-    std::uint8_t pixel[] = {10, 20, 30};
-    SetLuminance(pixel, 121.85F);  // 21.85 plus 100
-    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{110, 120, 130}));
-    SetLuminance(pixel, 1000.0F);
-    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{255, 255, 255}));
-    SetLuminance(pixel, -INFINITY);
-    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{0, 0, 0}));
-    SetLuminance(pixel, 9.75F);
-    EXPECT_EQ((Pixels{pixel, pixel + 3}), (Pixels{9, 9, 9}));
 }
