@@ -26,16 +26,25 @@ KEST_INLINED void ConvertAll(const Perspective& mapping, std::span<const tagPoin
     const double* h = elements.h;
     for (std::size_t first = 0; first < image.size(); first += pointsAtOnce) {
         const std::size_t count = std::min(pointsAtOnce, image.size() - first);
-        const tagPoints* in = &image[first];
-        tagPoints out[pointsAtOnce];  // `world` may be `image`
+        const float* in = &image[first].x;
+        float* out = &world[first].x;
+        float x[pointsAtOnce], y[pointsAtOnce];
         for (std::size_t i = 0; i < count; ++i) {
-            const double x = in[i].x, y = in[i].y;
-            const auto worldX = static_cast<float>(h[0] * x + h[1] * y + h[2]);
-            const auto worldY = static_cast<float>(h[3] * x + h[4] * y + h[5]);
-            const auto scale = static_cast<float>(h[6] * x + h[7] * y + h[8]);
-            out[i] = {worldX / scale, worldY / scale};
+            x[i] = in[2 * i];
+            y[i] = in[2 * i + 1];
         }
-        std::copy_n(out, count, &world[first]);
+        for (std::size_t i = 0; i < count; ++i) {
+            const double imageX = x[i], imageY = y[i];
+            const auto worldX = static_cast<float>(h[0] * imageX + h[1] * imageY + h[2]);
+            const auto worldY = static_cast<float>(h[3] * imageX + h[4] * imageY + h[5]);
+            const auto scale = static_cast<float>(h[6] * imageX + h[7] * imageY + h[8]);
+            x[i] = worldX / scale;
+            y[i] = worldY / scale;
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            out[2 * i] = x[i];
+            out[2 * i + 1] = y[i];
+        }
     }
 }
 

@@ -1,0 +1,261 @@
+// Measuring: lengths and areas in pixels and in world units, and the pixels under a ROI.
+#include "KestMeasure.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <numbers>
+
+#include "CcCalibration.h"
+#include "CcImage.h"
+#include "CcRoiEllipse.h"
+#include "CcRoiFreeHand.h"
+#include "CcRoiFreeHandLine.h"
+#include "CcRoiLine.h"
+#include "CcRoiPoint.h"
+#include "CcRoiPolyFreeHand.h"
+#include "CcRoiPolyLine.h"
+#include "CcRoiRect.h"
+#include "CcRoiRows.h"
+#include "calib/kernel/OutlineLines.h"
+#include "calib/kernel/Perspective.h"
+#include "calib/kernel/PixelRuns.h"
+#include "core/kernel/CheckedSize.h"
+#include "core/kernel/TextField.h"
+
+namespace {
+
+using kest::RealPoint;
+
+constexpr double noLength = -1.0;
+
+kest::Perspective MappingOf(const CcCalibration* calibration) {
+    kest::Perspective mapping;
+    if (calibration) std::memcpy(mapping.h, calibration->GetTransform(), sizeof mapping.h);
+    return mapping;
+}
+
+/// Adds up the lengths of straight lines between image points, in pixels and in world units.
+class Lengths {
+public:
+    explicit Lengths(const CcCalibration* calibration) : mapping(MappingOf(calibration)) {}
+
+    void Add(RealPoint from, RealPoint to) {
+        const RealPoint worldFrom = kest::ImageToWorldExact(mapping, from);
+        const RealPoint worldTo = kest::ImageToWorldExact(mapping, to);
+        pixels += std::hypot(to.x - from.x, to.y - from.y);
+        world += std::hypot(worldTo.x - worldFrom.x, worldTo.y - worldFrom.y);
+    }
+
+    double pixels = 0;
+    double world = 0;
+
+private:
+    kest::Perspective mapping;
+};
+
+/// A shape's box as its pixels fill it.
+struct PixelBox {
+    double left, bottom, right, top;
+
+    explicit PixelBox(const RECT& record)
+        : left(record.left - 0.5), bottom(record.bottom - 0.5), right(record.right + 0.5), top(record.top + 0.5) {}
+};
+
+void AddRectangle(Lengths& lengths, const RECT& record) {
+    const PixelBox box(record);
+    const RealPoint corners[] = {{box.left, box.bottom}, {box.right, box.bottom}, {box.right, box.top},
+                                 {box.left, box.top}};
+    for (int i = 0; i < 4; ++i) lengths.Add(corners[i], corners[(i + 1) % 4]);
+}
+
+/// So many chords are shorter than the ellipse by 2 parts in a million.
+constexpr int ellipseChords = 1024;
+
+void AddEllipse(Lengths& lengths, const RECT& record) {
+    const PixelBox box(record);
+    const auto at = [&box](int i) {
+        const double angle = 2 * std::numbers::pi * (i % ellipseChords) / ellipseChords;
+        return RealPoint{(box.left + box.right) / 2 + (box.right - box.left) / 2 * std::cos(angle),
+                         (box.bottom + box.top) / 2 + (box.top - box.bottom) / 2 * std::sin(angle)};
+    };
+    for (int i = 0; i < ellipseChords; ++i) lengths.Add(at(i), at(i + 1));
+}
+
+void AddOutline(Lengths& lengths, CcRoiBase& roi, bool isClosed) {
+    const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
+    if (!outline.stPOINTS || !outline.hPOINTS || outline.iNumOfPoints < 1) return;
+    static_assert(sizeof(POINT) == sizeof(kest::IntPoint));
+    const std::size_t count =
+        std::min<std::size_t>(static_cast<std::size_t>(outline.iNumOfPoints), GlobalSize(outline.hPOINTS) / sizeof(POINT));
+    kest::VisitStraightLines({reinterpret_cast<const kest::IntPoint*>(outline.stPOINTS), count}, isClosed,
+                             [&lengths](kest::IntPoint from, kest::IntPoint to) {
+                                 lengths.Add({static_cast<double>(from.x), static_cast<double>(from.y)},
+                                             {static_cast<double>(to.x), static_cast<double>(to.y)});
+                             });
+}
+
+/// False for a shape of a host's own.
+bool AddRoi(Lengths& lengths, CcRoiBase& roi) {
+    if (dynamic_cast<CcRoiPoint*>(&roi)) return true;
+    if (dynamic_cast<CcRoiLine*>(&roi)) {
+        const auto& line = *static_cast<const tagROILINE*>(roi.GetRoiImageCord());
+        lengths.Add({static_cast<double>(line.iStartX), static_cast<double>(line.iStartY)},
+                    {static_cast<double>(line.iEndX), static_cast<double>(line.iEndY)});
+    } else if (dynamic_cast<CcRoiRect*>(&roi)) {
+        AddRectangle(lengths, *static_cast<const RECT*>(roi.GetRoiImageCord()));
+    } else if (dynamic_cast<CcRoiEllipse*>(&roi)) {
+        AddEllipse(lengths, *static_cast<const RECT*>(roi.GetRoiImageCord()));
+    } else if (dynamic_cast<CcRoiFreeHand*>(&roi) || dynamic_cast<CcRoiPolyFreeHand*>(&roi)) {
+        AddOutline(lengths, roi, true);
+    } else if (dynamic_cast<CcRoiFreeHandLine*>(&roi) || dynamic_cast<CcRoiPolyLine*>(&roi)) {
+        AddOutline(lengths, roi, false);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+/// An image's values, and the world area of its pixels.
+class MeasuredImage {
+public:
+    explicit MeasuredImage(CcImage& image)
+        : pixels(image.GetBitMapImageData()), type(image.GetImageType()), calibration(image.GetCalibrationObject()),
+          mapping(MappingOf(calibration)) {
+        image.GetHeightWidth(&height, &width);
+        if (calibration) calibration->GetSizeOfImage(&mapWidth, &mapHeight);
+    }
+
+    bool HasPixels() const { return pixels && type >= KEST_IMAGE_GRAY256 && type <= KEST_IMAGE_HSL; }
+    int Width() const { return width; }
+    int Height() const { return height; }
+
+    /// The run lies inside the image.
+    void AddValues(kest::PixelStatistics& statistics, int row, KestSpan run) const {
+        const auto first = static_cast<std::size_t>(kest::Product(width, row) + run.iFirst);
+        const auto count = static_cast<std::size_t>(run.iLast - run.iFirst + 1);
+        switch (type) {
+        case KEST_IMAGE_INT16: kest::AddUnsigned16(statistics, Values<std::uint16_t>(first, count)); break;
+        case KEST_IMAGE_INT32: kest::AddSigned32(statistics, Values<std::int32_t>(first, count)); break;
+        case KEST_IMAGE_FLOAT: kest::AddFloats(statistics, Values<float>(first, count)); break;
+        case KEST_IMAGE_RGB:
+        case KEST_IMAGE_HSL: kest::AddColours(statistics, Values<std::uint8_t>(3 * first, 3 * count)); break;
+        default: kest::AddBytes(statistics, Values<std::uint8_t>(first, count)); break;
+        }
+    }
+
+    double WorldArea(int row, KestSpan run) const {
+        if (!calibration) return run.iLast - run.iFirst + 1.0;
+        const float* map = calibration->GetAreaMap();
+        if (map && mapWidth == width && mapHeight == height)
+            return kest::SumOf({map + kest::Product(width, row) + run.iFirst,
+                                static_cast<std::size_t>(run.iLast - run.iFirst + 1)});
+        double area = 0;
+        for (int x = run.iFirst; x <= run.iLast; ++x) area += kest::PixelArea(mapping, x, row);
+        return area;
+    }
+
+private:
+    template <class Value>
+    std::span<const Value> Values(std::size_t first, std::size_t count) const {
+        return {static_cast<const Value*>(pixels) + first, count};
+    }
+
+    const void* pixels;
+    int type;
+    CcCalibration* calibration;
+    kest::Perspective mapping;
+    int width = 0, height = 0;
+    int mapWidth = -1, mapHeight = -1;
+};
+
+/// Calls visit(row, run) for the distinct runs of the ROI's pixels inside the image. False without memory.
+template <class Visit>
+bool VisitRuns(const MeasuredImage& image, CcRoiBase& roi, Visit visit) {
+    const RECT* bounds = roi.GetBoundingRect();
+    if (!bounds) return false;
+    const int first = std::max<int>(bounds->bottom, 0);
+    const int last = std::min<int>(bounds->top, image.Height() - 1);
+    CcRoiRows rows(&roi);
+    KestHeapBlock copies;
+    for (int row = first; row <= last; ++row) {
+        int count = 0;
+        const KestSpan* listed = rows.GetSpans(row, &count);
+        if (!listed) continue;
+        if (!copies.Reserve(kest::Product(count, sizeof(KestSpan)))) return false;
+        const std::span<KestSpan> runs(reinterpret_cast<KestSpan*>(copies.Get()), static_cast<std::size_t>(count));
+        std::copy_n(listed, count, runs.begin());
+        for (const KestSpan& run : kest::DistinctRuns(runs, image.Width())) visit(row, run);
+    }
+    return true;
+}
+
+}  // namespace
+
+int KestMeasureRoi(CcImage* pImage, CcRoiBase* pRoi, KestRoiMeasurement* pResult) {
+    if (!pResult) return KEST_FAILED;
+    *pResult = {};
+    if (!pImage || !pRoi) return KEST_FAILED;
+    const MeasuredImage image(*pImage);
+    if (!image.HasPixels()) return KEST_FAILED;
+    double worldArea = 0;
+    kest::PixelStatistics statistics;
+    if (!VisitRuns(image, *pRoi, [&](int row, KestSpan run) {
+            image.AddValues(statistics, row, run);
+            worldArea += image.WorldArea(row, run);
+        }))
+        return KEST_FAILED;
+
+    CcCalibration* calibration = pImage->GetCalibrationObject();
+    Lengths lengths(calibration);
+    const bool hasLength = AddRoi(lengths, *pRoi);
+    pResult->bCalibrated = calibration ? 1 : 0;
+    kest::CopyCut(pResult->szUnits, calibration ? calibration->GetUnitsOfMeasure() : "Pixels");
+    pResult->dLengthPixels = hasLength ? lengths.pixels : noLength;
+    pResult->dLengthWorld = hasLength ? lengths.world : noLength;
+    pResult->llPixels = statistics.count + statistics.notFinite;
+    pResult->dAreaPixels = static_cast<double>(pResult->llPixels);
+    pResult->dAreaWorld = worldArea;
+    pResult->llNotFinite = statistics.notFinite;
+    pResult->dMean = statistics.mean;
+    pResult->dMinimum = statistics.minimum;
+    pResult->dMaximum = statistics.maximum;
+    pResult->dStandardDeviation = statistics.StandardDeviation();
+    return KEST_OK;
+}
+
+double KestRoiLengthPixels(CcRoiBase* pRoi) {
+    Lengths lengths(nullptr);
+    return pRoi && AddRoi(lengths, *pRoi) ? lengths.pixels : noLength;
+}
+
+double KestRoiLengthWorld(CcRoiBase* pRoi, CcCalibration* pCalibration) {
+    if (!pRoi || !pCalibration) return noLength;
+    Lengths lengths(pCalibration);
+    return AddRoi(lengths, *pRoi) ? lengths.world : noLength;
+}
+
+namespace {
+
+bool AddPoints(Lengths& lengths, const tagPoints* points, int count, bool isClosed) {
+    if (!points || count < 1) return false;
+    const auto at = [points](int i) { return RealPoint{points[i].x, points[i].y}; };
+    for (int i = 1; i < count; ++i) lengths.Add(at(i - 1), at(i));
+    if (isClosed) lengths.Add(at(count - 1), at(0));
+    return true;
+}
+
+}  // namespace
+
+double KestLengthPixels(const tagPoints* pPoints, int iCount, int bClosed) {
+    Lengths lengths(nullptr);
+    return AddPoints(lengths, pPoints, iCount, bClosed != 0) ? lengths.pixels : noLength;
+}
+
+double KestLengthWorld(CcCalibration* pCalibration, const tagPoints* pPoints, int iCount, int bClosed) {
+    if (!pCalibration) return noLength;
+    Lengths lengths(pCalibration);
+    return AddPoints(lengths, pPoints, iCount, bClosed != 0) ? lengths.world : noLength;
+}
