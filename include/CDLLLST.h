@@ -15,16 +15,19 @@ public:
     CDLLLST& operator=(const CDLLLST&) = default;
     virtual ~CDLLLST();
 
-    // Walking: each returns the tool it moved the current position to; null when there is none.
-    CLOADDLL* GetHead();
-    /// Stays where it is at the end.
+    /// @name Walking
+    /// Each returns the tool that it moved the current position to; null when there is none.
+    /// @{
+    CLOADDLL* GetHead();  ///< the first tool
+    /// The tool after the current one; stays where it is at the end.
     CLOADDLL* GetNext();
-    /// Stays where it is at the start.
+    /// The tool before the current one; stays where it is at the start.
     CLOADDLL* GetPrev();
-    CLOADDLL* GetTail();
+    CLOADDLL* GetTail();  ///< the last tool
+    /// @}
     /// The tool at an index without moving the current position; null for no such index.
     CLOADDLL* GetAt(int iIndex);
-    int GetNumberOfElements();
+    int GetNumberOfElements();  ///< tools in the list
 
     /// Appends. -1 when the list is full.
     int InsertTail(CLOADDLL* pTool);
@@ -41,12 +44,12 @@ public:
     int GetSelectedElement();
 
 protected:
-    static constexpr int iMaxElements = 100;
+    static constexpr int iMaxElements = 100;  ///< the most tools in a list
 
-    int iCurrentElement;
-    int iNumberOfElements;
-    int iSelectedElement;
-    CLOADDLL* pElements[iMaxElements];
+    int iCurrentElement;                ///< index of the current tool
+    int iNumberOfElements;              ///< tools in the list
+    int iSelectedElement;               ///< index of the selected tool, -1 for none
+    CLOADDLL* pElements[iMaxElements];  ///< the tools in order
 
 private:
     KestOwnership bOwnsElements;

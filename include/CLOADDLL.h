@@ -28,10 +28,12 @@ public:
     /// was none to unload.
     int UNLoadDll();
 
-    // For the host's menu and toolbar
+    /// @name For the host's menu and toolbar
+    /// @{
+
     /// Keeps the host's menu command identifier for the tool. Always 0.
     int SetMenuID(unsigned int uNewID);
-    unsigned int GetMenuItemNumber();
+    unsigned int GetMenuItemNumber();  ///< what SetMenuID kept, 0 at first
     /// "Void" before a tool is loaded; at most 79 characters.
     char* GetMenuText();
     /// The toolbar bitmap, the tool's own; null when it has none.
@@ -40,12 +42,15 @@ public:
     HBITMAP GetToolBitMapSelected();
     /// Keeps the first 255 characters of the name of the toolbar that the host puts the tool on. -1 for null.
     int SetToolBarName(const char* pszName);
-    char* GetToolBarName();
+    char* GetToolBarName();  ///< the object's own buffer, "" at first
     /// Keeps, as it stands, whether the host starts the tool by itself. Always 0.
     int EnableAutoStart(int bOn);
-    int IsAutoStartEnabled();
+    int IsAutoStartEnabled();  ///< what EnableAutoStart kept, 0 at first
 
-    // Calls into the tool
+    /// @}
+    /// @name Calls into the tool
+    /// @{
+
     /// Opens the tool and returns its window; null when the tool has no main function.
     HWND CallDllMainFunction(HWND hParent, void* pData);
     /// 0, or -1 when the tool has no message function.
@@ -54,22 +59,23 @@ public:
     int SendProxyMessage(unsigned int uMessage, unsigned int wParam, long lParam);
     /// 0, or -1 when the tool has no such function.
     int CloseAllOpenTools();
+    /// @}
 
 protected:
-    HMODULE hDllModule;  ///< keeps its value after UNLoadDll
-    KestToolMain pfnMain;
-    KestToolMessage pfnSendMessage;
-    KestToolCloseAll pfnCloseAll;
-    KestToolMessage pfnProxyMessage;
-    KestToolInitialize pfnInitialize;
-    unsigned int uMenuID;
-    char szMenuText[KEST_TOOL_TEXT_SIZE];
-    HBITMAP hToolBitmap;
-    HBITMAP hToolBitmapSelected;
-    tagToolInfo stToolInfo;  ///< the record handed to the tool
-    char szDllPath[255];
-    char szToolBarName[257];
-    int bAutoStart;
+    HMODULE hDllModule;                    ///< keeps its value after UNLoadDll
+    KestToolMain pfnMain;                  ///< opens the tool; null, as the next three, where the tool has none
+    KestToolMessage pfnSendMessage;        ///< takes the host's messages
+    KestToolCloseAll pfnCloseAll;          ///< closes the tool's windows
+    KestToolMessage pfnProxyMessage;       ///< the second message function
+    KestToolInitialize pfnInitialize;      ///< the tool's entry point
+    unsigned int uMenuID;                  ///< the host's menu command
+    char szMenuText[KEST_TOOL_TEXT_SIZE];  ///< text for the host's menu
+    HBITMAP hToolBitmap;                   ///< the tool's own, or null
+    HBITMAP hToolBitmapSelected;           ///< the tool's own, or null
+    tagToolInfo stToolInfo;                ///< the record handed to the tool
+    char szDllPath[255];                   ///< the path that the tool was loaded by
+    char szToolBarName[257];               ///< name of the host's toolbar
+    int bAutoStart;                        ///< whether the host starts the tool by itself
 
 private:
     KestOwnership bOwnsModule;

@@ -6,9 +6,9 @@
 
 /// What the pixel operators and the bands of a Cc24BitHSLImage look at (SetAccess).
 enum KestHslChannel : int {
-    KEST_CHANNEL_HUE = 4,
-    KEST_CHANNEL_SATURATION = 5,
-    KEST_CHANNEL_LIGHTNESS = 6,
+    KEST_CHANNEL_HUE = 4,         ///< 0 to 239
+    KEST_CHANNEL_SATURATION = 5,  ///< 0 to 240
+    KEST_CHANNEL_LIGHTNESS = 6,   ///< 0 to 240
 };
 
 /// The DIB of Cc24BitRGBImage, and beside it the HSL plane: for each pixel three bytes, lightness, saturation, hue, at
@@ -86,6 +86,7 @@ public:
 
     /// One of KestHslChannel; -1, and nothing changed, for anything else.
     virtual int SetAccess(int iChannel);                                                            // slot 30
+    /// KEST_CHANNEL_HUE at first.
     virtual int GetAccess();                                                                        // slot 31
     /// Paints the pixels of a box of hue, saturation and lightness, ends included, whatever the access channel. -1 when
     /// a low end is not below its high end. Low ends are raised to 0, high ends lowered to 255, the colour cut to
@@ -123,13 +124,13 @@ public:
     static char cFullFilePathSave[KEST_NAME_SIZE];  ///< the directory last chosen to save in
 
 protected:
-    int iAccess;  ///< one of KestHslChannel
-    unsigned char* pHSLData;
-    KestGlobalBlock hHSLData;
-    int bThresholdActive;  ///< 1 while a copy of the DIB's pixels is kept
-    KestGlobalBlock hThresholdBackup;
-    unsigned char* pThresholdBackup;
-    bool bClipping;
+    int iAccess;                       ///< one of KestHslChannel
+    unsigned char* pHSLData;           ///< the plane; null without one
+    KestGlobalBlock hHSLData;          ///< the block behind it
+    int bThresholdActive;              ///< 1 while a copy of the DIB's pixels is kept
+    KestGlobalBlock hThresholdBackup;  ///< the block behind pThresholdBackup
+    unsigned char* pThresholdBackup;   ///< that copy; null without one
+    bool bClipping;                    ///< as SetClipping set it
 
 private:
     friend struct KestDib24Members<Cc24BitHSLImage>;

@@ -7,9 +7,9 @@
 /// What the pixel operators and the bands of a Cc24BitRGBImage look at (SetAccess).
 enum KestRgbChannel : int {
     KEST_CHANNEL_LUMINANCE = 0,  ///< 0.299 red + 0.587 green + 0.114 blue, with fractions
-    KEST_CHANNEL_RED = 1,
-    KEST_CHANNEL_GREEN = 2,
-    KEST_CHANNEL_BLUE = 3,
+    KEST_CHANNEL_RED = 1,        ///< the red component, 0 to 255
+    KEST_CHANNEL_GREEN = 2,      ///< the green component
+    KEST_CHANNEL_BLUE = 3,       ///< the blue component
 };
 
 /// Pixels of three bytes, blue, green, red, in a DIB without colour table: pixel (x, y) begins at byte
@@ -35,13 +35,16 @@ public:
     /// Needs an image; copies nothing for an empty or turned rectangle (-1). Makes no overlay where there is none.
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     // slot 7: GetBitMapImageData, inherited
-    // Show: always 0; nothing is drawn without an image or something to draw into.
+    /// @name Show
+    /// Always 0; nothing is drawn without an image or something to draw into.
+    /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8
     int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 9
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 10
+    /// @}
     /// Needs an image. -1 also when the print job cannot be started.
     int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
               int iZoom) override;                                                                  // slot 11
@@ -89,6 +92,7 @@ public:
 
     /// One of KestRgbChannel; -1, and nothing changed, for anything else.
     virtual int SetAccess(int iChannel);                                                            // slot 30
+    /// KEST_CHANNEL_LUMINANCE at first.
     virtual int GetAccess();                                                                        // slot 31
     /// Paints the pixels of a box of colours, ends included, whatever the access channel. -1 when a low end is not
     /// below its high end. Low ends are raised to 0, high ends lowered to 255, the new colour cut to 0..255.
@@ -99,10 +103,10 @@ public:
     static char cFullFilePathSave[KEST_NAME_SIZE];  ///< the directory last chosen to save in
 
 protected:
-    int iAccess;           ///< one of KestRgbChannel
-    int bThresholdActive;  ///< 1 while a copy of the pixels is kept
-    KestGlobalBlock hThresholdBackup;
-    unsigned char* pThresholdBackup;
+    int iAccess;                       ///< one of KestRgbChannel
+    int bThresholdActive;              ///< 1 while a copy of the pixels is kept
+    KestGlobalBlock hThresholdBackup;  ///< the block behind pThresholdBackup
+    unsigned char* pThresholdBackup;   ///< that copy; null without one
 
 private:
     friend struct KestDib24Members<Cc24BitRGBImage>;

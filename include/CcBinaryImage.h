@@ -68,12 +68,12 @@ public:
     static char cFullFilePathSave[KEST_NAME_SIZE];  ///< the file saved last
 
 protected:
-    KestDisplayTable stTable;
-    tagPoints stLUTRed[256];
-    tagPoints stLUTGreen[256];
-    tagPoints stLUTBlue[256];
-    int iNumColors;
-    int iColorTableBytes;
+    KestDisplayTable stTable;   ///< from the three curves
+    tagPoints stLUTRed[256];    ///< curve of channel 1
+    tagPoints stLUTGreen[256];  ///< curve of channel 2
+    tagPoints stLUTBlue[256];   ///< curve of channel 3
+    int iNumColors;             ///< entries of the DIB's colour table
+    int iColorTableBytes;       ///< bytes of it
 
 private:
     friend struct KestDib8Members<CcBinaryImage>;

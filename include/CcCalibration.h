@@ -31,7 +31,7 @@ public:
 
     /// Image to world. The result is not finite on the plane's horizon. -1 for a null pointer.
     int ConvertPoint(float fX, float fY, float* pfWorldX, float* pfWorldY);
-    int ConvertPoint(tagPoints* pImage, tagPoints* pWorld);
+    int ConvertPoint(tagPoints* pImage, tagPoints* pWorld);  ///< the same; both may be one record
     /// The same for iCount points, much faster than one by one; both arrays may be the same. -1 for a null pointer or a
     /// negative count.
     int ConvertPoints(const tagPoints* pImage, tagPoints* pWorld, int iCount);
@@ -50,8 +50,9 @@ public:
     /// The map's size; -1 and -1 when there is none. Either pointer may be null. Always 0.
     int GetSizeOfImage(int* piWidth, int* piHeight);
 
-    /// The calibration's own four points, not a copy.
+    /// The calibration's own four image points, not a copy.
     tagPoints* GetImagePoints();
+    /// The same for the world points.
     tagPoints* GetWorldPoints();
 
     /// The calibration's own name of the world unit, not a copy.
@@ -75,16 +76,16 @@ public:
     static int iCalibrationCount;  ///< calibrations named so far
 
 protected:
-    int iLatestVersionNumber;
-    int iLoadedVersionNumber;
-    float fTransform[3][3];
-    char szUnitsOfMeasure[KEST_UNITS_SIZE + 1];
-    int iAreaMapWidth;
-    int iAreaMapHeight;
-    KestGlobalBlock hAreaMap;
-    float* pAreaMap;
-    tagPoints stImagePoints[4];
-    tagPoints stWorldPoints[4];
+    int iLatestVersionNumber;                    ///< 2
+    int iLoadedVersionNumber;                    ///< 1 or 2
+    float fTransform[3][3];                      ///< image to world, row by row
+    char szUnitsOfMeasure[KEST_UNITS_SIZE + 1];  ///< name of the world unit
+    int iAreaMapWidth;                           ///< columns, -1 without a map
+    int iAreaMapHeight;                          ///< rows, -1 without a map
+    KestGlobalBlock hAreaMap;                    ///< the block behind pAreaMap
+    float* pAreaMap;                             ///< a world area for each pixel; null without a map
+    tagPoints stImagePoints[4];                  ///< as given to DoCalibration
+    tagPoints stWorldPoints[4];                  ///< as given to DoCalibration
 
 private:
     void DropAreaMap();

@@ -32,10 +32,10 @@ public:
     int GetNumberOfPoints();
 
 protected:
-    unsigned long ulCurveColor;
-    int iCurveStyle;
-    int iCurveWidth;
-    int iNumberOfPoints;
-    tagPoints* pCurveData;
+    unsigned long ulCurveColor;  ///< a COLORREF
+    int iCurveStyle;             ///< as SetCurveStyle takes it
+    int iCurveWidth;             ///< pixels
+    int iNumberOfPoints;         ///< points behind pCurveData, -1 at first
+    tagPoints* pCurveData;       ///< the caller's array, or null
     KestGlobalBlock hCurveData;  ///< a block that a derived class may keep its points in; freed with the curve
 };

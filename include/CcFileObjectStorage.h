@@ -15,7 +15,9 @@
 class KEST_API CcFileObjectStorage : public CcObjectStorage {
 public:
     CcFileObjectStorage();
+    /// Shares the file handle and never closes it.
     CcFileObjectStorage(const CcFileObjectStorage& other);
+    /// Closes an open file of its own, then shares the other's.
     CcFileObjectStorage& operator=(const CcFileObjectStorage& other);
     ~CcFileObjectStorage() override;
 
@@ -35,8 +37,8 @@ public:
     int GetPos() override;
 
 protected:
-    int bIsOpen;
-    HANDLE hFile;
+    int bIsOpen;   ///< 1 while a file is open
+    HANDLE hFile;  ///< the file, while one is open
 
 private:
     friend class CcObjectStorage;

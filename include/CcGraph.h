@@ -18,10 +18,10 @@ constexpr int KEST_GRAPH_TEXT_SIZE = 80;
 
 /// The default appearance of one curve of a graph, in memory and in appearance files: 32 bytes.
 struct tagCURVEAPPEARANCE {
-    COLORREF ulColor;
-    int iStyle;       ///< as CcCurve::SetCurveStyle takes it
-    int iWidth;       ///< pixels
-    char szName[20];  ///< NUL-terminated, at most 19 characters
+    COLORREF ulColor;  ///< of lines or squares
+    int iStyle;        ///< as CcCurve::SetCurveStyle takes it
+    int iWidth;        ///< pixels
+    char szName[20];   ///< NUL-terminated, at most 19 characters
 };
 static_assert(sizeof(tagCURVEAPPEARANCE) == 32);
 
@@ -47,7 +47,7 @@ public:
 
     /// Keeps the pointer; null for no curves.
     int SetCurveList(CcList* pList);
-    CcList* GetCurveList();
+    CcList* GetCurveList();  ///< what SetCurveList kept, or null
 
     /// Title and axis texts: at most 79 characters each, the rest is cut off. Null leaves a text as it is.
     int SetGraphText(const char* pszTitle, const char* pszXText, const char* pszYText);
@@ -99,8 +99,10 @@ public:
     /// point are skipped. Always 0.
     int ShowListOfSelPoints(HWND hWnd, HDC hDC, int* piIndices, int iCount, int iDevice);
 
-    // Picking. Positions are in device coordinates of the window that the graph was last drawn into, and `hDC` is a
-    // device context of it. A break point is hit within 4 pixels; the first one in the order of list and points counts.
+    /// @name Picking
+    /// Positions are in device coordinates of the window that the graph was last drawn into, and `hDC` is a device
+    /// context of it. A break point is hit within 4 pixels; the first one in the order of list and points counts.
+    /// @{
 
     /// The index of the point that is hit, which becomes the selected point, its curve the selected one of the list; -1
     /// for no hit. A null member of the list is shown in a message box with the caption "Graph Error" and passed over.
@@ -123,35 +125,45 @@ public:
     /// Reads it. Results as above; null is skipped.
     int GetSelBPDirect(float* pfX, float* pfY);
 
-    // The settings dialogs, modal to the window with the focus. 0 however they are closed; -1 when the library with
-    // their templates could not be loaded.
+    /// @}
+    /// @name Settings dialogs
+    /// Modal to the window with the focus. 0 however they are closed; -1 when the library with their templates
+    /// could not be loaded. Redraw the graph afterwards.
+    /// @{
 
-    int ShowDLBLineStyle();
-    int ShowDLBSetGridMarkings();
-    int ShowDLBSetMM();
-    int ShowDLBTitle();
+    int ShowDLBLineStyle();        ///< colour, style, width and name of the curves
+    int ShowDLBSetGridMarkings();  ///< numbers of marks, lines or short marks
+    int ShowDLBSetMM();            ///< ranges, exponents and decimals of the axes, origin cross
+    int ShowDLBTitle();            ///< title and axis texts
+    /// @}
 
 protected:
     int stMapExtents[4];  ///< window extent x and y, viewport extent x and y
     int stMapOrigins[4];  ///< viewport origin x and y (device), window origin x and y (logical)
-    float fXMin, fXOrigin, fXMax;
-    float fYMin, fYOrigin, fYMax;
+    float fXMin;           ///< data coordinate at the left end
+    float fXOrigin;        ///< where the y axis crosses
+    float fXMax;           ///< data coordinate at the right end
+    float fYMin;           ///< data coordinate at the lower end
+    float fYOrigin;        ///< where the x axis crosses
+    float fYMax;           ///< data coordinate at the upper end
     int stPlotRect[4];     ///< the plot's left, top, right and bottom, in device units
     int iWorkValues[4];    ///< not used
     int iGridMarkings[8];  ///< lines or marks: x major, x minor, y major, y minor; numbers: x major, y major, x minor,
                            ///< y minor
-    char szXAxisText[KEST_GRAPH_TEXT_SIZE];
-    char szYAxisText[KEST_GRAPH_TEXT_SIZE];
-    char szTitleText[KEST_GRAPH_TEXT_SIZE];
-    int iXAxisOption, iXPrecision;  ///< exponent and decimals of the labels
-    int iYAxisOption, iYPrecision;
-    tagCURVEAPPEARANCE stCurveAppearance[KEST_GRAPH_CURVES];
-    CcCurve* pSelectedCurve;
-    int iSelectedPoint;  ///< index into the selected curve's points, -1 for none
-    int iReserved;
-    KestLibrary hResourceLibrary;
-    int bOriginSelected;
-    CcList* pCurveList;
+    char szXAxisText[KEST_GRAPH_TEXT_SIZE];                   ///< text under the x axis
+    char szYAxisText[KEST_GRAPH_TEXT_SIZE];                   ///< text beside the y axis
+    char szTitleText[KEST_GRAPH_TEXT_SIZE];                   ///< title
+    int iXAxisOption;                                         ///< exponent of the x labels
+    int iXPrecision;                                          ///< decimals of the x labels
+    int iYAxisOption;                                         ///< exponent of the y labels
+    int iYPrecision;                                          ///< decimals of the y labels
+    tagCURVEAPPEARANCE stCurveAppearance[KEST_GRAPH_CURVES];  ///< defaults
+    CcCurve* pSelectedCurve;                                  ///< curve of the selected point
+    int iSelectedPoint;                                       ///< index into the selected curve's points, -1 for none
+    int iReserved;                                            ///< not used
+    KestLibrary hResourceLibrary;                             ///< the dialogs' templates
+    int bOriginSelected;                                      ///< 1: the cursor was near the origin cross
+    CcList* pCurveList;                                       ///< the caller's list, or null
 
 private:
     /// Whether the cursor is within 9 pixels of the origin cross, kept in bOriginSelected.

@@ -27,14 +27,17 @@ public:
     /// Needs an image; copies nothing for an empty or turned rectangle (-1). An unknown LUT counts as 101.
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     void* GetBitMapImageData() override;                                                            // slot 7
-    // Show: 0, also without an image; -1 for a null device context or window. An unknown LUT shows "Returned NULL from
-    // SelectPalette" and draws with the table that the DIB carries. The device context is left as it was.
+    /// @name Show
+    /// 0, also without an image; -1 for a null device context or window. An unknown LUT shows "Returned NULL from
+    /// SelectPalette" and draws with the table that the DIB carries. The device context is left as it was.
+    /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8
     int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 9
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 10
+    /// @}
     /// Needs an image. LUT 102 to 104 print the palette indices as grays, so 103 and 104 come out darker than on screen.
     /// -1 also for an unknown LUT, after the dialog, and when the print job cannot be started.
     int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
@@ -52,9 +55,12 @@ public:
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every pixel gets the low 8 bits of iValue. An image of that size already is refilled and keeps its colours.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
-    // Thresholding sets the curves of LUT 101 and changes no pixel; show the image with LUT 101 to see it. Levels in a
-    // band (from fLow rounded down to fHigh rounded up) show the band's colour, all others their gray. A band from 255.0
-    // on starts at 0. Window and usLUT are not used.
+    /// @name Thresholding
+    /// It sets the curves of LUT 101 and changes no pixel; show the image with LUT 101 to see it. Levels in a band
+    /// (from fLow rounded down to fHigh rounded up) show the band's colour, all others their gray. A band from
+    /// 255.0 on starts at 0. Window and usLUT are not used.
+    /// @{
+
     /// All gray.
     int BeginThresholding(HWND hWnd, unsigned short usLUT) override;                                // slot 17
     /// One band in place of those before; -1, and nothing changed, when it is empty.
@@ -63,6 +69,7 @@ public:
     int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount) override;                  // slot 19
     /// All gray.
     int EndThresholding() override;                                                                 // slot 20
+    /// @}
     /// Always 0.0.
     float GetMinPixelValue() override;                                                              // slot 21
     /// Always 255.0.
@@ -85,19 +92,19 @@ public:
     static char cFullFilePathSave[KEST_NAME_SIZE];  ///< the file saved last
 
 protected:
-    int iNumColors;
-    int iColorTableBytes;
-    KestDisplayTable stTable100;
-    KestDisplayTable stTable101;
-    tagPoints stLUTRed[256];
-    tagPoints stLUTGreen[256];
-    tagPoints stLUTBlue[256];
-    KestDisplayTable stTable102;
-    tagPoints stLUT256[256];
-    KestDisplayTable stTable103;
-    tagPoints stLUT128[128];
-    KestDisplayTable stTable104;
-    tagPoints stLUT64[64];
+    int iNumColors;               ///< entries of the DIB's colour table
+    int iColorTableBytes;         ///< bytes of it
+    KestDisplayTable stTable100;  ///< the file's colours
+    KestDisplayTable stTable101;  ///< from the three curves
+    tagPoints stLUTRed[256];      ///< point list of LUT 101, channel 1
+    tagPoints stLUTGreen[256];    ///< point list of LUT 101, channel 2
+    tagPoints stLUTBlue[256];     ///< point list of LUT 101, channel 3
+    KestDisplayTable stTable102;  ///< 256 grays
+    tagPoints stLUT256[256];      ///< point list of LUT 102
+    KestDisplayTable stTable103;  ///< 128 grays
+    tagPoints stLUT128[128];      ///< point list of LUT 103
+    KestDisplayTable stTable104;  ///< 64 grays
+    tagPoints stLUT64[64];        ///< point list of LUT 104
 
     /// Releases the five display tables.
     void ReleaseTables();

@@ -30,14 +30,17 @@ public:
     int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
     /// The samples, of type unsigned short; null without any.
     void* GetBitMapImageData() override;                                                            // slot 7
-    // Show: -1 without samples or display image, else 0. When the samples or the display range changed, the display
-    // image is computed first, and with automatic display the point lists are spread over the display range.
+    /// @name Show
+    /// -1 without samples or display image, else 0. When the samples or the display range changed, the display image is
+    /// computed first, and with automatic display the point lists are spread over the display range.
+    /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8
     int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 9
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 10
+    /// @}
     /// A point's x is a sample value, its y the level shown for it. LUTs, channels and failures as the 8-bit image's.
     int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 12
     /// Any x values are taken; a level shows the y of the point that lies nearest to the level's sample value. First
@@ -55,11 +58,14 @@ public:
     /// Memory for Floating Point Image" (whatever the sample type). Refilling an image of that size already keeps
     /// statistics and display range.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
-    // Thresholding: the bounds are display levels, 0 to 255.
+    /// @name Thresholding
+    /// The bounds are display levels, 0 to 255.
+    /// @{
     int BeginThresholding(HWND hWnd, unsigned short usLUT) override;                                // slot 17
     int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue) override;  // slot 18
     int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount) override;                  // slot 19
     int EndThresholding() override;                                                                 // slot 20
+    /// @}
     /// The smallest sample, scanned for when samples changed; 0.0 at first.
     float GetMinPixelValue() override;                                                              // slot 21
     /// The largest sample; 255.0 at first.
@@ -91,14 +97,14 @@ public:
 
 protected:
     unsigned short* pSamples;  ///< null without samples
-    KestGlobalBlock hSamples;
-    float fDataMax;  ///< as last scanned
-    float fDataMin;
-    float fDisplayMax;  ///< the sample shown as 255
-    float fDisplayMin;  ///< the sample shown as 0
-    float fScale;       ///< levels a sample unit
-    float fOffset;      ///< the level of sample 0
-    int bAutoUpdateDisplay;  ///< 1: the display range follows the samples
+    KestGlobalBlock hSamples;  ///< the block behind pSamples
+    float fDataMax;            ///< as last scanned
+    float fDataMin;            ///< as last scanned
+    float fDisplayMax;         ///< the sample shown as 255
+    float fDisplayMin;         ///< the sample shown as 0
+    float fScale;              ///< levels a sample unit
+    float fOffset;             ///< the level of sample 0
+    int bAutoUpdateDisplay;    ///< 1: the display range follows the samples
 
 private:
     bool bKeepsDisplayRange;  ///< while thresholding puts point lists back

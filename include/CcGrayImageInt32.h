@@ -46,21 +46,25 @@ public:
     /// Stores the truncated value; what no int holds becomes the smallest one.
     void operator=(float fValue) override;                                                          // slot 28
 
+    /// As CcGrayImageInt16::NormalizeInt16ToByteImage.
     int NormalizeInt32ToByteImage(const int* pSource, unsigned char* pBytes, int iRows, int iColumns, int iMode);
+    /// As CcGrayImageInt16::Copy8BitToInt16.
     int Copy8BitToInt32(const unsigned char* pBytes, int* pTarget, int iRows, int iColumns);
+    /// As CcGrayImageInt16::ReconfigureDisplayLUT.
     int ReconfigureDisplayLUT(int iList);
+    /// As CcGrayImageInt16::ReconfigureColorTable.
     int ReconfigureColorTable(int iLUT, int iChannel);
 
 protected:
-    int* pSamples;  ///< null without samples
-    KestGlobalBlock hSamples;
-    float fDataMax;  ///< as last scanned
-    float fDataMin;
-    float fDisplayMax;  ///< the sample shown as 255
-    float fDisplayMin;  ///< the sample shown as 0
-    float fScale;       ///< levels a sample unit
-    float fOffset;      ///< the level of sample 0
-    int bAutoUpdateDisplay;  ///< 1: the display range follows the samples
+    int* pSamples;             ///< null without samples
+    KestGlobalBlock hSamples;  ///< the block behind pSamples
+    float fDataMax;            ///< as last scanned
+    float fDataMin;            ///< as last scanned
+    float fDisplayMax;         ///< the sample shown as 255
+    float fDisplayMin;         ///< the sample shown as 0
+    float fScale;              ///< levels a sample unit
+    float fOffset;             ///< the level of sample 0
+    int bAutoUpdateDisplay;    ///< 1: the display range follows the samples
 
 private:
     bool bKeepsDisplayRange;  ///< while thresholding puts point lists back

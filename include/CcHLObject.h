@@ -41,16 +41,16 @@ public:
 
     /// One of KestObjectType.
     int GetType();
-    int SetType(int iNewType);
+    int SetType(int iNewType);  ///< any number is kept; always 0
 
     /// The count is advice among callers: nothing deletes an object when it reaches 0.
     int GetReferenceCount();
-    int IncReferenceCount();
+    int IncReferenceCount();  ///< always 0
     /// -1, and the count stays, when it is below 1.
     int DecReferenceCount();
 
 protected:
-    int iType;
-    int iReferenceCount;
-    char szObjectName[KEST_NAME_SIZE];
+    int iType;                          ///< one of KestObjectType
+    int iReferenceCount;                ///< kept by the callers
+    char szObjectName[KEST_NAME_SIZE];  ///< the name, NUL-terminated
 };

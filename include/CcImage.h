@@ -19,14 +19,14 @@ struct DibPicture;
 
 /// What CcImage::GetImageType returns.
 enum KestImageType : int {
-    KEST_IMAGE_NONE = -1,
-    KEST_IMAGE_GRAY256 = 0,
-    KEST_IMAGE_INT32 = 1,
-    KEST_IMAGE_FLOAT = 2,
-    KEST_IMAGE_RGB = 3,
-    KEST_IMAGE_BINARY = 4,
-    KEST_IMAGE_INT16 = 5,
-    KEST_IMAGE_HSL = 6,
+    KEST_IMAGE_NONE = -1,    ///< CcImage itself
+    KEST_IMAGE_GRAY256 = 0,  ///< CcGrayImage256
+    KEST_IMAGE_INT32 = 1,    ///< CcGrayImageInt32
+    KEST_IMAGE_FLOAT = 2,    ///< CcGrayImageFloat
+    KEST_IMAGE_RGB = 3,      ///< Cc24BitRGBImage
+    KEST_IMAGE_BINARY = 4,   ///< CcBinaryImage
+    KEST_IMAGE_INT16 = 5,    ///< CcGrayImageInt16
+    KEST_IMAGE_HSL = 6,      ///< Cc24BitHSLImage
 };
 
 /// The abstract image: a device-independent bitmap (DIB) in one global memory block, a list of regions of interest, an
@@ -88,16 +88,23 @@ public:
     virtual int SaveBMPFile(const char* pszPath);                                                   // slot 15
     /// Makes an image of iNewHeight rows and iNewWidth columns (in this order), filled with iValue.
     virtual int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName);       // slot 16
+    /// Begins a session of thresholding; EndThresholding ends it.
     virtual int BeginThresholding(HWND hWnd, unsigned short usLUT);                                 // slot 17
     /// Shows the values from fLow to fHigh in a colour.
     virtual int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue);  // slot 18
+    /// The same for iCount bands; where bands overlap, what counts is said by each class.
     virtual int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount);                   // slot 19
+    /// Shows the image as it was before BeginThresholding.
     virtual int EndThresholding();                                                                  // slot 20
+    /// The smallest pixel value, of the type or of the samples.
     virtual float GetMinPixelValue();                                                               // slot 21
+    /// The largest pixel value, likewise.
     virtual float GetMaxPixelValue();                                                               // slot 22
     /// Bytes a pixel.
     virtual int SizeOf();                                                                           // slot 23
+    /// 1: the display range of a wide image follows its samples.
     virtual int SetAutoUpdateDisplay(int iOn);                                                      // slot 24
+    /// What SetAutoUpdateDisplay set.
     virtual int GetAutoUpdateDisplay();                                                             // slot 25
     /// Addresses a position between pixels and reads its value, interpolated; -1.0 outside the image.
     virtual float& operator()(float fX, float fY);                                                  // slot 26
@@ -106,7 +113,8 @@ public:
     /// Writes the pixel addressed last; does nothing when that lay outside the image.
     virtual void operator=(float fValue);                                                           // slot 28
     /// Cuts the pixels under a ROI into a new image of the ROI's bounding size, which belongs to the caller. Pixels
-    /// outside the ROI, or where it reaches out of the image, get iFillValue; iAlign 1 widens the image to (width / 4) * 4 + 4 columns. Null on failure.
+    /// outside the ROI, or where it reaches out of the image, get iFillValue; iAlign 1 widens the image to
+    /// (width / 4) * 4 + 4 columns. Null on failure.
     virtual CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign);                        // slot 29
 
     /// One of KestImageType.
@@ -119,14 +127,17 @@ public:
     int ReScaleImageOnShow();
     /// A number that the application may attach.
     int GetInstance();
-    int SetInstance(int iNewInstance);
+    int SetInstance(int iNewInstance);  ///< always 0
 
     /// What the pixel operators address: 0 the image, 1 the overlay (-1 while there is none).
     int SetOperatorOverloadAccess(int iMode);
 
-    // The overlay: a byte a pixel in one block, rows of exactly the image's width, bottom row first. A byte selects one
-    // of the 20 system colours by its value modulo 20 (13 red, 14 green, 16 blue, 19 white); black, as 0, 20 and all from
-    // 240 on, lets the image show. The overlay keeps its size when the image gets another one; make it anew then.
+    /// @name Overlay
+    /// A byte a pixel in one block, rows of exactly the image's width, bottom row first. A byte selects one of the
+    /// 20 system colours by its value modulo 20 (13 red, 14 green, 16 blue, 19 white); black, as 0, 20 and all from
+    /// 240 on, lets the image show. The overlay keeps its size when the image gets another one; make it anew then.
+    /// @{
+
     /// Replaces the overlay by an empty one of the image's size. -1 without an image, or after a message.
     int CreateOverlay();
     /// Frees the pixels but leaves the overlay noted as present: GetOverlay then gives null until CreateOverlay.
@@ -139,6 +150,7 @@ public:
     int ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);
     /// The same into a device context of the window, without a message.
     int ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);
+    /// @}
 
     /// The image pixel shown at a client point of the window. At a zoom above 1 the zoom itself, not 1, is subtracted
     /// in the row. -1 for a null argument or a zoom below 1.
@@ -148,8 +160,11 @@ public:
     int ConvertPointToImageCoords(HWND hWnd, int iXOffset, int iYOffset, unsigned short usMode, POINT* pptWindow,
                                   tagPoints* pptImage, int iZoom);
 
-    // The calibration is the caller's: images share it and count themselves in its reference count, but an image that is
-    // deleted does not count itself out. Unlink it before it is deleted.
+    /// @name Calibration
+    /// It is the caller's: images share it and count themselves in its reference count, but an image that is
+    /// deleted does not count itself out. Unlink it before it is deleted.
+    /// @{
+
     /// Links a calibration in place of the one before. -1, with the link unchanged, for null, an object that is no
     /// calibration, or one whose area map is not of the image's size.
     int SetCalibrationObject(CcCalibration* pNewCalibration);
@@ -159,35 +174,39 @@ public:
     int ClearCalibrationObject();
     /// The world point of an image point through the calibration; the point itself without one. -1 for a null argument.
     int ConvertImagePointToWorldCoords(tagPoints* pptImage, tagPoints* pptWorld);
+    /// @}
 
     static PRINTDLGA stPrintSetup;  ///< the printer chosen once, kept for all images
     static int iPrinterSetupFlag;   ///< 1 once the first image was constructed
 
 protected:
-    CcList cListROI;
-    BITMAPINFO* lpOverlayInfo;  ///< not null once there was an overlay; its memory is live while lpOverlayBits is
-    KestGlobalBlock hOverlay;
-    unsigned char* lpOverlayBits;
-    RGBQUAD* lpOverlayColors;
-    KestPalette hPalette;
-    BITMAPINFO* lpBitmapInfo;  ///< null without a DIB
-    KestGlobalBlock hDib;
-    unsigned char* lpBits;  ///< null without usable pixels, also while a refused file's block is attached
-    RGBQUAD* lpColors;
-    int iHeight;
-    int iWidth;
-    int iImageType;
-    int iOperatorAccess;
-    int iReScaleOnShow;
-    float fPixelValue;
-    int iPixelIndex;
-    int iInstance;
-    DOCINFOA stDocInfo;
-    CcCalibration* pCalibration;
+    CcList cListROI;               ///< destruction type 1 from the constructor on
+    BITMAPINFO* lpOverlayInfo;     ///< not null once there was an overlay; its memory is live while lpOverlayBits is
+    KestGlobalBlock hOverlay;      ///< header, colour table and bytes of the overlay
+    unsigned char* lpOverlayBits;  ///< the overlay's first byte; null without one
+    RGBQUAD* lpOverlayColors;      ///< the overlay's colour table
+    KestPalette hPalette;          ///< the palette of the DIB's colour table
+    BITMAPINFO* lpBitmapInfo;      ///< null without a DIB
+    KestGlobalBlock hDib;          ///< header, colour table and pixels
+    unsigned char* lpBits;         ///< null without usable pixels, also while a refused file's block is attached
+    RGBQUAD* lpColors;             ///< the DIB's colour table
+    int iHeight;                   ///< rows
+    int iWidth;                    ///< columns
+    int iImageType;                ///< one of KestImageType
+    int iOperatorAccess;           ///< 0 image, 1 overlay
+    int iReScaleOnShow;            ///< 2 samples changed, 1 display stale, 0 up to date
+    float fPixelValue;             ///< the cell that the pixel operators return
+    int iPixelIndex;               ///< of the pixel addressed last, -1 outside
+    int iInstance;                 ///< the application's number
+    DOCINFOA stDocInfo;            ///< of the last print job
+    CcCalibration* pCalibration;   ///< the linked calibration, or null
 
     long long llPixelBlockBytes;  ///< bytes from lpBits to the end of the DIB's block
 
-    // The DIB, for derived classes; iBytesPerPixel is 1 or 3.
+    /// @name The DIB, for derived classes
+    /// iBytesPerPixel is 1 or 3.
+    /// @{
+
     /// Frees the DIB; the size members keep their values.
     void ReleaseDib();
     /// Takes the DIB that hDib holds into use. False, with the block still attached but no pixels, when its header,
@@ -205,7 +224,10 @@ protected:
     /// Colours of the DIB's table as its header counts them, and the table's bytes.
     void CountDibColors(int* piColors, int* piTableBytes) const;
 
-    // Pixel addressing, for derived classes
+    /// @}
+    /// @name Pixel addressing, for derived classes
+    /// @{
+
     /// Notes the pixel as the one addressed; false, with the cell at -1.0, outside the image.
     bool AddressPixel(int iX, int iY);
     /// The same for a position between pixels, by its lower left neighbour. bUpToSize: the neighbours may lie one beyond
@@ -217,6 +239,7 @@ protected:
     float OverlayTarget() const;
     /// Writes that byte; does nothing without an overlay, or when it is not the operators' target.
     void SetOverlayTarget(float fValue);
+    /// @}
 
     /// The overlay as something to draw; its bits are null without one (internal).
     kest::DibPicture OverlayPicture() const;

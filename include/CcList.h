@@ -15,6 +15,7 @@ class KEST_API CcList : public CcHLObject {
 public:
     /// 100 slots that grow by 50.
     CcList();
+    /// iInitialSize slots that grow by iIncrement.
     CcList(int iInitialSize, int iIncrement);
     CcList(const CcList&) = default;
     CcList& operator=(const CcList&) = default;
@@ -27,17 +28,20 @@ public:
     int Store(CcObjectStorage* pStorage) override;              // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
 
-    // Cursor and lookup: the member, or null when there is none. Each moves the current index to the member it returns.
-    CcHLObject* GetHead();
-    CcHLObject* GetTail();
-    CcHLObject* GetNext();
-    CcHLObject* GetPrev();
-    CcHLObject* GetAtIndex(int iIndex);
+    /// @name Cursor and lookup
+    /// The member, or null when there is none. Each moves the current index to the member it returns.
+    /// @{
+    CcHLObject* GetHead();               ///< the first member
+    CcHLObject* GetTail();               ///< the last member
+    CcHLObject* GetNext();               ///< the member after the current one
+    CcHLObject* GetPrev();               ///< the member before the current one
+    CcHLObject* GetAtIndex(int iIndex);  ///< the member at an index from 0
     /// The first member of exactly that name.
     CcHLObject* GetViaName(const char* pszName);
-    CcHLObject* GetSelected();
+    CcHLObject* GetSelected();  ///< the selected member
+    /// @}
 
-    int GetNumberOfObjects();
+    int GetNumberOfObjects();  ///< members in the list
     /// -1 only after a delete emptied the list.
     int GetCurrentObjectsIndex();
     /// -1 when none is selected.
@@ -47,9 +51,11 @@ public:
     /// 1: the list deletes its members; 0: it does not. Anything else: -1.
     int SetDestructionType(int iNewType);
 
-    // Inserts: 0, or -1 when the list cannot grow or the index is refused. Null members are accepted.
-    int InsertHead(CcHLObject* pObject);
-    int InsertTail(CcHLObject* pObject);
+    /// @name Inserting
+    /// 0, or -1 when the list cannot grow or the index is refused. Null members are accepted.
+    /// @{
+    int InsertHead(CcHLObject* pObject);  ///< before the first member
+    int InsertTail(CcHLObject* pObject);  ///< behind the last member
     /// At a present member's index only: it cannot append.
     int InsertAtIndex(CcHLObject* pObject, int iIndex);
     /// At the current (not the selected) index; the new member becomes the selected one.
@@ -57,30 +63,34 @@ public:
     /// The shared step of the inserts: moves the members up and puts `pObject` in; count and current index stay.
     int InsertObjectAtIndex(CcHLObject* pObject, int iIndex);
 
-    // Deletes: 0, or -1 when there is no such member.
-    int DeleteHead();
-    int DeleteTail();
-    int DeleteAtIndex(int iIndex);
-    int DeleteViaName(const char* pszName);
-    int DeleteSelected();
+    /// @}
+    /// @name Deleting
+    /// 0, or -1 when there is no such member. With destruction type 1 the member itself is deleted, too.
+    /// @{
+    int DeleteHead();                        ///< the first member
+    int DeleteTail();                        ///< the last member
+    int DeleteAtIndex(int iIndex);           ///< the member at an index from 0
+    int DeleteViaName(const char* pszName);  ///< the first member of exactly that name
+    int DeleteSelected();                    ///< the selected member
     /// Takes a member out without deleting it, whatever the destruction type, and returns it; null for no member.
     CcHLObject* TakeOut(int iIndex);
     /// The shared step of the deletes: takes the member out and moves the others down; the count stays.
     int DeleteObjectAtIndex(int iIndex);
+    /// @}
 
     /// Adds the increment to the capacity. -1 after a message when memory is short.
     int MakeArrayLarger();
 
 protected:
-    int iInitialArraySize;
-    int iArrayIncrement;
-    int iArraySize;
-    int iDistructorFlag;
-    int iCurrentObject;
-    int iNumberOfObjects;
-    int iSelectedObject;
-    CcHLObject** pObjectArray;
-    KestGlobalBlock hObjectArray;
+    int iInitialArraySize;         ///< slots of the first array
+    int iArrayIncrement;           ///< slots that each growth adds
+    int iArraySize;                ///< slots now
+    int iDistructorFlag;           ///< the destruction type
+    int iCurrentObject;            ///< the current index
+    int iNumberOfObjects;          ///< members
+    int iSelectedObject;           ///< the selected index, -1 for none
+    CcHLObject** pObjectArray;     ///< the slots
+    KestGlobalBlock hObjectArray;  ///< the block behind them
 
 private:
     void MakeFirstArray();

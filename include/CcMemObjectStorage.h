@@ -12,6 +12,7 @@ class KEST_API CcMemObjectStorage : public CcObjectStorage {
 public:
     /// An own block of 100000 bytes that grows by at least 100000.
     CcMemObjectStorage();
+    /// An own block of lInitialSize bytes that grows by at least lNewGrowSize.
     CcMemObjectStorage(long lInitialSize, long lNewGrowSize);
     /// Uses the caller's block as it stands, for reading and for writing within its size. `bExternal` 1: it stays the
     /// caller's and cannot grow. 0: the stream takes it over and frees it; it must come from AllocateBuffer (or from
@@ -35,13 +36,13 @@ public:
     static unsigned char* AllocateBuffer(long lSize);
 
 protected:
-    unsigned char* pStorageBuffer;
-    long iBufferSize;
-    long iReserved;
-    long iPosition;
-    long iInitialSize;
-    long iGrowSize;
-    int bExternalBuffer;
+    unsigned char* pStorageBuffer;  ///< the block
+    long iBufferSize;               ///< its bytes
+    long iReserved;                 ///< 0, not used
+    long iPosition;                 ///< of the next byte
+    long iInitialSize;              ///< bytes at first
+    long iGrowSize;                 ///< the least growth, bytes
+    int bExternalBuffer;            ///< 1: the block is the caller's
 
 private:
     KestHeapBlock cBlock;

@@ -8,10 +8,10 @@ class KEST_API CcNumber : public CcHLObject {
 public:
     CcNumber();
 
-    float GetValue();
+    float GetValue();  ///< the number
     /// Always 0.
     int SetValue(float fNewValue);
 
 protected:
-    float fValue;
+    float fValue;  ///< the number
 };

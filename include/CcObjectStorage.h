@@ -40,13 +40,16 @@ public:
     /// SetPos(0), whose result it returns: KEST_AT_START for a file.
     int Reset();
 
-    /// Read and Write for use in Load and Store; every result that is not negative becomes 0.
-    int ReadObjectData(void* pBuffer, long lLength);
-    int WriteObjectData(const void* pBuffer, long lLength);
-    int ReadObjectHeader(tagOST_OBJECTHEADER* pHeader);
-    int WriteObjectHeader(const tagOST_OBJECTHEADER* pHeader);
-    int ReadObjectFooter(tagOST_OBJECTFOOTER* pFooter);
-    int WriteObjectFooter(const tagOST_OBJECTFOOTER* pFooter);
+    /// @name For use in Load and Store
+    /// The results of Read and Write, but every result that is not negative becomes 0.
+    /// @{
+    int ReadObjectData(void* pBuffer, long lLength);            ///< any bytes
+    int WriteObjectData(const void* pBuffer, long lLength);     ///< any bytes
+    int ReadObjectHeader(tagOST_OBJECTHEADER* pHeader);         ///< a record's first 128 bytes
+    int WriteObjectHeader(const tagOST_OBJECTHEADER* pHeader);  ///< a record's first 128 bytes
+    int ReadObjectFooter(tagOST_OBJECTFOOTER* pFooter);         ///< a record's last 117 bytes
+    int WriteObjectFooter(const tagOST_OBJECTFOOTER* pFooter);  ///< a record's last 117 bytes
+    /// @}
 
 private:
     int ReadCheckedHeader(tagOST_OBJECTHEADER& header);

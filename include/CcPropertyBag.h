@@ -23,21 +23,30 @@ public:
     int Store(CcObjectStorage* pStorage) override;              // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
 
-    int PutInt(const char* pszName, int iValue);
-    int PutLong(const char* pszName, long lValue);
-    int PutFloat(const char* pszName, float fValue);
-    int PutDouble(const char* pszName, double dValue);
-    int PutString(const char* pszName, const char* pszValue);
+    /// @name Putting
+    /// Each appends an entry of its type.
+    /// @{
+    int PutInt(const char* pszName, int iValue);               ///< type 0, 4 bytes
+    int PutLong(const char* pszName, long lValue);             ///< type 1, 4 bytes
+    int PutFloat(const char* pszName, float fValue);           ///< type 2, 4 bytes
+    int PutDouble(const char* pszName, double dValue);         ///< type 3, 8 bytes
+    int PutString(const char* pszName, const char* pszValue);  ///< type 4, the characters and their terminator
     /// Copies `lLength` bytes.
     int PutBlob(const char* pszName, const void* pData, long lLength);
 
-    int GetInt(const char* pszName, int* piValue);
-    int GetLong(const char* pszName, long* plValue);
-    int GetFloat(const char* pszName, float* pfValue);
-    int GetDouble(const char* pszName, double* pdValue);
+    /// @}
+    /// @name Getting
+    /// Each takes the first entry of that name and type.
+    /// @{
+    int GetInt(const char* pszName, int* piValue);        ///< type 0
+    int GetLong(const char* pszName, long* plValue);      ///< type 1
+    int GetFloat(const char* pszName, float* pfValue);    ///< type 2
+    int GetDouble(const char* pszName, double* pdValue);  ///< type 3
     /// Fills all `lLength` characters of the buffer with 0 first, so it holds "" after a failed lookup.
     int GetString(const char* pszName, char* pszBuffer, long lLength);
+    /// Copies the blob's bytes into a buffer of `lLength` bytes.
     int GetBlob(const char* pszName, void* pBuffer, long lLength);
+    /// @}
 
     /// The general put: `iType` is a tag of tagPROPERTY.
     int PutProp(const char* pszName, int iType, const void* pData, long lLength);
@@ -52,14 +61,14 @@ public:
     int GrowPropBuffer(int iBytes);
 
 protected:
-    tagPROPERTY* pPropTable;
-    int iPropTableSize;  ///< capacity, entries
-    int iReservedTable;
-    int iNumProps;
-    unsigned char* pPropBuffer;
-    int iPropBufferSize;  ///< capacity, bytes
-    int iReservedBuffer;
-    int iPropBufferUsed;
+    tagPROPERTY* pPropTable;     ///< the entries
+    int iPropTableSize;          ///< capacity, entries
+    int iReservedTable;          ///< 0, not used
+    int iNumProps;               ///< entries
+    unsigned char* pPropBuffer;  ///< the values' bytes
+    int iPropBufferSize;         ///< capacity, bytes
+    int iReservedBuffer;         ///< 0, not used
+    int iPropBufferUsed;         ///< bytes in use
 
 private:
     const tagPROPERTY* Find(const char* pszName, int iType) const;

@@ -12,13 +12,17 @@ class CcImage;
 class KEST_API KestDragDc {
 public:
     KestDragDc() = default;
+    /// Holds nothing.
     KestDragDc(const KestDragDc&) {}
+    /// Keeps what is held.
     KestDragDc& operator=(const KestDragDc&) { return *this; }
 
     /// Gets the window's device context for a rubber band: drawing the same outline twice erases it. What is held is
     /// released first.
     void Take(HWND hNewWindow);
+    /// Gives the device context back to its window.
     void Release();
+    /// Null while nothing is held.
     operator HDC() const { return hDC; }
 
 private:
@@ -34,22 +38,22 @@ struct KestShapeTraits;
 
 /// What CcRoiBase::GetROIType returns; the code stands in every ROI file.
 enum KestRoiType : int {
-    KEST_ROI_NONE = -1,
-    KEST_ROI_RECT = 0,
-    KEST_ROI_LINE = 1,
-    KEST_ROI_FREEHANDLINE = 2,
-    KEST_ROI_POLYLINE = 3,
-    KEST_ROI_ELLIPSE = 4,
-    KEST_ROI_FREEHAND = 5,
-    KEST_ROI_POLYFREEHAND = 6,
-    KEST_ROI_POINT = 7,
+    KEST_ROI_NONE = -1,         ///< CcRoiBase itself
+    KEST_ROI_RECT = 0,          ///< CcRoiRect
+    KEST_ROI_LINE = 1,          ///< CcRoiLine
+    KEST_ROI_FREEHANDLINE = 2,  ///< CcRoiFreeHandLine
+    KEST_ROI_POLYLINE = 3,      ///< CcRoiPolyLine
+    KEST_ROI_ELLIPSE = 4,       ///< CcRoiEllipse
+    KEST_ROI_FREEHAND = 5,      ///< CcRoiFreeHand
+    KEST_ROI_POLYFREEHAND = 6,  ///< CcRoiPolyFreeHand
+    KEST_ROI_POINT = 7,         ///< CcRoiPoint
 };
 
 /// The iDragMode argument of StartMouseDrag.
 enum KestDragMode : int {
     KEST_DRAG_CONVERT = 0,  ///< take the place of another ROI, then move
-    KEST_DRAG_MOVE = 1,
-    KEST_DRAG_CREATE = 2,
+    KEST_DRAG_MOVE = 1,     ///< carry the whole ROI along
+    KEST_DRAG_CREATE = 2,   ///< draw it
     KEST_DRAG_RESIZE = 3,   ///< by the handle that MouseHitTest found
 };
 
@@ -91,15 +95,21 @@ public:
                               POINT stMouse);                                                       // slot 12
     /// The bounding rectangle (top above bottom), without preparing queries.
     virtual RECT* GetCurrentBoundingRect();                                                         // slot 13
-    // ShowROI: iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null
-    // device context, rectangle or image. The device context is left as it was.
+    /// @name Showing
+    /// iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null device
+    /// context, rectangle or image. The device context is left as it was.
+    /// @{
+
     /// For output without a window: the rectangle's right and bottom stand for the client area's width and height.
     virtual int ShowROI(HDC hDC, RECT* pRect, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                         int iShowZoom, int iPenSelect);                                             // slot 14
+    /// Into a device context, with the size of the window's client area.
     virtual int ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                         int iShowZoom, int iPenSelect);                                             // slot 15
+    /// Into the window's client area.
     virtual int ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                         int iShowZoom, int iPenSelect);                                             // slot 16
+    /// @}
     /// The code of what lies under the mouse: -1 nothing, 0 the shape, above 0 one of its handles.
     virtual int MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                              POINT stMouse, int iTestZoom);                                         // slot 17
@@ -116,37 +126,39 @@ public:
     /// Every shape returns 0.
     virtual int IsRoiAGraphicObject();                                                              // slot 22
 
-    int GetROIType();
+    int GetROIType();  ///< one of KestRoiType
     /// Exactly 1 selects.
     int SetSelected(int bSelect);
-    int IsROISelected();
+    int IsROISelected();  ///< 1 or 0
 
-    // Class-wide: what every ROI is drawn with. -1 for a null colour, or when a pen cannot be made (the old one stays).
-    int SetSelectedColor(RGBTRIPLE* pColor);
-    int SetUnSelectedColor(RGBTRIPLE* pColor);
-    // -1 for null.
-    int GetSelectedColor(RGBTRIPLE* pColor);
-    int GetUnSelectedColor(RGBTRIPLE* pColor);
+    /// @name Colours and pens
+    /// Class-wide: what every ROI is drawn with. -1 for null, or when a pen cannot be made (the old one stays).
+    /// @{
+    int SetSelectedColor(RGBTRIPLE* pColor);    ///< for selected ROIs
+    int SetUnSelectedColor(RGBTRIPLE* pColor);  ///< for the others
+    int GetSelectedColor(RGBTRIPLE* pColor);    ///< a copy
+    int GetUnSelectedColor(RGBTRIPLE* pColor);  ///< a copy
     /// Makes both pens anew at this width, so that outlines thicken with the zoom. When only the second pen cannot be
     /// made, the first is new already and the result is -1.
     int SetZoomPen(int iPenWidth);
+    /// @}
 
     static RGBTRIPLE stSelectedColor;    ///< red again whenever the first of all ROIs is made
     static RGBTRIPLE stUnSelectedColor;  ///< green, likewise
     static HPEN hSelectedPen;            ///< null while there is no ROI
-    static HPEN hUnSelectedPen;
-    static int iNumOfROIs;  ///< ROI objects alive
+    static HPEN hUnSelectedPen;          ///< likewise
+    static int iNumOfROIs;               ///< ROI objects alive
 
 protected:
-    int iROIType;
-    int iZoom;     ///< of the drag that runs or ran last
-    int iHitCode;  ///< of the handle that MouseHitTest found last, -1 at first
-    int bSelected;
-    RECT stCurrentBoundingRect;
-    RECT stBoundingRect;
-    int* piBoundary;
-    KestWorkBlock hBoundary;
-    int iBoundarySize;  ///< entries in the work buffer, if there is one
+    int iROIType;                ///< one of KestRoiType
+    int iZoom;                   ///< of the drag that runs or ran last
+    int iHitCode;                ///< of the handle that MouseHitTest found last, -1 at first
+    int bSelected;               ///< 1 or 0
+    RECT stCurrentBoundingRect;  ///< what GetCurrentBoundingRect returns
+    RECT stBoundingRect;         ///< what GetBoundingRect returns
+    int* piBoundary;             ///< what the boundary queries return
+    KestWorkBlock hBoundary;     ///< the block behind it
+    int iBoundarySize;           ///< entries in the work buffer, if there is one
 
     /// The work buffer; null in a copy, whose piBoundary names its source's until it makes its own.
     int* Boundary() const { return piBoundary == hBoundary.Get() ? piBoundary : nullptr; }

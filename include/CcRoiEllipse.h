@@ -53,11 +53,11 @@ public:
     static int iEllipseROICount;  ///< ellipses named so far
 
 protected:
-    RECT stImageEllipse;
-    RECT stWindowEllipse;
-    POINT stLastMouse;
-    KestDragDc hDragDC;
-    int iDragMode;  ///< -1 while no drag runs
+    RECT stImageEllipse;   ///< the bounding rectangle in image coordinates
+    RECT stWindowEllipse;  ///< the same in client pixels
+    POINT stLastMouse;     ///< client pixels
+    KestDragDc hDragDC;    ///< held while a drag runs
+    int iDragMode;         ///< -1 while no drag runs
 
 private:
     friend struct KestShapeMembers<CcRoiEllipse>;

@@ -23,9 +23,13 @@ public:
 
     /// Notes the list as it is, before an edit. What was undone before can no longer be redone.
     int Remember();
+    /// Brings back what Remember noted last.
     int Undo();
+    /// Brings back what Undo replaced last.
     int Redo();
+    /// 1 when there is something to undo.
     int CanUndo() const { return pUndo != nullptr; }
+    /// 1 when there is something to redo.
     int CanRedo() const { return pRedo != nullptr; }
     /// Forgets everything.
     void Clear();

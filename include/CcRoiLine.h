@@ -5,10 +5,10 @@
 
 /// The coordinates of a line: 16 bytes.
 struct tagROILINE {
-    int iStartX;
-    int iStartY;
-    int iEndX;
-    int iEndY;
+    int iStartX;  ///< column of the start
+    int iStartY;  ///< row of the start, from the bottom
+    int iEndX;    ///< column of the end
+    int iEndY;    ///< row of the end, from the bottom
 };
 
 /// A line from its start to its end, in image coordinates. Its pixels are one a row or one a column, whichever are more, the
@@ -61,11 +61,11 @@ public:
     static int iLineROICount;  ///< lines named so far
 
 protected:
-    tagROILINE stImageLine;
-    tagROILINE stWindowLine;
-    POINT stLastMouse;
-    KestDragDc hDragDC;
-    int iDragMode;  ///< -1 while no drag runs
+    tagROILINE stImageLine;   ///< the line in image coordinates
+    tagROILINE stWindowLine;  ///< the same in client pixels
+    POINT stLastMouse;        ///< client pixels
+    KestDragDc hDragDC;       ///< held while a drag runs
+    int iDragMode;            ///< -1 while no drag runs
 
 private:
     friend struct KestShapeMembers<CcRoiLine>;

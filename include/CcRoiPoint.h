@@ -52,12 +52,12 @@ public:
     static int iPointROICount;  ///< points named so far
 
 protected:
-    tagPoints stSubPixelImagePoint;
-    POINT stImagePoint;  ///< its pixel
-    POINT stWindowPoint;
-    POINT stLastMouse;
-    KestDragDc hDragDC;
-    int iDragMode;  ///< -1 while no drag runs
+    tagPoints stSubPixelImagePoint;  ///< the point in image coordinates
+    POINT stImagePoint;              ///< its pixel
+    POINT stWindowPoint;             ///< the same in client pixels
+    POINT stLastMouse;               ///< client pixels
+    KestDragDc hDragDC;              ///< held while a drag runs
+    int iDragMode;                   ///< -1 while no drag runs
 
 private:
     friend struct KestShapeMembers<CcRoiPoint>;

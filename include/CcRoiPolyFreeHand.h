@@ -50,27 +50,30 @@ public:
 
     static int iPFreeROICount;  ///< polygons named so far
 
-    // Class-wide: only one ROI of the class can be drawn at a time.
-    static POINT stDrawSegStartPoint[KEST_MAX_SEGMENTS];  ///< drawn segments, client pixels
-    static POINT stDrawSegStopPoint[KEST_MAX_SEGMENTS];
+    /// @name Work arrays
+    /// Class-wide: only one ROI of the class can be drawn at a time.
+    /// @{
+    static POINT stDrawSegStartPoint[KEST_MAX_SEGMENTS];     ///< drawn segments, client pixels
+    static POINT stDrawSegStopPoint[KEST_MAX_SEGMENTS];      ///< where each of them ends
     static POINT stDrawSegStartPointImg[KEST_MAX_SEGMENTS];  ///< the same in image coordinates
-    static POINT stDrawSegStopPointImg[KEST_MAX_SEGMENTS];
-    static PixelGroupTag stWindowFreeHand;
-    static int iSizeOfWindowFreeHand;
-    static CommPerPolyPointsTag* stXCommonPerimPoints;  ///< the pixels of the row queried last
-    static CommPerPolyPointsTag* stYCommonPerimPoints;  ///< the pixels of the column queried last
-    static HGLOBAL hstXCommonPerimPoints;
-    static HGLOBAL hstYCommonPerimPoints;
-    static int iSizeOfCommonPerimPointsArr;  ///< records in each of the two
-    static int iNumOfFreeHandROIs;           ///< objects of the class alive
+    static POINT stDrawSegStopPointImg[KEST_MAX_SEGMENTS];   ///< where each of them ends
+    static PixelGroupTag stWindowFreeHand;                   ///< empty; kept for its place
+    static int iSizeOfWindowFreeHand;                        ///< 0
+    static CommPerPolyPointsTag* stXCommonPerimPoints;       ///< the pixels of the row queried last
+    static CommPerPolyPointsTag* stYCommonPerimPoints;       ///< the pixels of the column queried last
+    static HGLOBAL hstXCommonPerimPoints;                    ///< the block behind stXCommonPerimPoints
+    static HGLOBAL hstYCommonPerimPoints;                    ///< the block behind stYCommonPerimPoints
+    static int iSizeOfCommonPerimPointsArr;                  ///< records in each of the two
+    static int iNumOfFreeHandROIs;                           ///< objects of the class alive
+    /// @}
 
 protected:
-    PixelGroupTag stImageFreeHand;
-    int iSegIndex;            ///< of the segment that is being drawn
-    POINT stLastMouse;        ///< client pixels
-    POINT stLastMouseImg;     ///< image coordinates
-    KestDragDc hDragDC;
-    int iDragMode;  ///< -1 while no drag runs
+    PixelGroupTag stImageFreeHand;  ///< the outline in image coordinates
+    int iSegIndex;                  ///< of the segment that is being drawn
+    POINT stLastMouse;              ///< client pixels
+    POINT stLastMouseImg;           ///< image coordinates
+    KestDragDc hDragDC;             ///< held while a drag runs
+    int iDragMode;                  ///< -1 while no drag runs
 
 private:
     friend struct KestOutlineMembers<CcRoiPolyFreeHand>;

@@ -54,11 +54,11 @@ public:
     static int iRectROICount;  ///< rectangles named so far
 
 protected:
-    RECT stImageRect;
-    RECT stWindowRect;
-    POINT stLastMouse;
-    KestDragDc hDragDC;
-    int iDragMode;  ///< -1 while no drag runs
+    RECT stImageRect;    ///< the rectangle in image coordinates
+    RECT stWindowRect;   ///< the same in client pixels
+    POINT stLastMouse;   ///< client pixels
+    KestDragDc hDragDC;  ///< held while a drag runs
+    int iDragMode;       ///< -1 while no drag runs
 
 private:
     friend struct KestShapeMembers<CcRoiRect>;

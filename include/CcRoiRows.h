@@ -10,6 +10,7 @@
 /// Call GetBoundingRect of the ROI before, as for GetXBoundary. A class that a host derives is asked for its list.
 class KEST_API CcRoiRows {
 public:
+    /// The ROI stays the caller's and must outlive this object.
     explicit CcRoiRows(CcRoiBase* pNewRoi);
     CcRoiRows(const CcRoiRows&) = delete;
     CcRoiRows& operator=(const CcRoiRows&) = delete;

@@ -14,5 +14,5 @@ public:
     int SetString(const char* pszText);
 
 protected:
-    char szString[KEST_NAME_SIZE];
+    char szString[KEST_NAME_SIZE];  ///< NUL-terminated
 };

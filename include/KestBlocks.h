@@ -13,12 +13,16 @@
 /// A movable, zero-initialised global memory block, kept locked from allocation to release.
 class KEST_API KestGlobalBlock {
 public:
+    /// What AllocateLocked reached: a locked block, none, or a block that could not be locked (and was freed).
     enum AllocateResult { Allocated, NotAllocated, NotLocked };
+    /// What Release reached: all, a block that another lock keeps, or one that the system does not free.
     enum ReleaseResult { Released, StillLocked, NotFreed };
 
     KestGlobalBlock() = default;
+    /// Refers to the same block without owning it.
     KestGlobalBlock(const KestGlobalBlock& other)
         : hBlock(other.hBlock), pLocked(other.pLocked), llSize(other.llSize) {}
+    /// Releases what is held, then refers to the same block without owning it.
     KestGlobalBlock& operator=(const KestGlobalBlock& other);
     ~KestGlobalBlock();
 
@@ -32,14 +36,14 @@ public:
     void ReleaseButName();
     /// Hands the locked block over to the caller.
     HGLOBAL Detach();
-    void Swap(KestGlobalBlock& other);
+    void Swap(KestGlobalBlock& other);  ///< exchanges blocks and ownership
 
-    bool Owns() const { return bOwner; }
+    bool Owns() const { return bOwner; }  ///< true: this holder frees the block
     /// The locked memory.
     void* Get() const { return pLocked; }
     /// The bytes that were asked for.
     long long Size() const { return llSize; }
-    operator HGLOBAL() const { return hBlock; }
+    operator HGLOBAL() const { return hBlock; }  ///< the handle; null without a block
 
 private:
     HGLOBAL hBlock = nullptr;
@@ -52,20 +56,21 @@ private:
 class KEST_API KestWorkBlock : public KestGlobalBlock {
 public:
     KestWorkBlock() = default;
-    KestWorkBlock(const KestWorkBlock&) : KestGlobalBlock() {}
-    KestWorkBlock& operator=(const KestWorkBlock&) { return *this; }
+    KestWorkBlock(const KestWorkBlock&) : KestGlobalBlock() {}        ///< starts without a block
+    KestWorkBlock& operator=(const KestWorkBlock&) { return *this; }  ///< keeps its own block
 };
 
 /// Whether an object owns what it lists: true, but false in a copy.
 class KestOwnership {
 public:
     KestOwnership() = default;
-    KestOwnership(const KestOwnership&) : bOwner(false) {}
+    KestOwnership(const KestOwnership&) : bOwner(false) {}  ///< a copy owns nothing
+    /// What is assigned to owns nothing from then on.
     KestOwnership& operator=(const KestOwnership& other) {
         if (this != &other) bOwner = false;
         return *this;
     }
-    operator bool() const { return bOwner; }
+    operator bool() const { return bOwner; }  ///< true: the object owns what it lists
     /// For a copy that has got something of its own.
     void Take() { bOwner = true; }
 
@@ -77,7 +82,9 @@ private:
 class KEST_API KestHeapBlock {
 public:
     KestHeapBlock() = default;
+    /// Refers to the same block without owning it.
     KestHeapBlock(const KestHeapBlock& other) : pBlock(other.pBlock), ullBytes(other.ullBytes) {}
+    /// Releases what is held, then refers to the same block without owning it.
     KestHeapBlock& operator=(const KestHeapBlock& other);
     ~KestHeapBlock();
 
@@ -87,8 +94,10 @@ public:
     void Adopt(unsigned char* pAllocated, long long bytes);
     /// Refers to a block without owning it.
     void Refer(unsigned char* pOther, long long bytes);
+    /// Frees the block if this holder owns it; holds none afterwards.
     void Release();
 
+    /// The first byte; null without a block.
     unsigned char* Get() const { return pBlock; }
 
 private:
@@ -101,15 +110,18 @@ private:
 class KEST_API KestPalette {
 public:
     KestPalette() = default;
+    /// Refers to the same palette without owning it.
     KestPalette(const KestPalette& other) : hPalette(other.hPalette) {}
+    /// Releases what is held, then refers to the same palette without owning it.
     KestPalette& operator=(const KestPalette& other);
     ~KestPalette();
 
     /// Releases what is held and takes over `hNew`, which may be null.
     void Adopt(HPALETTE hNew);
+    /// Deletes the palette if this holder owns it; holds none afterwards.
     void Release();
 
-    operator HPALETTE() const { return hPalette; }
+    operator HPALETTE() const { return hPalette; }  ///< null without a palette
 
 private:
     HPALETTE hPalette = nullptr;
@@ -120,15 +132,18 @@ private:
 class KEST_API KestLibrary {
 public:
     KestLibrary() = default;
+    /// Refers to the same library without owning it.
     KestLibrary(const KestLibrary& other) : hLibrary(other.hLibrary) {}
+    /// Releases what is held, then refers to the same library without owning it.
     KestLibrary& operator=(const KestLibrary& other);
     ~KestLibrary();
 
     /// Releases what is held and takes over `hNew`, which may be null.
     void Adopt(HMODULE hNew);
+    /// Unloads the library if this holder owns it; holds none afterwards.
     void Release();
 
-    operator HMODULE() const { return hLibrary; }
+    operator HMODULE() const { return hLibrary; }  ///< null without a library
 
 private:
     HMODULE hLibrary = nullptr;

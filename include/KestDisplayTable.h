@@ -9,9 +9,9 @@ struct ImageLook;
 
 /// One display table: a palette, and a block of 1024 bytes with 256 RGBQUADs or 256 16-bit palette indices.
 struct KestDisplayTable {
-    KestGlobalBlock hTable;
-    void* pTable = nullptr;
-    KestPalette hPalette;
+    KestGlobalBlock hTable;  ///< the block of colours or indices
+    void* pTable = nullptr;  ///< its first byte; null without a block
+    KestPalette hPalette;    ///< the palette that shows it
 };
 
 /// The members that the images of one byte a pixel have in common (internal).

@@ -10,11 +10,17 @@
 /// made. It adds nothing to an object. When memory is short `new` yields null and constructs nothing.
 class KEST_API KestHeapObject {
 public:
+    /// A block of the library's heap; null when memory is short.
     static void* operator new(std::size_t size) noexcept;
+    /// The same.
     static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    /// In place, in memory of the caller.
     static void* operator new(std::size_t, void* pPlace) noexcept { return pPlace; }
+    /// Gives the block back to the library's heap, whoever calls it.
     static void operator delete(void* pBlock) noexcept;
+    /// The same.
     static void operator delete(void* pBlock, const std::nothrow_t&) noexcept;
+    /// Nothing to give back.
     static void operator delete(void*, void*) noexcept {}
 
 protected:

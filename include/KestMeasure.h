@@ -39,8 +39,8 @@ struct KestRoiMeasurement {
     long long llPixels;   ///< pixels under the ROI and inside the image
     long long llNotFinite;     ///< of these, the samples that are infinite or not a number; the values below leave them out
     double dMean;              ///< of the pixel values; 0.0, as the next three, when there is none
-    double dMinimum;
-    double dMaximum;
+    double dMinimum;  ///< smallest pixel value
+    double dMaximum;  ///< largest pixel value
     double dStandardDeviation; ///< of all the pixels (divided by their number, not by one less)
 };
 

@@ -15,12 +15,13 @@
 #include <stddef.h>
 #include <windows.h>
 
-/* Size of the menu text, its terminator included. */
+/** Size of the menu text, its terminator included. */
 #define KEST_TOOL_TEXT_SIZE 80
 
-/* Name of a tool's entry point. */
+/** Name of a tool's entry point. */
 #define KEST_TOOL_ENTRY "KestInitialize"
 
+/** Stands before the definition of a tool's entry point. */
 #ifdef __cplusplus
 #define KEST_TOOL_EXPORT extern "C" __declspec(dllexport)
 extern "C" {
@@ -28,28 +29,28 @@ extern "C" {
 #define KEST_TOOL_EXPORT __declspec(dllexport)
 #endif
 
-/* Opens the tool, with the host's window as parent; what `pData` points to is agreed between host and tool
+/** Opens the tool, with the host's window as parent; what `pData` points to is agreed between host and tool
  * (KestToolHost.h holds the agreement of this library's own host). Returns the tool's window, or null. */
 typedef HWND(__cdecl* KestToolMain)(HWND hParent, void* pData);
-/* Tells the tool of an event of the host. A parameter is 32 bits wide on every system and cannot hold a pointer. */
+/** Tells the tool of an event of the host. A parameter is 32 bits wide on every system and cannot hold a pointer. */
 typedef void(__cdecl* KestToolMessage)(UINT uMessage, UINT wParam, LONG lParam);
-/* Closes all windows of the tool. A host calls it before it unloads the tool. */
+/** Closes all windows of the tool. A host calls it before it unloads the tool. */
 typedef void(__cdecl* KestToolCloseAll)(void);
 
-/* The record that KestInitialize fills in: 108 bytes in a 32-bit process. It arrives zeroed but for pszDllPath; a slot
+/** The record that KestInitialize fills in: 108 bytes in a 32-bit process. It arrives zeroed but for pszDllPath; a slot
  * that stays null is an operation the tool does not have. */
 typedef struct tagToolInfo {
-    char szMenuText[KEST_TOOL_TEXT_SIZE]; /* for the host's menu, NUL-terminated; 79 characters are used */
-    KestToolMain pfnMain;
-    KestToolMessage pfnSendMessage;
-    KestToolCloseAll pfnCloseAll;
-    KestToolMessage pfnProxyMessage; /* a second message function */
-    HBITMAP hToolBitmap;             /* toolbar bitmap; it stays the tool's own */
-    HBITMAP hToolBitmapSelected;     /* the same for the pressed state */
-    const char* pszDllPath;          /* from the host: the path the tool was loaded by, valid during the call only */
+    char szMenuText[KEST_TOOL_TEXT_SIZE]; /**< for the host's menu, NUL-terminated; 79 characters are used */
+    KestToolMain pfnMain;            /**< opens the tool */
+    KestToolMessage pfnSendMessage;  /**< takes the host's messages */
+    KestToolCloseAll pfnCloseAll;    /**< closes the tool's windows */
+    KestToolMessage pfnProxyMessage; /**< a second message function */
+    HBITMAP hToolBitmap;             /**< toolbar bitmap; it stays the tool's own */
+    HBITMAP hToolBitmapSelected;     /**< the same for the pressed state */
+    const char* pszDllPath;          /**< from the host: the path the tool was loaded by, valid during the call only */
 } tagToolInfo;
 
-/* The entry point: called once, when the tool was loaded, before any other of its functions. */
+/** The entry point: called once, when the tool was loaded, before any other of its functions. */
 typedef void(__cdecl* KestToolInitialize)(tagToolInfo* pInfo);
 
 #ifndef _WIN64

@@ -9,8 +9,8 @@
  * null while there is none. The variable outlives the tool's windows; the tool reads it anew whenever it needs the
  * image, and keeps no pointer to the image from one message to the next. */
 
-/* Message to all tools: the current image is another one, or is gone. Sent after the variable has changed, and before
+/** Message to all tools: the current image is another one, or is gone. Sent after the variable has changed, and before
  * an image is deleted that was current. Both parameters are 0. */
 #define KEST_TOOL_IMAGE_CHANGED (WM_APP + 1)
-/* Message to all tools: the pixels of the current image have changed. Both parameters are 0. */
+/** Message to all tools: the pixels of the current image have changed. Both parameters are 0. */
 #define KEST_TOOL_PIXELS_CHANGED (WM_APP + 2)

@@ -9,20 +9,20 @@ constexpr int KEST_NAME_SIZE = 260;
 /// passes a stream's code on.
 enum KestStatus : int {
     KEST_OK = 0,
-    KEST_FAILED = -1,           ///< the operation failed, or an operation it called did
-    KEST_NULL_ARGUMENT = -2,    ///< a required pointer is null
-    KEST_BAD_LENGTH = -3,       ///< a length, size or position is out of range, or a name is too long
-    KEST_BAD_TAG = -4,          ///< a record does not begin with its tag
-    KEST_NO_MEMORY = -5,        ///< memory could not be allocated
-    KEST_NOT_GROWABLE = -6,     ///< the block belongs to the caller and cannot grow
-    KEST_NOT_FOUND = -7,        ///< no such entry, or a read past the end
-    KEST_MISMATCH = -8,         ///< wrong class, or a buffer smaller than the value
-    KEST_OPEN_FAILED = -9,      ///< the file could not be opened
-    KEST_READ_FAILED = -10,     ///< the file read failed or ended early
-    KEST_WRITE_FAILED = -11,    ///< the file write failed or ended early
-    KEST_ALREADY_OPEN = -12,    ///< the stream has a file open already
-    KEST_NOT_OPEN = -13,        ///< the stream has no file open
-    KEST_AT_START = -14,        ///< a file stream was rewound to position 0 (its success)
+    KEST_FAILED = -1,         ///< the operation failed, or an operation it called did
+    KEST_NULL_ARGUMENT = -2,  ///< a required pointer is null
+    KEST_BAD_LENGTH = -3,     ///< a length, size or position is out of range, or a name is too long
+    KEST_BAD_TAG = -4,        ///< a record does not begin with its tag
+    KEST_NO_MEMORY = -5,      ///< memory could not be allocated
+    KEST_NOT_GROWABLE = -6,   ///< the block belongs to the caller and cannot grow
+    KEST_NOT_FOUND = -7,      ///< no such entry, or a read past the end
+    KEST_MISMATCH = -8,       ///< wrong class, or a buffer smaller than the value
+    KEST_OPEN_FAILED = -9,    ///< the file could not be opened
+    KEST_READ_FAILED = -10,   ///< the file read failed or ended early
+    KEST_WRITE_FAILED = -11,  ///< the file write failed or ended early
+    KEST_ALREADY_OPEN = -12,  ///< the stream has a file open already
+    KEST_NOT_OPEN = -13,      ///< the stream has no file open
+    KEST_AT_START = -14,      ///< a file stream was rewound to position 0 (its success)
 };
 
 /// What CcHLObject::GetType returns.
@@ -30,33 +30,33 @@ enum KestObjectType : int {
     KEST_TYPE_NONE = 0,         ///< CcPropertyBag
     KEST_TYPE_IMAGE = 1,        ///< every image class
     KEST_TYPE_ROI = 2,          ///< every ROI class
-    KEST_TYPE_CURVE = 3,
-    KEST_TYPE_GRAPH = 4,
-    KEST_TYPE_LIST = 5,
-    KEST_TYPE_CALIBRATION = 6,
-    KEST_TYPE_NUMBER = 7,
-    KEST_TYPE_STRING = 8,
+    KEST_TYPE_CURVE = 3,        ///< CcCurve
+    KEST_TYPE_GRAPH = 4,        ///< CcGraph
+    KEST_TYPE_LIST = 5,         ///< CcList
+    KEST_TYPE_CALIBRATION = 6,  ///< CcCalibration
+    KEST_TYPE_NUMBER = 7,       ///< CcNumber
+    KEST_TYPE_STRING = 8,       ///< CcString
 };
 
 /// A point of two single-precision coordinates: a table point (input, level), an image point or a world point.
 struct tagPoints {
-    float x;
-    float y;
+    float x;  ///< horizontal coordinate, or a table's input value
+    float y;  ///< vertical coordinate, or the level that the table gives
 };
 
 /// One band of multi-band thresholding: the values from fLow to fHigh, both included, are shown in the colour.
 struct ThresholdTag {
-    float fLow;
-    float fHigh;
-    int iRed;    ///< colour components 0 to 255; other values count as their low 8 bits
-    int iGreen;
-    int iBlue;
+    float fLow;   ///< smallest value of the band
+    float fHigh;  ///< largest value of the band
+    int iRed;     ///< colour components 0 to 255; other values count as their low 8 bits
+    int iGreen;   ///< as iRed
+    int iBlue;    ///< as iRed
 };
 
 /// A run of neighbouring columns (or rows), both ends included.
 struct KestSpan {
-    int iFirst;
-    int iLast;
+    int iFirst;  ///< first column (or row) of the run
+    int iLast;   ///< last column (or row) of the run
 };
 
 /// One entry of a property bag's table, in memory and in a stream: 272 bytes.
@@ -79,8 +79,8 @@ static_assert(sizeof(tagOST_OBJECTHEADER) == 128);
 
 /// Closes an object's record in a stream: 117 bytes.
 struct tagOST_OBJECTFOOTER {
-    char szTag[17];  ///< "OST_OBJECTFOOTER"
-    char szClassName[50];
-    char szObjectName[50];
+    char szTag[17];         ///< "OST_OBJECTFOOTER"
+    char szClassName[50];   ///< as in the header
+    char szObjectName[50];  ///< as in the header
 };
 static_assert(sizeof(tagOST_OBJECTFOOTER) == 117);
