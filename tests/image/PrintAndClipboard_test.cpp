@@ -143,6 +143,26 @@ TEST(Clipboard, RectangleWithOverlay) {
     EXPECT_EQ(none.CopyToClipboard(window, 102, nullptr), -1);
 }
 
+TEST(Clipboard, ColourPictureMakesNoOverlay) {
+    test::TestWindow window(50, 50);
+    Cc24BitRGBImage image;
+    test::FillPattern(image, 21, 17, "colours");
+    RECT rect = {3, 17, 16, 2};
+    for (const unsigned overlay : {0u, 0xFF0000u}) {
+        ASSERT_EQ(image.CopyToClipboard(window, 0, &rect), 0);
+        EXPECT_EQ(image.SetOperatorOverloadAccess(1), overlay ? 0 : -1);
+        const Picture copied = ClipboardPicture();
+        ASSERT_EQ(copied.width * 100 + copied.height, 1315);
+        int wrong = 0;
+        for (int i = 0; i < 13 * 15; ++i) {
+            const unsigned expected = test::PatternColour(i % 13 + 3, 16 - i / 13).Screen();
+            wrong += copied.pixels[i] != (i == 14 * 13 ? expected | overlay : expected);
+        }
+        EXPECT_EQ(wrong, 0) << overlay;
+        image.GetOverlay()[2 * 21 + 3] = 13;
+    }
+}
+
 TEST(Clipboard, AnotherProcessReadsIt) {
     test::TestWindow window(50, 50);
     CcBinaryImage image;
