@@ -1,0 +1,120 @@
+// The application object: settings that last from run to run, and the message loop.
+#include "Application.h"
+
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "MainWindow.h"
+#include "Resource.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+Application* theApplication = nullptr;
+constexpr std::size_t mostRecentFiles = 8;
+constexpr const char* section = "KestView";
+
+/// Text fields use these keys themselves.
+bool IsEditKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0) return false;
+    char className[16] = {};
+    GetClassNameA(message.hwnd, className, sizeof className);
+    if (lstrcmpiA(className, "Edit") != 0) return false;
+    return message.wParam == 'A' || message.wParam == 'C' || message.wParam == 'V' || message.wParam == 'X' ||
+           message.wParam == 'Z';
+}
+
+bool SameColour(const RGBTRIPLE& triple, COLORREF colour) {
+    return RGB(triple.rgbtRed, triple.rgbtGreen, triple.rgbtBlue) == colour;
+}
+
+}  // namespace
+
+Application& App() { return *theApplication; }
+
+Application::Application() {
+    theApplication = this;
+    char folder[MAX_PATH] = {};
+    if (SHGetFolderPathA(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, folder) == S_OK) {
+        settingsPath = std::string(folder) + "\\KestView";
+        CreateDirectoryA(settingsPath.c_str(), nullptr);
+        settingsPath += "\\KestView.ini";
+    }
+    LoadSettings();
+}
+
+Application::~Application() {
+    SaveSettings();
+    theApplication = nullptr;
+}
+
+int Application::Run(const std::vector<std::string>& files, int showCommand) {
+    mainWindow = std::make_unique<MainWindow>();
+    if (!mainWindow->Create(showCommand)) return 1;
+    for (const std::string& file : files) mainWindow->OpenFile(FullPathOf(file));
+
+    const HACCEL accelerators = LoadAcceleratorsA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN));
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (!IsEditKey(message) && TranslateAcceleratorA(*mainWindow, accelerators, &message)) continue;
+        if (mainWindow->IsPaneMessage(message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    mainWindow.reset();
+    return static_cast<int>(message.wParam);
+}
+
+void Application::NoteRecentFile(const std::string& path) {
+    std::erase_if(recentFiles, [&](const std::string& known) { return lstrcmpiA(known.c_str(), path.c_str()) == 0; });
+    recentFiles.insert(recentFiles.begin(), path);
+    if (recentFiles.size() > mostRecentFiles) recentFiles.resize(mostRecentFiles);
+    SaveSettings();
+}
+
+void Application::SetRoiColour(bool isSelected, COLORREF colour) {
+    (isSelected ? selectedColour : unselectedColour) = colour;
+}
+
+void Application::ApplyRoiLook(CcRoiBase& anyRoi, int zoom) {
+    const auto triple = [](COLORREF colour) {
+        return RGBTRIPLE{GetBValue(colour), GetGValue(colour), GetRValue(colour)};
+    };
+    RGBTRIPLE selected = triple(selectedColour), unselected = triple(unselectedColour);
+    if (!SameColour(CcRoiBase::stSelectedColor, selectedColour)) anyRoi.SetSelectedColor(&selected);
+    if (!SameColour(CcRoiBase::stUnSelectedColor, unselectedColour)) anyRoi.SetUnSelectedColor(&unselected);
+    anyRoi.SetZoomPen(1 + zoom / 4);
+}
+
+std::string Application::ProgramFolder() const {
+    char path[4 * MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    return FolderOf(path);
+}
+
+void Application::LoadSettings() {
+    for (std::size_t i = 0; i < mostRecentFiles; ++i) {
+        char path[4 * MAX_PATH] = {};
+        GetPrivateProfileStringA(section, Format("Recent%u", static_cast<unsigned>(i)).c_str(), "", path, sizeof path,
+                                 settingsPath.c_str());
+        if (*path) recentFiles.push_back(path);
+    }
+    selectedColour = GetPrivateProfileIntA(section, "SelectedColour", static_cast<int>(selectedColour), settingsPath.c_str());
+    unselectedColour =
+        GetPrivateProfileIntA(section, "UnselectedColour", static_cast<int>(unselectedColour), settingsPath.c_str());
+}
+
+void Application::SaveSettings() const {
+    if (settingsPath.empty()) return;
+    const auto write = [this](const std::string& key, const std::string& value) {
+        WritePrivateProfileStringA(section, key.c_str(), value.c_str(), settingsPath.c_str());
+    };
+    for (std::size_t i = 0; i < recentFiles.size(); ++i) write(Format("Recent%u", static_cast<unsigned>(i)), recentFiles[i]);
+    write("SelectedColour", Format("%lu", selectedColour));
+    write("UnselectedColour", Format("%lu", unselectedColour));
+}
+
+}  // namespace kestview

@@ -1,0 +1,108 @@
+// The main window: menu, toolbar, tabs of the open pictures, the picture view, the panes, the status bar.
+//
+// What a menu entry does stands in commands/, one file a menu; Commands.cpp lists all entries.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "PictureView.h"
+#include "StatusBar.h"
+#include "Toolbar.h"
+#include "Tools.h"
+#include "document/Document.h"
+#include "panes/CalibrationPane.h"
+#include "panes/DisplayTablePane.h"
+#include "panes/HistogramPane.h"
+#include "panes/ProfilePane.h"
+#include "panes/ResultsPane.h"
+#include "panes/RoiListPane.h"
+#include "panes/ThresholdPane.h"
+#include "platform/Drawing.h"
+#include "platform/Window.h"
+
+namespace kestview {
+
+/// The pages of the side pane, in the order of its tabs.
+enum SidePage { ThresholdPage, DisplayTablePage, HistogramPage, ProfilePage, CalibrationPage, sidePageCount };
+
+class MainWindow : public Window {
+public:
+    MainWindow();
+    ~MainWindow() override;
+    bool Create(int showCommand);
+
+    // Documents
+    /// The document of the front tab, or null.
+    Document* Active() const { return active; }
+    const std::vector<std::unique_ptr<Document>>& Documents() const { return documents; }
+    /// Takes a new document over and brings it to the front.
+    void AddDocument(std::unique_ptr<Document> document);
+    void Activate(Document* document);
+    /// Asks about unsaved work first; false when the user cancels.
+    bool CloseDocument(Document& document);
+    bool CloseAll();
+    /// Opens a picture or a session, whatever the file is. Tells the user when it cannot.
+    void OpenFile(const std::string& path);
+
+    PictureView& View() { return view; }
+    ResultsPane& Results() { return resultsPane; }
+    RoiListPane& RoiList() { return roiListPane; }
+    ThresholdPane& Threshold() { return thresholdPane; }
+    DisplayTablePane& DisplayTable() { return displayTablePane; }
+    CalibrationPane& Calibration() { return calibrationPane; }
+    Tools& LoadedTools() { return tools; }
+    StatusBar& Status() { return statusBar; }
+
+    void SetRoiTool(int roiType);
+    void ShowSidePage(SidePage page);
+    SidePage ShownSidePage() const { return sidePage; }
+    /// The graph of the page in front, or null.
+    GraphWindow* ShownGraph();
+    void ToggleSide();
+    void ToggleResults();
+    bool IsSideShown() const { return isSideShown; }
+    bool IsResultsShown() const { return isResultsShown; }
+
+    /// For the message loop: keys of the panes' controls.
+    bool IsPaneMessage(MSG& message);
+    /// Brings toolbar and menu in step with what is possible now.
+    void UpdateCommands();
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnCreate();
+    void OnDpiChanged(const RECT& place);
+    void OnDrop(HDROP drop);
+    LRESULT OnNotify(NMHDR& header);
+    void OnDocumentChanged(Document& document, unsigned change);
+    void OnInitMenu(HMENU menu);
+    void Arrange();
+    void UpdateTabs();
+    void UpdateTitle();
+    DocumentPane& PageOf(SidePage page);
+
+    std::vector<std::unique_ptr<Document>> documents;
+    Document* active = nullptr;
+
+    HWND tabs = nullptr;
+    HWND sideTabs = nullptr;
+    Font font;
+    Toolbar toolbar;
+    StatusBar statusBar;
+    PictureView view;
+    Tools tools;
+    RoiListPane roiListPane;
+    ResultsPane resultsPane;
+    ThresholdPane thresholdPane;
+    DisplayTablePane displayTablePane;
+    HistogramPane histogramPane;
+    ProfilePane profilePane;
+    CalibrationPane calibrationPane;
+    SidePage sidePage = HistogramPage;
+    bool isSideShown = true;
+    bool isResultsShown = true;
+};
+
+}  // namespace kestview

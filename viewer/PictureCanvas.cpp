@@ -1,0 +1,183 @@
+// The canvas of a PictureView: painting picture, overlay and ROIs into a back buffer, and the mouse.
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "Application.h"
+#include "PictureView.h"
+#include "platform/Drawing.h"
+
+namespace kestview {
+
+bool PictureView::CanvasWindow::Create(HWND parent) {
+    Look look = {"KestPictureCanvas"};
+    look.style = WS_CHILD;
+    look.classStyle = CS_DBLCLKS;
+    look.cursor = nullptr;  // set with the position
+    return Window::Create(look, parent, {0, 0, 1, 1});
+}
+
+LRESULT PictureView::CanvasWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ERASEBKGND) return 1;
+    if (message == WM_PAINT) {
+        Paint();
+        return 0;
+    }
+    bool isHandled = true;
+    const LRESULT result = owner.OnCanvasMessage(message, wParam, lParam, isHandled);
+    return isHandled ? result : Window::OnMessage(message, wParam, lParam);
+}
+
+void PictureView::CanvasWindow::Paint() {
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    {
+        const BackBuffer buffer(dc, ClientSize());
+        owner.PaintPicture(buffer);
+        buffer.CopyTo(dc);
+    }
+    EndPaint(window, &paint);
+}
+
+void PictureView::PaintPicture(HDC dc) {
+    if (!document) return;
+    const Shown shown = GetShown();
+    CcImage& image = document->Image();
+    image.Show(dc, shown.canvas, document->ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    image.ShowOverlay(dc, shown.canvas, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+
+    Font font;
+    font.Make(DpiOf(window));
+    const Selected selectedFont(dc, font);
+    if (document->RoiCount() > 0) App().ApplyRoiLook(document->Roi(0), shown.mode == 1 ? shown.zoom : 1);
+    for (int i = 0; i < document->RoiCount(); ++i) {
+        CcRoiBase& roi = document->Roi(i);
+        if (&roi == roiMouse.Hidden()) continue;
+        SetTextColor(dc, App().RoiColour(roi.IsROISelected()));
+        roi.ShowROI(dc, shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &image, shown.zoom, -1);
+    }
+    if (showsRoiNames) PaintNames(dc);
+    if (onPaintOver) onPaintOver(dc);
+}
+
+void PictureView::PaintNames(HDC dc) {
+    SetBkMode(dc, TRANSPARENT);
+    SetTextAlign(dc, TA_LEFT | TA_BOTTOM);
+    for (int i = 0; i < document->RoiCount(); ++i) {
+        CcRoiBase& roi = document->Roi(i);
+        // A point writes its name itself.
+        if (&roi == roiMouse.Hidden() || roi.GetROIType() == KEST_ROI_POINT) continue;
+        const RECT* bounds = roi.GetCurrentBoundingRect();
+        if (!bounds) continue;
+        POINT corner = PointOf(bounds->left, std::max(bounds->top, bounds->bottom));
+        corner.y = std::max<LONG>(corner.y - Scaled(2), Scaled(16));
+        SetTextColor(dc, App().RoiColour(roi.IsROISelected()));
+        TextOutA(dc, corner.x, corner.y, roi.GetName(), lstrlenA(roi.GetName()));
+    }
+    SetTextAlign(dc, TA_LEFT | TA_TOP);
+}
+
+void PictureView::PaintEmpty(HDC dc) {
+    RECT all;
+    GetClientRect(window, &all);
+    FillRect(dc, &all, GetSysColorBrush(COLOR_APPWORKSPACE));
+    if (document) return;
+    Font font;
+    font.Make(DpiOf(window));
+    const Selected selectedFont(dc, font);
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, RGB(255, 255, 255));
+    DrawTextA(dc, "Open a picture with File > Open, or drop one here.", -1, &all, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+}
+
+void PictureView::OnHover(POINT point) {
+    if (!isHovering) {
+        TRACKMOUSEEVENT track = {sizeof track, TME_LEAVE, canvas, 0};
+        isHovering = TrackMouseEvent(&track) != 0;
+    }
+    POINT pixel;
+    const bool isInside = PixelAt(point, pixel);
+    if (onHover) onHover(isInside ? &pixel : nullptr);
+}
+
+LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam, bool& isHandled) {
+    const POINT mouse = MousePosition(lParam);
+    const Shown shown = GetShown();
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK: {
+            SetFocus(window);
+            if (GetKeyState(VK_SPACE) < 0 && !roiMouse.IsDragging()) {
+                isPanning = true;
+            } else if (message == WM_LBUTTONDBLCLK && roiMouse.IsDrawingVertices()) {
+                roiMouse.Finish();
+                return 0;
+            } else {
+                POINT pixel;
+                if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) && onPick(pixel)) return 0;
+                roiMouse.Press(shown, mouse, (wParam & (MK_CONTROL | MK_SHIFT)) != 0);
+                return 0;
+            }
+            [[fallthrough]];
+        }
+        case WM_MBUTTONDOWN:
+            if (!document || roiMouse.IsDragging()) return 0;
+            isPanning = true;
+            panStart = mouse;
+            panOffset = {document->view.xOffset, document->view.yOffset};
+            SetCapture(canvas);
+            SetCursor(LoadCursor(nullptr, IDC_HAND));
+            return 0;
+        case WM_MOUSEMOVE:
+            OnHover(mouse);
+            if (isPanning) {
+                ScrollTo(panOffset.x - (mouse.x - panStart.x) / shown.zoom,
+                         panOffset.y - (mouse.y - panStart.y) / shown.zoom);
+                return 0;
+            }
+            roiMouse.Move(shown, mouse);
+            return 0;
+        case WM_LBUTTONUP:
+        case WM_MBUTTONUP:
+            if (isPanning) {
+                isPanning = false;
+                ReleaseCapture();
+                return 0;
+            }
+            roiMouse.Release(shown, mouse);
+            return 0;
+        case WM_RBUTTONUP:
+            if (roiMouse.IsDrawingVertices())
+                roiMouse.Finish();
+            else if (!roiMouse.IsDragging() && document && onContextMenu)
+                onContextMenu();
+            return 0;
+        case WM_CAPTURECHANGED:
+            // Another window has taken the mouse.
+            isPanning = false;
+            if (roiMouse.IsDragging() && reinterpret_cast<HWND>(lParam) != canvas) roiMouse.Cancel();
+            return 0;
+        case WM_MOUSELEAVE:
+            isHovering = false;
+            if (onHover) onHover(nullptr);
+            return 0;
+        case WM_SETCURSOR: {
+            if (LOWORD(lParam) != HTCLIENT || isPanning) break;
+            POINT point;
+            GetCursorPos(&point);
+            ScreenToClient(canvas, &point);
+            SetCursor(LoadCursorA(nullptr, onPick && roiMouse.Tool() == selectTool ? reinterpret_cast<LPCSTR>(IDC_CROSS)
+                                                                                   : roiMouse.CursorAt(shown, point)));
+            return TRUE;
+        }
+        case WM_MOUSEWHEEL:
+        case WM_KEYDOWN:
+            return SendMessageA(window, message, wParam, lParam);
+        default:
+            break;
+    }
+    isHandled = false;
+    return 0;
+}
+
+}  // namespace kestview

@@ -1,0 +1,154 @@
+// The mouse over a picture: drawing, selecting, moving and resizing ROIs.
+#include "RoiMouse.h"
+
+#include <cstdlib>
+
+#include "document/RoiKinds.h"
+
+namespace kestview {
+
+void RoiMouse::SetTool(int newTool) {
+    if (isDragging) Cancel();
+    tool = newTool;
+}
+
+void RoiMouse::SetDocument(Document* newDocument) {
+    if (isDragging) Cancel();
+    grabbed = nullptr;
+    document = newDocument;
+}
+
+RoiMouse::Hit RoiMouse::HitAt(const Shown& shown, POINT mouse) {
+    // Selected ROIs first, so that their handles can be grabbed under others; then the one drawn last.
+    for (const int isSelected : {1, 0})
+        for (int i = document->RoiCount() - 1; i >= 0; --i) {
+            CcRoiBase& roi = document->Roi(i);
+            if (roi.IsROISelected() != isSelected) continue;
+            const int code = roi.MouseHitTest(shown.canvas, shown.xOffset, shown.yOffset, shown.mode,
+                                              &document->Image(), mouse, shown.zoom);
+            if (code >= 0) return {&roi, code};
+        }
+    return {};
+}
+
+void RoiMouse::Press(const Shown& shown, POINT mouse, bool isAdding) {
+    if (!document) return;
+    if (IsDrawingVertices()) {
+        lastMouse = mouse;
+        if (drawn->DoMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse, 1) < 0)
+            Cancel();
+        return;
+    }
+    if (isDragging) return;
+    if (tool != selectTool) {
+        StartDrawing(shown, mouse);
+        return;
+    }
+    const Hit hit = HitAt(shown, mouse);
+    if (isAdding && hit.roi) {
+        document->SetSelected(*hit.roi, !hit.roi->IsROISelected());
+        return;
+    }
+    if (!hit.roi || !hit.roi->IsROISelected() || document->SelectedRois().size() > 1) document->SelectOnly(hit.roi);
+    grabbed = hit.roi;
+    grabbedCode = hit.code;
+    pressed = mouse;
+}
+
+void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
+    const RoiKind* kind = RoiKindOf(tool);
+    drawn = kind ? kind->make() : nullptr;
+    if (!drawn) return;
+    dragShown = shown;
+    hasVertices = kind->hasVertices;
+    lastMouse = mouse;
+    isDragging = true;
+    if (drawn->StartMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse,
+                              KEST_DRAG_CREATE, nullptr, shown.zoom) < 0)
+        Cancel();
+}
+
+void RoiMouse::StartMoving(const Shown& shown, POINT mouse) {
+    document->BeforeRoiEdit();
+    dragShown = shown;
+    hasVertices = false;
+    lastMouse = mouse;
+    isDragging = true;
+    // From here on the rubber band shows the ROI: the picture is painted once without it.
+    InvalidateRect(shown.canvas, nullptr, FALSE);
+    UpdateWindow(shown.canvas);
+    // The hit test notes the handle in the ROI.
+    grabbed->MouseHitTest(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), pressed,
+                          shown.zoom);
+    if (grabbed->StartMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), pressed,
+                                grabbedCode > 0 ? KEST_DRAG_RESIZE : KEST_DRAG_MOVE, nullptr, shown.zoom) < 0)
+        Cancel();
+}
+
+void RoiMouse::Move(const Shown& shown, POINT mouse) {
+    if (!isDragging && grabbed) {
+        constexpr int slackPixels = 2;
+        if (std::abs(mouse.x - pressed.x) <= slackPixels && std::abs(mouse.y - pressed.y) <= slackPixels) return;
+        StartMoving(shown, mouse);
+    }
+    if (!isDragging) return;
+    lastMouse = mouse;
+    CcRoiBase& roi = drawn ? *drawn : *grabbed;
+    if (roi.DoMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse, 0) < 0)
+        Cancel();
+}
+
+void RoiMouse::Release(const Shown&, POINT mouse) {
+    if (!isDragging) {
+        grabbed = nullptr;
+        return;
+    }
+    if (hasVertices) return;
+    lastMouse = mouse;
+    End(true);
+}
+
+void RoiMouse::Finish() {
+    if (IsDrawingVertices()) End(true);
+}
+
+void RoiMouse::Cancel() { End(false); }
+
+void RoiMouse::End(bool isKept) {
+    if (!isDragging) return;
+    CcRoiBase& roi = drawn ? *drawn : *grabbed;
+    // Ending releases the capture, which must not end the drag a second time.
+    isDragging = false;
+    grabbed = nullptr;
+    const bool isWhole = roi.StopMouseDrag(dragShown.canvas, dragShown.xOffset, dragShown.yOffset, dragShown.mode,
+                                           &document->Image(), lastMouse) == 0;
+    if (drawn) {
+        std::unique_ptr<CcRoiBase> finished = std::move(drawn);
+        if (isKept && isWhole)
+            document->AddRoi(std::move(finished));
+        else
+            document->Changed(RoisChanged);
+    } else if (isKept) {
+        document->RoisEdited();
+    } else {
+        document->Undo();
+    }
+}
+
+LPCSTR RoiMouse::CursorAt(const Shown& shown, POINT mouse) {
+    const auto system = [](LPCTSTR id) { return reinterpret_cast<LPCSTR>(id); };
+    if (!document) return system(IDC_ARROW);
+    if (tool != selectTool) return system(IDC_CROSS);
+    const Hit hit = HitAt(shown, mouse);
+    if (!hit.roi) return system(IDC_ARROW);
+    if (hit.roi->GetROIType() == KEST_ROI_LINE && hit.code > 0) return system(IDC_CROSS);
+    switch (hit.code) {
+        case 1: case 2: return system(IDC_SIZENS);
+        case 3: case 4: return system(IDC_SIZEWE);
+        case 5: case 8: return system(IDC_SIZENWSE);
+        case 6: case 7: return system(IDC_SIZENESW);
+        default: return system(IDC_SIZEALL);
+    }
+}
+
+}  // namespace kestview

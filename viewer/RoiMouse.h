@@ -1,0 +1,69 @@
+// The mouse over a picture: drawing, selecting, moving and resizing ROIs. This is where the library's drag calls are
+// made: StartMouseDrag on press, DoMouseDrag on each move, StopMouseDrag on release.
+#pragma once
+
+#include <memory>
+
+#include "document/Document.h"
+
+namespace kestview {
+
+/// How the picture stands in its window: the display arguments of the library's calls.
+struct Shown {
+    HWND canvas = nullptr;
+    unsigned short mode = 1;  ///< 1: whole-number zoom; 0: the whole picture stretched over the window
+    int xOffset = 0;
+    int yOffset = 0;
+    int zoom = 1;
+};
+
+/// The tool that selects instead of drawing; any other tool is a ROI type.
+constexpr int selectTool = -1;
+
+class RoiMouse {
+public:
+    int Tool() const { return tool; }
+    /// Ends what is being drawn.
+    void SetTool(int newTool);
+    void SetDocument(Document* newDocument);
+
+    // Mouse messages; positions are client pixels of the canvas.
+    void Press(const Shown& shown, POINT mouse, bool isAdding);
+    void Move(const Shown& shown, POINT mouse);
+    void Release(const Shown& shown, POINT mouse);
+
+    bool IsDragging() const { return isDragging; }
+    /// True while clicks add vertices.
+    bool IsDrawingVertices() const { return isDragging && hasVertices; }
+    /// Ends a chain of vertices at the last mouse position.
+    void Finish();
+    /// Ends the drag and takes back what it did.
+    void Cancel();
+
+    /// The ROI that the drag itself draws, so that the picture leaves it out.
+    const CcRoiBase* Hidden() const { return isDragging && !drawn ? grabbed : nullptr; }
+    LPCSTR CursorAt(const Shown& shown, POINT mouse);
+
+private:
+    struct Hit {
+        CcRoiBase* roi = nullptr;
+        int code = -1;
+    };
+    Hit HitAt(const Shown& shown, POINT mouse);
+    void StartDrawing(const Shown& shown, POINT mouse);
+    void StartMoving(const Shown& shown, POINT mouse);
+    void End(bool isKept);
+
+    Document* document = nullptr;
+    int tool = selectTool;
+    bool isDragging = false;
+    bool hasVertices = false;
+    std::unique_ptr<CcRoiBase> drawn;  ///< while it is drawn
+    CcRoiBase* grabbed = nullptr;      ///< pressed on; moved or resized once the mouse moves
+    int grabbedCode = 0;
+    POINT pressed = {};
+    Shown dragShown;
+    POINT lastMouse = {};
+};
+
+}  // namespace kestview

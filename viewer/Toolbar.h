@@ -1,0 +1,31 @@
+// The toolbar: its pictures are drawn by the program, at the monitor's resolution.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "platform/Window.h"
+
+namespace kestview {
+
+class Toolbar {
+public:
+    ~Toolbar();
+    bool Create(HWND parent);
+    operator HWND() const { return window; }
+    int Height() const;
+    /// Draws the pictures anew for the window's resolution.
+    void MakePictures();
+    /// A button for a tool library, at the end.
+    void AddTool(int command, HBITMAP picture);
+    void SetState(int command, bool isEnabled, bool isChecked) const;
+
+private:
+    HWND window = nullptr;
+    HIMAGELIST pictures = nullptr;
+    HIMAGELIST disabledPictures = nullptr;
+    bool hasTools = false;
+};
+
+}  // namespace kestview

@@ -1,0 +1,70 @@
+// The tool libraries of the folder "tools" beside the program.
+#include "Tools.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "Resource.h"
+#include "Toolbar.h"
+
+namespace kestview {
+
+Tools::Tools() : list(new CDLLLST) {}
+
+Tools::~Tools() { CloseAll(); }
+
+void Tools::Load(const std::string& folder) {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA((folder + "*.dll").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do names.push_back(found.cFileName);
+    while (FindNextFileA(search, &found));
+    FindClose(search);
+    std::sort(names.begin(), names.end());
+    for (const std::string& name : names) {
+        if (Count() > ID_TOOLS_LAST - ID_TOOLS_FIRST) break;
+        std::unique_ptr<CLOADDLL> tool(new CLOADDLL);
+        // A library that is no tool has said so in a box.
+        if (tool->LoadDll((folder + name).c_str()) < 0) continue;
+        tool->SetMenuID(static_cast<unsigned>(ID_TOOLS_FIRST + Count()));
+        if (list->InsertTail(tool.get()) == 0) tool.release();
+    }
+}
+
+void Tools::AddTo(HMENU menu, Toolbar& toolbar) {
+    if (Count() == 0) return;
+    DeleteMenu(menu, ID_TOOLS_NONE, MF_BYCOMMAND);
+    for (int i = 0; i < Count(); ++i) {
+        CLOADDLL& tool = *list->GetAt(i);
+        AppendMenuA(menu, MF_STRING, tool.GetMenuItemNumber(), tool.GetMenuText());
+        if (tool.GetToolBitMap()) toolbar.AddTool(static_cast<int>(tool.GetMenuItemNumber()), tool.GetToolBitMap());
+    }
+}
+
+std::string Tools::TextOf(int command) {
+    CLOADDLL* tool = list->GetAt(command - ID_TOOLS_FIRST);
+    return tool ? tool->GetMenuText() : "";
+}
+
+void Tools::Run(int command, HWND mainWindow) {
+    if (CLOADDLL* tool = list->GetAt(command - ID_TOOLS_FIRST)) tool->CallDllMainFunction(mainWindow, &currentImage);
+}
+
+void Tools::SetCurrentImage(CcImage* image) {
+    if (currentImage == image) return;
+    currentImage = image;
+    SendToAll(KEST_TOOL_IMAGE_CHANGED);
+}
+
+void Tools::PixelsChanged() { SendToAll(KEST_TOOL_PIXELS_CHANGED); }
+
+void Tools::CloseAll() {
+    for (int i = 0; i < Count(); ++i) list->GetAt(i)->CloseAllOpenTools();
+}
+
+void Tools::SendToAll(unsigned message) {
+    for (int i = 0; i < Count(); ++i) list->GetAt(i)->SendMessageToTools(message, 0, 0);
+}
+
+}  // namespace kestview

@@ -1,0 +1,62 @@
+// The Display menu.
+#include "MainWindow.h"
+#include "Resource.h"
+#include "commands/Commands.h"
+#include "platform/Boxes.h"
+
+namespace kestview {
+
+void DisplayTable(MainWindow& main, int id) {
+    main.Active()->SetDisplayTable(static_cast<unsigned short>(100 + id - ID_DISPLAY_TABLE_100));
+    main.DisplayTable().Refresh(EverythingChanged);
+}
+
+/// Colour and binary pictures have one look only.
+bool CanChooseTable(MainWindow& main, int) {
+    return main.Active() && !main.Active()->Class().isColour && main.Active()->Class().type != KEST_IMAGE_BINARY;
+}
+
+bool IsDisplayTable(MainWindow& main, int id) {
+    return CanChooseTable(main, id) && main.Active()->DisplayTable() == 100 + id - ID_DISPLAY_TABLE_100;
+}
+
+void DisplayEdit(MainWindow& main, int) { main.ShowSidePage(DisplayTablePage); }
+
+bool IsDisplayEdit(MainWindow& main, int) { return main.IsSideShown() && main.ShownSidePage() == DisplayTablePage; }
+
+void DisplayThreshold(MainWindow& main, int) { main.ShowSidePage(ThresholdPage); }
+
+bool IsDisplayThreshold(MainWindow& main, int) { return main.IsSideShown() && main.ShownSidePage() == ThresholdPage; }
+
+void DisplayMask(MainWindow& main, int) { main.Threshold().MakeMask(); }
+
+bool HasBands(MainWindow& main, int) {
+    return main.Active() && !main.Active()->Bands().empty() && ThresholdPreview::IsPossible(main.Active()->Image());
+}
+
+/// The graph's own dialogs, and its appearance in files.
+void GraphSettings(MainWindow& main, int id) {
+    GraphWindow& window = *main.ShownGraph();
+    CcGraph& graph = window.Graph();
+    constexpr const char* filters = "Graph appearances (*.gra)|*.gra|All files (*.*)|*.*|";
+    // The dialogs are modal to the window with the focus.
+    SetFocus(main.View());
+    switch (id) {
+        case ID_GRAPH_TITLES: graph.ShowDLBTitle(); break;
+        case ID_GRAPH_RANGES: graph.ShowDLBSetMM(); break;
+        case ID_GRAPH_GRID: graph.ShowDLBSetGridMarkings(); break;
+        case ID_GRAPH_LINES: graph.ShowDLBLineStyle(); break;
+        case ID_GRAPH_SAVE:
+            if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra")) graph.SaveAppearance(path->c_str());
+            break;
+        case ID_GRAPH_RESTORE:
+            if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra")) graph.RestoreAppearance(path->c_str());
+            break;
+        default: break;
+    }
+    window.Invalidate();
+}
+
+bool HasGraph(MainWindow& main, int) { return main.ShownGraph() != nullptr; }
+
+}  // namespace kestview

@@ -1,0 +1,50 @@
+// The Edit menu.
+#include "MainWindow.h"
+#include "commands/Commands.h"
+#include "platform/Boxes.h"
+
+namespace kestview {
+
+void EditUndo(MainWindow& main, int) { main.Active()->Undo(); }
+
+void EditRedo(MainWindow& main, int) { main.Active()->Redo(); }
+
+/// Copies the picture as it is shown, or the bounding rectangle of the selected ROI.
+void EditCopy(MainWindow& main, int) {
+    Document& document = *main.Active();
+    RECT part;
+    RECT* copied = nullptr;
+    if (CcRoiBase* roi = document.SelectedRoi())
+        if (const RECT* bounds = roi->GetBoundingRect()) {
+            // The clipboard's rectangle ends before its right and top edge.
+            const SIZE size = document.Size();
+            const RECT all = {0, 0, size.cx, size.cy};
+            const RECT inclusive = {bounds->left, bounds->bottom, bounds->right + 1, bounds->top + 1};
+            RECT inside;
+            if (IntersectRect(&inside, &all, &inclusive)) {
+                part = {inside.left, inside.bottom, inside.right, inside.top};
+                copied = &part;
+            }
+        }
+    if (document.Image().CopyToClipboard(main, document.ShownTable(), copied) < 0)
+        ShowError(main, "The picture could not be copied: another program is using the clipboard, or memory is short.");
+    main.View().Refresh(DisplayChanged);
+}
+
+void EditDelete(MainWindow& main, int) { main.Active()->DeleteSelectedRois(); }
+
+void EditRename(MainWindow& main, int) {
+    Document& document = *main.Active();
+    CcRoiBase& roi = *document.SelectedRoi();
+    if (const auto name = AskText(main, "Rename ROI", "&Name:", roi.GetName())) document.RenameRoi(roi, *name);
+}
+
+void EditSelectAll(MainWindow& main, int) {
+    Document& document = *main.Active();
+    for (int i = 0; i < document.RoiCount(); ++i) document.Roi(i).SetSelected(1);
+    document.Changed(RoisChanged);
+}
+
+void EditSelectNone(MainWindow& main, int) { main.Active()->SelectOnly(nullptr); }
+
+}  // namespace kestview

@@ -1,0 +1,87 @@
+// The File menu.
+#include "Application.h"
+#include "MainWindow.h"
+#include "Resource.h"
+#include "commands/Commands.h"
+#include "document/PictureFiles.h"
+#include "document/Session.h"
+#include "platform/Boxes.h"
+#include "platform/Busy.h"
+#include "platform/Text.h"
+
+namespace kestview {
+
+void FileOpen(MainWindow& main, int) {
+    if (const auto path = AskOpenPath(main, "Open", openFilters, nullptr)) main.OpenFile(*path);
+}
+
+void FileOpenRecent(MainWindow& main, int id) {
+    const auto index = static_cast<std::size_t>(id - ID_FILE_RECENT_FIRST);
+    // A copy: opening changes the list.
+    if (index < App().RecentFiles().size()) main.OpenFile(std::string(App().RecentFiles()[index]));
+}
+
+void FillRecentFiles(HMENU menu) {
+    for (int id = ID_FILE_RECENT_FIRST; id <= ID_FILE_RECENT_LAST; ++id) DeleteMenu(menu, static_cast<UINT>(id), MF_BYCOMMAND);
+    UINT id = ID_FILE_RECENT_FIRST;
+    for (const std::string& path : App().RecentFiles()) {
+        std::string text = Format("&%u  ", id - ID_FILE_RECENT_FIRST + 1);
+        for (const char c : path) text += c == '&' ? std::string("&&") : std::string(1, c);
+        InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_STRING, id++, text.c_str());
+    }
+}
+
+bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
+    if (document.Calibration() && document.calibrationPath.empty() &&
+        AskYesNo(main, "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?"))
+        main.Calibration().SaveFile();
+    std::string path = document.sessionPath;
+    if (path.empty() || isPathAsked) {
+        const auto asked = AskSavePath(main, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|", "kvs",
+                                       path.empty() ? document.Name() + ".kvs" : path);
+        if (!asked) return false;
+        path = *asked;
+    }
+    std::string error;
+    if (!SaveSession(document, path, error)) {
+        ShowError(main, error);
+        return false;
+    }
+    App().NoteRecentFile(path);
+    main.Status().ShowMessage("Saved " + FileNameOf(path));
+    return true;
+}
+
+void FileSaveSession(MainWindow& main, int) { SaveSessionOf(main, *main.Active(), false); }
+
+void FileSaveSessionAs(MainWindow& main, int) { SaveSessionOf(main, *main.Active(), true); }
+
+void FileSavePicture(MainWindow& main, int) {
+    Document& document = *main.Active();
+    const auto path = AskSavePath(main, "Save Picture", "Bitmap files (*.bmp)|*.bmp|All files (*.*)|*.*|", "bmp", document.Name() + ".bmp");
+    if (!path) return;
+    const PlainPixels plain(document);
+    const Busy busy("Saving " + FileNameOf(*path));
+    std::string error;
+    if (!SavePicture(document.Image(), *path, error)) {
+        ShowError(main, error);
+        return;
+    }
+    if (document.Size().cx * document.Image().SizeOf() % 4 != 0 && !document.Class().isWide)
+        ShowNote(main, Format("The picture is %ld columns wide. Its file has rows without padding, which KestView reads; some other programs "
+                              "show such files slanted.", document.Size().cx));
+}
+
+void FilePrint(MainWindow& main, int) {
+    Document& document = *main.Active();
+    const Shown shown = main.View().GetShown();
+    SetFocus(main.View());
+    document.Image().Print(shown.canvas, document.ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    main.View().Refresh(DisplayChanged);
+}
+
+void FileClose(MainWindow& main, int) { main.CloseDocument(*main.Active()); }
+
+void FileExit(MainWindow& main, int) { SendMessageA(main, WM_CLOSE, 0, 0); }
+
+}  // namespace kestview

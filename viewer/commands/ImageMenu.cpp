@@ -1,0 +1,63 @@
+// The Image menu.
+#include "MainWindow.h"
+#include "Resource.h"
+#include "commands/Commands.h"
+#include "document/Conversion.h"
+#include "platform/Boxes.h"
+#include "platform/Busy.h"
+
+namespace kestview {
+namespace {
+
+void AddPicture(MainWindow& main, std::unique_ptr<CcImage> image) {
+    auto document = std::make_unique<Document>(std::move(image));
+    document->SetModified(true);
+    main.AddDocument(std::move(document));
+}
+
+}  // namespace
+
+/// The pixels under the selected ROI as a picture of their own.
+void ImageRegion(MainWindow& main, int) {
+    Document& document = *main.Active();
+    const PlainPixels plain(document);
+    const Busy busy("Cutting out");
+    std::unique_ptr<CcImage> region(document.Image().GetRegion(document.SelectedRoi(), 0, 0));
+    const SIZE size = region ? SizeOf(*region) : SIZE{0, 0};
+    if (size.cx < 1 || size.cy < 1) {
+        ShowError(main, "There is no area under this ROI that could be a picture.");
+        return;
+    }
+    AddPicture(main, std::move(region));
+}
+
+void ImageConvert(MainWindow& main, int id) {
+    Document& document = *main.Active();
+    const PlainPixels plain(document);
+    auto converted = ConvertImage(document.Image(), id - ID_IMAGE_CONVERT_FIRST);
+    if (!converted) {
+        ShowError(main, "There is not enough memory for the converted picture.");
+        return;
+    }
+    AddPicture(main, std::move(converted));
+}
+
+bool CanConvert(MainWindow& main, int id) { return main.Active() && main.Active()->Class().type != id - ID_IMAGE_CONVERT_FIRST; }
+
+bool IsClass(MainWindow& main, int id) { return main.Active() && main.Active()->Class().type == id - ID_IMAGE_CONVERT_FIRST; }
+
+void ImageChannel(MainWindow& main, int id) {
+    main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_FIRST);
+    main.Threshold().Refresh(EverythingChanged);
+}
+
+/// Channels 0 to 3 belong to RGB pictures, 4 to 6 to HSL pictures.
+bool HasChannel(MainWindow& main, int id) {
+    if (!main.Active()) return false;
+    const int type = main.Active()->Class().type;
+    return id - ID_IMAGE_CHANNEL_FIRST <= 3 ? type == KEST_IMAGE_RGB : type == KEST_IMAGE_HSL;
+}
+
+bool IsChannel(MainWindow& main, int id) { return main.Active() && main.Active()->Channel() == id - ID_IMAGE_CHANNEL_FIRST; }
+
+}  // namespace kestview

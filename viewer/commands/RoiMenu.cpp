@@ -1,0 +1,60 @@
+// The ROI menu.
+#include "Application.h"
+#include "MainWindow.h"
+#include "Resource.h"
+#include "commands/Commands.h"
+#include "document/RoiFiles.h"
+#include "document/RoiKinds.h"
+#include "platform/Boxes.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+constexpr const char* oneFilter = "ROI files (*.roi)|*.roi|All files (*.*)|*.*|";
+constexpr const char* allFilter = "ROI lists (*.rois)|*.rois|All files (*.*)|*.*|";
+
+int ToolOf(int id) { return id == ID_ROI_SELECT_TOOL ? selectTool : roiKinds[id - ID_ROI_TOOL_FIRST].type; }
+
+}  // namespace
+
+void RoiTool(MainWindow& main, int id) { main.SetRoiTool(ToolOf(id)); }
+
+bool IsRoiTool(MainWindow& main, int id) { return main.View().Mouse().Tool() == ToolOf(id); }
+
+void RoiColour(MainWindow& main, int id) {
+    const bool isSelected = id == ID_ROI_COLOUR_SELECTED;
+    const auto colour = AskColour(main, App().RoiColour(isSelected));
+    if (!colour) return;
+    App().SetRoiColour(isSelected, *colour);
+    main.View().Refresh(DisplayChanged);
+}
+
+void RoiSave(MainWindow& main, int) {
+    CcRoiBase& roi = *main.Active()->SelectedRoi();
+    const auto path = AskSavePath(main, "Save ROI", oneFilter, "roi", std::string(roi.GetName()) + ".roi");
+    if (path && !SaveRoi(roi, *path)) ShowError(main, "The ROI could not be written to\n" + *path);
+}
+
+void RoiRestore(MainWindow& main, int) {
+    const auto path = AskOpenPath(main, "Restore ROI", oneFilter, "roi");
+    if (!path) return;
+    auto roi = RestoreRoi(*path);
+    if (roi)
+        main.Active()->AddRoi(std::move(roi));
+    else
+        ShowError(main, FileNameOf(*path) + " is not a ROI file, or it is damaged.");
+}
+
+void RoiSaveAll(MainWindow& main, int) {
+    const auto path = AskSavePath(main, "Save All ROIs", allFilter, "rois", main.Active()->Name() + ".rois");
+    if (path && !SaveAllRois(*main.Active(), *path)) ShowError(main, "The ROIs could not be written to\n" + *path);
+}
+
+void RoiRestoreAll(MainWindow& main, int) {
+    const auto path = AskOpenPath(main, "Restore All ROIs", allFilter, "rois");
+    if (path && RestoreAllRois(*main.Active(), *path) < 0)
+        ShowError(main, FileNameOf(*path) + " is not a list of ROIs, or it is damaged.");
+}
+
+}  // namespace kestview

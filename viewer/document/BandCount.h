@@ -1,0 +1,16 @@
+// How much of a picture, or of what lies under a ROI, is in the threshold bands.
+#pragma once
+
+#include "document/Document.h"
+
+namespace kestview {
+
+struct BandCount {
+    long long pixels = 0;
+    double area = 0;  ///< in square units of the calibration; in pixels without one
+};
+
+/// Null counts in the whole picture.
+BandCount CountInBands(Document& document, CcRoiBase* roi);
+
+}  // namespace kestview

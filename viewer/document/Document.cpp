@@ -1,0 +1,167 @@
+// What one tab shows: a picture with its ROIs, their undo history, the calibration, and how it is shown.
+#include "document/Document.h"
+
+#include <algorithm>
+
+namespace kestview {
+
+Document::Document(std::unique_ptr<CcImage> newImage)
+    : image(std::move(newImage)), history(new CcRoiHistory(image->GetListROI())), preview(*image) {
+    // The list deletes what an edit or an undo takes out.
+    image->GetListROI()->SetDestructionType(1);
+}
+
+int Document::IndexOf(const CcRoiBase* roi) {
+    for (int i = 0; i < RoiCount(); ++i)
+        if (&Roi(i) == roi) return i;
+    return -1;
+}
+
+std::vector<CcRoiBase*> Document::SelectedRois() {
+    std::vector<CcRoiBase*> selected;
+    for (int i = 0; i < RoiCount(); ++i)
+        if (Roi(i).IsROISelected()) selected.push_back(&Roi(i));
+    return selected;
+}
+
+CcRoiBase* Document::SelectedRoi() {
+    for (int i = 0; i < RoiCount(); ++i)
+        if (Roi(i).IsROISelected()) return &Roi(i);
+    return nullptr;
+}
+
+void Document::SelectOnly(CcRoiBase* roi) {
+    for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(&Roi(i) == roi);
+    Changed(RoisChanged);
+}
+
+void Document::SetSelected(CcRoiBase& roi, bool isSelected) {
+    roi.SetSelected(isSelected);
+    Changed(RoisChanged);
+}
+
+void Document::AddRoi(std::unique_ptr<CcRoiBase> roi) {
+    BeforeRoiEdit();
+    for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(0);
+    roi->SetSelected(1);
+    if (image->GetListROI()->InsertTail(roi.get()) == 0) roi.release();
+    RoisEdited();
+}
+
+void Document::DeleteSelectedRois() {
+    if (!SelectedRoi()) return;
+    BeforeRoiEdit();
+    for (int i = RoiCount() - 1; i >= 0; --i)
+        if (Roi(i).IsROISelected()) image->GetListROI()->DeleteAtIndex(i);
+    RoisEdited();
+}
+
+void Document::RenameRoi(CcRoiBase& roi, const std::string& name) {
+    BeforeRoiEdit();
+    roi.SetName(name.c_str());
+    RoisEdited();
+}
+
+void Document::Undo() {
+    if (history->Undo() == 0) RoisEdited();
+}
+
+void Document::Redo() {
+    if (history->Redo() == 0) RoisEdited();
+}
+
+void Document::SetDisplayTable(unsigned short table) {
+    displayTable = table;
+    Changed(DisplayChanged);
+}
+
+void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints>& points) {
+    tableCurves[{table, channel}] = points;
+    const std::size_t count = table == 103 ? 128 : table == 104 ? 64 : 256;
+    std::vector<tagPoints> entries(count);
+    if (points.size() < 2 || image->GetDisplayLUT(table, channel, entries.data()) < 0) return;
+    const auto last = static_cast<float>(count - 1);
+    std::size_t right = 1;
+    for (std::size_t i = 0; i < count; ++i) {
+        // Wide images take the ends of the list as the range that they show.
+        if (Class().isWide)
+            entries[i].x = points.front().x + (points.back().x - points.front().x) * static_cast<float>(i) / last;
+        const float x = entries[i].x;
+        while (right + 1 < points.size() && points[right].x < x) ++right;
+        const tagPoints &a = points[right - 1], &b = points[right];
+        const float part = b.x > a.x ? std::clamp((x - a.x) / (b.x - a.x), 0.0f, 1.0f) : 1.0f;
+        entries[i].y = a.y + (b.y - a.y) * part;
+    }
+    image->SetDisplayLUT(table, channel, entries.data());
+}
+
+bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, const std::string& path) {
+    if (image->SetCalibrationObject(newCalibration.get()) < 0) return false;
+    calibration = std::move(newCalibration);
+    calibrationPath = path;
+    Changed(CalibrationChanged, true);
+    return true;
+}
+
+void Document::RemoveCalibration() {
+    if (!calibration) return;
+    image->ClearCalibrationObject();
+    calibration.reset();
+    calibrationPath.clear();
+    Changed(CalibrationChanged, true);
+}
+
+void Document::SetBands(std::vector<ThresholdTag> newBands) {
+    bands = std::move(newBands);
+    preview.Show(bands);
+    Changed(DisplayChanged);
+}
+
+void Document::PreviewBands(bool isShown, HWND canvas) {
+    if (isShown == preview.IsOn()) return;
+    if (isShown) {
+        if (!preview.Begin(canvas)) return;
+        preview.Show(bands);
+    } else {
+        preview.End();
+    }
+    Changed(DisplayChanged);
+}
+
+int Document::Channel() {
+    if (auto* rgb = dynamic_cast<Cc24BitRGBImage*>(image.get())) return rgb->GetAccess();
+    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) return hsl->GetAccess();
+    return -1;
+}
+
+void Document::SetChannel(int channel) {
+    if (auto* rgb = dynamic_cast<Cc24BitRGBImage*>(image.get())) rgb->SetAccess(channel);
+    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->SetAccess(channel);
+    preview.Show(bands);
+    Changed(DisplayChanged);
+}
+
+PlainPixels::PlainPixels(Document& newDocument) : document(newDocument), wasOn(newDocument.preview.IsOn()) {
+    document.preview.End();
+}
+
+PlainPixels::~PlainPixels() {
+    if (!wasOn || !document.preview.Begin(document.preview.Window())) return;
+    document.preview.Show(document.bands);
+}
+
+void Document::SetModified(bool isNowModified) {
+    if (isModified == isNowModified) return;
+    isModified = isNowModified;
+    if (onChange) onChange(TitleChanged);
+}
+
+void Document::Changed(unsigned change, bool isEdit) {
+    if (isEdit && !isModified) {
+        isModified = true;
+        change |= TitleChanged;
+    }
+    if (onChange) onChange(change);
+}
+
+}  // namespace kestview

@@ -1,0 +1,139 @@
+// What one tab shows: a picture with its regions of interest (ROIs), their undo history, the calibration, and how it is
+// shown.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "KestApi.h"
+#include "document/ImageClasses.h"
+#include "document/ThresholdPreview.h"
+
+namespace kestview {
+
+/// What has changed, for those who show it; the values add up.
+enum Change : unsigned {
+    PictureChanged = 1,      ///< pixels
+    RoisChanged = 2,         ///< number, shape, name or selection of ROIs
+    CalibrationChanged = 4,
+    DisplayChanged = 8,      ///< display table, overlay colours, threshold bands
+    ViewChanged = 16,        ///< zoom or scroll position
+    TitleChanged = 32,       ///< name, or saved or not
+    EverythingChanged = ~0u,
+};
+
+struct ViewState {
+    int zoom = 0;  ///< 1 to 16; 0 fits the whole picture into the view
+    int xOffset = 0;
+    int yOffset = 0;
+};
+
+constexpr int largestZoom = 16;
+
+class Document {
+public:
+    explicit Document(std::unique_ptr<CcImage> newImage);
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    CcImage& Image() { return *image; }
+    SIZE Size() { return SizeOf(*image); }
+    std::string Name() { return image->GetName(); }
+    const ImageClass& Class() { return ImageClassOf(*image); }
+
+    std::string picturePath;  ///< the file it was opened from, if any
+    std::string sessionPath;  ///< empty until it was saved as a session
+
+    // ROIs. The image owns them; the list is walked by index, as every step moves the list's one cursor.
+    int RoiCount() { return image->GetListROI()->GetNumberOfObjects(); }
+    CcRoiBase& Roi(int index) { return *static_cast<CcRoiBase*>(image->GetListROI()->GetAtIndex(index)); }
+    int IndexOf(const CcRoiBase* roi);
+    std::vector<CcRoiBase*> SelectedRois();
+    /// The first selected one, or null.
+    CcRoiBase* SelectedRoi();
+    /// Null selects none.
+    void SelectOnly(CcRoiBase* roi);
+    void SetSelected(CcRoiBase& roi, bool isSelected);
+
+    // Edits: each is one step of the history.
+    void AddRoi(std::unique_ptr<CcRoiBase> roi);
+    void DeleteSelectedRois();
+    void RenameRoi(CcRoiBase& roi, const std::string& name);
+    /// To be called before any other edit of the ROIs, and RoisEdited after it.
+    void BeforeRoiEdit() { history->Remember(); }
+    void RoisEdited() { Changed(RoisChanged, true); }
+    bool CanUndo() const { return history->CanUndo() != 0; }
+    bool CanRedo() const { return history->CanRedo() != 0; }
+    void Undo();
+    void Redo();
+
+    // How it is shown
+    ViewState view;
+    /// Display table 100 to 104; table 101 while thresholding is previewed.
+    unsigned short ShownTable() const { return preview.IsOn() ? 101 : displayTable; }
+    unsigned short DisplayTable() const { return displayTable; }
+    void SetDisplayTable(unsigned short table);
+    /// The few points between which a display table's channel (see GetDisplayLUT) was interpolated; empty until it was
+    /// edited.
+    std::vector<tagPoints>& TableCurve(int table, int channel) { return tableCurves[{table, channel}]; }
+    /// Interpolates the table between these points, which are in ascending order.
+    void SetTableCurve(int table, int channel, const std::vector<tagPoints>& points);
+
+    // Calibration: shared with the image, owned here.
+    CcCalibration* Calibration() const { return calibration.get(); }
+    /// False when it was made for a picture of another size. An empty path: it is in no file.
+    bool SetCalibration(std::unique_ptr<CcCalibration> newCalibration, const std::string& path);
+    void RemoveCalibration();
+    std::string calibrationPath;
+
+    // Threshold bands
+    const std::vector<ThresholdTag>& Bands() const { return bands; }
+    void SetBands(std::vector<ThresholdTag> newBands);
+    /// Shows the bands in their colours over the picture in `canvas`.
+    void PreviewBands(bool isShown, HWND canvas);
+    bool IsPreviewing() const { return preview.IsOn(); }
+    /// Like the preview: a byte a pixel, 1 in a band.
+    std::vector<std::uint8_t> BandMask() { return preview.Mask(bands); }
+    /// What a colour image's pixel operators and thresholds see, see SetAccess; -1 for the other images.
+    int Channel();
+    void SetChannel(int channel);
+
+    bool IsModified() const { return isModified; }
+    void SetModified(bool isNowModified);
+
+    /// Called after every change.
+    std::function<void(unsigned change)> onChange;
+    void Changed(unsigned change, bool isEdit = false);
+
+private:
+    friend class PlainPixels;
+
+    std::unique_ptr<CcCalibration> calibration;  // outlives the image, which refers to it
+    std::unique_ptr<CcImage> image;
+    std::unique_ptr<CcRoiHistory> history;
+    ThresholdPreview preview;
+    std::vector<ThresholdTag> bands;
+    unsigned short displayTable = 102;
+    std::map<std::pair<int, int>, std::vector<tagPoints>> tableCurves;
+    bool isModified = false;
+};
+
+/// Takes the threshold preview away for as long as the guard lives: saving, measuring and converting work on the
+/// picture's own pixels.
+class PlainPixels {
+public:
+    explicit PlainPixels(Document& newDocument);
+    ~PlainPixels();
+    PlainPixels(const PlainPixels&) = delete;
+    PlainPixels& operator=(const PlainPixels&) = delete;
+
+private:
+    Document& document;
+    bool wasOn;
+};
+
+}  // namespace kestview

@@ -1,0 +1,57 @@
+// The image classes that the program offers, one line for each.
+#include "document/ImageClasses.h"
+
+namespace kestview {
+namespace {
+
+template <class Image>
+std::unique_ptr<CcImage> Make() {
+    return std::unique_ptr<CcImage>(new Image);
+}
+
+const ImageClass classes[] = {
+    {KEST_IMAGE_GRAY256, "8-bit gray", nullptr, false, false, Make<CcGrayImage256>},
+    {KEST_IMAGE_BINARY, "binary", nullptr, false, false, Make<CcBinaryImage>},
+    {KEST_IMAGE_RGB, "24-bit RGB", nullptr, true, false, Make<Cc24BitRGBImage>},
+    {KEST_IMAGE_HSL, "24-bit HSL", nullptr, true, false, Make<Cc24BitHSLImage>},
+    {KEST_IMAGE_INT16, "16-bit gray", ".i16", false, true, Make<CcGrayImageInt16>},
+    {KEST_IMAGE_INT32, "32-bit gray", ".i32", false, true, Make<CcGrayImageInt32>},
+    {KEST_IMAGE_FLOAT, "float gray", ".flt", false, true, Make<CcGrayImageFloat>},
+};
+
+}  // namespace
+
+const ImageClass* ImageClassOf(int type) {
+    for (const ImageClass& known : classes)
+        if (known.type == type) return &known;
+    return nullptr;
+}
+
+const ImageClass& ImageClassOf(CcImage& image) {
+    const ImageClass* known = ImageClassOf(image.GetImageType());
+    return known ? *known : classes[0];
+}
+
+std::unique_ptr<CcImage> MakeImage(int type) {
+    const ImageClass* known = ImageClassOf(type);
+    return known ? known->make() : nullptr;
+}
+
+std::unique_ptr<CcImage> MakeImage(int type, int height, int width, const std::string& name) {
+    auto image = MakeImage(type);
+    if (!image || image->MakeBlankBMP(height, width, 0, name.substr(0, KEST_NAME_SIZE - 1).c_str()) < 0) return nullptr;
+    return image;
+}
+
+SIZE SizeOf(CcImage& image) {
+    int height = 0, width = 0;
+    image.GetHeightWidth(&height, &width);
+    return {width, height};
+}
+
+long long SampleBytes(CcImage& image) {
+    const SIZE size = SizeOf(image);
+    return static_cast<long long>(size.cx) * size.cy * image.SizeOf();
+}
+
+}  // namespace kestview

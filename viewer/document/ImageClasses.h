@@ -1,0 +1,33 @@
+// The image classes that the program offers, one line for each.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "KestApi.h"
+
+namespace kestview {
+
+struct ImageClass {
+    int type;               ///< one of KestImageType
+    const char* label;      ///< as menus and the status bar call it
+    const char* rawSuffix;  ///< of the file with the samples beside the BMP file; null where there is none
+    bool isColour;
+    bool isWide;            ///< samples wider than a byte beside an 8-bit display image
+    std::unique_ptr<CcImage> (*make)();
+};
+
+/// Null for a class that the program does not offer.
+const ImageClass* ImageClassOf(int type);
+const ImageClass& ImageClassOf(CcImage& image);
+
+/// A new image without content; null when memory is short.
+std::unique_ptr<CcImage> MakeImage(int type);
+/// A new image of this size, filled with 0; null when memory is short.
+std::unique_ptr<CcImage> MakeImage(int type, int height, int width, const std::string& name);
+
+SIZE SizeOf(CcImage& image);
+/// Bytes of all samples, as GetBitMapImageData gives them.
+long long SampleBytes(CcImage& image);
+
+}  // namespace kestview

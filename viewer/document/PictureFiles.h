@@ -1,0 +1,23 @@
+// Opening and saving pictures: the library's own files through the library, all others through the system's decoders.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "document/ImageClasses.h"
+
+namespace kestview {
+
+/// Opens a picture into the image class that fits its pixels. Null, with the reason in plain words, when it cannot.
+///
+/// BMP files that the library reads (256 colours or 24 bits, uncompressed, rows without padding) are read by it; a file of
+/// wide samples beside them (".i16", ".i32", ".flt") makes a wide image. Everything else goes to the imaging component.
+std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error);
+
+/// Writes a BMP file, for wide images with the samples beside it.
+bool SavePicture(CcImage& image, const std::string& path, std::string& error);
+
+/// "Pictures (*.bmp, ...)|*.bmp;...|..." for the open dialog; sessions included.
+extern const char* const openFilters;
+
+}  // namespace kestview

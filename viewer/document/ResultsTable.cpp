@@ -1,0 +1,91 @@
+// The measurements of a document's ROIs, as a table and as comma-separated text.
+#include "document/ResultsTable.h"
+
+#include "document/PixelText.h"
+#include "document/RoiKinds.h"
+#include "platform/Busy.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+struct Column {
+    const char* title;
+    const char* unit;  ///< printf format of the unit behind the title; null for none
+    double KestRoiMeasurement::* value;
+};
+
+const Column columns[resultColumnCount] = {
+    {"Name", nullptr, nullptr},
+    {"Kind", nullptr, nullptr},
+    {"Pixels", nullptr, nullptr},
+    {"Length", " (%s)", &KestRoiMeasurement::dLengthWorld},
+    {"Area", " (square %s)", &KestRoiMeasurement::dAreaWorld},
+    {"Mean", nullptr, &KestRoiMeasurement::dMean},
+    {"Minimum", nullptr, &KestRoiMeasurement::dMinimum},
+    {"Maximum", nullptr, &KestRoiMeasurement::dMaximum},
+    {"Std. deviation", nullptr, &KestRoiMeasurement::dStandardDeviation},
+};
+
+std::string Quoted(const std::string& text, char separator) {
+    if (text.find_first_of(std::string("\"\r\n") + separator) == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"') quoted += '"';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+}  // namespace
+
+ResultsTable MeasureRois(Document& document) {
+    const PlainPixels plain(document);
+    Busy busy("Measuring");
+    ResultsTable table;
+    table.units = UnitOf(document.Image());
+    const int count = document.RoiCount();
+    for (int i = 0; i < count; ++i) {
+        CcRoiBase& roi = document.Roi(i);
+        ResultRow row = {roi.GetName(), KindLabel(roi), {}};
+        KestMeasureRoi(&document.Image(), &roi, &row.values);
+        table.rows.push_back(row);
+        busy.Report(i + 1, count);
+    }
+    return table;
+}
+
+std::string ResultTitle(const ResultsTable& table, int column) {
+    const Column& record = columns[column];
+    std::string title = record.title;
+    if (!record.unit) return title;
+    const std::string unit = record.unit;
+    return title + unit.substr(0, unit.find("%s")) + table.units + unit.substr(unit.find("%s") + 2);
+}
+
+bool IsNumberColumn(int column) { return column >= 2; }
+
+std::string ResultText(const ResultRow& row, int column, int digits) {
+    if (column == 0) return row.name;
+    if (column == 1) return row.kind;
+    if (column == 2) return Format("%lld", row.values.llPixels);
+    return Format("%.*g", digits, row.values.*columns[column].value);
+}
+
+std::string ResultsAsText(const ResultsTable& table, char separator) {
+    constexpr int exportDigits = 9;
+    std::string text;
+    const auto addLine = [&](const auto& cell) {
+        for (int column = 0; column < resultColumnCount; ++column) {
+            if (column > 0) text += separator;
+            text += Quoted(cell(column), separator);
+        }
+        text += "\r\n";
+    };
+    addLine([&](int column) { return ResultTitle(table, column); });
+    for (const ResultRow& row : table.rows)
+        addLine([&](int column) { return ResultText(row, column, exportDigits); });
+    return text;
+}
+
+}  // namespace kestview

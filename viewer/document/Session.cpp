@@ -1,0 +1,155 @@
+// Session files (".kvs"): a document as an object stream.
+#include "document/Session.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <vector>
+
+#include "platform/Busy.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+constexpr int formatVersion = 1;
+constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::iImageType", *nameKey = "KestView::szName",
+                     *pictureKey = "KestView::szPicturePath", *calibrationKey = "KestView::szCalibrationFile",
+                     *tableKey = "KestView::iDisplayTable", *zoomKey = "KestView::iZoom", *samplesKey = "KestView::cSamples",
+                     *channelKey = "KestView::iChannel";
+constexpr int pathSize = 4 * MAX_PATH;
+
+/// A stream takes object names of at most 49 characters; longer ones are cut while it is written.
+class ShortName {
+public:
+    explicit ShortName(CcHLObject& newObject) : object(newObject), name(newObject.GetName()) {
+        object.SetName(name.substr(0, 49).c_str());
+    }
+    ~ShortName() { object.SetName(name.c_str()); }
+    ShortName(const ShortName&) = delete;
+    ShortName& operator=(const ShortName&) = delete;
+
+private:
+    CcHLObject& object;
+    std::string name;
+};
+
+std::string StringIn(CcPropertyBag& bag, const char* key) {
+    char text[pathSize] = {};
+    return bag.GetString(key, text, sizeof text) == 0 ? text : "";
+}
+
+int IntIn(CcPropertyBag& bag, const char* key, int otherwise) {
+    int value = otherwise;
+    return bag.GetInt(key, &value) == 0 ? value : otherwise;
+}
+
+/// A wide image around the 8-bit one that the stream brought, with the bag's samples and the same ROIs.
+std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
+    const SIZE size = SizeOf(shown);
+    auto wide = MakeImage(type, size.cy, size.cx, shown.GetName());
+    long bytes = 0;
+    if (!wide || bag.GetPropLength(samplesKey, 5, &bytes) < 0 || bytes != SampleBytes(*wide)) return nullptr;
+    if (bag.GetBlob(samplesKey, wide->GetBitMapImageData(), bytes) < 0) return nullptr;
+    wide->ReScaleImageOnShow();
+    while (CcHLObject* roi = shown.GetListROI()->TakeOut(0)) wide->GetListROI()->InsertTail(roi);
+    return wide;
+}
+
+bool HoldsOnlyRois(CcImage& image) {
+    CcList& list = *image.GetListROI();
+    for (int i = 0; i < list.GetNumberOfObjects(); ++i)
+        if (!dynamic_cast<CcRoiBase*>(list.GetAtIndex(i))) return false;
+    return true;
+}
+
+}  // namespace
+
+bool IsSessionFile(const std::string& path) { return ExtensionOf(path) == ".kvs"; }
+
+bool SaveSession(Document& document, const std::string& path, std::string& error) {
+    const PlainPixels plain(document);
+    Busy busy("Saving " + FileNameOf(path));
+    CcImage& image = document.Image();
+    std::unique_ptr<CcPropertyBag> bag(new CcPropertyBag);
+    bag->SetName("KestView session");
+    bag->PutInt(versionKey, formatVersion);
+    bag->PutInt(typeKey, image.GetImageType());
+    bag->PutInt(tableKey, document.DisplayTable());
+    bag->PutInt(zoomKey, document.view.zoom);
+    bag->PutInt(channelKey, document.Channel());
+    for (const auto& [key, text] : {std::pair<const char*, std::string>{nameKey, document.Name()},
+                                    {pictureKey, document.picturePath},
+                                    {calibrationKey, document.calibrationPath}})
+        if (!text.empty()) bag->PutString(key, text.c_str());
+    bool isWritten = true;
+    if (document.Class().isWide)
+        isWritten = SampleBytes(image) <= LONG_MAX &&
+                    bag->PutBlob(samplesKey, image.GetBitMapImageData(), static_cast<long>(SampleBytes(image))) == 0;
+
+    // Written beside the old file and put in its place when it is whole.
+    const std::string temporary = path + ".new";
+    DeleteFileA(temporary.c_str());
+    {
+        CcFileObjectStorage stream;
+        const ShortName shortName(image);
+        isWritten = isWritten && stream.Open(temporary.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
+                    stream.PutObject(bag.get()) >= 0 && stream.PutObject(&image) >= 0;
+    }
+    if (isWritten && MoveFileExA(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+        document.sessionPath = path;
+        document.SetModified(false);
+        return true;
+    }
+    error = "The session could not be written to\n" + path;
+    DeleteFileA(temporary.c_str());
+    return false;
+}
+
+std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning) {
+    Busy busy("Opening " + FileNameOf(path));
+    error = FileNameOf(path) + " is not a KestView session, or it is damaged.";
+    CcFileObjectStorage stream;
+    if (!FileExists(path) || stream.Open(path.c_str(), GENERIC_READ) < 0) {
+        error = "The file could not be opened:\n" + path;
+        return nullptr;
+    }
+    CcHLObject* object = nullptr;
+    if (stream.GetNextObject(&object) < 0) return nullptr;
+    const std::unique_ptr<CcHLObject> firstObject(object);
+    auto* bag = dynamic_cast<CcPropertyBag*>(firstObject.get());
+    if (!bag || IntIn(*bag, versionKey, 0) != formatVersion || stream.GetNextObject(&object) < 0) return nullptr;
+    std::unique_ptr<CcHLObject> secondObject(object);
+    if (!dynamic_cast<CcImage*>(object)) return nullptr;
+    std::unique_ptr<CcImage> image(static_cast<CcImage*>(secondObject.release()));
+    if (!image->GetBitMapImageData() || !HoldsOnlyRois(*image)) return nullptr;
+
+    const int type = IntIn(*bag, typeKey, KEST_IMAGE_NONE);
+    const ImageClass* stored = ImageClassOf(type);
+    if (!stored || (stored->isWide ? image->GetImageType() != KEST_IMAGE_GRAY256 : image->GetImageType() != type)) return nullptr;
+    if (stored->isWide && !(image = Widen(*image, type, *bag))) return nullptr;
+    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->DoConvert();
+    const std::string name = StringIn(*bag, nameKey);
+    if (!name.empty()) image->SetName(name.c_str());
+
+    auto document = std::make_unique<Document>(std::move(image));
+    document->picturePath = StringIn(*bag, pictureKey);
+    document->sessionPath = path;
+    document->view.zoom = std::clamp(IntIn(*bag, zoomKey, 0), 0, largestZoom);
+    document->SetChannel(IntIn(*bag, channelKey, -1));
+    document->SetDisplayTable(static_cast<unsigned short>(std::clamp(IntIn(*bag, tableKey, 102), 100, 104)));
+    const std::string calibrationPath = StringIn(*bag, calibrationKey);
+    if (!calibrationPath.empty()) {
+        // Beside the session, should the folder have been moved.
+        std::unique_ptr<CcCalibration> calibration(new CcCalibration);
+        const std::string beside = FolderOf(path) + FileNameOf(calibrationPath);
+        const std::string found = FileExists(calibrationPath) ? calibrationPath : beside;
+        if (calibration->Open(found.c_str()) < 0 || !document->SetCalibration(std::move(calibration), found))
+            warning = "The session's calibration could not be opened:\n" + calibrationPath + "\n\nLengths and areas are in pixels now.";
+    }
+    document->SetModified(false);
+    error.clear();
+    return document;
+}
+
+}  // namespace kestview

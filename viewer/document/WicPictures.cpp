@@ -1,0 +1,134 @@
+// Pictures that the system's imaging component (WIC) decodes.
+#include "document/WicPictures.h"
+
+#include <windows.h>
+
+#include <wincodec.h>
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "platform/Busy.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+/// A COM interface that is released with its holder.
+template <class Interface>
+class Com {
+public:
+    Com() = default;
+    ~Com() {
+        if (held) held->Release();
+    }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+    Interface** operator&() { return &held; }
+    Interface* operator->() const { return held; }
+    operator Interface*() const { return held; }
+
+private:
+    Interface* held = nullptr;
+};
+
+/// Into which class and as which pixels a decoder's format is taken.
+struct Target {
+    int type;
+    const GUID* format;
+    int bytesPerPixel;
+};
+
+bool IsOneOf(const GUID& format, std::initializer_list<const GUID*> formats) {
+    return std::any_of(formats.begin(), formats.end(), [&](const GUID* known) { return IsEqualGUID(format, *known); });
+}
+
+Target TargetOf(const GUID& format, bool hasGrayPalette) {
+    if (IsOneOf(format, {&GUID_WICPixelFormatBlackWhite})) return {KEST_IMAGE_BINARY, &GUID_WICPixelFormat8bppGray, 1};
+    if (IsOneOf(format, {&GUID_WICPixelFormat2bppGray, &GUID_WICPixelFormat4bppGray, &GUID_WICPixelFormat8bppGray}) || hasGrayPalette)
+        return {KEST_IMAGE_GRAY256, &GUID_WICPixelFormat8bppGray, 1};
+    if (IsOneOf(format, {&GUID_WICPixelFormat16bppGray})) return {KEST_IMAGE_INT16, &GUID_WICPixelFormat16bppGray, 2};
+    if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat})) return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
+    return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
+}
+
+bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, const GUID& format) {
+    if (!IsOneOf(format, {&GUID_WICPixelFormat1bppIndexed, &GUID_WICPixelFormat2bppIndexed, &GUID_WICPixelFormat4bppIndexed,
+                          &GUID_WICPixelFormat8bppIndexed}))
+        return false;
+    Com<IWICPalette> palette;
+    WICColor colours[256];
+    UINT count = 0;
+    if (factory->CreatePalette(&palette) < 0 || frame->CopyPalette(palette) < 0 || palette->GetColors(256, colours, &count) < 0)
+        return false;
+    return std::all_of(colours, colours + count, [](WICColor colour) {
+        return (colour & 255) == (colour >> 8 & 255) && (colour & 255) == (colour >> 16 & 255);
+    });
+}
+
+/// Copies the decoder's rows, top row first, into the image's, bottom row first and unpadded.
+bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Busy& busy) {
+    const SIZE size = SizeOf(image);
+    const auto rowBytes = static_cast<UINT>(size.cx * target.bytesPerPixel);
+    // Decoders want rows that begin at multiples of four bytes.
+    const UINT stride = (rowBytes + 3) & ~3u;
+    constexpr int rowsAtOnce = 64;
+    std::vector<unsigned char> rows(static_cast<std::size_t>(stride) * rowsAtOnce);
+    auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
+    for (int top = 0; top < size.cy; top += rowsAtOnce) {
+        const int count = std::min<int>(rowsAtOnce, size.cy - top);
+        const WICRect rect = {0, top, static_cast<INT>(size.cx), count};
+        if (source->CopyPixels(&rect, stride, stride * static_cast<UINT>(count), rows.data()) < 0) return false;
+        for (int i = 0; i < count; ++i) {
+            unsigned char* to = pixels + static_cast<std::size_t>(size.cy - 1 - top - i) * rowBytes;
+            std::memcpy(to, rows.data() + static_cast<std::size_t>(i) * stride, rowBytes);
+            // A binary picture's value 1 is its black.
+            if (target.type == KEST_IMAGE_BINARY)
+                std::transform(to, to + rowBytes, to, [](unsigned char level) { return level < 128 ? 1 : 0; });
+        }
+        busy.Report(top + count, size.cy);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& error) {
+    Busy busy("Opening " + FileNameOf(path));
+    Com<IWICImagingFactory> factory;
+    if (CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                         reinterpret_cast<void**>(&factory)) < 0) {
+        error = "This system has no imaging component that could decode " + FileNameOf(path) + ".";
+        return nullptr;
+    }
+    error = FileNameOf(path) + " is not a picture that this system can decode, or it is damaged.";
+    Com<IWICBitmapDecoder> decoder;
+    Com<IWICBitmapFrameDecode> frame;
+    GUID format = {};
+    UINT width = 0, height = 0;
+    if (factory->CreateDecoderFromFilename(Wide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand, &decoder) < 0 ||
+        decoder->GetFrame(0, &frame) < 0 || frame->GetPixelFormat(&format) < 0 || frame->GetSize(&width, &height) < 0)
+        return nullptr;
+    const Target target = TargetOf(format, HasGrayPalette(factory, frame, format));
+    Com<IWICFormatConverter> converter;
+    if (factory->CreateFormatConverter(&converter) < 0 ||
+        converter->Initialize(frame, *target.format, WICBitmapDitherTypeNone, nullptr, 0, WICBitmapPaletteTypeCustom) < 0)
+        return nullptr;
+    constexpr UINT largestSide = 65535;
+    if (width < 1 || height < 1 || width > largestSide || height > largestSide) {
+        error = FileNameOf(path) + " is larger than this program can hold.";
+        return nullptr;
+    }
+    auto image = MakeImage(target.type, static_cast<int>(height), static_cast<int>(width), FileTitleOf(path));
+    if (!image) {
+        error = "There is not enough memory for " + FileNameOf(path) + ".";
+        return nullptr;
+    }
+    if (!TakeRows(converter, target, *image, busy)) return nullptr;
+    image->ReScaleImageOnShow();
+    error.clear();
+    return image;
+}
+
+}  // namespace kestview

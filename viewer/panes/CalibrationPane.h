@@ -1,0 +1,37 @@
+// The calibration pane: four points picked in the picture, their world positions and the unit.
+#pragma once
+
+#include "panes/DocumentPane.h"
+
+namespace kestview {
+
+class CalibrationPane : public DocumentPane {
+public:
+    using DocumentPane::DocumentPane;
+    void Refresh(unsigned change) override;
+    void OnShown(bool isShown) override;
+
+    void OpenFile();
+    void SaveFile();
+    /// Marks the picked points over the picture.
+    void PaintOver(HDC dc) const;
+
+private:
+    void OnInit() override;
+    bool OnCommand(int id, int code) override;
+    bool Pick(POINT pixel);
+    void Apply();
+    void TakeFromDocument();
+    void SelectPoint(int point);
+    int SelectedPoint() const;
+    void ShowPoints();
+
+    struct Point {
+        bool isPicked = false;
+        POINT pixel = {};
+    };
+    bool isInFront = false;
+    Point points[4];
+};
+
+}  // namespace kestview

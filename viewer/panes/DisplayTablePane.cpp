@@ -1,0 +1,186 @@
+// The editor of the display tables: points of a curve are dragged in the graph, and the picture follows.
+//
+// The curve's few points are the document's (Document::TableCurve); the library's table gets as many points as it has,
+// interpolated between them.
+#include "panes/DisplayTablePane.h"
+
+#include <algorithm>
+
+#include "MainWindow.h"
+#include "Resource.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+constexpr std::size_t mostPoints = 16;
+constexpr float topLevel = 255;
+
+struct TableCurve {
+    const char* name;
+    int channel;
+    COLORREF colour;
+};
+constexpr TableCurve colourCurves[] = {{"Red", 1, RGB(220, 0, 0)}, {"Green", 2, RGB(0, 150, 0)}, {"Blue", 3, RGB(0, 0, 220)}};
+constexpr TableCurve grayCurve = {"Gray", 0, RGB(60, 60, 60)};
+
+}  // namespace
+
+void DisplayTablePane::OnInit() {
+    GraphPane::OnInit();
+    graph.onPointDragged = [this](int curve, int point) { OnDragged(curve, point); };
+    graph.onPointPicked = [this](int curve, int point) {
+        pickedPoint = point;
+        Send(IDC_TABLE_CHANNEL, CB_SETCURSEL, static_cast<WPARAM>(curve));
+        Enable(IDC_TABLE_REMOVE, graph.Points(curve).size() > 2);
+    };
+}
+
+void DisplayTablePane::Refresh(unsigned change) {
+    if (change == EverythingChanged) UpdateSoon();
+}
+
+int DisplayTablePane::Channel(int curve) const {
+    return document && document->DisplayTable() == 101 ? colourCurves[curve].channel : 0;
+}
+
+tagPoints DisplayTablePane::InputRange() const {
+    tagPoints range = {0, topLevel};
+    std::vector<tagPoints> points(256);
+    const int table = document->DisplayTable();
+    if (document->Class().isWide && document->Image().GetDisplayLUT(table, table == 101 ? 1 : 0, points.data()) == 0)
+        range = {points.front().x, table == 103 ? points[127].x : table == 104 ? points[63].x : points[255].x};
+    return range;
+}
+
+void DisplayTablePane::Update() {
+    const int table = document ? document->DisplayTable() : 0;
+    const bool isEditable = document && !document->Class().isColour && document->Class().type != KEST_IMAGE_BINARY && table > 100;
+    const int selected = std::max(0, graph.SelectedCurve());
+    graph.ClearCurves();
+    pickedPoint = -1;
+    Send(IDC_TABLE_CHANNEL, CB_RESETCONTENT);
+    for (const int id : {IDC_TABLE_CHANNEL, IDC_TABLE_RESET, IDC_TABLE_INVERT, IDC_TABLE_ADD}) Enable(id, isEditable);
+    Enable(IDC_TABLE_REMOVE, false);
+    if (!isEditable) {
+        graph.SetTexts("Display table", "", "");
+        graph.SetRanges(0, topLevel, 0, topLevel);
+        SetText(IDC_GRAPH_NOTE, document && table == 100 ? "Table 100 shows the file's own colours. Choose 101 to 104 in the Display menu."
+                                : document               ? "Pictures of this class have no display table."
+                                                         : "");
+        return;
+    }
+    const auto add = [&](const TableCurve& curve) {
+        std::vector<tagPoints>& points = document->TableCurve(table, curve.channel);
+        if (points.empty()) {
+            const tagPoints range = InputRange();
+            for (int i = 0; i <= 4; ++i)
+                points.push_back({range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
+        }
+        graph.AddCurve(curve.name, points, PS_SOLID, curve.colour, 2);
+        Send(IDC_TABLE_CHANNEL, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(curve.name));
+    };
+    if (table == 101)
+        std::for_each(std::begin(colourCurves), std::end(colourCurves), add);
+    else
+        add(grayCurve);
+    const int front = std::min(selected, graph.CurveCount() - 1);
+    graph.SelectCurve(front);
+    Send(IDC_TABLE_CHANNEL, CB_SETCURSEL, static_cast<WPARAM>(front));
+    tagPoints range = {0, topLevel};
+    if (document->Class().isWide) range = {document->Image().GetMinPixelValue(), document->Image().GetMaxPixelValue()};
+    graph.SetRanges(range.x, range.y, 0, topLevel);
+    graph.SetTexts(Format("Display table %d", table), "Value", "Level shown");
+    SetText(IDC_GRAPH_NOTE, "Drag the points; the picture follows.");
+}
+
+void DisplayTablePane::OnDragged(int curve, int index) {
+    std::vector<tagPoints>& points = graph.Points(curve);
+    if (index >= static_cast<int>(points.size())) return;
+    tagPoints& point = points[static_cast<std::size_t>(index)];
+    const bool isFirst = index == 0, isLast = index == static_cast<int>(points.size()) - 1;
+    const std::vector<tagPoints>& before = document->TableCurve(document->DisplayTable(), Channel(curve));
+    point.y = std::clamp(point.y, 0.0f, topLevel);
+    // The points keep their order. The ends stand at the ends of the input values; of wide pictures they may be moved, which
+    // moves the range that is shown.
+    const float step = (InputRange().y - InputRange().x) / 255;
+    const auto at = static_cast<std::size_t>(index);
+    if ((isFirst || isLast) && !document->Class().isWide) {
+        point.x = before[at].x;
+    } else {
+        if (!isFirst) point.x = std::max(point.x, points[at - 1].x + step);
+        if (!isLast) point.x = std::min(point.x, points[at + 1].x - step);
+    }
+    Apply(curve);
+}
+
+void DisplayTablePane::Apply(int curve) {
+    const int table = document->DisplayTable(), channel = Channel(curve);
+    document->SetTableCurve(table, channel, graph.Points(curve));
+    main.View().Refresh(DisplayChanged);
+    UpdateWindow(main.View().Canvas());
+}
+
+void DisplayTablePane::Reset(bool isInverted) {
+    const int curve = graph.SelectedCurve();
+    if (curve < 0) return;
+    std::vector<tagPoints>& points = graph.Points(curve);
+    if (isInverted) {
+        for (tagPoints& point : points) point.y = topLevel - point.y;
+    } else {
+        // Wide pictures show their whole range again.
+        document->Image().SetAutoUpdateDisplay(1);
+        main.View().Refresh(DisplayChanged);
+        UpdateWindow(main.View().Canvas());
+        const tagPoints range = InputRange();
+        points.clear();
+        for (int i = 0; i <= 4; ++i)
+            points.push_back({range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
+    }
+    graph.PointsResized(curve);
+    Apply(curve);
+}
+
+void DisplayTablePane::AddPoint() {
+    const int curve = graph.SelectedCurve();
+    if (curve < 0 || graph.Points(curve).size() >= mostPoints) return;
+    std::vector<tagPoints>& points = graph.Points(curve);
+    // In the middle of the widest gap.
+    std::size_t widest = 1;
+    for (std::size_t i = 2; i < points.size(); ++i)
+        if (points[i].x - points[i - 1].x > points[widest].x - points[widest - 1].x) widest = i;
+    const tagPoints middle = {(points[widest].x + points[widest - 1].x) / 2, (points[widest].y + points[widest - 1].y) / 2};
+    points.insert(points.begin() + static_cast<std::ptrdiff_t>(widest), middle);
+    graph.PointsResized(curve);
+    Apply(curve);
+}
+
+void DisplayTablePane::RemovePoint() {
+    const int curve = graph.SelectedCurve();
+    if (curve < 0) return;
+    std::vector<tagPoints>& points = graph.Points(curve);
+    const bool isInner = pickedPoint > 0 && pickedPoint < static_cast<int>(points.size()) - 1;
+    if (!isInner) return;
+    points.erase(points.begin() + pickedPoint);
+    pickedPoint = -1;
+    Enable(IDC_TABLE_REMOVE, false);
+    graph.PointsResized(curve);
+    Apply(curve);
+}
+
+bool DisplayTablePane::OnCommand(int id, int code) {
+    if (!document) return true;
+    switch (id) {
+        case IDC_TABLE_CHANNEL:
+            if (code == CBN_SELCHANGE) graph.SelectCurve(static_cast<int>(Send(IDC_TABLE_CHANNEL, CB_GETCURSEL)));
+            break;
+        case IDC_TABLE_RESET: Reset(false); break;
+        case IDC_TABLE_INVERT: Reset(true); break;
+        case IDC_TABLE_ADD: AddPoint(); break;
+        case IDC_TABLE_REMOVE: RemovePoint(); break;
+        default: break;
+    }
+    return true;
+}
+
+}  // namespace kestview

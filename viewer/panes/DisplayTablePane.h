@@ -1,0 +1,30 @@
+// The editor of the display tables: points of a curve are dragged in the graph, and the picture follows.
+#pragma once
+
+#include "panes/GraphPane.h"
+
+namespace kestview {
+
+class DisplayTablePane : public GraphPane {
+public:
+    using GraphPane::GraphPane;
+    void Refresh(unsigned change) override;
+
+private:
+    void OnInit() override;
+    bool OnCommand(int id, int code) override;
+    void Update() override;
+    void OnDragged(int curve, int point);
+    /// Gives the curve to the picture's display table.
+    void Apply(int curve);
+    void Reset(bool isInverted);
+    void AddPoint();
+    void RemovePoint();
+    int Channel(int curve) const;
+    /// First and last input value of the table.
+    tagPoints InputRange() const;
+
+    int pickedPoint = -1;
+};
+
+}  // namespace kestview

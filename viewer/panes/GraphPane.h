@@ -1,0 +1,27 @@
+// A pane that holds a graph with a line of text below it.
+#pragma once
+
+#include "GraphWindow.h"
+#include "panes/DocumentPane.h"
+
+namespace kestview {
+
+class GraphPane : public DocumentPane {
+public:
+    using DocumentPane::DocumentPane;
+    GraphWindow& Graph() { return graph; }
+    void OnShown(bool isShown) override;
+
+protected:
+    void OnInit() override;
+    void OnSize(int width, int height) override;
+    bool OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    /// Asks for Update, once the messages at hand are done.
+    void UpdateSoon();
+    virtual void Update() = 0;
+
+    GraphWindow graph;
+    bool isInFront = false;
+};
+
+}  // namespace kestview

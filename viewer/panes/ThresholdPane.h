@@ -1,0 +1,34 @@
+// The threshold pane: bands of values with colours over the picture, and the mask made of them.
+#pragma once
+
+#include "panes/DocumentPane.h"
+
+namespace kestview {
+
+class ThresholdPane : public DocumentPane {
+public:
+    using DocumentPane::DocumentPane;
+    void Refresh(unsigned change) override;
+    void OnShown(bool isShown) override;
+    /// A binary picture of the pixels in the bands, in a tab of its own.
+    void MakeMask();
+
+private:
+    void OnInit() override;
+    void OnSize(int width, int height) override;
+    bool OnCommand(int id, int code) override;
+    LRESULT OnNotify(NMHDR& header) override;
+    bool OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    void FillChannels();
+    void FillBands();
+    void FillSliders();
+    void AddBand();
+    void ChangeBand(float low, float high);
+    void ShowCount();
+    int SelectedBand() const;
+
+    bool isInFront = false;
+    std::size_t selectedBand = 0;
+};
+
+}  // namespace kestview

@@ -1,0 +1,115 @@
+// What the program asks and tells the user in boxes and in the system's file and colour dialogs.
+#include "platform/Boxes.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+
+#include "Resource.h"
+#include "platform/Pane.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+constexpr const char* programName = "KestView";
+
+struct FileQuestion {
+    std::string filters;
+    char path[4 * MAX_PATH] = {};
+    OPENFILENAMEA record = {};
+
+    FileQuestion(HWND owner, const char* title, const char* filterPairs, const char* extension) : filters(filterPairs) {
+        std::replace(filters.begin(), filters.end(), '|', '\0');
+        filters.push_back('\0');
+        record.lStructSize = sizeof record;
+        record.hwndOwner = owner;
+        record.lpstrFilter = filters.c_str();
+        record.lpstrFile = path;
+        record.nMaxFile = sizeof path;
+        record.lpstrTitle = title;
+        record.lpstrDefExt = extension;
+        // The current folder must not follow the dialog: a relative path on the command line stays what it was.
+        record.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
+    }
+};
+
+class TextQuestion : public Pane {
+public:
+    TextQuestion(const char* newTitle, const char* newLabel, std::string present)
+        : text(std::move(present)), title(newTitle), label(newLabel) {}
+    std::string text;
+
+private:
+    void OnInit() override {
+        SetWindowTextA(window, title);
+        SetText(IDC_TEXT_LABEL, label);
+        SetText(IDC_TEXT_FIELD, text);
+        Send(IDC_TEXT_FIELD, EM_LIMITTEXT, 49);
+        Send(IDC_TEXT_FIELD, EM_SETSEL, 0, -1);
+    }
+    bool OnCommand(int id, int) override {
+        if (id == IDC_TEXT_FIELD) Enable(IDOK, !Text(IDC_TEXT_FIELD).empty());
+        if (id != IDOK && id != IDCANCEL) return false;
+        text = Text(IDC_TEXT_FIELD);
+        EndDialog(window, id);
+        return true;
+    }
+
+    const char* title;
+    const char* label;
+};
+
+}  // namespace
+
+void ShowError(HWND owner, const std::string& text) {
+    MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONWARNING);
+}
+
+void ShowNote(HWND owner, const std::string& text) {
+    MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONINFORMATION);
+}
+
+int AskYesNoCancel(HWND owner, const std::string& question) {
+    return MessageBoxA(owner, question.c_str(), programName, MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
+bool AskYesNo(HWND owner, const std::string& question) {
+    return MessageBoxA(owner, question.c_str(), programName, MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+std::optional<std::string> AskOpenPath(HWND owner, const char* title, const char* filters, const char* extension) {
+    FileQuestion question(owner, title, filters, extension);
+    question.record.Flags |= OFN_FILEMUSTEXIST;
+    if (!GetOpenFileNameA(&question.record)) return std::nullopt;
+    return question.path;
+}
+
+std::optional<std::string> AskSavePath(HWND owner, const char* title, const char* filters, const char* extension,
+                                       const std::string& suggestion) {
+    FileQuestion question(owner, title, filters, extension);
+    question.record.Flags |= OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST;
+    lstrcpynA(question.path, suggestion.c_str(), sizeof question.path);
+    if (!GetSaveFileNameA(&question.record)) return std::nullopt;
+    return question.path;
+}
+
+std::optional<COLORREF> AskColour(HWND owner, COLORREF present) {
+    static COLORREF ownColours[16] = {};  // the dialog's row of colours that the user mixed
+    CHOOSECOLORA record = {};
+    record.lStructSize = sizeof record;
+    record.hwndOwner = owner;
+    record.rgbResult = present;
+    record.lpCustColors = ownColours;
+    record.Flags = CC_RGBINIT | CC_FULLOPEN;
+    if (!ChooseColorA(&record)) return std::nullopt;
+    return record.rgbResult;
+}
+
+std::optional<std::string> AskText(HWND owner, const char* title, const char* label, const std::string& present) {
+    TextQuestion question(title, label, present);
+    if (question.RunModal(IDD_TEXT, owner) != IDOK || question.text.empty()) return std::nullopt;
+    return question.text;
+}
+
+}  // namespace kestview

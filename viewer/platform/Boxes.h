@@ -1,0 +1,25 @@
+// What the program asks and tells the user in boxes and in the system's file and colour dialogs.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+namespace kestview {
+
+void ShowError(HWND owner, const std::string& text);
+void ShowNote(HWND owner, const std::string& text);
+/// Yes, no, or cancel: IDYES, IDNO, IDCANCEL.
+int AskYesNoCancel(HWND owner, const std::string& question);
+bool AskYesNo(HWND owner, const std::string& question);
+
+/// `filters` are pairs "name|pattern|name|pattern". None when the user cancels.
+std::optional<std::string> AskOpenPath(HWND owner, const char* title, const char* filters, const char* extension);
+std::optional<std::string> AskSavePath(HWND owner, const char* title, const char* filters, const char* extension,
+                                       const std::string& suggestion);
+std::optional<COLORREF> AskColour(HWND owner, COLORREF present);
+/// One line of text; none when the user cancels or leaves it empty.
+std::optional<std::string> AskText(HWND owner, const char* title, const char* label, const std::string& present);
+
+}  // namespace kestview

@@ -1,0 +1,31 @@
+// Guards and small things for drawing: fonts, selections, a back buffer.
+#include "platform/Drawing.h"
+
+namespace kestview {
+
+void Font::Make(int dpi) {
+    NONCLIENTMETRICSA metrics = {};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    // The metrics are for the system's resolution.
+    const HDC screen = GetDC(nullptr);
+    const int systemDpi = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, systemDpi);
+    Release();
+    font = CreateFontIndirectA(&metrics.lfMessageFont);
+}
+
+BackBuffer::BackBuffer(HDC target, SIZE newSize)
+    : dc(CreateCompatibleDC(target)),
+      size(newSize),
+      bitmap(CreateCompatibleBitmap(target, newSize.cx > 0 ? newSize.cx : 1, newSize.cy > 0 ? newSize.cy : 1)),
+      old(SelectObject(dc, bitmap)) {}
+
+BackBuffer::~BackBuffer() {
+    SelectObject(dc, old);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+}
+
+}  // namespace kestview

@@ -1,0 +1,57 @@
+// Guards and small things for drawing: fonts, selections, a back buffer.
+#pragma once
+
+#include <windows.h>
+
+namespace kestview {
+
+/// A font that is deleted with its owner.
+class Font {
+public:
+    Font() = default;
+    ~Font() { Release(); }
+    Font(const Font&) = delete;
+    Font& operator=(const Font&) = delete;
+
+    void Make(int dpi);
+    operator HFONT() const { return font; }
+
+private:
+    void Release() {
+        if (font) DeleteObject(font);
+    }
+    HFONT font = nullptr;
+};
+
+/// Selects an object into a device context for as long as the guard lives.
+class Selected {
+public:
+    Selected(HDC newDc, HGDIOBJ object) : dc(newDc), old(SelectObject(newDc, object)) {}
+    ~Selected() { SelectObject(dc, old); }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+private:
+    HDC dc;
+    HGDIOBJ old;
+};
+
+/// A bitmap in memory that is drawn first and shown at once.
+class BackBuffer {
+public:
+    BackBuffer(HDC target, SIZE newSize);
+    ~BackBuffer();
+    BackBuffer(const BackBuffer&) = delete;
+    BackBuffer& operator=(const BackBuffer&) = delete;
+
+    operator HDC() const { return dc; }
+    void CopyTo(HDC target) const { BitBlt(target, 0, 0, size.cx, size.cy, dc, 0, 0, SRCCOPY); }
+
+private:
+    HDC dc;
+    SIZE size;
+    HBITMAP bitmap;
+    HGDIOBJ old;
+};
+
+}  // namespace kestview

@@ -1,0 +1,81 @@
+// A list view in report form: columns, texts and selection by row number.
+#include "platform/ListView.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "platform/Window.h"
+
+namespace kestview {
+
+void ListView::SetStyle(DWORD extendedStyle) const {
+    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(extendedStyle));
+}
+
+void ListView::AddColumn(const char* title, int width, bool isNumber) const {
+    LVCOLUMNA column = {};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+    column.pszText = const_cast<char*>(title);
+    column.cx = MulDiv(width, DpiOf(list), 96);
+    column.fmt = isNumber ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0)),
+                 reinterpret_cast<LPARAM>(&column));
+}
+
+void ListView::SetColumnTitle(int column, const std::string& title) const {
+    LVCOLUMNA record = {};
+    record.mask = LVCF_TEXT;
+    record.pszText = const_cast<char*>(title.c_str());
+    SendMessageA(list, LVM_SETCOLUMNA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
+}
+
+void ListView::RemoveColumns() const {
+    while (SendMessageA(list, LVM_DELETECOLUMN, 0, 0)) {
+    }
+}
+
+int ListView::RowCount() const { return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0)); }
+
+void ListView::SetRowCount(int count) const {
+    for (int row = RowCount(); row > count; --row) SendMessageA(list, LVM_DELETEITEM, static_cast<WPARAM>(row - 1), 0);
+    for (int row = RowCount(); row < count; ++row) {
+        char empty[] = "";
+        LVITEMA item = {};
+        item.mask = LVIF_TEXT;
+        item.iItem = row;
+        item.pszText = empty;
+        SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void ListView::SetText(int row, int column, const std::string& text) const {
+    char old[512] = {};
+    LVITEMA item = {};
+    item.iSubItem = column;
+    item.pszText = old;
+    item.cchTextMax = sizeof old;
+    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    if (text == old) return;
+    item.pszText = const_cast<char*>(text.c_str());
+    SendMessageA(list, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+bool ListView::IsSelected(int row) const {
+    return SendMessageA(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
+}
+
+void ListView::SetSelected(int row, bool isSelected) const {
+    if (IsSelected(row) == isSelected) return;
+    LVITEMA item = {};
+    item.stateMask = LVIS_SELECTED | (isSelected ? LVIS_FOCUSED : 0u);
+    item.state = isSelected ? LVIS_SELECTED | LVIS_FOCUSED : 0u;
+    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+int ListView::SelectedRow() const {
+    return static_cast<int>(SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+}  // namespace kestview

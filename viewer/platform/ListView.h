@@ -1,0 +1,33 @@
+// A list view in report form: columns, texts and selection by row number.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kestview {
+
+class ListView {
+public:
+    explicit ListView(HWND newList) : list(newList) {}
+
+    void SetStyle(DWORD extendedStyle) const;
+    /// `width` is for 96 dots an inch; numbers are aligned to the right.
+    void AddColumn(const char* title, int width, bool isNumber = false) const;
+    void SetColumnTitle(int column, const std::string& title) const;
+    void RemoveColumns() const;
+    int RowCount() const;
+    /// Adds or takes away rows at the end.
+    void SetRowCount(int count) const;
+    /// Sets the text when it differs, so that nothing flickers.
+    void SetText(int row, int column, const std::string& text) const;
+    bool IsSelected(int row) const;
+    void SetSelected(int row, bool isSelected) const;
+    /// The first selected row, or -1.
+    int SelectedRow() const;
+
+private:
+    HWND list;
+};
+
+}  // namespace kestview

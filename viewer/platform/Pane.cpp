@@ -1,0 +1,91 @@
+// A dialog from a template: a modal one, or a pane that is a child of another window.
+#include "platform/Pane.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "platform/Text.h"
+#include "platform/Window.h"
+
+namespace kestview {
+
+Pane::~Pane() {
+    if (!window) return;
+    SetWindowLongPtrA(window, DWLP_USER, 0);
+    DestroyWindow(window);
+}
+
+bool Pane::Create(int templateId, HWND parent) {
+    return CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(templateId), parent, Dispatch,
+                              reinterpret_cast<LPARAM>(this)) != nullptr;
+}
+
+INT_PTR Pane::RunModal(int templateId, HWND owner) {
+    return DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(templateId), owner, Dispatch,
+                           reinterpret_cast<LPARAM>(this));
+}
+
+INT_PTR CALLBACK Pane::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        auto* self = reinterpret_cast<Pane*>(lParam);
+        SetWindowLongPtrA(window, DWLP_USER, lParam);
+        self->window = window;
+        const Filling filling(self->isFilling);
+        self->OnInit();
+        return TRUE;
+    }
+    auto* self = reinterpret_cast<Pane*>(GetWindowLongPtrA(window, DWLP_USER));
+    if (!self) return FALSE;
+    LRESULT result = 0;
+    switch (message) {
+        case WM_COMMAND:
+            return self->OnCommand(LOWORD(wParam), HIWORD(wParam));
+        case WM_NOTIFY:
+            SetWindowLongPtrA(window, DWLP_MSGRESULT, self->OnNotify(*reinterpret_cast<NMHDR*>(lParam)));
+            return TRUE;
+        case WM_SIZE:
+            self->OnSize(LOWORD(lParam), HIWORD(lParam));
+            return TRUE;
+        case WM_NCDESTROY:
+            SetWindowLongPtrA(window, DWLP_USER, 0);
+            self->window = nullptr;
+            return FALSE;
+        default:
+            if (!self->OnOther(message, wParam, lParam, result)) return FALSE;
+            // These messages take their result directly.
+            if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORDLG || message == WM_CTLCOLORBTN) return result;
+            SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
+            return TRUE;
+    }
+}
+
+std::string Pane::Text(int id) const { return TextOf(Item(id)); }
+
+void Pane::SetText(int id, const std::string& text) const {
+    if (Text(id) != text) SetDlgItemTextA(window, id, text.c_str());
+}
+
+std::optional<double> Pane::Number(int id) const { return ParseNumber(Text(id)); }
+
+void Pane::SetNumber(int id, double value, int significantDigits) const {
+    SetText(id, Format("%.*g", significantDigits, value));
+}
+
+RECT Pane::PlaceOf(int id) const {
+    RECT place;
+    GetWindowRect(Item(id), &place);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+void Pane::Stretch(int id, int rightMargin, int bottomMargin) const {
+    RECT client;
+    GetClientRect(window, &client);
+    const RECT place = PlaceOf(id);
+    const int width = rightMargin < 0 ? WidthOf(place) : static_cast<int>(client.right) - rightMargin - place.left;
+    const int height = bottomMargin < 0 ? HeightOf(place) : static_cast<int>(client.bottom) - bottomMargin - place.top;
+    SetWindowPos(Item(id), nullptr, 0, 0, width > 0 ? width : 0, height > 0 ? height : 0,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace kestview

@@ -1,0 +1,33 @@
+// Texts: formatting, numbers that a person typed, parts of paths, and the system's wide texts. All texts are UTF-8.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+namespace kestview {
+
+[[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
+
+/// The number that the whole text is; none for anything else or a number that is not finite. A comma counts as the
+/// decimal point.
+std::optional<double> ParseNumber(std::string text);
+
+std::wstring Wide(const std::string& utf8);
+std::string Utf8(const wchar_t* wide);
+
+/// "C:\pictures\coins.bmp": "coins.bmp", "coins", ".bmp" (in small letters), "C:\pictures\".
+std::string FileNameOf(const std::string& path);
+std::string FileTitleOf(const std::string& path);
+std::string ExtensionOf(const std::string& path);
+std::string FolderOf(const std::string& path);
+std::string WithoutExtension(const std::string& path);
+/// The whole path of a path that may be relative.
+std::string FullPathOf(const std::string& path);
+bool FileExists(const std::string& path);
+
+/// Why the last system call failed, in the user's language.
+std::string LastErrorText();
+
+}  // namespace kestview
