@@ -8,6 +8,7 @@
 #include <string>
 
 #include "image/Support.h"
+#include "support/Census.h"
 #include "support/Dialogs.h"
 #include "support/Slots.h"
 #include "support/TestWindow.h"
@@ -74,19 +75,22 @@ struct Kind {
 struct Kind16 : Kind {
     using Image = Open16;
     static constexpr int code = 5, bytes = 2;
-    static constexpr const char *raw = "wide.i16", *className = "CcGrayImageInt16", *saving = "16-bit";
+    static constexpr const char *raw = "wide.i16", *className = "CcGrayImageInt16", *allocating = "16-bit",
+                                *saving = "16-bit";
     static Bytes Put(Bytes file, int sample) { return file.U16(static_cast<unsigned>(sample)); }
 };
 struct Kind32 : Kind {
     using Image = Open32;
     static constexpr int code = 1, bytes = 4;
-    static constexpr const char *raw = "wide.i32", *className = "CcGrayImageInt32", *saving = "32-bit";
+    static constexpr const char *raw = "wide.i32", *className = "CcGrayImageInt32", *allocating = "32-bit",
+                                *saving = "32-bit";
     static Bytes Put(Bytes file, int sample) { return file.I32(sample); }
 };
 struct KindFloat : Kind {
     using Image = OpenFloat;
     static constexpr int code = 2, bytes = 4;
-    static constexpr const char *raw = "wide.flt", *className = "CcGrayImageFloat", *saving = "floating point";
+    static constexpr const char *raw = "wide.flt", *className = "CcGrayImageFloat", *allocating = "Floating Point",
+                                *saving = "floating point";
     static Bytes Put(Bytes file, int sample) { return file.F32(static_cast<float>(sample)); }
 };
 
@@ -212,6 +216,52 @@ TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
     EXPECT_EQ(image(0, 0), 1000.0F);
     EXPECT_TRUE(TakeBoxes().empty());
 }
+
+TYPED_TEST(WideImages, HoldsNothingAfterwards) {
+    const TemporaryFile bmp(TypeParam::bmp, test::BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
+    const TemporaryFile raw(TypeParam::raw, this->RawFile(2, 3, {1000, 2, 3, 4, 5, 6}));
+    const auto useOnce = [&] {
+        typename TypeParam::Image image;
+        image.OpenBMPFile(bmp.Path());
+        image.Shown();
+        image.MakeBlankBMP(30, 20, 5, "other");
+        image.OpenBMPFile(bmp.Path());
+    };
+    for (int i = 0; i < 10; ++i)
+        useOnce();
+    const test::Census before = test::TakeCensus();
+    for (int i = 0; i < 60; ++i)
+        useOnce();
+    EXPECT_EQ(test::TakeCensus(), before);
+}
+
+// Only a 32-bit process can be filled up.
+#ifndef _WIN64
+TYPED_TEST(WideImages, NoMemoryForTheSamples) {
+    typename TypeParam::Image image;
+    TemporaryFile bmp(TypeParam::bmp, test::BmpFile8(900, 900, std::vector<std::uint8_t>(810000, 7)));
+    {
+        // What is left holds the display image, but not the samples.
+        std::vector<void*> blocks;
+        blocks.reserve(10000);
+        void* gap = VirtualAlloc(nullptr, 900 << 10, MEM_RESERVE, PAGE_NOACCESS);
+        for (SIZE_T size = 1 << 30; size >= 1 << 20; size /= 2)
+            while (void* block = VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS))
+                blocks.push_back(block);
+        VirtualFree(gap, 0, MEM_RELEASE);
+        EXPECT_EQ(image.OpenBMPFile(bmp.Path()), -1);
+        for (void* block : blocks)
+            VirtualFree(block, 0, MEM_RELEASE);
+    }
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", std::string("Unable to Allocate Memory for ") +
+                                                           TypeParam::allocating + " Image"}}));
+    EXPECT_EQ(image.lpBits[809999], 7);
+    EXPECT_EQ(image.GetBitMapImageData(), nullptr);
+    EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
+    EXPECT_EQ(image.OpenBMPFile(bmp.Path()), 0);
+    EXPECT_EQ(image(899, 899), 7.0F);
+}
+#endif
 
 TYPED_TEST(WideImages, LoadLeavesNoSamples) {
     typename TypeParam::Image image;
