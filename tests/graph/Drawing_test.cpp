@@ -1,7 +1,6 @@
 // Drawing a graph: its pixels against a picture drawn line by line, its texts as an enhanced metafile records them,
 // what it leaves of the device context, and settings and data that nothing can be drawn from.
 #include <climits>
-#include <cmath>
 #include <limits>
 #include <random>
 
@@ -13,6 +12,8 @@
 namespace {
 
 constexpr COLORREF white = RGB(255, 255, 255), red = RGB(255, 0, 0), blue = RGB(0, 0, 255);
+
+const std::vector<POINT> frame = {{0, 0}, {0, 400}, {500, 400}, {500, 0}, {0, 0}};
 
 struct Text {
     std::string text;
@@ -79,14 +80,14 @@ struct Plain {
         MoveToEx(paper, scene.X(x0), scene.Y(y0), nullptr);
         LineTo(paper, scene.X(x1), scene.Y(y1));
     }
-    void Frame() {
-        Line(solid, 0, 0, 0, 400);
-        Line(solid, 0, 400, 500, 400);
-        Line(solid, 500, 400, 500, 0);
-        Line(solid, 500, 0, 0, 0);
+    void Lines(HPEN pen, const std::vector<POINT>& points) {
+        for (std::size_t i = 1; i < points.size(); ++i)
+            Line(pen, points[i - 1].x, points[i - 1].y, points[i].x, points[i].y);
     }
-    void Square(int x, int y, int half) {
-        Rectangle(paper, scene.X(x) - half, scene.Y(y) - half, scene.X(x) + half, scene.Y(y) + half);
+    void Squares(HPEN pen, const std::vector<POINT>& points, int half) {
+        SelectObject(paper, pen);
+        for (const auto [x, y] : points)
+            Rectangle(paper, scene.X(x) - half, scene.Y(y) - half, scene.X(x) + half, scene.Y(y) + half);
     }
 };
 
@@ -99,18 +100,15 @@ int CountOutside(const test::Picture& picture, const RECT& inside, bool (*isCoun
     return count;
 }
 
-/// The settings of a device context that a drawing has to put back.
+/// The settings of a device context that a drawing has to put back, its origins aside.
 std::vector<INT_PTR> StateOf(HDC dc) {
-    RECT clip = {};
+    SetViewportOrgEx(dc, 0, 0, nullptr);
+    SetWindowOrgEx(dc, 0, 0, nullptr);
+    RECT clip;
     GetClipBox(dc, &clip);
-    std::vector<INT_PTR> state = {GetMapMode(dc),
-                                  GetBkMode(dc),
-                                  static_cast<INT_PTR>(GetTextAlign(dc)),
-                                  GetROP2(dc),
-                                  static_cast<INT_PTR>(GetTextColor(dc)),
-                                  clip.right - clip.left,
-                                  clip.bottom - clip.top};
-    for (const UINT type : {OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_BITMAP})
+    std::vector<INT_PTR> state = {GetMapMode(dc), GetBkMode(dc), static_cast<INT_PTR>(GetTextAlign(dc)), clip.right,
+                                  clip.bottom};
+    for (const UINT type : {OBJ_PEN, OBJ_BRUSH, OBJ_FONT})
         state.push_back(reinterpret_cast<INT_PTR>(GetCurrentObject(dc, type)));
     return state;
 }
@@ -129,11 +127,10 @@ TEST(GraphDrawing, GridLinesAndCurves) {
     scene.Draw();
 
     Plain expected(scene);
-    expected.Frame();
+    expected.Lines(expected.solid, frame);
     for (int y = 0; y <= 400; y += 200) {
         expected.Line(expected.solid, 0, y, 500, y);
         for (int minor = y + 50; minor < y + 200 && minor < 400; minor += 50) {
-            expected.Line(expected.dotted, -2, minor, 2, minor);
             expected.Line(expected.dotted, -2, minor, 2, minor);
             expected.Line(expected.dotted, 498, minor, 500, minor);
         }
@@ -143,13 +140,10 @@ TEST(GraphDrawing, GridLinesAndCurves) {
         if (x < 500) expected.Line(expected.dotted, x + 125, 0, x + 125, 400);
     }
     const HPEN redPen = CreatePen(PS_SOLID, 1, red), bluePen = CreatePen(PS_SOLID, 1, blue);
+    const std::vector<POINT> dotPlaces = {{50, 50}, {499, 200}};
     IntersectClipRect(expected.paper, scene.left, scene.top, scene.left + 500, scene.top + 400);
-    expected.Line(redPen, 0, 0, 100, 300);
-    expected.Line(redPen, 100, 300, 250, 900);
-    expected.Line(redPen, 250, 900, 400, 50);
-    SelectObject(expected.paper, bluePen);
-    expected.Square(50, 50, 2);
-    expected.Square(499, 200, 2);
+    expected.Lines(redPen, {{0, 0}, {100, 300}, {250, 900}, {400, 50}});
+    expected.Squares(bluePen, dotPlaces, 2);
     EXPECT_EQ(scene.Snapshot().DifferentFrom(expected.paper.Snapshot()), 0);
 
     // The selected curve has squares, too; more points and one more curve are drawn in the pen that is there.
@@ -160,24 +154,13 @@ TEST(GraphDrawing, GridLinesAndCurves) {
     tagPoints more[] = {{500, 0}, {300, 100}, {-500, 100}};
     EXPECT_EQ(scene.graph.ShowCurveOnGraph(scene.window, scene.paper, more, 3, 0), 0);
     EXPECT_EQ(scene.graph.ShowListOfSelPoints(scene.window, scene.paper, indices, 5, 0), 0);
-    EXPECT_EQ(scene.graph.pSelectedCurve, &lines);
-    SelectObject(expected.paper, redPen);
-    expected.Line(redPen, 0, 0, 100, 300);
-    expected.Line(redPen, 100, 300, 250, 900);
-    expected.Line(redPen, 250, 900, 400, 50);
-    expected.Square(0, 0, 2);
-    expected.Square(100, 300, 2);
-    expected.Square(400, 50, 2);
-    SelectObject(expected.paper, bluePen);
-    expected.Square(50, 50, 2);
-    expected.Square(499, 200, 2);
-    expected.Line(bluePen, 500, 0, 300, 100);
-    expected.Line(bluePen, 300, 100, -500, 100);
-    expected.Square(100, 300, 5);
-    expected.Square(400, 50, 5);
+    expected.Squares(redPen, {{0, 0}, {100, 300}, {400, 50}}, 2);
+    expected.Squares(bluePen, dotPlaces, 2);
+    expected.Lines(bluePen, {{500, 0}, {300, 100}, {-500, 100}});
+    expected.Squares(bluePen, {{100, 300}, {400, 50}}, 5);
     EXPECT_EQ(scene.Snapshot().DifferentFrom(expected.paper.Snapshot()), 0);
-    SelectObject(expected.paper, GetStockObject(BLACK_PEN));
-    SelectObject(scene.paper, GetStockObject(BLACK_PEN));
+    for (const HDC dc : {HDC(expected.paper), HDC(scene.paper)})
+        SelectObject(dc, GetStockObject(BLACK_PEN));
     DeleteObject(redPen);
     DeleteObject(bluePen);
 }
@@ -191,7 +174,7 @@ TEST(GraphDrawing, MarksAndAnOriginInside) {
     Plain expected(scene);
     expected.Line(expected.solid, 120, 0, 120, 400);
     expected.Line(expected.solid, 0, 90, 500, 90);
-    expected.Frame();
+    expected.Lines(expected.solid, frame);
     for (const int y : {0, 200, 400}) {
         expected.Line(expected.solid, -4, y, 4, y);
         expected.Line(expected.solid, 116, y, 124, y);
@@ -238,37 +221,31 @@ TEST(GraphDrawing, TextsAsRecorded) {
 }
 
 TEST(GraphDrawing, LabelCharactersAsTheRuntimeCountsThem) {
-    const float values[] = {0, 0.001F, 0.006F, -0.05F, 0.5F, 1, 9.996F, -12.5F, 500, 99999.9F, 3e10F, -3e30F};
-    for (const float low : values)
-        for (const float high : values)
-            for (int precision = 1; precision <= 5; ++precision) {
-                int point, sign;
-                const auto digits = [&](float v) { return std::string(_fcvt(v, precision, &point, &sign)).size(); };
-                const std::size_t expected = std::max(digits(low), digits(high)) + 1;
-                const kest::GraphAxis axis = {low, low, high, 0, precision, true, true, 3, 3};
-                EXPECT_EQ(kest::LabelCharacters(axis), static_cast<int>(expected)) << low << ' ' << high;
-            }
+    for (const float value : {0.0F, 0.001F, 0.006F, -0.05F, 0.5F, 1.0F, 9.996F, -12.5F, 99999.9F, 3e10F, -3e30F})
+        for (int precision = 1; precision <= 5; ++precision) {
+            int point, sign;
+            const std::string digits = _fcvt(value, precision, &point, &sign);
+            const kest::GraphAxis axis = {value, value, value, 0, precision, true, true, 3, 3};
+            EXPECT_EQ(kest::LabelCharacters(axis), static_cast<int>(digits.size()) + 1) << value;
+        }
 }
 
 TEST(GraphDrawing, AWholePage) {
     test::GraphScene scene;
     test::MemoryPicture page(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), RGB(9, 9, 9));
     const int width = GetDeviceCaps(page, HORZRES), height = GetDeviceCaps(page, VERTRES);
-    SelectObject(page, scene.font);
+    const HGDIOBJ old = SelectObject(page, scene.font);
     // The second time the device context has the mapping of the first.
-    for (int time = 0; time < 2; ++time) {
+    for (int time = 0; time < 2; ++time)
         scene.graph.ShowGraph(nullptr, page, 1);
-        const RECT plot = scene.graph.Plot();
-        EXPECT_EQ(plot.left, width / 20 + scene.left);
-        EXPECT_EQ(plot.top, height / 20 + scene.top);
-        EXPECT_EQ(plot.right, width - width / 20 - 15 - 3 * scene.halfWidest);
-        EXPECT_EQ(plot.bottom, height - height / 20 - 4 * scene.fontHeight);
-        const test::Picture picture = page.Snapshot();
-        EXPECT_EQ(picture.At(0, 0) + picture.At(width - 1, height - 1), 0U);
-        EXPECT_EQ(picture.At(1, 1), 0xFFFFFFU);
-        EXPECT_EQ(picture.At(plot.left, plot.bottom - 1), 0U);
-    }
-    SelectObject(page, GetStockObject(SYSTEM_FONT));
+    const RECT plot = scene.graph.Plot();
+    EXPECT_EQ(plot.left, width / 20 + scene.left);
+    EXPECT_EQ(plot.bottom, height - height / 20 - 4 * scene.fontHeight);
+    StateOf(page);
+    const test::Picture picture = page.Snapshot();
+    EXPECT_EQ(picture.At(0, 0) + picture.At(width - 1, height - 1) + picture.At(plot.left, plot.bottom - 1), 0U);
+    EXPECT_EQ(picture.At(1, 1), 0xFFFFFFU);
+    SelectObject(page, old);
 }
 
 TEST(GraphDrawing, PutsBackWhatItSelects) {
@@ -280,21 +257,18 @@ TEST(GraphDrawing, PutsBackWhatItSelects) {
     int index = 0;
     const HRGN clip = CreateRectRgn(80, 80, 300, 200);
     SelectClipRgn(scene.paper, clip);
+    DeleteObject(clip);
     SetTextAlign(scene.paper, TA_RIGHT | TA_BASELINE);
     SetBkMode(scene.paper, OPAQUE);
+    const std::vector<INT_PTR> before = StateOf(scene.paper);
     const auto drawAll = [&](HWND window) {
-        const std::vector<INT_PTR> before = StateOf(scene.paper);
+        POINT mouse = {100, 100};
         scene.graph.ShowGraph(window, scene.paper, 0);
-        EXPECT_EQ(GetMapMode(scene.paper), MM_TEXT);
-        SetViewportOrgEx(scene.paper, 0, 0, nullptr);
-        SetWindowOrgEx(scene.paper, 0, 0, nullptr);
         EXPECT_EQ(StateOf(scene.paper), before);
         scene.graph.ShowCurveOnGraph(window, scene.paper, curve.points.data(), 2, 0);
+        EXPECT_EQ(StateOf(scene.paper), before);
         scene.graph.ShowListOfSelPoints(window, scene.paper, &index, 1, 0);
-        POINT mouse = {100, 100};
         scene.graph.IsCursorOnBP(scene.paper, &mouse);
-        SetViewportOrgEx(scene.paper, 0, 0, nullptr);
-        SetWindowOrgEx(scene.paper, 0, 0, nullptr);
         EXPECT_EQ(StateOf(scene.paper), before);
     };
     drawAll(scene.window);
@@ -309,8 +283,6 @@ TEST(GraphDrawing, PutsBackWhatItSelects) {
         CcGraph another;
     }
     EXPECT_EQ(test::TakeCensus(), census);
-    SelectClipRgn(scene.paper, nullptr);
-    DeleteObject(clip);
 }
 
 TEST(GraphDrawing, NothingToDrawFrom) {
@@ -318,12 +290,10 @@ TEST(GraphDrawing, NothingToDrawFrom) {
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     test::GraphScene scene;
     const test::Picture blank = scene.Snapshot();
-    const float ranges[][2] = {{nan, 1}, {0, infinity}, {1e10F, 1e10F}, {-infinity, infinity}};
-    for (const auto& range : ranges) {
-        scene.graph.SetMinMaxValues(range[0], range[1], 0, 400, 0, 2, 0, 2);
-        test::TakeBoxes();
+    for (const auto& [low, high] : {std::pair{nan, 1.0F}, {0.0F, infinity}, {1e10F, 1e10F}, {-infinity, infinity}}) {
+        scene.graph.SetMinMaxValues(low, high, 0, 400, 0, 2, 0, 2);
         scene.Draw();
-        EXPECT_EQ(scene.Snapshot().DifferentFrom(blank), 0) << range[0];
+        EXPECT_EQ(scene.Snapshot().DifferentFrom(blank), 0) << low;
     }
     // Data and settings of every kind: it ends soon, and the curves stay inside the plot.
     std::mt19937 random(3);
