@@ -3,6 +3,7 @@
 #include <climits>
 #include <limits>
 #include <random>
+#include <sstream>
 
 #include "graph/Support.h"
 #include "graph/kernel/GraphLayout.h"
@@ -15,22 +16,15 @@ constexpr COLORREF white = RGB(255, 255, 255), red = RGB(255, 0, 0), blue = RGB(
 
 const std::vector<POINT> frame = {{0, 0}, {0, 400}, {500, 400}, {500, 0}, {0, 0}};
 
-struct Text {
-    std::string text;
-    UINT align;
-    int x, y;
-    LONG fontHeight;
-    bool operator==(const Text&) const = default;
-};
-
-void PrintTo(const Text& text, std::ostream* out) {
-    *out << '"' << text.text << "\" align " << text.align << " at " << text.x << ',' << text.y << " font "
-         << text.fontHeight;
+std::string Text(const std::string& text, UINT align, int x, int y, LONG fontHeight = -12) {
+    std::ostringstream line;
+    line << '"' << text << "\" align " << align << " at " << x << ',' << y << " font " << fontHeight;
+    return line.str();
 }
 
-/// What an enhanced metafile of a drawing says about its texts.
+/// The texts of a drawing, as an enhanced metafile of it lists them.
 struct Recording {
-    std::vector<Text> texts;
+    std::vector<std::string> texts;
 
     explicit Recording(test::GraphScene& scene) {
         const HDC dc = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
@@ -42,20 +36,17 @@ struct Recording {
     }
 
 private:
-    static int CALLBACK Visit(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM self) {
-        reinterpret_cast<Recording*>(self)->Add(*record);
+    static int CALLBACK Visit(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM parameter) {
+        auto& self = *reinterpret_cast<Recording*>(parameter);
+        if (record->iType == EMR_SETTEXTALIGN) self.align = record->dParm[0];
+        if (record->iType == EMR_EXTCREATEFONTINDIRECTW)
+            self.fontHeight = reinterpret_cast<const EMREXTCREATEFONTINDIRECTW*>(record)->elfw.elfLogFont.lfHeight;
+        if (record->iType != EMR_EXTTEXTOUTW) return 1;
+        const EMRTEXT& text = reinterpret_cast<const EMREXTTEXTOUTW*>(record)->emrtext;
+        const auto* first = reinterpret_cast<const WCHAR*>(reinterpret_cast<const char*>(record) + text.offString);
+        self.texts.push_back(Text(std::string(first, first + text.nChars), self.align, text.ptlReference.x,
+                                  text.ptlReference.y, self.fontHeight));
         return 1;
-    }
-    void Add(const ENHMETARECORD& record) {
-        if (record.iType == EMR_SETTEXTALIGN) align = record.dParm[0];
-        if (record.iType == EMR_EXTCREATEFONTINDIRECTW)
-            fontHeight = reinterpret_cast<const EMREXTCREATEFONTINDIRECTW&>(record).elfw.elfLogFont.lfHeight;
-        if (record.iType != EMR_EXTTEXTOUTW) return;
-        const EMRTEXT& text = reinterpret_cast<const EMREXTTEXTOUTW&>(record).emrtext;
-        const auto* characters =
-            reinterpret_cast<const WCHAR*>(reinterpret_cast<const char*>(&record) + text.offString);
-        texts.push_back({std::string(characters, characters + text.nChars), align,
-                         static_cast<int>(text.ptlReference.x), static_cast<int>(text.ptlReference.y), fontHeight});
     }
 
     UINT align = 0;
@@ -195,29 +186,25 @@ TEST(GraphDrawing, TextsAsRecorded) {
     test::GraphScene scene;
     const int h = scene.fontHeight, left = scene.left, bottom = scene.top, top = bottom + 400, middle = left + 250;
     constexpr UINT title = TA_CENTER | TA_BOTTOM, below = TA_CENTER | TA_TOP, yText = TA_LEFT | TA_BOTTOM;
-    const std::vector<Text> expected = {
-        {"Title of Graph", title, middle, top + h, -12},
-        {"X Axis", below, middle, bottom - h, -12},
-        {"Y Axis", yText, left, top, -12},
-        {"   0.00", TA_RIGHT, left - 3, bottom + h / 2, -12},
-        {" 200.00", TA_RIGHT, left - 3, bottom + 200 + h / 2, -12},
-        {" 400.00", TA_RIGHT, left - 3, top + h / 2, -12},
-        {"   0.00", below, left, bottom - 3, -12},
-        {" 250.00", below, middle, bottom - 3, -12},
-        {" 500.00", below, left + 500, bottom - 3, -12},
-    };
+    const std::vector<std::string> expected = {Text("Title of Graph", title, middle, top + h),
+                                               Text("X Axis", below, middle, bottom - h),
+                                               Text("Y Axis", yText, left, top),
+                                               Text("   0.00", TA_RIGHT, left - 3, bottom + h / 2),
+                                               Text(" 200.00", TA_RIGHT, left - 3, bottom + 200 + h / 2),
+                                               Text(" 400.00", TA_RIGHT, left - 3, top + h / 2),
+                                               Text("   0.00", below, left, bottom - 3),
+                                               Text(" 250.00", below, middle, bottom - 3),
+                                               Text(" 500.00", below, left + 500, bottom - 3)};
     EXPECT_EQ(Recording(scene).texts, expected);
 
     // Exponents narrow the labels: 3 characters less at the left.
     scene.graph.SetMinMaxValues(0, 500, 0, 400, 0, 2, 3, 2);
     scene.graph.SetGraphText(std::string(79, 'w').c_str(), "", "flow");
-    const std::vector<Text> scaled = Recording(scene).texts;
+    const std::vector<std::string> scaled = Recording(scene).texts;
+    const int newLeft = left - 3 * scene.halfWidest;
     ASSERT_EQ(scaled.size(), 9U);
-    EXPECT_EQ(scaled[0].text, std::string(79, 'w'));
-    EXPECT_EQ(scaled[1].text, "");
-    EXPECT_EQ(scaled[2].text, "flow *(E3)");
-    EXPECT_EQ(scaled[5].text, "   0.40");
-    EXPECT_EQ(scaled[5].x, left - 3 * scene.halfWidest - 3);
+    EXPECT_EQ(scaled[2], Text("flow *(E3)", yText, newLeft, top));
+    EXPECT_EQ(scaled[5], Text("   0.40", TA_RIGHT, newLeft - 3, top + h / 2));
 }
 
 TEST(GraphDrawing, LabelCharactersAsTheRuntimeCountsThem) {

@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cmath>
 #include <limits>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -93,11 +91,10 @@ TEST(GraphLayout, TheOriginCrossIsTheAnchor) {
 
 TEST(GraphLayout, ValuesAndPositions) {
     const AxisScale scale = {0, 500, 57, 604};
-    EXPECT_EQ(scale.Logical(0), 57);
-    EXPECT_EQ(scale.Logical(250), 330);  // 330.5
-    EXPECT_EQ(scale.Logical(500), 604);
-    EXPECT_EQ(scale.Logical(-60), -8);    // -8.6, cut toward zero
-    EXPECT_EQ(scale.Logical(-52.5F), 0);  // -0.4
+    // 57, 330.5, 604, -8.6 and -0.4, cut toward zero.
+    const Ints positions = {scale.Logical(0), scale.Logical(250), scale.Logical(500), scale.Logical(-60),
+                            scale.Logical(-52.5F)};
+    EXPECT_EQ(positions, (Ints{57, 330, 604, -8, 0}));
     EXPECT_FLOAT_EQ(scale.Value(330), 249.54296F);
     EXPECT_FLOAT_EQ(scale.Value(-1000), -966.1792F);
     EXPECT_EQ((AxisScale{10, -10, 0, 200}.Logical(5)), 50);
@@ -111,19 +108,15 @@ TEST(GraphLayout, MarksDivideTheAxis) {
     const Marks marks({0, 500, 57, 604}, 3, 3);
     EXPECT_EQ(marks.major, (std::vector<float>{0, 250, 500}));
     EXPECT_EQ(marks.minor, (std::vector<float>{62.5F, 125, 187.5F, 312.5F, 375, 437.5F}));
-    const Marks reversed({10, -10, 0, 200}, 3, 1);
+    const Marks reversed({10, -10, 0, 200}, 3, 1), single({2, 500, 0, 100}, 1, 5);
     EXPECT_EQ(reversed.major, (std::vector<float>{10, 0, -10}));
-    EXPECT_TRUE(reversed.minor.empty());
-    const Marks single({2, 500, 0, 100}, 1, 5);
     EXPECT_EQ(single.major, std::vector<float>{2});
-    EXPECT_TRUE(single.minor.empty());
+    EXPECT_TRUE(reversed.minor.empty() && single.minor.empty());
     EXPECT_TRUE(Marks({0, 500, 0, 100}, INT_MIN, INT_MIN).major.empty());
     // As many as fill the axis, and no more.
     const Marks full({0, 500, 0, 100}, INT_MAX, INT_MAX);
     EXPECT_GE(full.major.size(), 200U);
     EXPECT_LE(full.major.size() + full.minor.size(), 1000U);
-    for (const float mark : Marks({-huge, huge, 0, 100}, 5, 5).minor)
-        EXPECT_TRUE(std::isfinite(mark));
 }
 
 TEST(GraphLayout, LabelTexts) {
@@ -149,24 +142,4 @@ TEST(CurvePath, CutsWhatIsFarOff) {
     // Thin lines reach as far as there are positions, wide ones a little further than they are wide.
     EXPECT_EQ(DrawingArea(scales, 1).left, -furthestPosition);
     EXPECT_EQ(DrawingArea(scales, 100).bottom, 100 + 2148);
-}
-
-TEST(CurvePath, CutSegmentsStayOnTheirLine) {
-    const IntRect area = {-2000, -1500, 3000, 2500};
-    std::mt19937 random(7);
-    std::uniform_real_distribution<double> magnitude(0, 7), sign(-1, 1);
-    const auto coordinate = [&] { return std::copysign(std::pow(10.0, magnitude(random)), sign(random)); };
-    int cut = 0;
-    for (int i = 0; i < 20000; ++i) {
-        const RealPoint a = {coordinate(), coordinate()}, b = {coordinate(), coordinate()};
-        RealPoint from = a, to = b;
-        if (!ClipSegment(area, from, to)) continue;
-        ++cut;
-        const double length = std::hypot(b.x - a.x, b.y - a.y);
-        for (const RealPoint& end : {from, to}) {
-            ASSERT_TRUE(LiesIn({area.left - 1, area.top - 1, area.right + 1, area.bottom + 1}, end));
-            ASSERT_LT(std::fabs((b.x - a.x) * (end.y - a.y) - (b.y - a.y) * (end.x - a.x)) / length, 1e-3);
-        }
-    }
-    EXPECT_GT(cut, 10000);
 }
