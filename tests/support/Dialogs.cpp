@@ -20,12 +20,6 @@ std::optional<std::string> fileAnswer;
 std::function<void(HWND)> operateDialog;
 std::set<HWND> seen;
 
-std::string TextOf(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)), 0);
-    if (!text.empty()) GetWindowTextA(window, text.data(), static_cast<int>(text.size()) + 1);
-    return text;
-}
-
 bool IsFileDialog(HWND dialog) { return GetDlgItem(dialog, cmb1) != nullptr && GetDlgItem(dialog, cmb13) != nullptr; }
 
 /// Other dialogs have texts of that number, too, but also something to operate.
@@ -89,6 +83,12 @@ std::vector<T> Take(std::vector<T>& list) {
 }
 
 }  // namespace
+
+std::string TextOf(HWND window) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)), 0);
+    if (!text.empty()) GetWindowTextA(window, text.data(), static_cast<int>(text.size()) + 1);
+    return text;
+}
 
 std::vector<Box> TakeBoxes() { return Take(boxes); }
 std::vector<FileDialog> TakeFileDialogs() { return Take(fileDialogs); }

@@ -38,6 +38,9 @@ void OperateNextDialog(std::function<void(HWND)> operate);
 /// Installed by the test program's main function for the whole run.
 void InstallDialogHook();
 
+/// The text of a window or control.
+std::string TextOf(HWND window);
+
 void PrintTo(const Box& box, std::ostream* out);
 
 }  // namespace test

@@ -1,0 +1,79 @@
+// A person at an open dialog. The dialog's own message loop is behind us on the stack, so keys are handled as it would.
+#include "support/DialogUser.h"
+
+#include "support/Dialogs.h"
+
+namespace test {
+namespace {
+
+void SendKey(WORD key, DWORD flags) {
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, 0));
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof input);
+}
+
+}  // namespace
+
+void DialogUser::Pump() const {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (IsOpen() && IsDialogMessageA(dialog, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+void DialogUser::Press(WORD key, WORD held) {
+    if (held) SendKey(held, 0);
+    SendKey(key, 0);
+    SendKey(key, KEYEVENTF_KEYUP);
+    if (held) SendKey(held, KEYEVENTF_KEYUP);
+    Pump();
+}
+
+void DialogUser::Type(const std::string& text) {
+    for (const char c : text) {
+        const SHORT key = VkKeyScanA(c);
+        Press(LOBYTE(key), HIBYTE(key) & 1 ? VK_SHIFT : 0);
+    }
+}
+
+void DialogUser::TypeInto(int controlId, const std::string& text) {
+    GoTo(controlId);
+    Type(text);
+}
+
+void DialogUser::GoTo(int controlId) {
+    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(controlId)), TRUE);
+    Pump();
+}
+
+void DialogUser::Click(int controlId) {
+    SendMessageA(Control(controlId), BM_CLICK, 0, 0);
+    if (IsOpen()) Pump();
+}
+
+std::string DialogUser::Text(int controlId) const { return TextOf(Control(controlId)); }
+
+Picture DialogUser::Look(int controlId) const {
+    const HWND control = Control(controlId);
+    UpdateWindow(control);
+    RECT client;
+    GetClientRect(control, &client);
+    const HDC dc = GetDC(control);
+    const Picture picture = PictureOf(dc, client.right, client.bottom);
+    ReleaseDC(control, dc);
+    return picture;
+}
+
+std::vector<HWND> DialogUser::Controls() const {
+    std::vector<HWND> controls;
+    for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
+        controls.push_back(control);
+    return controls;
+}
+
+}  // namespace test
