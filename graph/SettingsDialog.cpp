@@ -49,7 +49,8 @@ void NumberField::Explain(std::span<char> text) const {
         std::snprintf(text.data(), text.size(), "Enter a whole number from %d to %d.", accepted.lowest,
                       accepted.highest);
     else
-        std::snprintf(text.data(), text.size(), whole ? "Enter a whole number." : "Enter a number, such as 2.5 or 1e6.");
+        std::snprintf(text.data(), text.size(), "%s",
+                      whole ? "Enter a whole number." : "Enter a number, such as 2.5 or 1e6.");
 }
 
 void SettingsDialog::LoadCommonControls() {

@@ -1,5 +1,5 @@
-// What the settings dialogs of a graph share: number fields that are checked as they are left, a preview that follows the
-// entries, a line that tells what is wrong, OK and Cancel.
+// What the settings dialogs of a graph share: number fields that are checked as they are left, a preview that follows
+// the entries, a line that tells what is wrong, OK and Cancel.
 #pragma once
 
 #include <windows.h>
@@ -17,8 +17,8 @@ struct WholeRange {
     int lowest, highest;
 };
 
-/// An edit control whose number goes to a variable. A text that nobody changed leaves the variable exactly as it is, even
-/// where a person could not enter its value.
+/// An edit control whose number goes to a variable. A text that nobody changed leaves the variable exactly as it is,
+/// even where a person could not enter its value.
 class NumberField {
 public:
     NumberField(int controlId, float& target) : id(controlId), real(&target) {}

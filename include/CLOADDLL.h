@@ -8,7 +8,7 @@
 #include "KestHeapObject.h"
 #include "KestTool.h"
 
-/// Loads a tool library, learns from its entry point KestInitialize what it offers, and forwards the host's calls to it.
+/// Loads a tool library, learns from its entry point KestInitialize what it offers, and forwards the host's calls.
 ///
 /// An object is filled once, by LoadDll, and unloaded by UNLoadDll or its destructor. A copy refers to the same library
 /// and does not unload it in its destructor.
@@ -21,8 +21,8 @@ public:
     /// Unloads the library, also after UNLoadDll: a library that is loaded several times then loses two references.
     virtual ~CLOADDLL();
 
-    /// Loads the tool library at `pszPath`, a path of at most 254 characters, and takes over what it offers. -1 for null,
-    /// and after a message when the library cannot be loaded or has no entry point; in the latter case it stays loaded.
+    /// Loads the tool library at `pszPath`, a path of at most 254 characters, and takes over what it offers. -1 for
+    /// null, and after a message when the library cannot be loaded or has no entry point; then it stays loaded.
     int LoadDll(const char* pszPath);
     /// Unloads the library; the tool's functions are absent from then on. Close its windows first. 0, or -1 when there
     /// was none to unload.

@@ -3,8 +3,8 @@
 
 #include <KestApi.h>
 
-/// The pixels of an image, counted in 256 steps between its lowest and its highest value: one row of counts for an image
-/// of grey values, three (red, green, blue) for a colour image. Steps of 8-bit images are the values 0 to 255.
+/// The pixels of an image, counted in 256 steps between its lowest and its highest value: one row of counts for an
+/// image of grey values, three (red, green, blue) for a colour image. Steps of 8-bit images are the values 0 to 255.
 struct Histogram {
     static constexpr int steps = 256;
 

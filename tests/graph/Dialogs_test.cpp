@@ -156,7 +156,7 @@ TEST(GraphDialogs, MarkingsFollowCountsAndBoxes) {
     CcGraph graph;
     graph.SetGridMarkings(3, 4, 5, 6, 1, 0, 1, 7);
     Operate(graph, &CcGraph::ShowDLBSetGridMarkings, [](DialogUser& user) {
-        const auto isChecked = [&user](int id) { return SendMessageA(user.Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; };
+        const auto isChecked = [&](int id) { return SendMessageA(user.Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; };
         EXPECT_TRUE(isChecked(IDC_X_MAJOR_LINES) && isChecked(IDC_X_MINOR_LINES));
         EXPECT_FALSE(isChecked(IDC_Y_MAJOR_LINES) || isChecked(IDC_Y_MINOR_LINES));
         const test::Picture before = user.Look(IDC_PREVIEW);

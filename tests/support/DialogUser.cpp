@@ -59,14 +59,8 @@ void DialogUser::Click(int controlId) {
 std::string DialogUser::Text(int controlId) const { return TextOf(Control(controlId)); }
 
 Picture DialogUser::Look(int controlId) const {
-    const HWND control = Control(controlId);
-    UpdateWindow(control);
-    RECT client;
-    GetClientRect(control, &client);
-    const HDC dc = GetDC(control);
-    const Picture picture = PictureOf(dc, client.right, client.bottom);
-    ReleaseDC(control, dc);
-    return picture;
+    UpdateWindow(Control(controlId));
+    return PictureOf(Control(controlId));
 }
 
 std::vector<HWND> DialogUser::Controls() const {

@@ -51,6 +51,15 @@ Picture PictureOf(HDC dc, int width, int height) {
     return picture;
 }
 
+Picture PictureOf(HWND window) {
+    RECT client;
+    GetClientRect(window, &client);
+    const HDC dc = GetDC(window);
+    const Picture picture = PictureOf(dc, client.right, client.bottom);
+    ReleaseDC(window, dc);
+    return picture;
+}
+
 TestWindow::TestWindow(int width, int height, COLORREF background) : clientWidth(width), clientHeight(height) {
     static const ATOM windowClass = [] {
         WNDCLASSA record = {};
@@ -85,12 +94,7 @@ void TestWindow::Fill(COLORREF colour) {
     ReleaseDC(window, dc);
 }
 
-Picture TestWindow::Snapshot() const {
-    const HDC dc = GetDC(window);
-    const Picture picture = PictureOf(dc, clientWidth, clientHeight);
-    ReleaseDC(window, dc);
-    return picture;
-}
+Picture TestWindow::Snapshot() const { return PictureOf(window); }
 
 LRESULT CALLBACK TestWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* self = reinterpret_cast<TestWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));

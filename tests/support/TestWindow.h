@@ -23,6 +23,8 @@ struct Picture {
 };
 
 Picture PictureOf(HDC dc, int width, int height);
+/// Of a window's client area, as it shows.
+Picture PictureOf(HWND window);
 
 /// A window without frame, its client area of exactly this size, filled with a colour.
 class TestWindow {

@@ -47,7 +47,7 @@ private:
     CLOADDLL* tool;
 };
 
-TEST(CLOADDLL, IsEmptyAtFirst) {
+TEST(CLOADDLL, IsEmptyAtFirstAndKeepsTheHostsSettings) {
     OnDirtyMemory tool;
     EXPECT_STREQ(tool->GetMenuText(), "Void");
     EXPECT_STREQ(tool->GetToolBarName(), "");
@@ -57,6 +57,14 @@ TEST(CLOADDLL, IsEmptyAtFirst) {
     EXPECT_EQ(tool->IsAutoStartEnabled(), 0);
     EXPECT_EQ(tool->UNLoadDll(), -1);
     ExpectAbsent(*tool);
+
+    EXPECT_EQ(tool->SetMenuID(40001), 0);
+    EXPECT_EQ(tool->GetMenuItemNumber(), 40001u);
+    EXPECT_EQ(tool->EnableAutoStart(-3), 0);
+    EXPECT_EQ(tool->IsAutoStartEnabled(), -3);
+    EXPECT_EQ(tool->SetToolBarName(std::string(300, 'n').c_str()), 0);
+    EXPECT_EQ(tool->GetToolBarName(), std::string(255, 'n'));
+    EXPECT_EQ(tool->SetToolBarName(nullptr), -1);
 }
 
 TEST(CLOADDLL, ForwardsEveryCallToTheTool) {
@@ -136,19 +144,6 @@ TEST(CLOADDLL, IsReleasedTwiceAfterUNLoadDllButOnceByItsCopies) {
     EXPECT_NE(GetModuleHandleA(recordingTool), nullptr);
     EXPECT_TRUE(FreeLibrary(module));
     EXPECT_EQ(GetModuleHandleA(recordingTool), nullptr);
-}
-
-TEST(CLOADDLL, KeepsTheHostsSettings) {
-    CLOADDLL tool;
-    EXPECT_EQ(tool.SetMenuID(40001), 0);
-    EXPECT_EQ(tool.GetMenuItemNumber(), 40001u);
-    EXPECT_EQ(tool.EnableAutoStart(-3), 0);
-    EXPECT_EQ(tool.IsAutoStartEnabled(), -3);
-    EXPECT_EQ(tool.SetToolBarName(std::string(300, 'n').c_str()), 0);
-    EXPECT_EQ(tool.GetToolBarName(), std::string(255, 'n'));
-    EXPECT_EQ(tool.SetToolBarName("Tools"), 0);
-    EXPECT_STREQ(tool.GetToolBarName(), "Tools");
-    EXPECT_EQ(tool.SetToolBarName(nullptr), -1);
 }
 
 }  // namespace

@@ -13,14 +13,9 @@ namespace {
 constexpr int margin = 10, plotWidth = 512, plotBottom = margin + 200;
 constexpr unsigned white = 0xFFFFFF;
 
-test::Picture PictureOf(HWND window) {
+test::Picture Look(HWND window) {
     test::PumpMessages(30);
-    RECT client;
-    GetClientRect(window, &client);
-    const HDC dc = GetDC(window);
-    const test::Picture picture = test::PictureOf(dc, client.right, client.bottom);
-    ReleaseDC(window, dc);
-    return picture;
+    return test::PictureOf(window);
 }
 
 /// Pixels of the plot's column over a histogram step that are not white, without its frame.
@@ -30,19 +25,14 @@ int BarHeight(const test::Picture& picture, int step) {
     return height;
 }
 
-SIZE SizeOf(HBITMAP bitmap) {
-    BITMAP info = {};
-    GetObjectA(bitmap, sizeof info, &info);
-    return {info.bmWidth, info.bmHeight};
-}
-
 TEST(HistogramTool, ShowsTheHostsCurrentImage) {
     CLOADDLL tool;
     ASSERT_EQ(tool.LoadDll("HistogramTool.dll"), 0);
     EXPECT_STREQ(tool.GetMenuText(), "&Histogram");
     for (HBITMAP bitmap : {tool.GetToolBitMap(), tool.GetToolBitMapSelected()}) {
-        EXPECT_EQ(SizeOf(bitmap).cx, 24);
-        EXPECT_EQ(SizeOf(bitmap).cy, 24);
+        BITMAP info = {};
+        GetObjectA(bitmap, sizeof info, &info);
+        EXPECT_TRUE(info.bmWidth == 24 && info.bmHeight == 24);
     }
     EXPECT_EQ(tool.SendMessageToTools(KEST_TOOL_IMAGE_CHANGED, 0, 0), 0);  // before it is open
 
@@ -56,7 +46,7 @@ TEST(HistogramTool, ShowsTheHostsCurrentImage) {
     ASSERT_TRUE(IsWindow(window));
     EXPECT_EQ(GetWindow(window, GW_OWNER), host);
     EXPECT_EQ(tool.CallDllMainFunction(host, &current), window);
-    test::Picture picture = PictureOf(window);
+    test::Picture picture = Look(window);
     ASSERT_EQ(picture.width, plotWidth + 2 * margin);
     EXPECT_EQ(BarHeight(picture, 60), 198);
     EXPECT_EQ(BarHeight(picture, 200), 65);
@@ -64,13 +54,13 @@ TEST(HistogramTool, ShowsTheHostsCurrentImage) {
 
     std::memset(grey.GetBitMapImageData(), 10, 256);
     tool.SendMessageToTools(KEST_TOOL_PIXELS_CHANGED, 0, 0);
-    picture = PictureOf(window);
+    picture = Look(window);
     EXPECT_EQ(BarHeight(picture, 10), 198);
     EXPECT_EQ(BarHeight(picture, 60), 0);
 
     current = nullptr;
     tool.SendMessageToTools(KEST_TOOL_IMAGE_CHANGED, 0, 0);
-    EXPECT_EQ(BarHeight(PictureOf(window), 10), 0);
+    EXPECT_EQ(BarHeight(Look(window), 10), 0);
 
     EXPECT_EQ(tool.CloseAllOpenTools(), 0);
     EXPECT_FALSE(IsWindow(window));
@@ -84,7 +74,7 @@ TEST(HistogramTool, LeavesNothingBehind) {
         tool.LoadDll("HistogramTool.dll");
         CcImage* current = nullptr;
         test::TestWindow host(100, 100);
-        PictureOf(tool.CallDllMainFunction(host, &current));
+        Look(tool.CallDllMainFunction(host, &current));
         tool.CloseAllOpenTools();
     };
     use();  // the system's own first objects
