@@ -66,8 +66,8 @@ struct PixelBox {
 
 void AddRectangle(Lengths& lengths, const RECT& record) {
     const PixelBox box(record);
-    const RealPoint corners[] = {{box.left, box.bottom}, {box.right, box.bottom}, {box.right, box.top},
-                                 {box.left, box.top}};
+    const RealPoint corners[] = {
+        {box.left, box.bottom}, {box.right, box.bottom}, {box.right, box.top}, {box.left, box.top}};
     for (int i = 0; i < 4; ++i) lengths.Add(corners[i], corners[(i + 1) % 4]);
 }
 
@@ -88,8 +88,8 @@ void AddOutline(Lengths& lengths, CcRoiBase& roi, bool isClosed) {
     const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
     if (!outline.stPOINTS || !outline.hPOINTS || outline.iNumOfPoints < 1) return;
     static_assert(sizeof(POINT) == sizeof(kest::IntPoint));
-    const std::size_t count =
-        std::min<std::size_t>(static_cast<std::size_t>(outline.iNumOfPoints), GlobalSize(outline.hPOINTS) / sizeof(POINT));
+    const std::size_t count = std::min<std::size_t>(static_cast<std::size_t>(outline.iNumOfPoints),
+                                                    GlobalSize(outline.hPOINTS) / sizeof(POINT));
     kest::VisitStraightLines({reinterpret_cast<const kest::IntPoint*>(outline.stPOINTS), count}, isClosed,
                              [&lengths](kest::IntPoint from, kest::IntPoint to) {
                                  lengths.Add({static_cast<double>(from.x), static_cast<double>(from.y)},
@@ -122,7 +122,9 @@ bool AddRoi(Lengths& lengths, CcRoiBase& roi) {
 class MeasuredImage {
 public:
     explicit MeasuredImage(CcImage& image)
-        : pixels(image.GetBitMapImageData()), type(image.GetImageType()), calibration(image.GetCalibrationObject()),
+        : pixels(image.GetBitMapImageData()),
+          type(image.GetImageType()),
+          calibration(image.GetCalibrationObject()),
           mapping(MappingOf(calibration)) {
         image.GetHeightWidth(&height, &width);
         if (calibration) calibration->GetSizeOfImage(&mapWidth, &mapHeight);
@@ -150,8 +152,8 @@ public:
         if (!calibration) return run.iLast - run.iFirst + 1.0;
         const float* map = calibration->GetAreaMap();
         if (map && mapWidth == width && mapHeight == height)
-            return kest::SumOf({map + kest::Product(width, row) + run.iFirst,
-                                static_cast<std::size_t>(run.iLast - run.iFirst + 1)});
+            return kest::SumOf(
+                {map + kest::Product(width, row) + run.iFirst, static_cast<std::size_t>(run.iLast - run.iFirst + 1)});
         double area = 0;
         for (int x = run.iFirst; x <= run.iLast; ++x) area += kest::PixelArea(mapping, x, row);
         return area;

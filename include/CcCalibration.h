@@ -13,8 +13,8 @@ constexpr int KEST_UNITS_SIZE = 80;
 /// every pixel. It is kept in a file of its own (".cal"); an object stream does not take it.
 ///
 /// Image points are pixels, x from the left column, y from the BOTTOM row, whole at pixel centres. World points and
-/// lengths are in the calibration's unit (GetUnitsOfMeasure), areas in its square. A new calibration maps every point to
-/// itself and has no area map.
+/// lengths are in the calibration's unit (GetUnitsOfMeasure), areas in its square. A new calibration maps every point
+/// to itself and has no area map.
 ///
 /// Results: 0, or -1 for failure. Nothing shows a message. A copy shares its source's area map (see KestBlocks.h).
 class KEST_API CcCalibration : public CcHLObject {
@@ -24,9 +24,9 @@ public:
     CcCalibration& operator=(const CcCalibration&) = default;
     ~CcCalibration() override;  // slot 0; slots 1 to 5 are inherited
 
-    /// Fits the mapping to four pairs of points and computes the area map of an image of iWidth columns and iHeight rows.
-    /// -1, with the mapping unchanged, for a null pointer, a count other than 4, or when three image points lie on a
-    /// line; -1, with the new mapping but no map, for a size below 1 or without memory.
+    /// Fits the mapping to four pairs of points and computes the area map of an image of iWidth columns and iHeight
+    /// rows. -1, with the mapping unchanged, for a null pointer, a count other than 4, or when three image points lie
+    /// on a line; -1, with the new mapping but no map, for a size below 1 or without memory.
     int DoCalibration(tagPoints* pImagePoints, tagPoints* pWorldPoints, int iCount, int iWidth, int iHeight);
 
     /// Image to world. The result is not finite on the plane's horizon. -1 for a null pointer.
@@ -35,11 +35,12 @@ public:
     /// The same for iCount points, much faster than one by one; both arrays may be the same. -1 for a null pointer or a
     /// negative count.
     int ConvertPoints(const tagPoints* pImage, tagPoints* pWorld, int iCount);
-    /// World to image, for a mapping with perspective. The result is not finite when one of four terms is 0: always when
-    /// h3 = h6 = 0, as in a new calibration or one without perspective and rotation. -1 for a null pointer.
+    /// World to image, for a mapping with perspective. The result is not finite when one of four terms is 0: always
+    /// when h3 = h6 = 0, as in a new calibration or one without perspective and rotation. -1 for a null pointer.
     int ReverseConvertPoint(float fWorldX, float fWorldY, float* pfX, float* pfY);
 
-    /// The mapping, nine floats row by row: an image point (x, y, 1) times it is the world point times its third component.
+    /// The mapping, nine floats row by row: an image point (x, y, 1) times it is the world point times its third
+    /// component.
     const float* GetTransform() const { return fTransform[0]; }
 
     /// World area of a pixel; 1.0 when there is no map, -1.0 outside the map.
@@ -69,8 +70,8 @@ public:
     /// errors are not checked.
     int Save(const char* pszFileName);
     /// Reads a ".cal" file of version 1 (which has no points; they stay as they were) or 2; a null path asks the user.
-    /// -1, with nothing changed, when that is cancelled or the file cannot be opened, is no calibration or is shorter than
-    /// it says; -1, with the area map gone, without memory for the new map or when reading it fails.
+    /// -1, with nothing changed, when that is cancelled or the file cannot be opened, is no calibration or is shorter
+    /// than it says; -1, with the area map gone, without memory for the new map or when reading it fails.
     int Open(const char* pszFileName);
 
     static int iCalibrationCount;  ///< calibrations named so far

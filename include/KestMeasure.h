@@ -2,23 +2,23 @@
 //
 // What counts, the same in all functions:
 //
-// Pixels. The pixels under a ROI are those that its rows list, first and last column included, each once and only inside
-// the image: a rectangle from column 10 to 19 and row 5 to 9 has 10 x 5 = 50. (A region cut out by CcImage::GetRegion is one
-// column and one row smaller.) The closed shapes are rectangle, ellipse, freehand and polygon outline, with their
-// interior; a point, line or open line has the pixels it is drawn along.
+// Pixels. The pixels under a ROI are those that its rows list, first and last column included, each once and only
+// inside the image: a rectangle from column 10 to 19 and row 5 to 9 has 10 x 5 = 50. (A region cut out by
+// CcImage::GetRegion is one column and one row smaller.) The closed shapes are rectangle, ellipse, freehand and polygon
+// outline, with their interior; a point, line or open line has the pixels it is drawn along.
 //
-// Area. That of the pixels: each has area 1 in square pixels, and the area that the calibration's map gives it in square
-// world units. Where the calibration has no map, the area follows from its transform.
+// Area. That of the pixels: each has area 1 in square pixels, and the area that the calibration's map gives it in
+// square world units. Where the calibration has no map, the area follows from its transform.
 //
 // Length. Of a rectangle the perimeter of its pixels, so 2 x (10 + 5) in the example; of an ellipse that of the ellipse
 // inscribed in the rectangle of its pixels; of a line from its start to its end; of a drawn outline along its pixels'
 // centres, back to the first one if the shape is closed; of a point 0. A drawn outline is a staircase of pixels, so the
-// longest straight lines that have these pixels are measured, not the stairs. World lengths are those of the straight lines
-// between the converted points.
+// longest straight lines that have these pixels are measured, not the stairs. World lengths are those of the straight
+// lines between the converted points.
 //
-// How exact. Lengths are as exact as the calibration. The map takes a pixel's two directions as perpendicular in the world;
-// under a strong tilt they are not everywhere, and areas come out larger than they are (by 0.4 % where they differ from a
-// right angle by 5 degrees).
+// How exact. Lengths are as exact as the calibration. The map takes a pixel's two directions as perpendicular in the
+// world; under a strong tilt they are not everywhere, and areas come out larger than they are (by 0.4 % where they
+// differ from a right angle by 5 degrees).
 #pragma once
 
 #include "KestExport.h"
@@ -30,23 +30,23 @@ class CcRoiBase;
 
 /// What KestMeasureRoi finds.
 struct KestRoiMeasurement {
-    int bCalibrated;      ///< 1: world units are those of the image's calibration; 0: they are pixels
-    char szUnits[84];     ///< name of the world unit; "Pixels" without a calibration
-    double dLengthPixels; ///< length or perimeter, in pixels; -1.0 for a shape of a host's own
-    double dLengthWorld;  ///< the same in world units
-    double dAreaPixels;   ///< area inside the image, in square pixels
-    double dAreaWorld;    ///< the same in square world units
-    long long llPixels;   ///< pixels under the ROI and inside the image
-    long long llNotFinite;     ///< of these, the samples that are infinite or not a number; the values below leave them out
-    double dMean;              ///< of the pixel values; 0.0, as the next three, when there is none
-    double dMinimum;  ///< smallest pixel value
-    double dMaximum;  ///< largest pixel value
-    double dStandardDeviation; ///< of all the pixels (divided by their number, not by one less)
+    int bCalibrated;       ///< 1: world units are those of the image's calibration; 0: they are pixels
+    char szUnits[84];      ///< name of the world unit; "Pixels" without a calibration
+    double dLengthPixels;  ///< length or perimeter, in pixels; -1.0 for a shape of a host's own
+    double dLengthWorld;   ///< the same in world units
+    double dAreaPixels;    ///< area inside the image, in square pixels
+    double dAreaWorld;     ///< the same in square world units
+    long long llPixels;     ///< pixels under the ROI and inside the image
+    long long llNotFinite;  ///< samples among them that are infinite or not a number; the values below leave them out
+    double dMean;           ///< of the pixel values; 0.0, as the next three, when there is none
+    double dMinimum;        ///< smallest pixel value
+    double dMaximum;        ///< largest pixel value
+    double dStandardDeviation;  ///< of all the pixels (divided by their number, not by one less)
 };
 
 /// Measures a ROI of an image, with the image's calibration if it has one. The values are bytes of 8-bit and binary
-/// images, samples of the wide images, and the luminance 0.299 R + 0.587 G + 0.114 B of the colour images, all as the image
-/// holds them now (so recoloured while a colour image is being thresholded). Prepares the ROI's boundary queries.
+/// images, samples of the wide images, and the luminance 0.299 R + 0.587 G + 0.114 B of the colour images, all as the
+/// image holds them now (so recoloured while a colour image is being thresholded). Prepares the ROI's boundary queries.
 /// 0; -1, with `*pResult` zeroed, for a null pointer, an image without pixels, or without memory.
 KEST_API int KestMeasureRoi(CcImage* pImage, CcRoiBase* pRoi, KestRoiMeasurement* pResult);
 

@@ -67,8 +67,9 @@ void WriteVersion2(const CalibrationHeader& header, std::span<std::uint8_t, head
 Size64 AreaMapBytes(int width, int height) {
     if (width < 1 || height < 1) return 0;
     const Size64 pixels = Product(width, height);
-    return pixels <= LargestBlockBytes / static_cast<Size64>(sizeof(float)) ? pixels * static_cast<Size64>(sizeof(float))
-                                                                             : 0;
+    return pixels <= LargestBlockBytes / static_cast<Size64>(sizeof(float))
+               ? pixels * static_cast<Size64>(sizeof(float))
+               : 0;
 }
 
 }  // namespace kest

@@ -1,5 +1,6 @@
-// The header of a calibration file (".cal"): little-endian, version 1 in 392 bytes, version 2 in 456. The area map, width x
-// height floats, follows where both are above 0. Fields of text may lack their terminator; nothing past them is read.
+// The header of a calibration file (".cal"): little-endian, version 1 in 392 bytes, version 2 in 456. The area map,
+// width x height floats, follows where both are above 0. Fields of text may lack their terminator; nothing past them is
+// read.
 #pragma once
 
 #include <cstdint>

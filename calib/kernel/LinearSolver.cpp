@@ -37,7 +37,8 @@ bool FindPivot(const MatrixView& matrix, const int* used, Pivot& pivot) {
 }
 
 void SwapRows(const MatrixView& matrix, std::size_t a, std::size_t b) {
-    for (std::size_t column = 0; column < matrix.columns; ++column) std::swap(matrix.At(a, column), matrix.At(b, column));
+    for (std::size_t column = 0; column < matrix.columns; ++column)
+        std::swap(matrix.At(a, column), matrix.At(b, column));
 }
 
 void SwapColumns(const MatrixView& matrix, std::size_t a, std::size_t b) {

@@ -1,9 +1,9 @@
 // Finds the straight lines that a chain of pixels was drawn from.
 //
-// The steps of a digital straight line have at most two directions, which are neighbours: one along an axis, one diagonal.
-// Counting all steps as x and the diagonal ones as y brings every line into one octant, without coordinates. There the
-// pixels of a line are those with bound <= a x - b y < bound + b; a pixel that lies just beyond makes the line turn about
-// the pixels it leans on.
+// The steps of a digital straight line have at most two directions, which are neighbours: one along an axis, one
+// diagonal. Counting all steps as x and the diagonal ones as y brings every line into one octant, without coordinates.
+// There the pixels of a line are those with bound <= a x - b y < bound + b; a pixel that lies just beyond makes the
+// line turn about the pixels it leans on.
 #include "calib/kernel/OutlineLines.h"
 
 #include "core/kernel/CheckedSize.h"

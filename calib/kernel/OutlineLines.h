@@ -9,12 +9,12 @@
 namespace kest {
 
 /// The index of the last pixel of the longest digital straight line that begins at chain[first] and follows the chain:
-/// all its pixels lie within half a pixel, up or down or sideways, of one straight line. Two pixels that do not touch are
-/// a line of their own. `first` itself for the last pixel. Pixels that repeat their predecessor are passed over.
+/// all its pixels lie within half a pixel, up or down or sideways, of one straight line. Two pixels that do not touch
+/// are a line of their own. `first` itself for the last pixel. Pixels that repeat their predecessor are passed over.
 std::size_t EndOfStraightLine(std::span<const IntPoint> chain, std::size_t first);
 
-/// Calls visit(from, to) for each of the lines that make up the chain, and for the line back to the first pixel when it is
-/// closed.
+/// Calls visit(from, to) for each of the lines that make up the chain, and for the line back to the first pixel when it
+/// is closed.
 template <class Visit>
 void VisitStraightLines(std::span<const IntPoint> chain, bool isClosed, Visit visit) {
     for (std::size_t from = 0; from + 1 < chain.size();) {

@@ -31,8 +31,8 @@ RealPoint ImageToWorldExact(const Perspective& mapping, RealPoint image);
 /// World to image, not finite when one of the four coefficients is 0. The closed form is evaluated in double precision.
 tagPoints WorldToImage(const Perspective& mapping, tagPoints world);
 
-/// World area of a pixel: the lengths between its right and left and between its upper and lower neighbour (world points
-/// in single precision), multiplied and divided by 4 in double precision. Neighbours may lie outside the image.
+/// World area of a pixel: the lengths between its right and left and between its upper and lower neighbour (world
+/// points in single precision), multiplied and divided by 4 in double precision. Neighbours may lie outside the image.
 float PixelArea(const Perspective& mapping, int x, int y);
 
 /// The area of every pixel, row by row, in `map` of width x height floats; bit for bit that of PixelArea.

@@ -1,7 +1,8 @@
 // Many points through a perspective mapping, and the area of every pixel.
 //
-// The loops are plain ones that the compiler turns into vector instructions, once for every processor and once for those
-// with AVX2. Each value goes through the same operations, in the same precision, as in the functions for one point.
+// The loops are plain ones that the compiler turns into vector instructions, once for every processor and once for
+// those with AVX2. Each value goes through the same operations, in the same precision, as in the functions for one
+// point.
 #include <algorithm>
 #include <cmath>
 
@@ -62,7 +63,8 @@ struct WorldRow {
     float x[tilePoints], y[tilePoints];
 };
 
-KEST_INLINED void ConvertRow(const ColumnTerms& terms, const double* h, float imageY, std::size_t count, WorldRow& row) {
+KEST_INLINED void ConvertRow(const ColumnTerms& terms, const double* h, float imageY, std::size_t count,
+                             WorldRow& row) {
     const double termX = h[1] * imageY, termY = h[4] * imageY, termScale = h[7] * imageY;
     const double h2 = h[2], h5 = h[5], h8 = h[8];
     for (std::size_t i = 0; i < count; ++i) {
@@ -126,7 +128,8 @@ KEST_INLINED void FillAll(const Perspective& mapping, int width, int height, flo
     }
 }
 
-KEST_AVX2 void ConvertAllAvx2(const Perspective& mapping, std::span<const tagPoints> image, std::span<tagPoints> world) {
+KEST_AVX2 void ConvertAllAvx2(const Perspective& mapping, std::span<const tagPoints> image,
+                              std::span<tagPoints> world) {
     ConvertAll(mapping, image, world);
 }
 
@@ -144,8 +147,7 @@ void ImageToWorld(const Perspective& mapping, std::span<const tagPoints> image, 
         ConvertAll(mapping, image, world);
 }
 
-void FillAreaMap(const Perspective& mapping, int width, int height, std::span<float> map,
-                 InstructionSet instructions) {
+void FillAreaMap(const Perspective& mapping, int width, int height, std::span<float> map, InstructionSet instructions) {
     if (instructions == InstructionSet::Avx2)
         FillAllAvx2(mapping, width, height, map.data());
     else

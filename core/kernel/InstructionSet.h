@@ -6,9 +6,10 @@ namespace kest {
 /// What every processor has that the library runs on, and what some have besides.
 enum class InstructionSet { Baseline, Avx2 };
 
-/// The widest one of this processor.
+/// The widest one of this processor. (Compilers of this family do not align 32-byte variables on the stack of 64-bit
+/// Windows.)
 inline InstructionSet BestInstructionSet() {
-#if defined(__GNUC__)
+#if defined(__GNUC__) && !defined(_WIN64)
     static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
     return hasAvx2 ? InstructionSet::Avx2 : InstructionSet::Baseline;
 #else

@@ -175,14 +175,16 @@ TEST(CcCalibration, FitsASquareAndKeepsOrDropsItsMap) {
 TEST(CcCalibration, MeasuresOnATiltedCheckerboard) {
     CcGrayImage256 board, card;
     // Inch squares from (-4, -3) to (4, 3).
-    Camera::Render(board, [](double x, double y) { return (static_cast<int>(std::floor(x) + std::floor(y)) & 1) != 0; });
+    Camera::Render(board,
+                   [](double x, double y) { return (static_cast<int>(std::floor(x) + std::floor(y)) & 1) != 0; });
     Camera::Render(card, [](double x, double y) { return x > -2.5 && x < 2.5 && y > -2 && y < 1.5; });
     tagPoints world[] = {{-3, -2}, {3, -2}, {3, 2}, {-3, 2}}, image[4];
     for (int i = 0; i < 4; ++i) image[i] = Camera::FindCorner(board, world[i].x, world[i].y);
     CcCalibration calibration;
     ASSERT_EQ(calibration.DoCalibration(image, world, 4, Camera::width, Camera::height), 0);
 
-    for (const auto& [from, to] : {std::pair<tagPoints, tagPoints>{{0, 0}, {1, 0}}, {{-2, 1}, {2, -1}}, {{1, -2}, {1, 2}}}) {
+    for (const auto& [from, to] :
+         {std::pair<tagPoints, tagPoints>{{0, 0}, {1, 0}}, {{-2, 1}, {2, -1}}, {{1, -2}, {1, 2}}}) {
         const tagPoints ends[] = {Camera::FindCorner(board, from.x, from.y), Camera::FindCorner(board, to.x, to.y)};
         const double known = std::hypot(to.x - from.x, to.y - from.y);
         EXPECT_NEAR(KestLengthWorld(&calibration, ends, 2, 0) / known, 1.0, 0.001);
@@ -250,8 +252,7 @@ TEST(CcCalibration, FilesAreTheBytesWrittenByHand) {
     EXPECT_STREQ(calibration.GetName(), "Bench");
     EXPECT_EQ(calibration.GetUnitsOfMeasure(), std::string(80, 'u'));
     ASSERT_EQ(calibration.Save(saved.Path()), 0);
-    EXPECT_EQ(saved.Content(),
-              Header(6, 2, Bytes().Text("Bench", 260), Bytes().Fill(80, 'u'), -1, -1).Add(Points()));
+    EXPECT_EQ(saved.Content(), Header(6, 2, Bytes().Text("Bench", 260), Bytes().Fill(80, 'u'), -1, -1).Add(Points()));
 }
 
 TEST(CcCalibration, HostileFilesChangeNothing) {
@@ -260,13 +261,17 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     const Bytes noName = Bytes().Text("X", 260), noUnits = Bytes().Text("X", 80);
     Bytes shortest = ShortHeader(1, -1, -1);
     shortest.pop_back();
-    const std::vector<Bytes> hostile = {
-        Bytes(), shortest, Header(5, 2, noName, noUnits, -1, -1).Add(Points()),
-        Header(6, 0, noName, noUnits, -1, -1).Add(Points()), Header(6, 3, noName, noUnits, -1, -1).Add(Points()),
-        Header(6, 2, noName, noUnits, -1, -1).Fill(63, 0),
-        Header(6, 2, noName, noUnits, 2, 1).Add(Points()).Fill(7, 0), Header(6, 1, noName, noUnits, 2, 2).Add(Map(3)),
-        Header(6, 1, noName, noUnits, 0x7FFFFFFF, 0x7FFFFFFF).Add(Map(3)),
-        Header(6, 1, noName, noUnits, 0x40000000, 4).Add(Map(3)), Header(6, 1, noName, noUnits, 65536, 65536)};
+    const std::vector<Bytes> hostile = {Bytes(),
+                                        shortest,
+                                        Header(5, 2, noName, noUnits, -1, -1).Add(Points()),
+                                        Header(6, 0, noName, noUnits, -1, -1).Add(Points()),
+                                        Header(6, 3, noName, noUnits, -1, -1).Add(Points()),
+                                        Header(6, 2, noName, noUnits, -1, -1).Fill(63, 0),
+                                        Header(6, 2, noName, noUnits, 2, 1).Add(Points()).Fill(7, 0),
+                                        Header(6, 1, noName, noUnits, 2, 2).Add(Map(3)),
+                                        Header(6, 1, noName, noUnits, 0x7FFFFFFF, 0x7FFFFFFF).Add(Map(3)),
+                                        Header(6, 1, noName, noUnits, 0x40000000, 4).Add(Map(3)),
+                                        Header(6, 1, noName, noUnits, 65536, 65536)};
     for (std::size_t i = 0; i < hostile.size(); ++i) {
         EXPECT_EQ(Open(calibration, hostile[i]), -1) << i;
         EXPECT_STREQ(calibration.GetName(), "Bench") << i;
@@ -293,7 +298,8 @@ TEST(CcCalibration, IsLinkedToImagesOfItsSize) {
     image.MakeBlankBMP(480, 640, 0, "image");
     CcCalibration fits, fitsToo, tooSmall;
     ASSERT_EQ(CalibrateHundredth(fits, 640, 480) + CalibrateHundredth(fitsToo, 640, 480) +
-                  CalibrateHundredth(tooSmall, 640, 479), 0);
+                  CalibrateHundredth(tooSmall, 640, 479),
+              0);
     tagPoints point = {50, 200}, world = {};
     EXPECT_EQ(image.ConvertImagePointToWorldCoords(&point, &world), 0);
     EXPECT_EQ(world.y, 200.0F);

@@ -118,8 +118,8 @@ TEST(KestMeasure, ImagesOfAllClasses) {
     roi.SetRoiImageCord(&box);
     KestRoiMeasurement measured;
     for (CcImage* image : {static_cast<CcImage*>(&gray), static_cast<CcImage*>(&binary), static_cast<CcImage*>(&colour),
-                           static_cast<CcImage*>(&hsl), static_cast<CcImage*>(&words),
-                           static_cast<CcImage*>(&integers), static_cast<CcImage*>(&floats)}) {
+                           static_cast<CcImage*>(&hsl), static_cast<CcImage*>(&words), static_cast<CcImage*>(&integers),
+                           static_cast<CcImage*>(&floats)}) {
         EXPECT_EQ(KestMeasureRoi(image, &roi, &measured), -1);
         ASSERT_EQ(image->MakeBlankBMP(4, 4, 1, "image"), 0);
         const KestRoiMeasurement blank = Measure(*image, roi);
@@ -131,11 +131,17 @@ TEST(KestMeasure, ImagesOfAllClasses) {
             void* data = image->GetBitMapImageData();
             const int cell = cells[i], value = values[i];
             switch (image->GetImageType()) {
-            case KEST_IMAGE_INT16: static_cast<std::uint16_t*>(data)[cell] = static_cast<std::uint16_t>(1000 * value); break;
+            case KEST_IMAGE_INT16:
+                static_cast<std::uint16_t*>(data)[cell] = static_cast<std::uint16_t>(1000 * value);
+                break;
             case KEST_IMAGE_INT32: static_cast<std::int32_t*>(data)[cell] = -1000 * value; break;
-            case KEST_IMAGE_FLOAT: static_cast<float*>(data)[cell] = i == 0 ? INFINITY : static_cast<float>(value); break;
+            case KEST_IMAGE_FLOAT:
+                static_cast<float*>(data)[cell] = i == 0 ? INFINITY : static_cast<float>(value);
+                break;
             case KEST_IMAGE_RGB:
-            case KEST_IMAGE_HSL: static_cast<std::uint8_t*>(data)[3 * cell + 2] = static_cast<std::uint8_t>(value); break;
+            case KEST_IMAGE_HSL:
+                static_cast<std::uint8_t*>(data)[3 * cell + 2] = static_cast<std::uint8_t>(value);
+                break;
             default: static_cast<std::uint8_t*>(data)[cell] = static_cast<std::uint8_t>(value); break;
             }
         }

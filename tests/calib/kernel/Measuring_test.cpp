@@ -41,8 +41,8 @@ Lines LinesOf(std::span<const IntPoint> chain, bool isClosed) {
     return lines;
 }
 
-/// Whether the chain goes one way and one line y = s x + t passes within half a pixel of all its pixels, found by trying
-/// every slope between two of them.
+/// Whether the chain goes one way and one line y = s x + t passes within half a pixel of all its pixels, found by
+/// trying every slope between two of them.
 bool IsStraight(std::span<const IntPoint> chain) {
     const IntPoint first = chain.front(), last = chain.back();
     const bool isSteep = std::abs(last.y - first.y) > std::abs(last.x - first.x);
@@ -94,7 +94,8 @@ TEST(OutlineLines, MeasureTheShapeAndNotTheStairs) {
     const IntPoint one[] = {{4, 4}};
     EXPECT_EQ(LinesOf(one, true).length, 0);
     // Gaps and repeated pixels.
-    const IntPoint gaps[] = {{0, 0}, {0, 0}, {30, 40}, {30, 41}, {30, 41}, {30, 42}, {std::numeric_limits<int>::max(), 42}};
+    const IntPoint gaps[] = {
+        {0, 0}, {0, 0}, {30, 40}, {30, 41}, {30, 41}, {30, 42}, {std::numeric_limits<int>::max(), 42}};
     EXPECT_DOUBLE_EQ(LinesOf(gaps, false).length, 50.0 + 2.0 + std::numeric_limits<int>::max() - 30.0);
 
     std::mt19937 random(9);
@@ -137,7 +138,8 @@ TEST(PixelStatistics, AreThoseOfTheFormulaInTwoPasses) {
     for (auto& value : bytes) value = static_cast<std::uint8_t>(random());
     for (auto& value : words) value = static_cast<std::uint16_t>(random() | 0xF000);
     // Large values with a small spread lose everything in a sum of squares.
-    for (auto& value : integers) value = std::numeric_limits<std::int32_t>::max() - static_cast<std::int32_t>(random() % 5);
+    for (auto& value : integers)
+        value = std::numeric_limits<std::int32_t>::max() - static_cast<std::int32_t>(random() % 5);
     for (auto& value : floats) value = 1e6F + static_cast<float>(random() % 4) / 4;
     const auto expect = [](const kest::PixelStatistics& statistics, const std::vector<double>& values) {
         double mean = 0, squares = 0;

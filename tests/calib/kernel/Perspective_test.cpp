@@ -35,12 +35,15 @@ bool SameBits(const std::vector<Value>& a, const std::vector<Value>& b) {
 float Canonical(float value) { return std::isnan(value) ? std::numeric_limits<float>::quiet_NaN() : value; }
 
 std::vector<Perspective> Mappings() {
-    std::vector<Perspective> mappings = {
-        {}, tilted, {{{0.01F, 0, 0}, {0, 0.01F, 0}, {0, 0, 1}}}, {{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}}},
-        // The horizon crosses the image; infinite and tiny results.
-        {{{1, 0.5F, 3}, {0.25F, 1, -7}, {-0.01F, 0, 1}}},
-        {{{1e30F, 3e37F, 0}, {0, 1e38F, 0}, {0, 0, 1e-3F}}}, {{{1e-38F, 0, 0}, {0, 3e-39F, 0}, {0, 0, 1}}},
-        {{{NAN, 0, 0}, {0, 1, 0}, {0, 0, 1}}}};
+    std::vector<Perspective> mappings = {{},
+                                         tilted,
+                                         {{{0.01F, 0, 0}, {0, 0.01F, 0}, {0, 0, 1}}},
+                                         {{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}}},
+                                         // The horizon crosses the image; infinite and tiny results.
+                                         {{{1, 0.5F, 3}, {0.25F, 1, -7}, {-0.01F, 0, 1}}},
+                                         {{{1e30F, 3e37F, 0}, {0, 1e38F, 0}, {0, 0, 1e-3F}}},
+                                         {{{1e-38F, 0, 0}, {0, 3e-39F, 0}, {0, 0, 1}}},
+                                         {{{NAN, 0, 0}, {0, 1, 0}, {0, 0, 1}}}};
     std::mt19937 random(7);
     std::uniform_real_distribution<float> element(-1.0F, 1.0F);
     for (int i = 0; i < 20; ++i) {
@@ -95,7 +98,9 @@ TEST(Perspective, FitsFourPointsAndRefusesThreeOnALine) {
     for (int i = 0; i < 500; ++i) {
         const tagPoints start = {std::floor(column(random)), std::floor(row(random))};
         const tagPoints step = {std::floor(column(random) / 8), std::floor(row(random) / 8)};
-        const tagPoints line[] = {start, {start.x + step.x, start.y + step.y}, {column(random), row(random)},
+        const tagPoints line[] = {start,
+                                  {start.x + step.x, start.y + step.y},
+                                  {column(random), row(random)},
                                   {start.x + 3 * step.x, start.y + 3 * step.y}};
         Perspective untouched = tilted;
         ASSERT_FALSE(kest::FitPerspective(line, world, untouched));
