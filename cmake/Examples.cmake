@@ -1,8 +1,8 @@
 # Small complete programs over the public headers.
-add_library(kest_example STATIC examples/Example.cpp)
+add_library(kest_example STATIC examples/Example.cpp examples/SamplePlate.cpp)
 target_link_libraries(kest_example PUBLIC KestApi kest_options)
 target_include_directories(kest_example PUBLIC ${PROJECT_SOURCE_DIR}/examples)
-foreach(program MainJob DrawRegions PicturePage GraphPage)
+foreach(program MainJob DrawRegions GraphPage MakeSamplePlate PicturePage)
   add_executable(${program} examples/${program}.cpp)
   target_link_libraries(${program} PRIVATE kest_example)
 endforeach()

@@ -1,9 +1,28 @@
-# KestView, the program over the public headers alone.
-file(GLOB_RECURSE viewer_sources CONFIGURE_DEPENDS viewer/*.cpp)
+# KestView, the program over the public headers alone. Its documents (files, conversion, measuring) are a library, so that
+# tests reach them without the windows.
 enable_language(RC)
-add_executable(KestView WIN32 ${viewer_sources} viewer/KestView.rc)
-target_include_directories(KestView PRIVATE ${PROJECT_SOURCE_DIR}/viewer)
-target_compile_definitions(KestView PRIVATE _WIN32_WINNT=0x0A00)
-target_link_libraries(KestView PRIVATE KestApi kest_options comctl32 comdlg32 gdi32 ole32 shell32 user32 uuid windowscodecs)
-set_source_files_properties(viewer/KestView.rc PROPERTIES
-  OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/viewer/Resource.h;${PROJECT_SOURCE_DIR}/viewer/res/KestView.manifest;${PROJECT_SOURCE_DIR}/viewer/res/KestView.ico")
+file(GLOB document_sources CONFIGURE_DEPENDS viewer/document/*.cpp)
+add_library(kestview_documents STATIC ${document_sources}
+  viewer/platform/Busy.cpp viewer/platform/Drawing.cpp viewer/platform/Text.cpp)
+target_include_directories(kestview_documents PUBLIC ${PROJECT_SOURCE_DIR}/viewer)
+target_compile_definitions(kestview_documents PUBLIC _WIN32_WINNT=0x0A00)
+target_link_libraries(kestview_documents PUBLIC KestApi kest_options gdi32 ole32 user32 uuid windowscodecs)
+
+file(GLOB window_sources CONFIGURE_DEPENDS
+  viewer/*.cpp viewer/commands/*.cpp viewer/panes/*.cpp viewer/platform/*.cpp)
+list(REMOVE_ITEM window_sources
+  ${PROJECT_SOURCE_DIR}/viewer/platform/Busy.cpp ${PROJECT_SOURCE_DIR}/viewer/platform/Drawing.cpp
+  ${PROJECT_SOURCE_DIR}/viewer/platform/Text.cpp)
+add_executable(KestView WIN32 ${window_sources} viewer/KestView.rc)
+target_link_libraries(KestView PRIVATE kestview_documents comctl32 comdlg32 shell32)
+set_source_files_properties(viewer/KestView.rc PROPERTIES OBJECT_DEPENDS
+  "${PROJECT_SOURCE_DIR}/viewer/Resource.h;${PROJECT_SOURCE_DIR}/viewer/res/KestView.manifest;${PROJECT_SOURCE_DIR}/viewer/res/KestView.ico")
+
+# The sample tool, where the program looks for its tools.
+add_custom_command(TARGET KestView POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin/tools
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:HistogramTool> ${CMAKE_BINARY_DIR}/bin/tools/)
+add_dependencies(KestView HistogramTool)
+if(TARGET Kest_GRes)
+  add_dependencies(KestView Kest_GRes)
+endif()

@@ -33,7 +33,9 @@ bool SameColour(const RGBTRIPLE& triple, COLORREF colour) {
 
 }  // namespace
 
-Application& App() { return *theApplication; }
+Application& App() {
+    return *theApplication;
+}
 
 Application::Application() {
     theApplication = this;
@@ -54,7 +56,8 @@ Application::~Application() {
 int Application::Run(const std::vector<std::string>& files, int showCommand) {
     mainWindow = std::make_unique<MainWindow>();
     if (!mainWindow->Create(showCommand)) return 1;
-    for (const std::string& file : files) mainWindow->OpenFile(FullPathOf(file));
+    for (const std::string& file : files)
+        mainWindow->OpenFile(FullPathOf(file));
 
     const HACCEL accelerators = LoadAcceleratorsA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN));
     MSG message;
@@ -102,7 +105,8 @@ void Application::LoadSettings() {
                                  settingsPath.c_str());
         if (*path) recentFiles.push_back(path);
     }
-    selectedColour = GetPrivateProfileIntA(section, "SelectedColour", static_cast<int>(selectedColour), settingsPath.c_str());
+    selectedColour =
+        GetPrivateProfileIntA(section, "SelectedColour", static_cast<int>(selectedColour), settingsPath.c_str());
     unselectedColour =
         GetPrivateProfileIntA(section, "UnselectedColour", static_cast<int>(unselectedColour), settingsPath.c_str());
 }
@@ -112,7 +116,8 @@ void Application::SaveSettings() const {
     const auto write = [this](const std::string& key, const std::string& value) {
         WritePrivateProfileStringA(section, key.c_str(), value.c_str(), settingsPath.c_str());
     };
-    for (std::size_t i = 0; i < recentFiles.size(); ++i) write(Format("Recent%u", static_cast<unsigned>(i)), recentFiles[i]);
+    for (std::size_t i = 0; i < recentFiles.size(); ++i)
+        write(Format("Recent%u", static_cast<unsigned>(i)), recentFiles[i]);
     write("SelectedColour", Format("%lu", selectedColour));
     write("UnselectedColour", Format("%lu", unselectedColour));
 }

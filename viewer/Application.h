@@ -28,8 +28,8 @@ public:
     COLORREF RoiColour(bool isSelected) const { return isSelected ? selectedColour : unselectedColour; }
     void SetRoiColour(bool isSelected, COLORREF colour);
 
-    /// Gives the library the colours and, for this zoom, the pens. The library forgets the colours with the last ROI, so
-    /// this is done before each drawing.
+    /// Gives the library the colours and, for this zoom, the pens. The library forgets the colours with the last ROI,
+    /// so this is done before each drawing.
     void ApplyRoiLook(CcRoiBase& anyRoi, int zoom);
 
     /// "C:\Programs\KestView\": where the program lies.

@@ -40,7 +40,8 @@ bool GraphWindow::Create(HWND parent, const RECT& place) {
 }
 
 void GraphWindow::ClearCurves() {
-    while (list.GetNumberOfObjects() > 0) list.DeleteTail();
+    while (list.GetNumberOfObjects() > 0)
+        list.DeleteTail();
     list.SelectObjectAtIndex(-1);
     curves.clear();
     draggedPoint = -1;

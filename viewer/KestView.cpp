@@ -16,7 +16,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand) {
     std::vector<std::string> files;
     int count = 0;
     if (wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count)) {
-        for (int i = 1; i < count; ++i) files.push_back(kestview::Utf8(arguments[i]));
+        for (int i = 1; i < count; ++i)
+            files.push_back(kestview::Utf8(arguments[i]));
         LocalFree(arguments);
     }
     int result;

@@ -32,8 +32,13 @@ HWND CreateTabs(HWND parent, int id, DWORD style) {
 }  // namespace
 
 MainWindow::MainWindow()
-    : roiListPane(*this), resultsPane(*this), thresholdPane(*this), displayTablePane(*this), histogramPane(*this),
-      profilePane(*this), calibrationPane(*this) {}
+    : roiListPane(*this),
+      resultsPane(*this),
+      thresholdPane(*this),
+      displayTablePane(*this),
+      histogramPane(*this),
+      profilePane(*this),
+      calibrationPane(*this) {}
 
 MainWindow::~MainWindow() {
     Busy::show = nullptr;
@@ -51,7 +56,8 @@ bool MainWindow::Create(int showCommand) {
     const HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
-    const int width = std::min(MulDiv(1240, dpi, 96), WidthOf(desk)), height = std::min(MulDiv(940, dpi, 96), HeightOf(desk));
+    const int width = std::min(MulDiv(1240, dpi, 96), WidthOf(desk)),
+              height = std::min(MulDiv(940, dpi, 96), HeightOf(desk));
     const int left = static_cast<int>(desk.left) + (WidthOf(desk) - width) / 2,
               top = static_cast<int>(desk.top) + (HeightOf(desk) - height) / 2;
     if (!Window::Create(look, nullptr, {left, top, left + width, top + height})) return false;
@@ -101,10 +107,12 @@ void MainWindow::OnCreate() {
 
 void MainWindow::OnDpiChanged(const RECT& place) {
     font.Make(DpiOf(window));
-    for (const HWND tabControl : {tabs, sideTabs}) SendMessageA(tabControl, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(font)), TRUE);
+    for (const HWND tabControl : {tabs, sideTabs})
+        SendMessageA(tabControl, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(font)), TRUE);
     toolbar.MakePictures();
     if (!IsRectEmpty(&place))
-        SetWindowPos(window, nullptr, place.left, place.top, WidthOf(place), HeightOf(place), SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(window, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+                     SWP_NOZORDER | SWP_NOACTIVATE);
     Arrange();
 }
 
@@ -118,7 +126,8 @@ void MainWindow::Arrange() {
     room.top += toolbar.Height();
     room.bottom -= HeightOf(status);
     const auto place = [](HWND child, const RECT& at) {
-        SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)), SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
+                     SWP_NOZORDER | SWP_NOACTIVATE);
     };
     RECT side = room;
     side.left = std::max<LONG>(room.left, room.right - Scaled(sideWidth));
@@ -141,7 +150,8 @@ void MainWindow::Arrange() {
         SetWindowPos(pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner), SWP_NOACTIVATE);
         ShowWindow(pane, isSideShown && page == sidePage ? SW_SHOWNA : SW_HIDE);
     }
-    for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs}) ShowWindow(child, isSideShown ? SW_SHOWNA : SW_HIDE);
+    for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs})
+        ShowWindow(child, isSideShown ? SW_SHOWNA : SW_HIDE);
 
     RECT tabRow = {0, 0, WidthOf(room), HeightOf(room)};
     SendMessageA(tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&tabRow));
@@ -169,7 +179,8 @@ void MainWindow::Activate(Document* document) {
     view.SetDocument(document);
     roiListPane.SetDocument(document);
     resultsPane.SetDocument(document);
-    for (int page = 0; page < sidePageCount; ++page) PageOf(static_cast<SidePage>(page)).SetDocument(document);
+    for (int page = 0; page < sidePageCount; ++page)
+        PageOf(static_cast<SidePage>(page)).SetDocument(document);
     tools.SetCurrentImage(document ? &document->Image() : nullptr);
     UpdateTabs();
     UpdateTitle();
@@ -184,12 +195,14 @@ bool MainWindow::CloseDocument(Document& document) {
         const int answer = AskYesNoCancel(window, "Save the changes to " + document.Name() + " in a session?");
         if (answer == IDCANCEL || (answer == IDYES && !SaveSessionOf(*this, document, false))) return false;
     }
-    const auto at = std::find_if(documents.begin(), documents.end(), [&](const auto& held) { return held.get() == &document; });
+    const auto at =
+        std::find_if(documents.begin(), documents.end(), [&](const auto& held) { return held.get() == &document; });
     const auto index = static_cast<std::size_t>(at - documents.begin());
     // First the others let go of it, then it is deleted.
     std::unique_ptr<Document> closed = std::move(*at);
     documents.erase(at);
-    if (active == closed.get()) Activate(documents.empty() ? nullptr : documents[std::min(index, documents.size() - 1)].get());
+    if (active == closed.get())
+        Activate(documents.empty() ? nullptr : documents[std::min(index, documents.size() - 1)].get());
     UpdateTabs();
     Arrange();
     return true;
@@ -228,7 +241,8 @@ void MainWindow::OnDocumentChanged(Document& document, unsigned change) {
     view.Refresh(change);
     roiListPane.Refresh(change);
     resultsPane.Refresh(change);
-    for (int page = 0; page < sidePageCount; ++page) PageOf(static_cast<SidePage>(page)).Refresh(change);
+    for (int page = 0; page < sidePageCount; ++page)
+        PageOf(static_cast<SidePage>(page)).Refresh(change);
     if (change & PictureChanged) tools.PixelsChanged();
     if (change & (ViewChanged | PictureChanged)) statusBar.ShowPicture(active, view.Magnification());
     UpdateCommands();
@@ -245,20 +259,23 @@ void MainWindow::UpdateTabs() {
         item.mask = TCIF_TEXT;
         item.pszText = text.data();
         const bool isPresent = i < SendMessageA(tabs, TCM_GETITEMCOUNT, 0, 0);
-        SendMessageA(tabs, isPresent ? TCM_SETITEMA : TCM_INSERTITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+        SendMessageA(tabs, isPresent ? TCM_SETITEMA : TCM_INSERTITEMA, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(&item));
         if (&document == active) SendMessageA(tabs, TCM_SETCURSEL, static_cast<WPARAM>(i), 0);
     }
 }
 
 void MainWindow::UpdateTitle() {
-    const std::string title = active ? active->Name() + (active->IsModified() ? " * - KestView" : " - KestView") : "KestView";
+    const std::string title =
+        active ? active->Name() + (active->IsModified() ? " * - KestView" : " - KestView") : "KestView";
     if (TextOf(window) != title) SetWindowTextA(window, title.c_str());
 }
 
 // Panes
 
 DocumentPane& MainWindow::PageOf(SidePage page) {
-    DocumentPane* const pages[sidePageCount] = {&thresholdPane, &displayTablePane, &histogramPane, &profilePane, &calibrationPane};
+    DocumentPane* const pages[sidePageCount] = {&thresholdPane, &displayTablePane, &histogramPane, &profilePane,
+                                                &calibrationPane};
     return *pages[page];
 }
 
@@ -268,7 +285,8 @@ void MainWindow::ShowSidePage(SidePage page) {
     PageOf(sidePage).OnShown(false);
     sidePage = page;
     SendMessageA(sideTabs, TCM_SETCURSEL, page, 0);
-    for (int i = 0; i < sidePageCount; ++i) ShowWindow(PageOf(static_cast<SidePage>(i)), i == page ? SW_SHOWNA : SW_HIDE);
+    for (int i = 0; i < sidePageCount; ++i)
+        ShowWindow(PageOf(static_cast<SidePage>(i)), i == page ? SW_SHOWNA : SW_HIDE);
     PageOf(page).OnShown(true);
     UpdateCommands();
 }
@@ -276,10 +294,14 @@ void MainWindow::ShowSidePage(SidePage page) {
 GraphWindow* MainWindow::ShownGraph() {
     if (!isSideShown) return nullptr;
     switch (sidePage) {
-        case DisplayTablePage: return &displayTablePane.Graph();
-        case HistogramPage: return &histogramPane.Graph();
-        case ProfilePage: return &profilePane.Graph();
-        default: return nullptr;
+        case DisplayTablePage:
+            return &displayTablePane.Graph();
+        case HistogramPage:
+            return &histogramPane.Graph();
+        case ProfilePage:
+            return &profilePane.Graph();
+        default:
+            return nullptr;
     }
 }
 
@@ -322,8 +344,10 @@ void MainWindow::OnInitMenu(HMENU menu) {
         const int id = static_cast<int>(GetMenuItemID(menu, i));
         const Command* command = CommandOf(id);
         if (!command) continue;
-        EnableMenuItem(menu, static_cast<UINT>(i), MF_BYPOSITION | (command->isEnabled(*this, id) ? MF_ENABLED : MF_GRAYED));
-        CheckMenuItem(menu, static_cast<UINT>(i), MF_BYPOSITION | (command->isChecked(*this, id) ? MF_CHECKED : MF_UNCHECKED));
+        EnableMenuItem(menu, static_cast<UINT>(i),
+                       MF_BYPOSITION | (command->isEnabled(*this, id) ? MF_ENABLED : MF_GRAYED));
+        CheckMenuItem(menu, static_cast<UINT>(i),
+                      MF_BYPOSITION | (command->isChecked(*this, id) ? MF_CHECKED : MF_UNCHECKED));
     }
 }
 
@@ -336,7 +360,8 @@ void MainWindow::OnDrop(HDROP drop) {
         paths.push_back(Utf8(path.c_str()));
     }
     DragFinish(drop);
-    for (const std::string& path : paths) OpenFile(path);
+    for (const std::string& path : paths)
+        OpenFile(path);
 }
 
 LRESULT MainWindow::OnNotify(NMHDR& header) {
@@ -378,7 +403,8 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnInitMenu(reinterpret_cast<HMENU>(wParam));
             return 0;
         case WM_MENUSELECT:
-            statusBar.ShowMessage(HIWORD(wParam) == 0xFFFF || (HIWORD(wParam) & MF_POPUP) ? "" : TipOf(LOWORD(wParam), tools));
+            statusBar.ShowMessage(
+                HIWORD(wParam) == 0xFFFF || (HIWORD(wParam) & MF_POPUP) ? "" : TipOf(LOWORD(wParam), tools));
             return 0;
         case WM_DROPFILES:
             OnDrop(reinterpret_cast<HDROP>(wParam));

@@ -87,7 +87,8 @@ void PictureView::PaintEmpty(HDC dc) {
     const Selected selectedFont(dc, font);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(255, 255, 255));
-    DrawTextA(dc, "Open a picture with File > Open, or drop one here.", -1, &all, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    DrawTextA(dc, "Open a picture with File > Open, or drop one here.", -1, &all,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
 void PictureView::OnHover(POINT point) {

@@ -47,8 +47,9 @@ Shown PictureView::GetShown() const {
 
 double PictureView::Magnification() const {
     if (!document) return 1;
-    return document->view.zoom > 0 ? document->view.zoom
-                                   : static_cast<double>(canvas.ClientSize().cx) / std::max<long>(document->Size().cx, 1);
+    return document->view.zoom > 0
+               ? document->view.zoom
+               : static_cast<double>(canvas.ClientSize().cx) / std::max<long>(document->Size().cx, 1);
 }
 
 SIZE PictureView::VisiblePixels() const {
@@ -187,14 +188,30 @@ void PictureView::OnScroll(int bar, WPARAM wParam) {
     const int line = std::max(1, 16 / std::max(document->view.zoom, 1)), page = static_cast<int>(info.nPage);
     int position = info.nPos;
     switch (LOWORD(wParam)) {
-        case SB_LINEUP: position -= line; break;
-        case SB_LINEDOWN: position += line; break;
-        case SB_PAGEUP: position -= page; break;
-        case SB_PAGEDOWN: position += page; break;
-        case SB_THUMBTRACK: case SB_THUMBPOSITION: position = info.nTrackPos; break;
-        case SB_TOP: position = 0; break;
-        case SB_BOTTOM: position = info.nMax; break;
-        default: return;
+        case SB_LINEUP:
+            position -= line;
+            break;
+        case SB_LINEDOWN:
+            position += line;
+            break;
+        case SB_PAGEUP:
+            position -= page;
+            break;
+        case SB_PAGEDOWN:
+            position += page;
+            break;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            position = info.nTrackPos;
+            break;
+        case SB_TOP:
+            position = 0;
+            break;
+        case SB_BOTTOM:
+            position = info.nMax;
+            break;
+        default:
+            return;
     }
     if (bar == SB_HORZ)
         ScrollTo(position, document->view.yOffset);
@@ -208,13 +225,29 @@ bool PictureView::OnKey(WPARAM key) {
     const int step = std::max(1, 32 / std::max(document->view.zoom, 1));
     const ViewState& view = document->view;
     switch (key) {
-        case VK_LEFT: ScrollTo(view.xOffset - step, view.yOffset); return true;
-        case VK_RIGHT: ScrollTo(view.xOffset + step, view.yOffset); return true;
-        case VK_UP: ScrollTo(view.xOffset, view.yOffset - step); return true;
-        case VK_DOWN: ScrollTo(view.xOffset, view.yOffset + step); return true;
-        case VK_ADD: case VK_OEM_PLUS: ZoomIn(); return true;
-        case VK_SUBTRACT: case VK_OEM_MINUS: ZoomOut(); return true;
-        case VK_RETURN: roiMouse.Finish(); return true;
+        case VK_LEFT:
+            ScrollTo(view.xOffset - step, view.yOffset);
+            return true;
+        case VK_RIGHT:
+            ScrollTo(view.xOffset + step, view.yOffset);
+            return true;
+        case VK_UP:
+            ScrollTo(view.xOffset, view.yOffset - step);
+            return true;
+        case VK_DOWN:
+            ScrollTo(view.xOffset, view.yOffset + step);
+            return true;
+        case VK_ADD:
+        case VK_OEM_PLUS:
+            ZoomIn();
+            return true;
+        case VK_SUBTRACT:
+        case VK_OEM_MINUS:
+            ZoomOut();
+            return true;
+        case VK_RETURN:
+            roiMouse.Finish();
+            return true;
         case VK_ESCAPE:
             if (roiMouse.IsDragging()) {
                 roiMouse.Cancel();
@@ -225,8 +258,11 @@ bool PictureView::OnKey(WPARAM key) {
                 document->SelectOnly(nullptr);
             }
             return true;
-        case VK_DELETE: SendMessageA(GetParent(window), WM_COMMAND, ID_EDIT_DELETE, 0); return true;
-        default: break;
+        case VK_DELETE:
+            SendMessageA(GetParent(window), WM_COMMAND, ID_EDIT_DELETE, 0);
+            return true;
+        default:
+            break;
     }
     if (isControl || key < '0' || key > '9') return false;
     SetZoom(static_cast<int>(key - '0'));
@@ -251,7 +287,8 @@ LRESULT PictureView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT)
                 ScrollTo(document ? document->view.xOffset : 0, document ? document->view.yOffset - steps * 24 : 0);
             else
-                for (int i = 0; i < std::abs(steps); ++i) steps > 0 ? ZoomIn(&point) : ZoomOut(&point);
+                for (int i = 0; i < std::abs(steps); ++i)
+                    steps > 0 ? ZoomIn(&point) : ZoomOut(&point);
             return 0;
         }
         case WM_KEYDOWN:

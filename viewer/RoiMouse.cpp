@@ -35,7 +35,8 @@ void RoiMouse::Press(const Shown& shown, POINT mouse, bool isAdding) {
     if (!document) return;
     if (IsDrawingVertices()) {
         lastMouse = mouse;
-        if (drawn->DoMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse, 1) < 0)
+        if (drawn->DoMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse, 1) <
+            0)
             Cancel();
         return;
     }
@@ -112,7 +113,9 @@ void RoiMouse::Finish() {
     if (IsDrawingVertices()) End(true);
 }
 
-void RoiMouse::Cancel() { End(false); }
+void RoiMouse::Cancel() {
+    End(false);
+}
 
 void RoiMouse::End(bool isKept) {
     if (!isDragging) return;
@@ -143,11 +146,20 @@ LPCSTR RoiMouse::CursorAt(const Shown& shown, POINT mouse) {
     if (!hit.roi) return system(IDC_ARROW);
     if (hit.roi->GetROIType() == KEST_ROI_LINE && hit.code > 0) return system(IDC_CROSS);
     switch (hit.code) {
-        case 1: case 2: return system(IDC_SIZENS);
-        case 3: case 4: return system(IDC_SIZEWE);
-        case 5: case 8: return system(IDC_SIZENWSE);
-        case 6: case 7: return system(IDC_SIZENESW);
-        default: return system(IDC_SIZEALL);
+        case 1:
+        case 2:
+            return system(IDC_SIZENS);
+        case 3:
+        case 4:
+            return system(IDC_SIZEWE);
+        case 5:
+        case 8:
+            return system(IDC_SIZENWSE);
+        case 6:
+        case 7:
+            return system(IDC_SIZENESW);
+        default:
+            return system(IDC_SIZEALL);
     }
 }
 

@@ -19,7 +19,8 @@ enum Part { MessagePart, PixelPart, ValuePart, WorldPart, ZoomPart, PicturePart,
 bool StatusBar::Create(HWND parent) {
     window = CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0, parent,
                              reinterpret_cast<HMENU>(IDC_STATUS), ProgramInstance(), nullptr);
-    progress = CreateWindowExA(0, PROGRESS_CLASSA, "", WS_CHILD, 0, 0, 0, 0, window, nullptr, ProgramInstance(), nullptr);
+    progress =
+        CreateWindowExA(0, PROGRESS_CLASSA, "", WS_CHILD, 0, 0, 0, 0, window, nullptr, ProgramInstance(), nullptr);
     return window && progress;
 }
 
@@ -43,10 +44,13 @@ void StatusBar::SetPart(int part, const std::string& text) {
     char old[256] = {};
     if (LOWORD(SendMessageA(window, SB_GETTEXTLENGTHA, static_cast<WPARAM>(part), 0)) < sizeof old)
         SendMessageA(window, SB_GETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(old));
-    if (text != old) SendMessageA(window, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
+    if (text != old)
+        SendMessageA(window, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void StatusBar::ShowMessage(const std::string& text) { SetPart(MessagePart, text); }
+void StatusBar::ShowMessage(const std::string& text) {
+    SetPart(MessagePart, text);
+}
 
 void StatusBar::ShowProgress(const std::string& text, double part) {
     if (part < 0) {
@@ -67,7 +71,8 @@ void StatusBar::ShowProgress(const std::string& text, double part) {
 
 void StatusBar::ShowPixel(Document* document, const POINT* pixel) {
     if (!document || !pixel) {
-        for (const int part : {PixelPart, ValuePart, WorldPart}) SetPart(part, "");
+        for (const int part : {PixelPart, ValuePart, WorldPart})
+            SetPart(part, "");
         return;
     }
     SetPart(PixelPart, Format("x %ld, y %ld", pixel->x, pixel->y));

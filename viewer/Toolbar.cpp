@@ -82,7 +82,8 @@ void Toolbar::MakePictures() {
         }
     SendMessageA(window, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures));
     SendMessageA(window, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabledPictures));
-    SendMessageA(window, TB_SETBUTTONSIZE, 0, MAKELPARAM(size + MulDiv(7, DpiOf(window), 96), size + MulDiv(8, DpiOf(window), 96)));
+    SendMessageA(window, TB_SETBUTTONSIZE, 0,
+                 MAKELPARAM(size + MulDiv(7, DpiOf(window), 96), size + MulDiv(8, DpiOf(window), 96)));
 }
 
 void Toolbar::AddTool(int command, HBITMAP picture) {

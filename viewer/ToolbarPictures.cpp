@@ -56,7 +56,8 @@ public:
 private:
     int At(double units) const { return static_cast<int>(units * side / grid); }
     void Scale(std::vector<POINT>& points) const {
-        for (POINT& point : points) point = {At(point.x), At(point.y)};
+        for (POINT& point : points)
+            point = {At(point.x), At(point.y)};
     }
     template <class Object>
     void Replace(Object& held, Object fresh) {
@@ -104,8 +105,12 @@ void Draw(Pencil& pencil, ToolbarPicture picture) {
             pencil.Box(8, 4, 17, 10);
             pencil.Box(7, 13, 18, 21);
             break;
-        case ToolbarPicture::Undo: DrawArrowBack(pencil, false); break;
-        case ToolbarPicture::Redo: DrawArrowBack(pencil, true); break;
+        case ToolbarPicture::Undo:
+            DrawArrowBack(pencil, false);
+            break;
+        case ToolbarPicture::Redo:
+            DrawArrowBack(pencil, true);
+            break;
         case ToolbarPicture::Select:
             pencil.Use(ink, 1, paper);
             pencil.Shape({{6, 3}, {6, 18}, {10, 15}, {13, 21}, {16, 20}, {13, 13}, {18, 13}});
@@ -142,15 +147,21 @@ void Draw(Pencil& pencil, ToolbarPicture picture) {
         case ToolbarPicture::Polygon:
             pencil.Use(red, 2);
             pencil.Lines({{4, 9}, {13, 4}, {20, 11}, {16, 20}, {6, 19}, {4, 9}});
-            for (const POINT corner : {POINT{4, 9}, {13, 4}, {20, 11}, {16, 20}, {6, 19}}) pencil.Dot(corner.x, corner.y);
+            for (const POINT corner : {POINT{4, 9}, {13, 4}, {20, 11}, {16, 20}, {6, 19}})
+                pencil.Dot(corner.x, corner.y);
             break;
         case ToolbarPicture::Polyline:
             pencil.Use(red, 2);
             pencil.Lines({{3, 18}, {9, 6}, {15, 16}, {21, 5}});
-            for (const POINT corner : {POINT{3, 18}, {9, 6}, {15, 16}, {21, 5}}) pencil.Dot(corner.x, corner.y);
+            for (const POINT corner : {POINT{3, 18}, {9, 6}, {15, 16}, {21, 5}})
+                pencil.Dot(corner.x, corner.y);
             break;
-        case ToolbarPicture::ZoomIn: DrawGlass(pencil, true, false); break;
-        case ToolbarPicture::ZoomOut: DrawGlass(pencil, false, true); break;
+        case ToolbarPicture::ZoomIn:
+            DrawGlass(pencil, true, false);
+            break;
+        case ToolbarPicture::ZoomOut:
+            DrawGlass(pencil, false, true);
+            break;
         case ToolbarPicture::ZoomFit:
             pencil.Use(ink, 1, paper);
             pencil.Box(3, 5, 22, 20);
@@ -190,7 +201,8 @@ void Draw(Pencil& pencil, ToolbarPicture picture) {
             pencil.Lines({{9, 9}, {11, 11}});
             pencil.Lines({{12, 6}, {15, 9}});
             break;
-        default: break;
+        default:
+            break;
     }
 }
 
@@ -275,7 +287,8 @@ HBITMAP MakeToolbarPicture(HBITMAP other, int size) {
         StretchBlt(to, 0, 0, size, size, from, 0, 0, record.bmWidth, record.bmHeight, SRCCOPY);
     }
     GdiFlush();
-    for (int i = 0; i < size * size; ++i) result.bits[i] |= 0xFF000000u;
+    for (int i = 0; i < size * size; ++i)
+        result.bits[i] |= 0xFF000000u;
     DeleteDC(from);
     DeleteDC(to);
     return result.bitmap;

@@ -7,8 +7,27 @@ namespace kestview {
 
 /// The pictures in this order.
 enum class ToolbarPicture {
-    Open, Save, Undo, Redo, Select, Point, Line, Rectangle, Ellipse, Freehand, FreehandLine, Polygon, Polyline,
-    ZoomIn, ZoomOut, ZoomFit, Threshold, DisplayTable, Histogram, Calibrate, Count,
+    Open,
+    Save,
+    Undo,
+    Redo,
+    Select,
+    Point,
+    Line,
+    Rectangle,
+    Ellipse,
+    Freehand,
+    FreehandLine,
+    Polygon,
+    Polyline,
+    ZoomIn,
+    ZoomOut,
+    ZoomFit,
+    Threshold,
+    DisplayTable,
+    Histogram,
+    Calibrate,
+    Count,
 };
 
 /// A 32-bit bitmap with transparency of size x size pixels, which the caller deletes.

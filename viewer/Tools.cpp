@@ -11,14 +11,17 @@ namespace kestview {
 
 Tools::Tools() : list(new CDLLLST) {}
 
-Tools::~Tools() { CloseAll(); }
+Tools::~Tools() {
+    CloseAll();
+}
 
 void Tools::Load(const std::string& folder) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA((folder + "*.dll").c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return;
-    do names.push_back(found.cFileName);
+    do
+        names.push_back(found.cFileName);
     while (FindNextFileA(search, &found));
     FindClose(search);
     std::sort(names.begin(), names.end());
@@ -57,14 +60,18 @@ void Tools::SetCurrentImage(CcImage* image) {
     SendToAll(KEST_TOOL_IMAGE_CHANGED);
 }
 
-void Tools::PixelsChanged() { SendToAll(KEST_TOOL_PIXELS_CHANGED); }
+void Tools::PixelsChanged() {
+    SendToAll(KEST_TOOL_PIXELS_CHANGED);
+}
 
 void Tools::CloseAll() {
-    for (int i = 0; i < Count(); ++i) list->GetAt(i)->CloseAllOpenTools();
+    for (int i = 0; i < Count(); ++i)
+        list->GetAt(i)->CloseAllOpenTools();
 }
 
 void Tools::SendToAll(unsigned message) {
-    for (int i = 0; i < Count(); ++i) list->GetAt(i)->SendMessageToTools(message, 0, 0);
+    for (int i = 0; i < Count(); ++i)
+        list->GetAt(i)->SendMessageToTools(message, 0, 0);
 }
 
 }  // namespace kestview

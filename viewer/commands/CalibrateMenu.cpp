@@ -9,14 +9,24 @@ void CalibratePoints(MainWindow& main, int) {
     main.ShowSidePage(CalibrationPage);
 }
 
-bool IsCalibratePoints(MainWindow& main, int) { return main.IsSideShown() && main.ShownSidePage() == CalibrationPage; }
+bool IsCalibratePoints(MainWindow& main, int) {
+    return main.IsSideShown() && main.ShownSidePage() == CalibrationPage;
+}
 
-void CalibrateOpen(MainWindow& main, int) { main.Calibration().OpenFile(); }
+void CalibrateOpen(MainWindow& main, int) {
+    main.Calibration().OpenFile();
+}
 
-void CalibrateSave(MainWindow& main, int) { main.Calibration().SaveFile(); }
+void CalibrateSave(MainWindow& main, int) {
+    main.Calibration().SaveFile();
+}
 
-void CalibrateRemove(MainWindow& main, int) { main.Active()->RemoveCalibration(); }
+void CalibrateRemove(MainWindow& main, int) {
+    main.Active()->RemoveCalibration();
+}
 
-bool IsCalibrated(MainWindow& main, int) { return main.Active() && main.Active()->Calibration(); }
+bool IsCalibrated(MainWindow& main, int) {
+    return main.Active() && main.Active()->Calibration();
+}
 
 }  // namespace kestview

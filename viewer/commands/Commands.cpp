@@ -8,14 +8,30 @@ namespace kestview {
 namespace {
 
 // When an entry is possible
-bool Always(MainWindow&, int) { return true; }
-bool Never(MainWindow&, int) { return false; }
-bool HasPicture(MainWindow& main, int) { return main.Active() != nullptr; }
-bool HasPictures(MainWindow& main, int) { return main.Documents().size() > 1; }
-bool HasRois(MainWindow& main, int) { return main.Active() && main.Active()->RoiCount() > 0; }
-bool HasSelection(MainWindow& main, int) { return main.Active() && main.Active()->SelectedRoi(); }
-bool CanUndo(MainWindow& main, int) { return main.Active() && main.Active()->CanUndo(); }
-bool CanRedo(MainWindow& main, int) { return main.Active() && main.Active()->CanRedo(); }
+bool Always(MainWindow&, int) {
+    return true;
+}
+bool Never(MainWindow&, int) {
+    return false;
+}
+bool HasPicture(MainWindow& main, int) {
+    return main.Active() != nullptr;
+}
+bool HasPictures(MainWindow& main, int) {
+    return main.Documents().size() > 1;
+}
+bool HasRois(MainWindow& main, int) {
+    return main.Active() && main.Active()->RoiCount() > 0;
+}
+bool HasSelection(MainWindow& main, int) {
+    return main.Active() && main.Active()->SelectedRoi();
+}
+bool CanUndo(MainWindow& main, int) {
+    return main.Active() && main.Active()->CanUndo();
+}
+bool CanRedo(MainWindow& main, int) {
+    return main.Active() && main.Active()->CanRedo();
+}
 // When it bears a mark
 constexpr auto Unmarked = Never;
 
@@ -81,7 +97,9 @@ const Command commands[] = {
 
 }  // namespace
 
-std::span<const Command> AllCommands() { return commands; }
+std::span<const Command> AllCommands() {
+    return commands;
+}
 
 const Command* CommandOf(int id) {
     for (const Command& command : commands)

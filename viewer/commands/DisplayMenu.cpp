@@ -20,15 +20,25 @@ bool IsDisplayTable(MainWindow& main, int id) {
     return CanChooseTable(main, id) && main.Active()->DisplayTable() == 100 + id - ID_DISPLAY_TABLE_100;
 }
 
-void DisplayEdit(MainWindow& main, int) { main.ShowSidePage(DisplayTablePage); }
+void DisplayEdit(MainWindow& main, int) {
+    main.ShowSidePage(DisplayTablePage);
+}
 
-bool IsDisplayEdit(MainWindow& main, int) { return main.IsSideShown() && main.ShownSidePage() == DisplayTablePage; }
+bool IsDisplayEdit(MainWindow& main, int) {
+    return main.IsSideShown() && main.ShownSidePage() == DisplayTablePage;
+}
 
-void DisplayThreshold(MainWindow& main, int) { main.ShowSidePage(ThresholdPage); }
+void DisplayThreshold(MainWindow& main, int) {
+    main.ShowSidePage(ThresholdPage);
+}
 
-bool IsDisplayThreshold(MainWindow& main, int) { return main.IsSideShown() && main.ShownSidePage() == ThresholdPage; }
+bool IsDisplayThreshold(MainWindow& main, int) {
+    return main.IsSideShown() && main.ShownSidePage() == ThresholdPage;
+}
 
-void DisplayMask(MainWindow& main, int) { main.Threshold().MakeMask(); }
+void DisplayMask(MainWindow& main, int) {
+    main.Threshold().MakeMask();
+}
 
 bool HasBands(MainWindow& main, int) {
     return main.Active() && !main.Active()->Bands().empty() && ThresholdPreview::IsPossible(main.Active()->Image());
@@ -42,21 +52,34 @@ void GraphSettings(MainWindow& main, int id) {
     // The dialogs are modal to the window with the focus.
     SetFocus(main.View());
     switch (id) {
-        case ID_GRAPH_TITLES: graph.ShowDLBTitle(); break;
-        case ID_GRAPH_RANGES: graph.ShowDLBSetMM(); break;
-        case ID_GRAPH_GRID: graph.ShowDLBSetGridMarkings(); break;
-        case ID_GRAPH_LINES: graph.ShowDLBLineStyle(); break;
+        case ID_GRAPH_TITLES:
+            graph.ShowDLBTitle();
+            break;
+        case ID_GRAPH_RANGES:
+            graph.ShowDLBSetMM();
+            break;
+        case ID_GRAPH_GRID:
+            graph.ShowDLBSetGridMarkings();
+            break;
+        case ID_GRAPH_LINES:
+            graph.ShowDLBLineStyle();
+            break;
         case ID_GRAPH_SAVE:
-            if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra")) graph.SaveAppearance(path->c_str());
+            if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra"))
+                graph.SaveAppearance(path->c_str());
             break;
         case ID_GRAPH_RESTORE:
-            if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra")) graph.RestoreAppearance(path->c_str());
+            if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra"))
+                graph.RestoreAppearance(path->c_str());
             break;
-        default: break;
+        default:
+            break;
     }
     window.Invalidate();
 }
 
-bool HasGraph(MainWindow& main, int) { return main.ShownGraph() != nullptr; }
+bool HasGraph(MainWindow& main, int) {
+    return main.ShownGraph() != nullptr;
+}
 
 }  // namespace kestview

@@ -5,9 +5,13 @@
 
 namespace kestview {
 
-void EditUndo(MainWindow& main, int) { main.Active()->Undo(); }
+void EditUndo(MainWindow& main, int) {
+    main.Active()->Undo();
+}
 
-void EditRedo(MainWindow& main, int) { main.Active()->Redo(); }
+void EditRedo(MainWindow& main, int) {
+    main.Active()->Redo();
+}
 
 /// Copies the picture as it is shown, or the bounding rectangle of the selected ROI.
 void EditCopy(MainWindow& main, int) {
@@ -31,7 +35,9 @@ void EditCopy(MainWindow& main, int) {
     main.View().Refresh(DisplayChanged);
 }
 
-void EditDelete(MainWindow& main, int) { main.Active()->DeleteSelectedRois(); }
+void EditDelete(MainWindow& main, int) {
+    main.Active()->DeleteSelectedRois();
+}
 
 void EditRename(MainWindow& main, int) {
     Document& document = *main.Active();
@@ -41,10 +47,13 @@ void EditRename(MainWindow& main, int) {
 
 void EditSelectAll(MainWindow& main, int) {
     Document& document = *main.Active();
-    for (int i = 0; i < document.RoiCount(); ++i) document.Roi(i).SetSelected(1);
+    for (int i = 0; i < document.RoiCount(); ++i)
+        document.Roi(i).SetSelected(1);
     document.Changed(RoisChanged);
 }
 
-void EditSelectNone(MainWindow& main, int) { main.Active()->SelectOnly(nullptr); }
+void EditSelectNone(MainWindow& main, int) {
+    main.Active()->SelectOnly(nullptr);
+}
 
 }  // namespace kestview

@@ -22,23 +22,27 @@ void FileOpenRecent(MainWindow& main, int id) {
 }
 
 void FillRecentFiles(HMENU menu) {
-    for (int id = ID_FILE_RECENT_FIRST; id <= ID_FILE_RECENT_LAST; ++id) DeleteMenu(menu, static_cast<UINT>(id), MF_BYCOMMAND);
+    for (int id = ID_FILE_RECENT_FIRST; id <= ID_FILE_RECENT_LAST; ++id)
+        DeleteMenu(menu, static_cast<UINT>(id), MF_BYCOMMAND);
     UINT id = ID_FILE_RECENT_FIRST;
     for (const std::string& path : App().RecentFiles()) {
         std::string text = Format("&%u  ", id - ID_FILE_RECENT_FIRST + 1);
-        for (const char c : path) text += c == '&' ? std::string("&&") : std::string(1, c);
+        for (const char c : path)
+            text += c == '&' ? std::string("&&") : std::string(1, c);
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_STRING, id++, text.c_str());
     }
 }
 
 bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
     if (document.Calibration() && document.calibrationPath.empty() &&
-        AskYesNo(main, "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?"))
+        AskYesNo(
+            main,
+            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?"))
         main.Calibration().SaveFile();
     std::string path = document.sessionPath;
     if (path.empty() || isPathAsked) {
-        const auto asked = AskSavePath(main, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|", "kvs",
-                                       path.empty() ? document.Name() + ".kvs" : path);
+        const auto asked = AskSavePath(main, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|",
+                                       "kvs", path.empty() ? document.Name() + ".kvs" : path);
         if (!asked) return false;
         path = *asked;
     }
@@ -52,13 +56,18 @@ bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
     return true;
 }
 
-void FileSaveSession(MainWindow& main, int) { SaveSessionOf(main, *main.Active(), false); }
+void FileSaveSession(MainWindow& main, int) {
+    SaveSessionOf(main, *main.Active(), false);
+}
 
-void FileSaveSessionAs(MainWindow& main, int) { SaveSessionOf(main, *main.Active(), true); }
+void FileSaveSessionAs(MainWindow& main, int) {
+    SaveSessionOf(main, *main.Active(), true);
+}
 
 void FileSavePicture(MainWindow& main, int) {
     Document& document = *main.Active();
-    const auto path = AskSavePath(main, "Save Picture", "Bitmap files (*.bmp)|*.bmp|All files (*.*)|*.*|", "bmp", document.Name() + ".bmp");
+    const auto path = AskSavePath(main, "Save Picture", "Bitmap files (*.bmp)|*.bmp|All files (*.*)|*.*|", "bmp",
+                                  document.Name() + ".bmp");
     if (!path) return;
     const PlainPixels plain(document);
     const Busy busy("Saving " + FileNameOf(*path));
@@ -68,8 +77,10 @@ void FileSavePicture(MainWindow& main, int) {
         return;
     }
     if (document.Size().cx * document.Image().SizeOf() % 4 != 0 && !document.Class().isWide)
-        ShowNote(main, Format("The picture is %ld columns wide. Its file has rows without padding, which KestView reads; some other programs "
-                              "show such files slanted.", document.Size().cx));
+        ShowNote(main, Format("The picture is %ld columns wide. Its file has rows without padding, which KestView "
+                              "reads; some other programs "
+                              "show such files slanted.",
+                              document.Size().cx));
 }
 
 void FilePrint(MainWindow& main, int) {
@@ -80,8 +91,12 @@ void FilePrint(MainWindow& main, int) {
     main.View().Refresh(DisplayChanged);
 }
 
-void FileClose(MainWindow& main, int) { main.CloseDocument(*main.Active()); }
+void FileClose(MainWindow& main, int) {
+    main.CloseDocument(*main.Active());
+}
 
-void FileExit(MainWindow& main, int) { SendMessageA(main, WM_CLOSE, 0, 0); }
+void FileExit(MainWindow& main, int) {
+    SendMessageA(main, WM_CLOSE, 0, 0);
+}
 
 }  // namespace kestview

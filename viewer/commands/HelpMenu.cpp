@@ -65,8 +65,12 @@ private:
 
 }  // namespace
 
-void HelpKeys(MainWindow& main, int) { KeysDialog().RunModal(IDD_KEYS, main); }
+void HelpKeys(MainWindow& main, int) {
+    KeysDialog().RunModal(IDD_KEYS, main);
+}
 
-void HelpAbout(MainWindow& main, int) { AboutDialog().RunModal(IDD_ABOUT, main); }
+void HelpAbout(MainWindow& main, int) {
+    AboutDialog().RunModal(IDD_ABOUT, main);
+}
 
 }  // namespace kestview

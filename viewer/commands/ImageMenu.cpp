@@ -42,9 +42,13 @@ void ImageConvert(MainWindow& main, int id) {
     AddPicture(main, std::move(converted));
 }
 
-bool CanConvert(MainWindow& main, int id) { return main.Active() && main.Active()->Class().type != id - ID_IMAGE_CONVERT_FIRST; }
+bool CanConvert(MainWindow& main, int id) {
+    return main.Active() && main.Active()->Class().type != id - ID_IMAGE_CONVERT_FIRST;
+}
 
-bool IsClass(MainWindow& main, int id) { return main.Active() && main.Active()->Class().type == id - ID_IMAGE_CONVERT_FIRST; }
+bool IsClass(MainWindow& main, int id) {
+    return main.Active() && main.Active()->Class().type == id - ID_IMAGE_CONVERT_FIRST;
+}
 
 void ImageChannel(MainWindow& main, int id) {
     main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_FIRST);
@@ -58,6 +62,8 @@ bool HasChannel(MainWindow& main, int id) {
     return id - ID_IMAGE_CHANNEL_FIRST <= 3 ? type == KEST_IMAGE_RGB : type == KEST_IMAGE_HSL;
 }
 
-bool IsChannel(MainWindow& main, int id) { return main.Active() && main.Active()->Channel() == id - ID_IMAGE_CHANNEL_FIRST; }
+bool IsChannel(MainWindow& main, int id) {
+    return main.Active() && main.Active()->Channel() == id - ID_IMAGE_CHANNEL_FIRST;
+}
 
 }  // namespace kestview

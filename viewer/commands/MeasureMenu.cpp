@@ -10,11 +10,17 @@ void MeasureTable(MainWindow& main, int) {
     main.Results().Table();
 }
 
-void MeasureCopy(MainWindow& main, int) { main.Results().CopyTable(); }
+void MeasureCopy(MainWindow& main, int) {
+    main.Results().CopyTable();
+}
 
-void MeasureExport(MainWindow& main, int) { main.Results().ExportTable(); }
+void MeasureExport(MainWindow& main, int) {
+    main.Results().ExportTable();
+}
 
-void MeasureGraph(MainWindow& main, int id) { main.ShowSidePage(id == ID_MEASURE_HISTOGRAM ? HistogramPage : ProfilePage); }
+void MeasureGraph(MainWindow& main, int id) {
+    main.ShowSidePage(id == ID_MEASURE_HISTOGRAM ? HistogramPage : ProfilePage);
+}
 
 bool IsMeasureGraph(MainWindow& main, int id) {
     return main.IsSideShown() && main.ShownSidePage() == (id == ID_MEASURE_HISTOGRAM ? HistogramPage : ProfilePage);

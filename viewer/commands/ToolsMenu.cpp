@@ -5,8 +5,12 @@
 
 namespace kestview {
 
-void ToolsRun(MainWindow& main, int id) { main.LoadedTools().Run(id, main); }
+void ToolsRun(MainWindow& main, int id) {
+    main.LoadedTools().Run(id, main);
+}
 
-bool HasTool(MainWindow& main, int id) { return id - ID_TOOLS_FIRST < main.LoadedTools().Count(); }
+bool HasTool(MainWindow& main, int id) {
+    return id - ID_TOOLS_FIRST < main.LoadedTools().Count();
+}
 
 }  // namespace kestview

@@ -5,8 +5,7 @@
 
 namespace kestview {
 
-BandCount CountInBands(Document& document, CcRoiBase* roi) {
-    const std::vector<std::uint8_t> mask = document.BandMask();
+BandCount CountInBands(Document& document, const std::vector<std::uint8_t>& mask, CcRoiBase* roi) {
     BandCount count;
     if (mask.empty()) return count;
     const float* areas = document.Calibration() ? document.Calibration()->GetAreaMap() : nullptr;

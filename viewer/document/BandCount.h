@@ -10,7 +10,7 @@ struct BandCount {
     double area = 0;  ///< in square units of the calibration; in pixels without one
 };
 
-/// Null counts in the whole picture.
-BandCount CountInBands(Document& document, CcRoiBase* roi);
+/// `mask` is the document's BandMask. Null counts in the whole picture.
+BandCount CountInBands(Document& document, const std::vector<std::uint8_t>& mask, CcRoiBase* roi);
 
 }  // namespace kestview

@@ -30,10 +30,17 @@ void WriteSamples(void* pixels, std::size_t first, const std::vector<double>& va
 
 void ReadRow(CcImage& image, const void* pixels, std::size_t first, std::vector<double>& values) {
     switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16: ReadSamples<std::uint16_t>(pixels, first, values); return;
-        case KEST_IMAGE_INT32: ReadSamples<std::int32_t>(pixels, first, values); return;
-        case KEST_IMAGE_FLOAT: ReadSamples<float>(pixels, first, values); return;
-        case KEST_IMAGE_RGB: case KEST_IMAGE_HSL: {
+        case KEST_IMAGE_INT16:
+            ReadSamples<std::uint16_t>(pixels, first, values);
+            return;
+        case KEST_IMAGE_INT32:
+            ReadSamples<std::int32_t>(pixels, first, values);
+            return;
+        case KEST_IMAGE_FLOAT:
+            ReadSamples<float>(pixels, first, values);
+            return;
+        case KEST_IMAGE_RGB:
+        case KEST_IMAGE_HSL: {
             const unsigned char* pixel = static_cast<const unsigned char*>(pixels) + 3 * first;
             for (double& value : values) {
                 value = 0.299 * pixel[2] + 0.587 * pixel[1] + 0.114 * pixel[0];
@@ -41,20 +48,28 @@ void ReadRow(CcImage& image, const void* pixels, std::size_t first, std::vector<
             }
             return;
         }
-        default: ReadSamples<unsigned char>(pixels, first, values); return;
+        default:
+            ReadSamples<unsigned char>(pixels, first, values);
+            return;
     }
 }
 
 void WriteRow(CcImage& image, void* pixels, std::size_t first, const std::vector<double>& values) {
     switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16: WriteSamples<std::uint16_t>(pixels, first, values); return;
-        case KEST_IMAGE_INT32: WriteSamples<std::int32_t>(pixels, first, values); return;
+        case KEST_IMAGE_INT16:
+            WriteSamples<std::uint16_t>(pixels, first, values);
+            return;
+        case KEST_IMAGE_INT32:
+            WriteSamples<std::int32_t>(pixels, first, values);
+            return;
         case KEST_IMAGE_FLOAT: {
             float* samples = static_cast<float*>(pixels) + first;
-            std::transform(values.begin(), values.end(), samples, [](double value) { return static_cast<float>(value); });
+            std::transform(values.begin(), values.end(), samples,
+                           [](double value) { return static_cast<float>(value); });
             return;
         }
-        case KEST_IMAGE_RGB: case KEST_IMAGE_HSL: {
+        case KEST_IMAGE_RGB:
+        case KEST_IMAGE_HSL: {
             unsigned char* pixel = static_cast<unsigned char*>(pixels) + 3 * first;
             for (const double value : values) {
                 std::memset(pixel, static_cast<int>(std::clamp(value, 0.0, 255.0)), 3);
@@ -62,11 +77,15 @@ void WriteRow(CcImage& image, void* pixels, std::size_t first, const std::vector
             }
             return;
         }
-        default: WriteSamples<unsigned char>(pixels, first, values); return;
+        default:
+            WriteSamples<unsigned char>(pixels, first, values);
+            return;
     }
 }
 
-bool IsColour(CcImage& image) { return ImageClassOf(image).isColour; }
+bool IsColour(CcImage& image) {
+    return ImageClassOf(image).isColour;
+}
 
 }  // namespace
 
@@ -89,9 +108,11 @@ std::unique_ptr<CcImage> ConvertImage(CcImage& source, int type) {
             const std::size_t first = static_cast<std::size_t>(row) * values.size();
             ReadRow(source, from, first, values);
             if (isShown)
-                for (double& value : values) value = high > low ? (value - low) * 255 / (high - low) : 0;
+                for (double& value : values)
+                    value = high > low ? (value - low) * 255 / (high - low) : 0;
             if (type == KEST_IMAGE_BINARY)
-                for (double& value : values) value = value != 0;
+                for (double& value : values)
+                    value = value != 0;
             WriteRow(*target, to, first, values);
             busy.Report(row + 1, size.cy);
         }

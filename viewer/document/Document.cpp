@@ -31,7 +31,8 @@ CcRoiBase* Document::SelectedRoi() {
 }
 
 void Document::SelectOnly(CcRoiBase* roi) {
-    for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(&Roi(i) == roi);
+    for (int i = 0; i < RoiCount(); ++i)
+        Roi(i).SetSelected(&Roi(i) == roi);
     Changed(RoisChanged);
 }
 
@@ -42,7 +43,8 @@ void Document::SetSelected(CcRoiBase& roi, bool isSelected) {
 
 void Document::AddRoi(std::unique_ptr<CcRoiBase> roi) {
     BeforeRoiEdit();
-    for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(0);
+    for (int i = 0; i < RoiCount(); ++i)
+        Roi(i).SetSelected(0);
     roi->SetSelected(1);
     if (image->GetListROI()->InsertTail(roi.get()) == 0) roi.release();
     RoisEdited();
@@ -87,7 +89,8 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
         if (Class().isWide)
             entries[i].x = points.front().x + (points.back().x - points.front().x) * static_cast<float>(i) / last;
         const float x = entries[i].x;
-        while (right + 1 < points.size() && points[right].x < x) ++right;
+        while (right + 1 < points.size() && points[right].x < x)
+            ++right;
         const tagPoints &a = points[right - 1], &b = points[right];
         const float part = b.x > a.x ? std::clamp((x - a.x) / (b.x - a.x), 0.0f, 1.0f) : 1.0f;
         entries[i].y = a.y + (b.y - a.y) * part;

@@ -17,12 +17,12 @@ namespace kestview {
 
 /// What has changed, for those who show it; the values add up.
 enum Change : unsigned {
-    PictureChanged = 1,      ///< pixels
-    RoisChanged = 2,         ///< number, shape, name or selection of ROIs
+    PictureChanged = 1,  ///< pixels
+    RoisChanged = 2,     ///< number, shape, name or selection of ROIs
     CalibrationChanged = 4,
-    DisplayChanged = 8,      ///< display table, overlay colours, threshold bands
-    ViewChanged = 16,        ///< zoom or scroll position
-    TitleChanged = 32,       ///< name, or saved or not
+    DisplayChanged = 8,  ///< display table, overlay colours, threshold bands
+    ViewChanged = 16,    ///< zoom or scroll position
+    TitleChanged = 32,   ///< name, or saved or not
     EverythingChanged = ~0u,
 };
 

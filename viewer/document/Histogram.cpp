@@ -41,7 +41,8 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
         ForEachRun(document, roi, [&](std::size_t first, int count) {
             const unsigned char* pixel = pixels + 3 * first;
             for (int i = 0; i < count; ++i, pixel += 3)
-                for (std::size_t c = 0; c < 3; ++c) ++histogram.channels[c].counts[pixel[2 - c]];
+                for (std::size_t c = 0; c < 3; ++c)
+                    ++histogram.channels[c].counts[pixel[2 - c]];
             histogram.pixels += count;
         });
         return histogram;
@@ -53,10 +54,18 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
         if (!std::isfinite(histogram.low) || !std::isfinite(histogram.high)) histogram.low = 0, histogram.high = 1;
     }
     switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16: CountWide<unsigned short>(document, roi, histogram); break;
-        case KEST_IMAGE_INT32: CountWide<int>(document, roi, histogram); break;
-        case KEST_IMAGE_FLOAT: CountWide<float>(document, roi, histogram); break;
-        default: CountWide<unsigned char>(document, roi, histogram); break;
+        case KEST_IMAGE_INT16:
+            CountWide<unsigned short>(document, roi, histogram);
+            break;
+        case KEST_IMAGE_INT32:
+            CountWide<int>(document, roi, histogram);
+            break;
+        case KEST_IMAGE_FLOAT:
+            CountWide<float>(document, roi, histogram);
+            break;
+        default:
+            CountWide<unsigned char>(document, roi, histogram);
+            break;
     }
     return histogram;
 }

@@ -13,7 +13,7 @@ struct ImageClass {
     const char* label;      ///< as menus and the status bar call it
     const char* rawSuffix;  ///< of the file with the samples beside the BMP file; null where there is none
     bool isColour;
-    bool isWide;            ///< samples wider than a byte beside an 8-bit display image
+    bool isWide;  ///< samples wider than a byte beside an 8-bit display image
     std::unique_ptr<CcImage> (*make)();
 };
 

@@ -15,14 +15,16 @@ namespace {
 constexpr int fileHeaderBytes = 14, infoHeaderBytes = 40, paletteBytes = 1024;
 
 std::uint32_t U32(const unsigned char* bytes) {
-    return static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16) | static_cast<std::uint32_t>(bytes[3]) << 24;
+    return static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16) | static_cast<std::uint32_t>(bytes[3])
+                                                                                       << 24;
 }
 
 /// The class that reads the file; KEST_IMAGE_NONE when the library does not.
 KestImageType LibraryClassOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     unsigned char header[fileHeaderBytes + infoHeaderBytes] = {};
-    if (!file.read(reinterpret_cast<char*>(header), sizeof header) || header[0] != 'B' || header[1] != 'M') return KEST_IMAGE_NONE;
+    if (!file.read(reinterpret_cast<char*>(header), sizeof header) || header[0] != 'B' || header[1] != 'M')
+        return KEST_IMAGE_NONE;
     file.seekg(0, std::ios::end);
     const auto fileBytes = static_cast<long long>(file.tellg());
     const unsigned char* info = header + fileHeaderBytes;

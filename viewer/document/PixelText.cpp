@@ -10,14 +10,15 @@ std::string ValueText(CcImage& image, long x, long y) {
     const int column = static_cast<int>(x), row = static_cast<int>(y);
     const SIZE size = SizeOf(image);
     if (x < 0 || y < 0 || x >= size.cx || y >= size.cy) return "";
-    const std::size_t index = static_cast<std::size_t>(y) * static_cast<std::size_t>(size.cx) + static_cast<std::size_t>(x);
+    const std::size_t index =
+        static_cast<std::size_t>(y) * static_cast<std::size_t>(size.cx) + static_cast<std::size_t>(x);
     if (image.GetImageType() == KEST_IMAGE_RGB) {
         const auto* pixel = static_cast<const unsigned char*>(image.GetBitMapImageData()) + 3 * index;
         return Format("R %d  G %d  B %d", pixel[2], pixel[1], pixel[0]);
     }
     if (image.GetImageType() == KEST_IMAGE_HSL) {
-        const auto* pixel = static_cast<const unsigned char*>(
-            static_cast<Cc24BitHSLImage&>(image).GetBitMapImageDataHSL());
+        const auto* pixel =
+            static_cast<const unsigned char*>(static_cast<Cc24BitHSLImage&>(image).GetBitMapImageDataHSL());
         if (!pixel) return "";
         pixel += 3 * index;
         return Format("H %d  S %d  L %d", pixel[2], pixel[1], pixel[0]);

@@ -19,7 +19,8 @@ std::vector<tagPoints> PathOf(CcRoiBase& roi) {
         }
         case KEST_ROI_RECT: {
             const RECT& r = *static_cast<const RECT*>(roi.GetRoiImageCord());
-            path = {at(r.left, r.bottom), at(r.right, r.bottom), at(r.right, r.top), at(r.left, r.top), at(r.left, r.bottom)};
+            path = {at(r.left, r.bottom), at(r.right, r.bottom), at(r.right, r.top), at(r.left, r.top),
+                    at(r.left, r.bottom)};
             break;
         }
         case KEST_ROI_ELLIPSE: {
@@ -28,15 +29,21 @@ std::vector<tagPoints> PathOf(CcRoiBase& roi) {
             constexpr int corners = 180;
             constexpr double fullTurn = 6.283185307179586;
             for (int i = 0; i <= corners; ++i)
-                path.push_back(at(r.left + a + a * std::cos(fullTurn * i / corners), r.bottom + b + b * std::sin(fullTurn * i / corners)));
+                path.push_back(at(r.left + a + a * std::cos(fullTurn * i / corners),
+                                  r.bottom + b + b * std::sin(fullTurn * i / corners)));
             break;
         }
-        case KEST_ROI_FREEHAND: case KEST_ROI_FREEHANDLINE: case KEST_ROI_POLYLINE: case KEST_ROI_POLYFREEHAND: {
+        case KEST_ROI_FREEHAND:
+        case KEST_ROI_FREEHANDLINE:
+        case KEST_ROI_POLYLINE:
+        case KEST_ROI_POLYFREEHAND: {
             const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
-            for (int i = 0; i < outline.iNumOfPoints; ++i) path.push_back(at(outline.stPOINTS[i].x, outline.stPOINTS[i].y));
+            for (int i = 0; i < outline.iNumOfPoints; ++i)
+                path.push_back(at(outline.stPOINTS[i].x, outline.stPOINTS[i].y));
             break;
         }
-        default: break;
+        default:
+            break;
     }
     return path;
 }
@@ -67,7 +74,8 @@ std::vector<tagPoints> MakeProfile(Document& document, CcRoiBase& roi) {
         const double dy = static_cast<double>(path[i].y) - static_cast<double>(path[i - 1].y);
         const int steps = std::max(1, static_cast<int>(std::lround(std::hypot(dx, dy))));
         for (int step = i == 1 ? 0 : 1; step <= steps; ++step)
-            addSample(static_cast<double>(path[i - 1].x) + dx * step / steps, static_cast<double>(path[i - 1].y) + dy * step / steps);
+            addSample(static_cast<double>(path[i - 1].x) + dx * step / steps,
+                      static_cast<double>(path[i - 1].y) + dy * step / steps);
     }
     return profile;
 }

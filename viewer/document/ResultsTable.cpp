@@ -1,6 +1,7 @@
 // The measurements of a document's ROIs, as a table and as comma-separated text.
 #include "document/ResultsTable.h"
 
+#include "document/BandCount.h"
 #include "document/PixelText.h"
 #include "document/RoiKinds.h"
 #include "platform/Busy.h"
@@ -12,7 +13,7 @@ namespace {
 struct Column {
     const char* title;
     const char* unit;  ///< printf format of the unit behind the title; null for none
-    double KestRoiMeasurement::* value;
+    double KestRoiMeasurement::*value;
 };
 
 const Column columns[resultColumnCount] = {
@@ -25,6 +26,7 @@ const Column columns[resultColumnCount] = {
     {"Minimum", nullptr, &KestRoiMeasurement::dMinimum},
     {"Maximum", nullptr, &KestRoiMeasurement::dMaximum},
     {"Std. deviation", nullptr, &KestRoiMeasurement::dStandardDeviation},
+    {"Area in bands", " (square %s)", nullptr},
 };
 
 std::string Quoted(const std::string& text, char separator) {
@@ -45,10 +47,13 @@ ResultsTable MeasureRois(Document& document) {
     ResultsTable table;
     table.units = UnitOf(document.Image());
     const int count = document.RoiCount();
+    std::vector<std::uint8_t> mask;
+    if (count > 0 && !document.Bands().empty()) mask = document.BandMask();
     for (int i = 0; i < count; ++i) {
         CcRoiBase& roi = document.Roi(i);
-        ResultRow row = {roi.GetName(), KindLabel(roi), {}};
+        ResultRow row = {roi.GetName(), KindLabel(roi), {}, -1};
         KestMeasureRoi(&document.Image(), &roi, &row.values);
+        if (!mask.empty()) row.areaInBands = CountInBands(document, mask, &roi).area;
         table.rows.push_back(row);
         busy.Report(i + 1, count);
     }
@@ -63,12 +68,15 @@ std::string ResultTitle(const ResultsTable& table, int column) {
     return title + unit.substr(0, unit.find("%s")) + table.units + unit.substr(unit.find("%s") + 2);
 }
 
-bool IsNumberColumn(int column) { return column >= 2; }
+bool IsNumberColumn(int column) {
+    return column >= 2;
+}
 
 std::string ResultText(const ResultRow& row, int column, int digits) {
     if (column == 0) return row.name;
     if (column == 1) return row.kind;
     if (column == 2) return Format("%lld", row.values.llPixels);
+    if (!columns[column].value) return row.areaInBands < 0 ? "" : Format("%.*g", digits, row.areaInBands);
     return Format("%.*g", digits, row.values.*columns[column].value);
 }
 

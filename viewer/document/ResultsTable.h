@@ -12,6 +12,7 @@ struct ResultRow {
     std::string name;
     std::string kind;
     KestRoiMeasurement values;
+    double areaInBands;  ///< of the pixels under the ROI that are in the threshold bands; -1 without bands
 };
 
 struct ResultsTable {
@@ -19,7 +20,7 @@ struct ResultsTable {
     std::vector<ResultRow> rows;
 };
 
-constexpr int resultColumnCount = 9;
+constexpr int resultColumnCount = 10;
 
 /// Measures every ROI. World units are used when the document is calibrated.
 ResultsTable MeasureRois(Document& document);

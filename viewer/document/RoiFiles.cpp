@@ -9,7 +9,9 @@
 
 namespace kestview {
 
-bool SaveRoi(CcRoiBase& roi, const std::string& path) { return roi.Save(path.c_str()) == 0; }
+bool SaveRoi(CcRoiBase& roi, const std::string& path) {
+    return roi.Save(path.c_str()) == 0;
+}
 
 std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
     // The kind stands behind the version; Restore of that class checks the rest.

@@ -7,14 +7,15 @@
 
 namespace kestview {
 
-/// Calls visit(index of the first pixel, count) for runs of neighbouring pixels; indices count row by row from the bottom
-/// left corner. Null visits the whole picture, row by row.
+/// Calls visit(index of the first pixel, count) for runs of neighbouring pixels; indices count row by row from the
+/// bottom left corner. Null visits the whole picture, row by row.
 template <class Visit>
 void ForEachRun(Document& document, CcRoiBase* roi, Visit visit) {
     const SIZE size = document.Size();
     const auto width = static_cast<std::size_t>(size.cx);
     if (!roi) {
-        for (int row = 0; row < size.cy; ++row) visit(static_cast<std::size_t>(row) * width, static_cast<int>(size.cx));
+        for (int row = 0; row < size.cy; ++row)
+            visit(static_cast<std::size_t>(row) * width, static_cast<int>(size.cx));
         return;
     }
     const RECT* bounds = roi->GetBoundingRect();
@@ -26,7 +27,8 @@ void ForEachRun(Document& document, CcRoiBase* roi, Visit visit) {
         const KestSpan* spans = rows.GetSpans(row, &count);
         for (int i = 0; i < count; ++i) {
             const int first = std::max(spans[i].iFirst, 0), last = std::min<int>(spans[i].iLast, size.cx - 1);
-            if (first <= last) visit(static_cast<std::size_t>(row) * width + static_cast<std::size_t>(first), last - first + 1);
+            if (first <= last)
+                visit(static_cast<std::size_t>(row) * width + static_cast<std::size_t>(first), last - first + 1);
         }
     }
 }

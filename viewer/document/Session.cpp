@@ -13,9 +13,10 @@ namespace kestview {
 namespace {
 
 constexpr int formatVersion = 1;
-constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::iImageType", *nameKey = "KestView::szName",
-                     *pictureKey = "KestView::szPicturePath", *calibrationKey = "KestView::szCalibrationFile",
-                     *tableKey = "KestView::iDisplayTable", *zoomKey = "KestView::iZoom", *samplesKey = "KestView::cSamples",
+constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::iImageType",
+                     *nameKey = "KestView::szName", *pictureKey = "KestView::szPicturePath",
+                     *calibrationKey = "KestView::szCalibrationFile", *tableKey = "KestView::iDisplayTable",
+                     *zoomKey = "KestView::iZoom", *samplesKey = "KestView::cSamples",
                      *channelKey = "KestView::iChannel";
 constexpr int pathSize = 4 * MAX_PATH;
 
@@ -52,7 +53,8 @@ std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
     if (!wide || bag.GetPropLength(samplesKey, 5, &bytes) < 0 || bytes != SampleBytes(*wide)) return nullptr;
     if (bag.GetBlob(samplesKey, wide->GetBitMapImageData(), bytes) < 0) return nullptr;
     wide->ReScaleImageOnShow();
-    while (CcHLObject* roi = shown.GetListROI()->TakeOut(0)) wide->GetListROI()->InsertTail(roi);
+    while (CcHLObject* roi = shown.GetListROI()->TakeOut(0))
+        wide->GetListROI()->InsertTail(roi);
     return wide;
 }
 
@@ -65,7 +67,9 @@ bool HoldsOnlyRois(CcImage& image) {
 
 }  // namespace
 
-bool IsSessionFile(const std::string& path) { return ExtensionOf(path) == ".kvs"; }
+bool IsSessionFile(const std::string& path) {
+    return ExtensionOf(path) == ".kvs";
+}
 
 bool SaveSession(Document& document, const std::string& path, std::string& error) {
     const PlainPixels plain(document);
@@ -126,7 +130,8 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
 
     const int type = IntIn(*bag, typeKey, KEST_IMAGE_NONE);
     const ImageClass* stored = ImageClassOf(type);
-    if (!stored || (stored->isWide ? image->GetImageType() != KEST_IMAGE_GRAY256 : image->GetImageType() != type)) return nullptr;
+    if (!stored || (stored->isWide ? image->GetImageType() != KEST_IMAGE_GRAY256 : image->GetImageType() != type))
+        return nullptr;
     if (stored->isWide && !(image = Widen(*image, type, *bag))) return nullptr;
     if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->DoConvert();
     const std::string name = StringIn(*bag, nameKey);
@@ -145,7 +150,8 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
         const std::string beside = FolderOf(path) + FileNameOf(calibrationPath);
         const std::string found = FileExists(calibrationPath) ? calibrationPath : beside;
         if (calibration->Open(found.c_str()) < 0 || !document->SetCalibration(std::move(calibration), found))
-            warning = "The session's calibration could not be opened:\n" + calibrationPath + "\n\nLengths and areas are in pixels now.";
+            warning = "The session's calibration could not be opened:\n" + calibrationPath +
+                      "\n\nLengths and areas are in pixels now.";
     }
     document->SetModified(false);
     error.clear();

@@ -1,8 +1,8 @@
 // Session files (".kvs"): a document as an object stream.
 //
-// The stream holds a property bag that describes the document, and the picture with its ROIs as the library stores it. A
-// wide picture's samples travel in the bag, as its record holds only the 8-bit picture shown. The calibration stays in its
-// own file, whose path the bag names. Anything that does not fit together is refused.
+// The stream holds a property bag that describes the document, and the picture with its ROIs as the library stores it.
+// A wide picture's samples travel in the bag, as its record holds only the 8-bit picture shown. The calibration stays
+// in its own file, whose path the bag names. Anything that does not fit together is refused.
 #pragma once
 
 #include <memory>

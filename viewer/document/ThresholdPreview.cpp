@@ -38,7 +38,9 @@ std::vector<unsigned> Draw(CcImage& image, unsigned short table) {
 
 }  // namespace
 
-bool ThresholdPreview::IsPossible(CcImage& image) { return image.GetImageType() != KEST_IMAGE_BINARY; }
+bool ThresholdPreview::IsPossible(CcImage& image) {
+    return image.GetImageType() != KEST_IMAGE_BINARY;
+}
 
 bool ThresholdPreview::Begin(HWND canvas) {
     if (isOn || !IsPossible(image)) return isOn;
@@ -68,13 +70,15 @@ void ThresholdPreview::SaveTables() {
     for (int channel = 0; channel < 3; ++channel) {
         savedTables[channel].resize(tablePoints);
         // Colour images have no tables.
-        if (image.GetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data()) < 0) savedTables[channel].clear();
+        if (image.GetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data()) < 0)
+            savedTables[channel].clear();
     }
 }
 
 void ThresholdPreview::RestoreTables() {
     for (int channel = 0; channel < 3; ++channel)
-        if (!savedTables[channel].empty()) image.SetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data());
+        if (!savedTables[channel].empty())
+            image.SetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data());
 }
 
 std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<ThresholdTag>& bands) {
@@ -97,7 +101,8 @@ std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<ThresholdTag>
         End();
     if (inRed.empty() || inRed.size() != inBlue.size()) return {};
     std::vector<std::uint8_t> mask(inRed.size());
-    for (std::size_t i = 0; i < mask.size(); ++i) mask[i] = inRed[i] != inBlue[i];
+    for (std::size_t i = 0; i < mask.size(); ++i)
+        mask[i] = inRed[i] != inBlue[i];
     return mask;
 }
 

@@ -27,8 +27,8 @@ public:
     bool IsOn() const { return isOn; }
     HWND Window() const { return window; }
 
-    /// A byte a pixel, bottom row first: 1 in a band. A pixel counts exactly when the preview colours it: it is found by
-    /// drawing the preview in two colours and comparing. Empty when memory is short.
+    /// A byte a pixel, bottom row first: 1 in a band. A pixel counts exactly when the preview colours it: it is found
+    /// by drawing the preview in two colours and comparing. Empty when memory is short.
     std::vector<std::uint8_t> Mask(const std::vector<ThresholdTag>& bands);
 
 private:

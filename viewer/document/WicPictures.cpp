@@ -46,21 +46,24 @@ bool IsOneOf(const GUID& format, std::initializer_list<const GUID*> formats) {
 
 Target TargetOf(const GUID& format, bool hasGrayPalette) {
     if (IsOneOf(format, {&GUID_WICPixelFormatBlackWhite})) return {KEST_IMAGE_BINARY, &GUID_WICPixelFormat8bppGray, 1};
-    if (IsOneOf(format, {&GUID_WICPixelFormat2bppGray, &GUID_WICPixelFormat4bppGray, &GUID_WICPixelFormat8bppGray}) || hasGrayPalette)
+    if (IsOneOf(format, {&GUID_WICPixelFormat2bppGray, &GUID_WICPixelFormat4bppGray, &GUID_WICPixelFormat8bppGray}) ||
+        hasGrayPalette)
         return {KEST_IMAGE_GRAY256, &GUID_WICPixelFormat8bppGray, 1};
     if (IsOneOf(format, {&GUID_WICPixelFormat16bppGray})) return {KEST_IMAGE_INT16, &GUID_WICPixelFormat16bppGray, 2};
-    if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat})) return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
+    if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat}))
+        return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
     return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
 }
 
 bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, const GUID& format) {
-    if (!IsOneOf(format, {&GUID_WICPixelFormat1bppIndexed, &GUID_WICPixelFormat2bppIndexed, &GUID_WICPixelFormat4bppIndexed,
-                          &GUID_WICPixelFormat8bppIndexed}))
+    if (!IsOneOf(format, {&GUID_WICPixelFormat1bppIndexed, &GUID_WICPixelFormat2bppIndexed,
+                          &GUID_WICPixelFormat4bppIndexed, &GUID_WICPixelFormat8bppIndexed}))
         return false;
     Com<IWICPalette> palette;
     WICColor colours[256];
     UINT count = 0;
-    if (factory->CreatePalette(&palette) < 0 || frame->CopyPalette(palette) < 0 || palette->GetColors(256, colours, &count) < 0)
+    if (factory->CreatePalette(&palette) < 0 || frame->CopyPalette(palette) < 0 ||
+        palette->GetColors(256, colours, &count) < 0)
         return false;
     return std::all_of(colours, colours + count, [](WICColor colour) {
         return (colour & 255) == (colour >> 8 & 255) && (colour & 255) == (colour >> 16 & 255);
@@ -107,13 +110,15 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
     Com<IWICBitmapFrameDecode> frame;
     GUID format = {};
     UINT width = 0, height = 0;
-    if (factory->CreateDecoderFromFilename(Wide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand, &decoder) < 0 ||
+    if (factory->CreateDecoderFromFilename(Wide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand,
+                                           &decoder) < 0 ||
         decoder->GetFrame(0, &frame) < 0 || frame->GetPixelFormat(&format) < 0 || frame->GetSize(&width, &height) < 0)
         return nullptr;
     const Target target = TargetOf(format, HasGrayPalette(factory, frame, format));
     Com<IWICFormatConverter> converter;
     if (factory->CreateFormatConverter(&converter) < 0 ||
-        converter->Initialize(frame, *target.format, WICBitmapDitherTypeNone, nullptr, 0, WICBitmapPaletteTypeCustom) < 0)
+        converter->Initialize(frame, *target.format, WICBitmapDitherTypeNone, nullptr, 0, WICBitmapPaletteTypeCustom) <
+            0)
         return nullptr;
     constexpr UINT largestSide = 65535;
     if (width < 1 || height < 1 || width > largestSide || height > largestSide) {

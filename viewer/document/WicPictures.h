@@ -1,4 +1,5 @@
-// Pictures that the system's imaging component (WIC) decodes: PNG, JPEG, TIFF, GIF, padded BMP and whatever is installed.
+// Pictures that the system's imaging component (WIC) decodes: PNG, JPEG, TIFF, GIF, padded BMP and whatever is
+// installed.
 #pragma once
 
 #include <memory>

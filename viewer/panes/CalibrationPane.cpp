@@ -52,12 +52,15 @@ void CalibrationPane::TakeFromDocument() {
         state = document->calibrationPath.empty() ? "Calibrated; not saved in a file yet."
                                                   : "Calibrated by " + FileNameOf(document->calibrationPath) + ".";
     } else {
-        for (Point& point : points) point.isPicked = false;
+        for (Point& point : points)
+            point.isPicked = false;
         SelectPoint(0);
     }
     SetText(IDC_CAL_STATE, state);
-    for (const int id : {IDC_CAL_SAVE, IDC_CAL_REMOVE}) Enable(id, calibration != nullptr);
-    for (const int id : {IDC_CAL_APPLY, IDC_CAL_OPEN}) Enable(id, document != nullptr);
+    for (const int id : {IDC_CAL_SAVE, IDC_CAL_REMOVE})
+        Enable(id, calibration != nullptr);
+    for (const int id : {IDC_CAL_APPLY, IDC_CAL_OPEN})
+        Enable(id, document != nullptr);
     ShowPoints();
 }
 
@@ -73,7 +76,8 @@ int CalibrationPane::SelectedPoint() const {
 
 void CalibrationPane::ShowPoints() {
     for (int i = 0; i < pointCount; ++i)
-        SetText(IDC_CAL_IMAGE_FIRST + i, points[i].isPicked ? Format("%ld, %ld", points[i].pixel.x, points[i].pixel.y) : "click");
+        SetText(IDC_CAL_IMAGE_FIRST + i,
+                points[i].isPicked ? Format("%ld, %ld", points[i].pixel.x, points[i].pixel.y) : "click");
     main.View().Refresh(DisplayChanged);
 }
 
@@ -94,7 +98,10 @@ void CalibrationPane::Apply() {
     tagPoints image[pointCount], world[pointCount];
     for (int i = 0; i < pointCount; ++i) {
         if (!points[i].isPicked) {
-            ShowError(main, Format("Point %d has no place in the picture yet.\n\nChoose it on the left, then click in the picture.", i + 1));
+            ShowError(
+                main,
+                Format("Point %d has no place in the picture yet.\n\nChoose it on the left, then click in the picture.",
+                       i + 1));
             return;
         }
         const auto x = Number(IDC_CAL_WORLD_X_FIRST + i), y = Number(IDC_CAL_WORLD_Y_FIRST + i);
@@ -131,8 +138,8 @@ void CalibrationPane::OpenFile() {
     calibration->GetSizeOfImage(&width, &height);
     const SIZE size = document->Size();
     if (!document->SetCalibration(std::move(calibration), *path))
-        ShowError(main, Format("This calibration was made for pictures of %d x %d pixels; this one has %ld x %ld.", width,
-                               height, size.cx, size.cy));
+        ShowError(main, Format("This calibration was made for pictures of %d x %d pixels; this one has %ld x %ld.",
+                               width, height, size.cx, size.cy));
 }
 
 void CalibrationPane::SaveFile() {
@@ -176,11 +183,20 @@ void CalibrationPane::PaintOver(HDC dc) const {
 bool CalibrationPane::OnCommand(int id, int) {
     if (!document || isFilling) return true;
     switch (id) {
-        case IDC_CAL_APPLY: Apply(); break;
-        case IDC_CAL_OPEN: OpenFile(); break;
-        case IDC_CAL_SAVE: SaveFile(); break;
-        case IDC_CAL_REMOVE: document->RemoveCalibration(); break;
-        default: break;
+        case IDC_CAL_APPLY:
+            Apply();
+            break;
+        case IDC_CAL_OPEN:
+            OpenFile();
+            break;
+        case IDC_CAL_SAVE:
+            SaveFile();
+            break;
+        case IDC_CAL_REMOVE:
+            document->RemoveCalibration();
+            break;
+        default:
+            break;
     }
     return true;
 }

@@ -21,7 +21,8 @@ struct TableCurve {
     int channel;
     COLORREF colour;
 };
-constexpr TableCurve colourCurves[] = {{"Red", 1, RGB(220, 0, 0)}, {"Green", 2, RGB(0, 150, 0)}, {"Blue", 3, RGB(0, 0, 220)}};
+constexpr TableCurve colourCurves[] = {
+    {"Red", 1, RGB(220, 0, 0)}, {"Green", 2, RGB(0, 150, 0)}, {"Blue", 3, RGB(0, 0, 220)}};
 constexpr TableCurve grayCurve = {"Gray", 0, RGB(60, 60, 60)};
 
 }  // namespace
@@ -55,19 +56,22 @@ tagPoints DisplayTablePane::InputRange() const {
 
 void DisplayTablePane::Update() {
     const int table = document ? document->DisplayTable() : 0;
-    const bool isEditable = document && !document->Class().isColour && document->Class().type != KEST_IMAGE_BINARY && table > 100;
+    const bool isEditable =
+        document && !document->Class().isColour && document->Class().type != KEST_IMAGE_BINARY && table > 100;
     const int selected = std::max(0, graph.SelectedCurve());
     graph.ClearCurves();
     pickedPoint = -1;
     Send(IDC_TABLE_CHANNEL, CB_RESETCONTENT);
-    for (const int id : {IDC_TABLE_CHANNEL, IDC_TABLE_RESET, IDC_TABLE_INVERT, IDC_TABLE_ADD}) Enable(id, isEditable);
+    for (const int id : {IDC_TABLE_CHANNEL, IDC_TABLE_RESET, IDC_TABLE_INVERT, IDC_TABLE_ADD})
+        Enable(id, isEditable);
     Enable(IDC_TABLE_REMOVE, false);
     if (!isEditable) {
         graph.SetTexts("Display table", "", "");
         graph.SetRanges(0, topLevel, 0, topLevel);
-        SetText(IDC_GRAPH_NOTE, document && table == 100 ? "Table 100 shows the file's own colours. Choose 101 to 104 in the Display menu."
-                                : document               ? "Pictures of this class have no display table."
-                                                         : "");
+        SetText(IDC_GRAPH_NOTE, document && table == 100
+                                    ? "Table 100 shows the file's own colours. Choose 101 to 104 in the Display menu."
+                                : document ? "Pictures of this class have no display table."
+                                           : "");
         return;
     }
     const auto add = [&](const TableCurve& curve) {
@@ -75,7 +79,8 @@ void DisplayTablePane::Update() {
         if (points.empty()) {
             const tagPoints range = InputRange();
             for (int i = 0; i <= 4; ++i)
-                points.push_back({range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
+                points.push_back(
+                    {range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
         }
         graph.AddCurve(curve.name, points, PS_SOLID, curve.colour, 2);
         Send(IDC_TABLE_CHANNEL, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(curve.name));
@@ -101,8 +106,8 @@ void DisplayTablePane::OnDragged(int curve, int index) {
     const bool isFirst = index == 0, isLast = index == static_cast<int>(points.size()) - 1;
     const std::vector<tagPoints>& before = document->TableCurve(document->DisplayTable(), Channel(curve));
     point.y = std::clamp(point.y, 0.0f, topLevel);
-    // The points keep their order. The ends stand at the ends of the input values; of wide pictures they may be moved, which
-    // moves the range that is shown.
+    // The points keep their order. The ends stand at the ends of the input values; of wide pictures they may be moved,
+    // which moves the range that is shown.
     const float step = (InputRange().y - InputRange().x) / 255;
     const auto at = static_cast<std::size_t>(index);
     if ((isFirst || isLast) && !document->Class().isWide) {
@@ -126,7 +131,8 @@ void DisplayTablePane::Reset(bool isInverted) {
     if (curve < 0) return;
     std::vector<tagPoints>& points = graph.Points(curve);
     if (isInverted) {
-        for (tagPoints& point : points) point.y = topLevel - point.y;
+        for (tagPoints& point : points)
+            point.y = topLevel - point.y;
     } else {
         // Wide pictures show their whole range again.
         document->Image().SetAutoUpdateDisplay(1);
@@ -135,7 +141,8 @@ void DisplayTablePane::Reset(bool isInverted) {
         const tagPoints range = InputRange();
         points.clear();
         for (int i = 0; i <= 4; ++i)
-            points.push_back({range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
+            points.push_back(
+                {range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
     }
     graph.PointsResized(curve);
     Apply(curve);
@@ -149,7 +156,8 @@ void DisplayTablePane::AddPoint() {
     std::size_t widest = 1;
     for (std::size_t i = 2; i < points.size(); ++i)
         if (points[i].x - points[i - 1].x > points[widest].x - points[widest - 1].x) widest = i;
-    const tagPoints middle = {(points[widest].x + points[widest - 1].x) / 2, (points[widest].y + points[widest - 1].y) / 2};
+    const tagPoints middle = {(points[widest].x + points[widest - 1].x) / 2,
+                              (points[widest].y + points[widest - 1].y) / 2};
     points.insert(points.begin() + static_cast<std::ptrdiff_t>(widest), middle);
     graph.PointsResized(curve);
     Apply(curve);
@@ -174,11 +182,20 @@ bool DisplayTablePane::OnCommand(int id, int code) {
         case IDC_TABLE_CHANNEL:
             if (code == CBN_SELCHANGE) graph.SelectCurve(static_cast<int>(Send(IDC_TABLE_CHANNEL, CB_GETCURSEL)));
             break;
-        case IDC_TABLE_RESET: Reset(false); break;
-        case IDC_TABLE_INVERT: Reset(true); break;
-        case IDC_TABLE_ADD: AddPoint(); break;
-        case IDC_TABLE_REMOVE: RemovePoint(); break;
-        default: break;
+        case IDC_TABLE_RESET:
+            Reset(false);
+            break;
+        case IDC_TABLE_INVERT:
+            Reset(true);
+            break;
+        case IDC_TABLE_ADD:
+            AddPoint();
+            break;
+        case IDC_TABLE_REMOVE:
+            RemovePoint();
+            break;
+        default:
+            break;
     }
     return true;
 }

@@ -25,8 +25,8 @@ void ProfilePane::Update() {
         SetText(IDC_GRAPH_NOTE, "Select a line, a polyline or another outline.");
         return;
     }
-    const auto [lowest, highest] = std::minmax_element(points.begin(), points.end(),
-                                                       [](const tagPoints& a, const tagPoints& b) { return a.y < b.y; });
+    const auto [lowest, highest] = std::minmax_element(
+        points.begin(), points.end(), [](const tagPoints& a, const tagPoints& b) { return a.y < b.y; });
     float low = lowest->y, high = highest->y;
     if (!document->Class().isWide) low = 0, high = 255;
     const float length = points.back().x;
@@ -34,7 +34,8 @@ void ProfilePane::Update() {
     graph.AddCurve("Profile", std::move(points), PS_SOLID, RGB(200, 0, 0));
     graph.SelectCurve(-1);
     graph.SetRanges(0, length, low, high);
-    graph.SetTexts(std::string("Profile of ") + roi->GetName(), "Distance (" + UnitOf(document->Image()) + ")", "Value");
+    graph.SetTexts(std::string("Profile of ") + roi->GetName(), "Distance (" + UnitOf(document->Image()) + ")",
+                   "Value");
     SetText(IDC_GRAPH_NOTE, Format("%u samples over %.6g %s", static_cast<unsigned>(count), static_cast<double>(length),
                                    UnitOf(document->Image()).c_str()));
 }

@@ -20,7 +20,7 @@ namespace {
 constexpr UINT_PTR measureTimer = 1;
 constexpr UINT measureDelayMilliseconds = 30;
 constexpr int shownDigits = 6;
-constexpr int columnWidths[resultColumnCount] = {110, 100, 70, 105, 135, 75, 75, 75, 95};
+constexpr int columnWidths[resultColumnCount] = {90, 95, 60, 95, 125, 70, 70, 75, 90, 155};
 
 }  // namespace
 
@@ -45,7 +45,8 @@ void ResultsPane::OnSize(int width, int) {
 }
 
 void ResultsPane::Refresh(unsigned change) {
-    if (!(change & (RoisChanged | PictureChanged | CalibrationChanged))) return;
+    const bool isInTable = document && !document->Bands().empty() && (change & DisplayChanged);
+    if (!isInTable && !(change & (RoisChanged | PictureChanged | CalibrationChanged))) return;
     isStale = true;
     SetTimer(window, measureTimer, measureDelayMilliseconds, nullptr);
 }
@@ -67,7 +68,8 @@ void ResultsPane::Measure() {
     table = document ? MeasureRois(*document) : ResultsTable{"pixels", {}};
     const Filling filling(isFilling);
     const ListView list(Item(IDC_RESULTS_LIST));
-    for (int column = 0; column < resultColumnCount; ++column) list.SetColumnTitle(column, ResultTitle(table, column));
+    for (int column = 0; column < resultColumnCount; ++column)
+        list.SetColumnTitle(column, ResultTitle(table, column));
     list.SetRowCount(static_cast<int>(table.rows.size()));
     for (std::size_t row = 0; row < table.rows.size(); ++row) {
         for (int column = 0; column < resultColumnCount; ++column)
@@ -80,7 +82,8 @@ void ResultsPane::Measure() {
     else if (document)
         note = "Lengths and areas in pixels: the picture is not calibrated.";
     SetText(IDC_RESULTS_NOTE, note);
-    for (const int button : {IDC_RESULTS_COPY, IDC_RESULTS_EXPORT}) Enable(button, !table.rows.empty());
+    for (const int button : {IDC_RESULTS_COPY, IDC_RESULTS_EXPORT})
+        Enable(button, !table.rows.empty());
 }
 
 void ResultsPane::CopyTable() {

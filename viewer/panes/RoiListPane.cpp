@@ -56,7 +56,8 @@ void RoiListPane::EditName() {
 void RoiListPane::TakeSelection() {
     const Filling filling(isFilling);
     const ListView list(Item(IDC_ROI_LIST));
-    for (int i = 0; i < document->RoiCount(); ++i) document->Roi(i).SetSelected(list.IsSelected(i));
+    for (int i = 0; i < document->RoiCount(); ++i)
+        document->Roi(i).SetSelected(list.IsSelected(i));
     document->Changed(RoisChanged);
 }
 
@@ -71,7 +72,8 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
     switch (header.code) {
         case LVN_ITEMCHANGED: {
             const auto& item = reinterpret_cast<const NMLISTVIEW&>(header);
-            const bool isSelection = (item.uChanged & LVIF_STATE) && ((item.uOldState ^ item.uNewState) & LVIS_SELECTED);
+            const bool isSelection =
+                (item.uChanged & LVIF_STATE) && ((item.uOldState ^ item.uNewState) & LVIS_SELECTED);
             if (!isFilling && isSelection) TakeSelection();
             return 0;
         }

@@ -94,14 +94,19 @@ void ThresholdPane::FillChannels() {
         Send(IDC_BAND_CHANNEL, CB_SETITEMDATA, static_cast<WPARAM>(row), entry.channel);
         if (entry.channel == present) Send(IDC_BAND_CHANNEL, CB_SETCURSEL, static_cast<WPARAM>(row));
     };
-    if (document && document->Class().type == KEST_IMAGE_RGB) std::for_each(std::begin(rgbChannels), std::end(rgbChannels), add);
-    if (document && document->Class().type == KEST_IMAGE_HSL) std::for_each(std::begin(hslChannels), std::end(hslChannels), add);
-    for (const int id : {IDC_BAND_CHANNEL, IDC_BAND_CHANNEL_LABEL}) ShowWindow(Item(id), present >= 0 ? SW_SHOW : SW_HIDE);
+    if (document && document->Class().type == KEST_IMAGE_RGB)
+        std::for_each(std::begin(rgbChannels), std::end(rgbChannels), add);
+    if (document && document->Class().type == KEST_IMAGE_HSL)
+        std::for_each(std::begin(hslChannels), std::end(hslChannels), add);
+    for (const int id : {IDC_BAND_CHANNEL, IDC_BAND_CHANNEL_LABEL})
+        ShowWindow(Item(id), present >= 0 ? SW_SHOW : SW_HIDE);
     std::string units = "Levels 0 to 255.";
     if (document && document->Class().isWide)
-        units = Format("Levels of the display: 0 is %g, 255 is %g.", static_cast<double>(document->Image().GetMinPixelValue()),
+        units = Format("Levels of the display: 0 is %g, 255 is %g.",
+                       static_cast<double>(document->Image().GetMinPixelValue()),
                        static_cast<double>(document->Image().GetMaxPixelValue()));
-    if (document && document->Class().type == KEST_IMAGE_HSL) units = "Hue 0 to 239 stands for 0 to 360 degrees; the others 0 to 240.";
+    if (document && document->Class().type == KEST_IMAGE_HSL)
+        units = "Hue 0 to 239 stands for 0 to 360 degrees; the others 0 to 240.";
     if (document && !ThresholdPreview::IsPossible(document->Image())) units = "A binary picture has only two values.";
     SetText(IDC_BAND_UNITS, units);
 }
@@ -168,7 +173,7 @@ void ThresholdPane::ShowCount() {
         return;
     }
     CcRoiBase* roi = document->SelectedRoi();
-    const BandCount count = CountInBands(*document, roi);
+    const BandCount count = CountInBands(*document, document->BandMask(), roi);
     std::string text = Format("In the bands: %lld pixels", count.pixels);
     if (document->Calibration())
         text += Format(",\n%.6g square %s", count.area, document->Calibration()->GetUnitsOfMeasure());
@@ -196,7 +201,9 @@ bool ThresholdPane::OnCommand(int id, int code) {
     if (!document || isFilling) return true;
     const int selected = SelectedBand();
     switch (id) {
-        case IDC_BAND_ADD: AddBand(); break;
+        case IDC_BAND_ADD:
+            AddBand();
+            break;
         case IDC_BAND_REMOVE: {
             std::vector<ThresholdTag> bands = document->Bands();
             if (bands.size() < 2 || selected < 0) break;
@@ -217,12 +224,16 @@ bool ThresholdPane::OnCommand(int id, int code) {
             document->SetBands(std::move(bands));
             break;
         }
-        case IDC_BAND_SHOW: document->PreviewBands(IsChecked(IDC_BAND_SHOW), main.View().Canvas()); break;
-        case IDC_BAND_MASK: MakeMask(); break;
+        case IDC_BAND_SHOW:
+            document->PreviewBands(IsChecked(IDC_BAND_SHOW), main.View().Canvas());
+            break;
+        case IDC_BAND_MASK:
+            MakeMask();
+            break;
         case IDC_BAND_CHANNEL:
             if (code == CBN_SELCHANGE)
-                document->SetChannel(static_cast<int>(Send(
-                    IDC_BAND_CHANNEL, CB_GETITEMDATA, static_cast<WPARAM>(Send(IDC_BAND_CHANNEL, CB_GETCURSEL)))));
+                document->SetChannel(static_cast<int>(
+                    Send(IDC_BAND_CHANNEL, CB_GETITEMDATA, static_cast<WPARAM>(Send(IDC_BAND_CHANNEL, CB_GETCURSEL)))));
             break;
         case IDC_BAND_LOW_TEXT:
         case IDC_BAND_HIGH_TEXT: {
@@ -238,7 +249,8 @@ bool ThresholdPane::OnCommand(int id, int code) {
                 ChangeBand(std::min(level, band.fLow), level);
             break;
         }
-        default: break;
+        default:
+            break;
     }
     return true;
 }

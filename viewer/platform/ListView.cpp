@@ -36,10 +36,13 @@ void ListView::RemoveColumns() const {
     }
 }
 
-int ListView::RowCount() const { return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0)); }
+int ListView::RowCount() const {
+    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
 
 void ListView::SetRowCount(int count) const {
-    for (int row = RowCount(); row > count; --row) SendMessageA(list, LVM_DELETEITEM, static_cast<WPARAM>(row - 1), 0);
+    for (int row = RowCount(); row > count; --row)
+        SendMessageA(list, LVM_DELETEITEM, static_cast<WPARAM>(row - 1), 0);
     for (int row = RowCount(); row < count; ++row) {
         char empty[] = "";
         LVITEMA item = {};

@@ -59,13 +59,17 @@ INT_PTR CALLBACK Pane::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM
     }
 }
 
-std::string Pane::Text(int id) const { return TextOf(Item(id)); }
+std::string Pane::Text(int id) const {
+    return TextOf(Item(id));
+}
 
 void Pane::SetText(int id, const std::string& text) const {
     if (Text(id) != text) SetDlgItemTextA(window, id, text.c_str());
 }
 
-std::optional<double> Pane::Number(int id) const { return ParseNumber(Text(id)); }
+std::optional<double> Pane::Number(int id) const {
+    return ParseNumber(Text(id));
+}
 
 void Pane::SetNumber(int id, double value, int significantDigits) const {
     SetText(id, Format("%.*g", significantDigits, value));

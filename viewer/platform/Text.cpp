@@ -38,7 +38,8 @@ std::string Format(const char* format, ...) {
 std::optional<double> ParseNumber(std::string text) {
     std::replace(text.begin(), text.end(), ',', '.');
     const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.back())) text.pop_back();
+    while (!text.empty() && isBlank(text.back()))
+        text.pop_back();
     if (text.empty()) return std::nullopt;
     char* end = nullptr;
     const double value = std::strtod(text.c_str(), &end);
@@ -48,8 +49,10 @@ std::optional<double> ParseNumber(std::string text) {
 
 std::wstring Wide(const std::string& utf8) {
     std::wstring wide(static_cast<std::size_t>(
-                          MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0)), 0);
-    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(), static_cast<int>(wide.size()));
+                          MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0)),
+                      0);
+    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(),
+                        static_cast<int>(wide.size()));
     return wide;
 }
 
@@ -61,7 +64,9 @@ std::string Utf8(const wchar_t* wide) {
     return text;
 }
 
-std::string FileNameOf(const std::string& path) { return path.substr(NameStart(path)); }
+std::string FileNameOf(const std::string& path) {
+    return path.substr(NameStart(path));
+}
 
 std::string FileTitleOf(const std::string& path) {
     return path.substr(NameStart(path), ExtensionStart(path) - NameStart(path));
@@ -69,13 +74,18 @@ std::string FileTitleOf(const std::string& path) {
 
 std::string ExtensionOf(const std::string& path) {
     std::string extension = path.substr(ExtensionStart(path));
-    for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (char& c : extension)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return extension;
 }
 
-std::string FolderOf(const std::string& path) { return path.substr(0, NameStart(path)); }
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, NameStart(path));
+}
 
-std::string WithoutExtension(const std::string& path) { return path.substr(0, ExtensionStart(path)); }
+std::string WithoutExtension(const std::string& path) {
+    return path.substr(0, ExtensionStart(path));
+}
 
 std::string FullPathOf(const std::string& path) {
     char full[4 * MAX_PATH];

@@ -54,7 +54,9 @@ SIZE Window::ClientSize() const {
     return {client.right, client.bottom};
 }
 
-int Window::Scaled(int length) const { return MulDiv(length, DpiOf(window), 96); }
+int Window::Scaled(int length) const {
+    return MulDiv(length, DpiOf(window), 96);
+}
 
 std::string TextOf(HWND window) {
     std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, 0);
@@ -62,7 +64,9 @@ std::string TextOf(HWND window) {
     return text;
 }
 
-HINSTANCE ProgramInstance() { return GetModuleHandleA(nullptr); }
+HINSTANCE ProgramInstance() {
+    return GetModuleHandleA(nullptr);
+}
 
 int DpiOf(HWND window) {
     const UINT dpi = GetDpiForWindow(window);

@@ -1,0 +1,237 @@
+// Runs KestView and works with it as a person does.
+#include "viewer/Driver.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace test {
+namespace {
+
+using Visitor = std::function<bool(HWND)>;  // true goes on
+
+BOOL CALLBACK Visit(HWND window, LPARAM visitor) { return (*reinterpret_cast<Visitor*>(visitor))(window); }
+
+bool HasClass(HWND window, const char* className) {
+    char name[64] = {};
+    GetClassNameA(window, name, sizeof name);
+    return std::string(name) == className;
+}
+
+HWND FindTopWindow(DWORD processId, const std::function<bool(HWND)>& isWanted) {
+    HWND found = nullptr;
+    Visitor visitor = [&](HWND window) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        if (id == processId && IsWindowVisible(window) && isWanted(window)) found = window;
+        return !found;
+    };
+    EnumWindows(Visit, reinterpret_cast<LPARAM>(&visitor));
+    return found;
+}
+
+}  // namespace
+
+std::wstring TextOfWindow(HWND window) {
+    wchar_t text[1024] = {};
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 3000, &length);
+    return text;
+}
+
+Driver::Driver(const std::wstring& arguments) {
+    std::wstring command = L"KestView.exe " + arguments;
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) return;
+    const auto isMain = [](HWND window) { return HasClass(window, "KestViewMain"); };
+    WaitFor([&] { return (main = FindTopWindow(process.dwProcessId, isMain)) != nullptr; }, 20000);
+    SetForegroundWindow(main);
+    Settle(300);
+}
+
+Driver::~Driver() {
+    if (IsRunning()) TerminateProcess(process.hProcess, 99);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+bool Driver::IsRunning() const {
+    return process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT;
+}
+
+std::wstring Driver::Title() const { return TextOfWindow(main); }
+
+HWND Driver::FindChild(const std::function<bool(HWND)>& isWanted) const {
+    HWND found = nullptr;
+    Visitor visitor = [&](HWND window) {
+        if (IsWindowVisible(window) && isWanted(window)) found = window;
+        return !found;
+    };
+    EnumChildWindows(main, Visit, reinterpret_cast<LPARAM>(&visitor));
+    return found;
+}
+
+HWND Driver::Descendant(const char* className) const {
+    return FindChild([&](HWND window) { return HasClass(window, className); });
+}
+
+HWND Driver::Control(int id) const {
+    return FindChild([&](HWND window) { return GetDlgCtrlID(window) == id; });
+}
+
+void Driver::Settle(DWORD milliseconds) {
+    Sleep(milliseconds);
+    // A sent message is answered between two of the queue; the second one comes after what the input posted.
+    for (int i = 0; i < 2; ++i) {
+        DWORD_PTR result;
+        SendMessageTimeoutA(main, WM_NULL, 0, 0, SMTO_NORMAL, 5000, &result);
+    }
+}
+
+void Driver::Press(std::initializer_list<WORD> keys) {
+    std::vector<INPUT> inputs;
+    const auto add = [&](WORD key, DWORD flags) {
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, 0));
+        input.ki.dwFlags = flags;
+        inputs.push_back(input);
+    };
+    for (const WORD key : keys) add(key, 0);
+    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) add(*key, KEYEVENTF_KEYUP);
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    Settle();
+}
+
+void Driver::Type(const std::wstring& text) {
+    for (const wchar_t character : text) {
+        INPUT inputs[2] = {};
+        for (INPUT& input : inputs) {
+            input.type = INPUT_KEYBOARD;
+            input.ki.wScan = character;
+            input.ki.dwFlags = KEYEVENTF_UNICODE;
+        }
+        inputs[1].ki.dwFlags |= KEYEVENTF_KEYUP;
+        SendInput(2, inputs, sizeof(INPUT));
+    }
+    Settle(60);
+}
+
+void Driver::SendMouse(DWORD flags, POINT screen, DWORD data) {
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    // Absolute positions count 65536 over the screen; the middle of the pixel is meant.
+    input.mi.dx = (screen.x * 65536 + 32768) / GetSystemMetrics(SM_CXSCREEN);
+    input.mi.dy = (screen.y * 65536 + 32768) / GetSystemMetrics(SM_CYSCREEN);
+    input.mi.mouseData = data;
+    input.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE;
+    SendInput(1, &input, sizeof input);
+    Settle(8);
+}
+
+void Driver::MoveTo(HWND window, POINT at) {
+    ClientToScreen(window, &at);
+    SendMouse(MOUSEEVENTF_MOVE, at);
+}
+
+void Driver::Click(HWND window, POINT at, bool isRight) {
+    MoveTo(window, at);
+    ClientToScreen(window, &at);
+    SendMouse(isRight ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN, at);
+    SendMouse(isRight ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP, at);
+    Settle();
+}
+
+void Driver::Drag(HWND window, std::initializer_list<POINT> path) {
+    constexpr int stepPixels = 12;
+    POINT at = *path.begin(), screen = at;
+    MoveTo(window, at);
+    ClientToScreen(window, &screen);
+    SendMouse(MOUSEEVENTF_LEFTDOWN, screen);
+    for (const POINT& corner : path) {
+        const int distance = static_cast<int>(std::max(std::abs(corner.x - at.x), std::abs(corner.y - at.y)));
+        for (int done = stepPixels; done < distance; done += stepPixels)
+            MoveTo(window, {at.x + (corner.x - at.x) * done / distance, at.y + (corner.y - at.y) * done / distance});
+        MoveTo(window, corner);
+        at = corner;
+    }
+    screen = at;
+    ClientToScreen(window, &screen);
+    SendMouse(MOUSEEVENTF_LEFTUP, screen);
+    Settle();
+}
+
+void Driver::Wheel(HWND window, POINT at, int notches) {
+    MoveTo(window, at);
+    ClientToScreen(window, &at);
+    const int turn = notches > 0 ? WHEEL_DELTA : -WHEEL_DELTA;
+    for (int i = 0; i < std::abs(notches); ++i) SendMouse(MOUSEEVENTF_WHEEL, at, static_cast<DWORD>(turn));
+    Settle();
+}
+
+void Driver::ClickControl(int id) {
+    const HWND control = Control(id);
+    RECT client;
+    if (control && GetClientRect(control, &client)) Click(control, {client.right / 2, client.bottom / 2});
+}
+
+bool Driver::WaitFor(const std::function<bool()>& condition, DWORD milliseconds) {
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < milliseconds; Sleep(20))
+        if (condition()) return true;
+    return condition();
+}
+
+HWND Driver::FindDialog(const std::wstring& title) const {
+    return FindTopWindow(process.dwProcessId,
+                         [&](HWND window) { return HasClass(window, "#32770") && TextOfWindow(window) == title; });
+}
+
+HWND Driver::WaitForDialog(const std::wstring& title) {
+    HWND dialog = nullptr;
+    WaitFor([&] { return (dialog = FindDialog(title)) != nullptr; });
+    Sleep(150);
+    return dialog;
+}
+
+bool Driver::AnswerFileDialog(const std::wstring& title, const std::wstring& path) {
+    if (!WaitForDialog(title)) return false;
+    Press({VK_CONTROL, 'A'});
+    Type(path);
+    Press({VK_RETURN});
+    const bool isClosed = WaitFor([&] { return !FindDialog(title); });
+    Settle();
+    return isClosed;
+}
+
+std::wstring Driver::AnswerBox(WORD key) {
+    const HWND box = WaitForDialog(L"KestView");
+    if (!box) return L"";
+    const std::wstring text = TextOfWindow(GetDlgItem(box, 0xFFFF));
+    Press({key});
+    WaitFor([&] { return !IsWindow(box); });
+    Settle();
+    return text;
+}
+
+Picture Driver::Screen() {
+    const HDC dc = GetDC(nullptr);
+    const Picture picture = PictureOf(dc, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    ReleaseDC(nullptr, dc);
+    return picture;
+}
+
+Picture Driver::ClientOf(HWND window) {
+    RECT client = {};
+    GetClientRect(window, &client);
+    POINT corner = {0, 0};
+    ClientToScreen(window, &corner);
+    const Picture screen = Screen();
+    Picture picture{static_cast<int>(client.right), static_cast<int>(client.bottom), {}};
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x) picture.pixels.push_back(screen.At(corner.x + x, corner.y + y));
+    return picture;
+}
+
+}  // namespace test
