@@ -261,17 +261,14 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     const Bytes noName = Bytes().Text("X", 260), noUnits = Bytes().Text("X", 80);
     Bytes shortest = ShortHeader(1, -1, -1);
     shortest.pop_back();
-    const std::vector<Bytes> hostile = {Bytes(),
-                                        shortest,
-                                        Header(5, 2, noName, noUnits, -1, -1).Add(Points()),
-                                        Header(6, 0, noName, noUnits, -1, -1).Add(Points()),
-                                        Header(6, 3, noName, noUnits, -1, -1).Add(Points()),
-                                        Header(6, 2, noName, noUnits, -1, -1).Fill(63, 0),
-                                        Header(6, 2, noName, noUnits, 2, 1).Add(Points()).Fill(7, 0),
-                                        Header(6, 1, noName, noUnits, 2, 2).Add(Map(3)),
-                                        Header(6, 1, noName, noUnits, 0x7FFFFFFF, 0x7FFFFFFF).Add(Map(3)),
-                                        Header(6, 1, noName, noUnits, 0x40000000, 4).Add(Map(3)),
-                                        Header(6, 1, noName, noUnits, 65536, 65536)};
+    const auto header = [&](int type, int version, int width, int height) {
+        return Header(type, version, noName, noUnits, width, height);
+    };
+    const std::vector<Bytes> hostile = {
+        Bytes(), shortest, header(5, 2, -1, -1).Add(Points()), header(6, 0, -1, -1).Add(Points()),
+        header(6, 3, -1, -1).Add(Points()), header(6, 2, -1, -1).Fill(63, 0), header(6, 2, 2, 1).Add(Points()).Fill(7, 0),
+        header(6, 1, 2, 2).Add(Map(3)), header(6, 1, 0x7FFFFFFF, 0x7FFFFFFF).Add(Map(3)),
+        header(6, 1, 0x40000000, 4).Add(Map(3)), header(6, 1, 65536, 65536)};
     for (std::size_t i = 0; i < hostile.size(); ++i) {
         EXPECT_EQ(Open(calibration, hostile[i]), -1) << i;
         EXPECT_STREQ(calibration.GetName(), "Bench") << i;

@@ -41,53 +41,7 @@ Lines LinesOf(std::span<const IntPoint> chain, bool isClosed) {
     return lines;
 }
 
-/// Whether the chain goes one way and one line y = s x + t passes within half a pixel of all its pixels, found by
-/// trying every slope between two of them.
-bool IsStraight(std::span<const IntPoint> chain) {
-    const IntPoint first = chain.front(), last = chain.back();
-    const bool isSteep = std::abs(last.y - first.y) > std::abs(last.x - first.x);
-    const auto advance = [isSteep](IntPoint from, IntPoint to) { return isSteep ? to.y - from.y : to.x - from.x; };
-    for (std::size_t i = 1; i < chain.size(); ++i)
-        if (advance(chain[i - 1], chain[i]) * advance(first, last) <= 0) return false;
-    for (const IntPoint& a : chain)
-        for (const IntPoint& b : chain) {
-            const double run = isSteep ? b.y - a.y : b.x - a.x;
-            if (run == 0) continue;
-            const double slope = (isSteep ? b.x - a.x : b.y - a.y) / run;
-            double low = 1e9, high = -1e9;
-            for (const IntPoint& p : chain) {
-                const double offset = isSteep ? p.x - slope * p.y : p.y - slope * p.x;
-                low = std::min(low, offset);
-                high = std::max(high, offset);
-            }
-            if (high - low < 1 - 1e-9) return true;
-        }
-    return chain.size() < 2;
-}
-
 }  // namespace
-
-TEST(OutlineLines, AreTheLongestOnes) {
-    std::mt19937 random(5);
-    std::uniform_int_distribution<int> coordinate(-9, 9), step(-1, 1);
-    for (int i = 0; i < 400; ++i) {
-        std::vector<IntPoint> chain;
-        if (i % 2) {
-            chain = Rasterise({{0, 0}, {coordinate(random), coordinate(random)}, {coordinate(random), 9}});
-        } else {
-            // Staircases that change between two neighbouring directions at random.
-            IntPoint at = {0, 0};
-            for (int k = 0; k < 14; ++k) chain.push_back(at = {at.x + 1, at.y + std::abs(step(random))});
-        }
-        if (chain.size() < 2) continue;
-        const std::size_t end = kest::EndOfStraightLine(chain, 0);
-        const std::span<const IntPoint> all(chain);
-        ASSERT_TRUE(IsStraight(all.first(end + 1))) << i;
-        if (end + 1 < chain.size()) {
-            ASSERT_FALSE(IsStraight(all.first(end + 2))) << i;
-        }
-    }
-}
 
 TEST(OutlineLines, MeasureTheShapeAndNotTheStairs) {
     EXPECT_EQ(LinesOf({}, true).count, 0);
