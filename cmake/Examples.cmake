@@ -7,6 +7,16 @@ foreach(program MainJob DrawRegions GraphPage MakeSamplePlate PicturePage)
   target_link_libraries(${program} PRIVATE kest_example)
 endforeach()
 
+# The programs that the programmer's guide shows.
+file(GLOB guide_sources CONFIGURE_DEPENDS examples/guide/*.cpp)
+list(FILTER guide_sources EXCLUDE REGEX FirstProgram)
+add_executable(Guide ${guide_sources})
+add_executable(FirstProgram examples/guide/FirstProgram.cpp)
+foreach(program Guide FirstProgram)
+  target_link_libraries(${program} PRIVATE kest_example)
+endforeach()
+add_dependencies(Guide HistogramTool)
+
 # A sample tool library; a host loads it with CLOADDLL.
 add_library(HistogramTool SHARED
   examples/HistogramTool/Histogram.cpp examples/HistogramTool/HistogramTool.cpp

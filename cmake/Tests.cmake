@@ -11,6 +11,8 @@ if(NOT WIN32)
   target_include_directories(test_kernels PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   add_test(NAME native.kernels COMMAND test_kernels)
   set_tests_properties(native.kernels PROPERTIES TIMEOUT 600)
+  # The programmer's guide shows the programs as they are.
+  add_test(NAME native.guide COMMAND ${PROJECT_SOURCE_DIR}/script/docs --check)
   return()
 endif()
 
@@ -41,3 +43,7 @@ foreach(library RecordingTool EndlessText NoEntry)
   set_target_properties(${library} PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
 endforeach()
 add_dependencies(test_tools RecordingTool EndlessText NoEntry HistogramTool)
+
+# The programs of the programmer's guide, which check what it tells.
+add_test(NAME win${bits}.guide COMMAND Guide WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set_tests_properties(win${bits}.guide PROPERTIES TIMEOUT 120 RUN_SERIAL ON)

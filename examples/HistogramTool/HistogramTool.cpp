@@ -28,6 +28,7 @@ void __cdecl CloseTool() { histogram_window::Close(); }
 
 }  // namespace
 
+// [initialize]
 KEST_TOOL_EXPORT void KestInitialize(tagToolInfo* pInfo) {
     // A host may load the library for several menu entries; the bitmaps are made once.
     if (!toolBitmap) toolBitmap = LoadToolBitmap(IDB_TOOL);
@@ -41,6 +42,7 @@ KEST_TOOL_EXPORT void KestInitialize(tagToolInfo* pInfo) {
     pInfo->hToolBitmap = toolBitmap;
     pInfo->hToolBitmapSelected = toolBitmapSelected;
 }
+// [/initialize]
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID isProcessEnding) {
     if (reason == DLL_PROCESS_ATTACH) toolModule = module;
