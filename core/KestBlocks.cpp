@@ -8,8 +8,9 @@
 #include "core/kernel/CheckedSize.h"
 
 KestGlobalBlock& KestGlobalBlock::operator=(const KestGlobalBlock& other) {
-    // Assigned from its own copy, a holder keeps its block.
-    if (hBlock == other.hBlock) return *this;
+    // Assigned from its own copy, an owner keeps its block. A copy takes the new values even for the same handle, which
+    // the system may have given to another block meanwhile.
+    if (this == &other || (bOwner && hBlock == other.hBlock)) return *this;
     Release();
     hBlock = other.hBlock;
     pLocked = other.pLocked;
@@ -69,7 +70,8 @@ void KestGlobalBlock::Swap(KestGlobalBlock& other) {
 }
 
 KestHeapBlock& KestHeapBlock::operator=(const KestHeapBlock& other) {
-    if (pBlock != other.pBlock) Refer(other.pBlock, static_cast<long long>(other.ullBytes));
+    if (this != &other && !(bOwner && pBlock == other.pBlock))
+        Refer(other.pBlock, static_cast<long long>(other.ullBytes));
     return *this;
 }
 

@@ -7,7 +7,7 @@
 /// follows the tools when others are inserted or deleted before them.
 ///
 /// The list owns its tools: DelAt and the destructor delete them, which unloads their libraries. A null entry is
-/// accepted. A copy refers to the same tools; its destructor does not delete them.
+/// accepted. A copy refers to the same tools and deletes none.
 class KEST_API CDLLLST : public KestHeapObject {
 public:
     CDLLLST();

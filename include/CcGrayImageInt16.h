@@ -16,8 +16,8 @@ struct KestWideTraits;
 /// The samples travel in a raw file beside the BMP file, of the same name with the extension ".i16": file code 5,
 /// height, width (32-bit signed each), then the samples, bottom row first, rows unpadded, all little-endian.
 ///
-/// A change of samples (through `operator=`, a raw file or a new image) makes the statistics and the display stale:
-/// GetMinPixelValue and GetMaxPixelValue bring the statistics up to date, Show also the display.
+/// A change of samples (through `operator=`, a raw file or a new blank image) makes the statistics and the display
+/// stale: GetMinPixelValue and GetMaxPixelValue bring the statistics up to date, Show also the display.
 class KEST_API CcGrayImageInt16 : public CcGrayImage256 {
 public:
     CcGrayImageInt16();
@@ -48,8 +48,10 @@ public:
     /// again, and all point lists are spread over the new range. 0, also for an unknown LUT or channel; -1 for null
     /// points.
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
-    /// Without a raw file of the class's code, the image's size and enough bytes the samples are the 8-bit values. -1
-    /// for a BMP file that is refused (old samples stay), and after "Unable to Allocate Memory for 16-bit Image".
+    /// Without a raw file of the class's code, the image's size and enough bytes the samples are the 8-bit values;
+    /// statistics and display are then not made stale (ReScaleImageOnShow does so for an object that held another
+    /// image before). -1 for a BMP file that is refused (old samples stay), and after "Unable to Allocate Memory for
+    /// 16-bit Image".
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
     /// Writes the display image as BMP file and the raw file beside it. -1 without samples, for a cancelled dialog, and
     /// after "Can't open file for saving 16-bit image data".

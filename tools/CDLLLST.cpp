@@ -55,7 +55,7 @@ int CDLLLST::DelAt(int iIndex) {
     if (iNumberOfElements == 0 || iIndex < 0 || iIndex > iNumberOfElements) return KEST_FAILED;
     const int last = iNumberOfElements - 1;
     if (iIndex <= last) {
-        delete pElements[iIndex];
+        if (bOwnsElements) delete pElements[iIndex];
         std::memmove(pElements + iIndex, pElements + iIndex + 1,
                      static_cast<std::size_t>(last - iIndex) * sizeof(CLOADDLL*));
     }

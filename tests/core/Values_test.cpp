@@ -44,6 +44,19 @@ TEST(CcHLObject, NamesAreRefusedNotCut) {
     EXPECT_STREQ(buffer, "");
 }
 
+TEST(Blocks, ACopyIsAssignedAnewThoughTheHandleWasUsedAgain) {
+    KestGlobalBlock block;
+    ASSERT_NE(block.Allocate(5000), nullptr);
+    KestGlobalBlock copy(block);
+    ASSERT_NE(block.Allocate(10), nullptr);
+    copy = block;
+    EXPECT_EQ(copy.Size(), 10);
+    EXPECT_EQ(copy.Get(), block.Get());
+    EXPECT_FALSE(copy.Owns());
+    block = copy;
+    EXPECT_TRUE(block.Owns());
+}
+
 TEST(CcHLObject, CountTypeAndCopies) {
     CcHLObject object;
     EXPECT_EQ(object.DecReferenceCount(), -1);

@@ -82,7 +82,8 @@ TEST(CDLLLST, InsertsAndDeletesUpToItsHundredTools) {
             model.erase(model.begin() + place);
         }
         EXPECT_EQ(ContentOf(list), model);
-        const CDLLLST copy(list);
+        CDLLLST copy(list);
+        EXPECT_EQ(copy.DelAt(0), 0);  // the tool is the list's, and stays
     }
     EXPECT_EQ(deleted, 99);
 }
