@@ -52,7 +52,9 @@ TEST(Leaks, RepetitionsLeaveNothing) {
         const test::Picture first = window.Snapshot();
         ExpectSteady([&] { image->Show(window, 101, 1, 0, 0, 2); });
         ExpectSteady([&] { image->CopyToClipboard(window, 101, nullptr); });
-        const test::TemporaryFile file("leaks.bmp"), samples("leaks.raw");
+        const test::TemporaryFile file("leaks.bmp"), samples[] = {test::TemporaryFile("leaks.i16"),
+                                                                  test::TemporaryFile("leaks.i32"),
+                                                                  test::TemporaryFile("leaks.flt")};
         ASSERT_EQ(image->SaveBMPFile(file.Path()), 0);
         int width = 0;
         ExpectSteady([&] {
