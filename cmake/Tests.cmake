@@ -35,6 +35,14 @@ foreach(part IN LISTS KEST_PARTS)
   endif()
 endforeach()
 
+# KestView: its documents, and the running program driven by mouse and keyboard.
+file(GLOB sources CONFIGURE_DEPENDS tests/viewer/*.cpp)
+add_executable(test_viewer ${sources})
+target_link_libraries(test_viewer PRIVATE kest_test_support kestview_documents kest_example)
+add_dependencies(test_viewer KestView)
+add_test(NAME win${bits}.viewer COMMAND test_viewer WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set_tests_properties(win${bits}.viewer PROPERTIES TIMEOUT 200 RUN_SERIAL ON)
+
 # Tool libraries, good and hostile ones, beside the test program that loads them.
 foreach(library RecordingTool EndlessText NoEntry)
   add_library(${library} SHARED tests/tools/libraries/${library}.cpp)

@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* sideTitles[sidePageCount] = {"Threshold", "Display", "Histogram", "Profile", "Calibrate"};
 constexpr int sideTemplates[sidePageCount] = {IDD_THRESHOLD, IDD_DISPLAY_TABLE, IDD_GRAPH, IDD_GRAPH, IDD_CALIBRATION};
-constexpr int sideWidth = 352, roiListHeight = 190, resultsHeight = 190, toolsMenuPosition = 8;
+constexpr int sideWidth = 352, roiListHeight = 222, resultsHeight = 190, toolsMenuPosition = 8;
 
 HWND CreateTabs(HWND parent, int id, DWORD style) {
     return CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,

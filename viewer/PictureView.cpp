@@ -25,7 +25,7 @@ void PictureView::SetDocument(Document* newDocument) {
     roiMouse.SetDocument(newDocument);
     document = newDocument;
     Arrange();
-    Invalidate();
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void PictureView::Refresh(unsigned change) {
@@ -112,8 +112,9 @@ void PictureView::Arrange() {
     const RECT place = {(room.cx - shown.cx) / 2, (room.cy - shown.cy) / 2, (room.cx - shown.cx) / 2 + shown.cx,
                         (room.cy - shown.cy) / 2 + shown.cy};
     if (!EqualRect(&old, &place)) {
-        MoveWindow(canvas, place.left, place.top, WidthOf(place), HeightOf(place), FALSE);
-        Invalidate();
+        SetWindowPos(canvas, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOREDRAW);
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     }
     ShowWindow(canvas, document ? SW_SHOWNA : SW_HIDE);
     isArranging = false;

@@ -80,24 +80,31 @@ void Toolbar::MakePictures() {
             ImageList_Add(isEnabled ? pictures : disabledPictures, bitmap, nullptr);
             DeleteObject(bitmap);
         }
+    for (const HBITMAP picture : toolPictures)
+        AddToolPicture(picture);
     SendMessageA(window, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures));
     SendMessageA(window, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabledPictures));
     SendMessageA(window, TB_SETBUTTONSIZE, 0,
                  MAKELPARAM(size + MulDiv(7, DpiOf(window), 96), size + MulDiv(8, DpiOf(window), 96)));
 }
 
+void Toolbar::AddToolPicture(HBITMAP picture) {
+    const HBITMAP scaled = MakeToolbarPicture(picture, MulDiv(24, DpiOf(window), 96));
+    ImageList_Add(pictures, scaled, nullptr);
+    ImageList_Add(disabledPictures, scaled, nullptr);
+    DeleteObject(scaled);
+}
+
 void Toolbar::AddTool(int command, HBITMAP picture) {
     TBBUTTON record = {};
-    if (!hasTools) {
+    if (toolPictures.empty()) {
         record.iBitmap = 8;
         record.fsStyle = BTNS_SEP;
         SendMessageA(window, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&record));
-        hasTools = true;
     }
-    const HBITMAP scaled = MakeToolbarPicture(picture, MulDiv(24, DpiOf(window), 96));
-    record.iBitmap = ImageList_Add(pictures, scaled, nullptr);
-    ImageList_Add(disabledPictures, scaled, nullptr);
-    DeleteObject(scaled);
+    record.iBitmap = ImageList_GetImageCount(pictures);
+    toolPictures.push_back(picture);
+    AddToolPicture(picture);
     record.idCommand = command;
     record.fsState = TBSTATE_ENABLED;
     record.fsStyle = BTNS_BUTTON;

@@ -5,6 +5,8 @@
 
 #include <commctrl.h>
 
+#include <vector>
+
 #include "platform/Window.h"
 
 namespace kestview {
@@ -17,15 +19,17 @@ public:
     int Height() const;
     /// Draws the pictures anew for the window's resolution.
     void MakePictures();
-    /// A button for a tool library, at the end.
+    /// A button for a tool library, at the end. The picture stays the tool's.
     void AddTool(int command, HBITMAP picture);
     void SetState(int command, bool isEnabled, bool isChecked) const;
 
 private:
+    void AddToolPicture(HBITMAP picture);
+
     HWND window = nullptr;
     HIMAGELIST pictures = nullptr;
     HIMAGELIST disabledPictures = nullptr;
-    bool hasTools = false;
+    std::vector<HBITMAP> toolPictures;  ///< the tools' own
 };
 
 }  // namespace kestview

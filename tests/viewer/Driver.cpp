@@ -10,7 +10,9 @@ namespace {
 
 using Visitor = std::function<bool(HWND)>;  // true goes on
 
-BOOL CALLBACK Visit(HWND window, LPARAM visitor) { return (*reinterpret_cast<Visitor*>(visitor))(window); }
+BOOL CALLBACK Visit(HWND window, LPARAM visitor) {
+    return (*reinterpret_cast<Visitor*>(visitor))(window);
+}
 
 bool HasClass(HWND window, const char* className) {
     char name[64] = {};
@@ -43,7 +45,8 @@ Driver::Driver(const std::wstring& arguments) {
     std::wstring command = L"KestView.exe " + arguments;
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup;
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) return;
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+        return;
     const auto isMain = [](HWND window) { return HasClass(window, "KestViewMain"); };
     WaitFor([&] { return (main = FindTopWindow(process.dwProcessId, isMain)) != nullptr; }, 20000);
     SetForegroundWindow(main);
@@ -60,7 +63,9 @@ bool Driver::IsRunning() const {
     return process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT;
 }
 
-std::wstring Driver::Title() const { return TextOfWindow(main); }
+std::wstring Driver::Title() const {
+    return TextOfWindow(main);
+}
 
 HWND Driver::FindChild(const std::function<bool(HWND)>& isWanted) const {
     HWND found = nullptr;
@@ -99,8 +104,10 @@ void Driver::Press(std::initializer_list<WORD> keys) {
         input.ki.dwFlags = flags;
         inputs.push_back(input);
     };
-    for (const WORD key : keys) add(key, 0);
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) add(*key, KEYEVENTF_KEYUP);
+    for (const WORD key : keys)
+        add(key, 0);
+    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
+        add(*key, KEYEVENTF_KEYUP);
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
     Settle();
 }
@@ -167,7 +174,8 @@ void Driver::Wheel(HWND window, POINT at, int notches) {
     MoveTo(window, at);
     ClientToScreen(window, &at);
     const int turn = notches > 0 ? WHEEL_DELTA : -WHEEL_DELTA;
-    for (int i = 0; i < std::abs(notches); ++i) SendMouse(MOUSEEVENTF_WHEEL, at, static_cast<DWORD>(turn));
+    for (int i = 0; i < std::abs(notches); ++i)
+        SendMouse(MOUSEEVENTF_WHEEL, at, static_cast<DWORD>(turn));
     Settle();
 }
 
@@ -216,6 +224,8 @@ std::wstring Driver::AnswerBox(WORD key) {
 }
 
 Picture Driver::Screen() {
+    // Painting comes after everything else.
+    Settle(150);
     const HDC dc = GetDC(nullptr);
     const Picture picture = PictureOf(dc, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
     ReleaseDC(nullptr, dc);
@@ -230,7 +240,8 @@ Picture Driver::ClientOf(HWND window) {
     const Picture screen = Screen();
     Picture picture{static_cast<int>(client.right), static_cast<int>(client.bottom), {}};
     for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x) picture.pixels.push_back(screen.At(corner.x + x, corner.y + y));
+        for (int x = 0; x < picture.width; ++x)
+            picture.pixels.push_back(screen.At(corner.x + x, corner.y + y));
     return picture;
 }
 

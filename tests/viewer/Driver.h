@@ -51,9 +51,9 @@ public:
     std::wstring AnswerBox(WORD key);
     static bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = 5000);
 
-    /// The whole screen, or a window's client area as it is on the screen.
-    static Picture Screen();
-    static Picture ClientOf(HWND window);
+    /// The whole screen, or a window's client area as it is on the screen, once the program has painted.
+    Picture Screen();
+    Picture ClientOf(HWND window);
 
 private:
     HWND Descendant(const char* className) const;

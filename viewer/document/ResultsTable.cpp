@@ -25,8 +25,8 @@ const Column columns[resultColumnCount] = {
     {"Mean", nullptr, &KestRoiMeasurement::dMean},
     {"Minimum", nullptr, &KestRoiMeasurement::dMinimum},
     {"Maximum", nullptr, &KestRoiMeasurement::dMaximum},
-    {"Std. deviation", nullptr, &KestRoiMeasurement::dStandardDeviation},
-    {"Area in bands", " (square %s)", nullptr},
+    {"Std. dev.", nullptr, &KestRoiMeasurement::dStandardDeviation},
+    {"In bands", " (square %s)", nullptr},
 };
 
 std::string Quoted(const std::string& text, char separator) {

@@ -17,7 +17,7 @@ constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::i
                      *nameKey = "KestView::szName", *pictureKey = "KestView::szPicturePath",
                      *calibrationKey = "KestView::szCalibrationFile", *tableKey = "KestView::iDisplayTable",
                      *zoomKey = "KestView::iZoom", *samplesKey = "KestView::cSamples",
-                     *channelKey = "KestView::iChannel";
+                     *channelKey = "KestView::iChannel", *bandsKey = "KestView::stBands";
 constexpr int pathSize = 4 * MAX_PATH;
 
 /// A stream takes object names of at most 49 characters; longer ones are cut while it is written.
@@ -58,6 +58,18 @@ std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
     return wide;
 }
 
+std::vector<ThresholdTag> BandsIn(CcPropertyBag& bag) {
+    long bytes = 0;
+    constexpr long bandBytes = sizeof(ThresholdTag), mostBands = 8;
+    if (bag.GetPropLength(bandsKey, 5, &bytes) < 0 || bytes % bandBytes != 0 || bytes > mostBands * bandBytes)
+        return {};
+    std::vector<ThresholdTag> bands(static_cast<std::size_t>(bytes / bandBytes));
+    if (bag.GetBlob(bandsKey, bands.data(), bytes) < 0) return {};
+    for (const ThresholdTag& band : bands)
+        if (!(band.fLow >= 0 && band.fLow <= band.fHigh && band.fHigh <= 255)) return {};
+    return bands;
+}
+
 bool HoldsOnlyRois(CcImage& image) {
     CcList& list = *image.GetListROI();
     for (int i = 0; i < list.GetNumberOfObjects(); ++i)
@@ -86,6 +98,9 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
                                     {pictureKey, document.picturePath},
                                     {calibrationKey, document.calibrationPath}})
         if (!text.empty()) bag->PutString(key, text.c_str());
+    if (!document.Bands().empty())
+        bag->PutBlob(bandsKey, document.Bands().data(),
+                     static_cast<long>(document.Bands().size() * sizeof(ThresholdTag)));
     bool isWritten = true;
     if (document.Class().isWide)
         isWritten = SampleBytes(image) <= LONG_MAX &&
@@ -142,6 +157,7 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
     document->sessionPath = path;
     document->view.zoom = std::clamp(IntIn(*bag, zoomKey, 0), 0, largestZoom);
     document->SetChannel(IntIn(*bag, channelKey, -1));
+    document->SetBands(BandsIn(*bag));
     document->SetDisplayTable(static_cast<unsigned short>(std::clamp(IntIn(*bag, tableKey, 102), 100, 104)));
     const std::string calibrationPath = StringIn(*bag, calibrationKey);
     if (!calibrationPath.empty()) {

@@ -116,10 +116,14 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
         return nullptr;
     const Target target = TargetOf(format, HasGrayPalette(factory, frame, format));
     Com<IWICFormatConverter> converter;
-    if (factory->CreateFormatConverter(&converter) < 0 ||
-        converter->Initialize(frame, *target.format, WICBitmapDitherTypeNone, nullptr, 0, WICBitmapPaletteTypeCustom) <
-            0)
-        return nullptr;
+    IWICBitmapSource* source = frame;
+    if (!IsEqualGUID(format, *target.format)) {
+        if (factory->CreateFormatConverter(&converter) < 0 ||
+            converter->Initialize(frame, *target.format, WICBitmapDitherTypeNone, nullptr, 0,
+                                  WICBitmapPaletteTypeCustom) < 0)
+            return nullptr;
+        source = converter;
+    }
     constexpr UINT largestSide = 65535;
     if (width < 1 || height < 1 || width > largestSide || height > largestSide) {
         error = FileNameOf(path) + " is larger than this program can hold.";
@@ -130,7 +134,7 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
         error = "There is not enough memory for " + FileNameOf(path) + ".";
         return nullptr;
     }
-    if (!TakeRows(converter, target, *image, busy)) return nullptr;
+    if (!TakeRows(source, target, *image, busy)) return nullptr;
     image->ReScaleImageOnShow();
     error.clear();
     return image;

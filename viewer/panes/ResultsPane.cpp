@@ -20,7 +20,7 @@ namespace {
 constexpr UINT_PTR measureTimer = 1;
 constexpr UINT measureDelayMilliseconds = 30;
 constexpr int shownDigits = 6;
-constexpr int columnWidths[resultColumnCount] = {90, 95, 60, 95, 125, 70, 70, 75, 90, 155};
+constexpr int columnWidths[resultColumnCount] = {82, 92, 55, 95, 122, 58, 65, 68, 68, 136};
 
 }  // namespace
 

@@ -19,8 +19,8 @@ namespace kestview {
 namespace {
 
 constexpr std::size_t mostBands = 8;
-constexpr COLORREF bandColours[mostBands] = {RGB(230, 40, 40),  RGB(40, 110, 230), RGB(30, 170, 70),  RGB(240, 170, 0),
-                                             RGB(160, 60, 200), RGB(0, 170, 180),  RGB(240, 90, 160), RGB(120, 90, 40)};
+constexpr COLORREF bandColours[mostBands] = {RGB(40, 110, 230), RGB(230, 40, 40), RGB(30, 170, 70),  RGB(240, 170, 0),
+                                             RGB(160, 60, 200), RGB(0, 170, 180), RGB(240, 90, 160), RGB(120, 90, 40)};
 /// A band that begins at the top level would be taken to begin at 0.
 constexpr int highestLow = 254, highestLevel = 255;
 
@@ -98,8 +98,8 @@ void ThresholdPane::FillChannels() {
         std::for_each(std::begin(rgbChannels), std::end(rgbChannels), add);
     if (document && document->Class().type == KEST_IMAGE_HSL)
         std::for_each(std::begin(hslChannels), std::end(hslChannels), add);
-    for (const int id : {IDC_BAND_CHANNEL, IDC_BAND_CHANNEL_LABEL})
-        ShowWindow(Item(id), present >= 0 ? SW_SHOW : SW_HIDE);
+    if (present < 0) add({present, "Gray level"});
+    Enable(IDC_BAND_CHANNEL, present >= 0);
     std::string units = "Levels 0 to 255.";
     if (document && document->Class().isWide)
         units = Format("Levels of the display: 0 is %g, 255 is %g.",

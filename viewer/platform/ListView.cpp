@@ -41,6 +41,8 @@ int ListView::RowCount() const {
 }
 
 void ListView::SetRowCount(int count) const {
+    // Rows that scroll while others come and go can leave their pictures behind.
+    if (RowCount() != count) InvalidateRect(list, nullptr, TRUE);
     for (int row = RowCount(); row > count; --row)
         SendMessageA(list, LVM_DELETEITEM, static_cast<WPARAM>(row - 1), 0);
     for (int row = RowCount(); row < count; ++row) {

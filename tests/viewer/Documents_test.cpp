@@ -1,0 +1,329 @@
+// KestView's documents without its windows: sessions, decoded files, conversions, masks, tables of results.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <memory>
+
+#include "document/Conversion.h"
+#include "document/Histogram.h"
+#include "document/PictureFiles.h"
+#include "document/Profile.h"
+#include "document/ResultsTable.h"
+#include "document/RoiFiles.h"
+#include "document/RoiKinds.h"
+#include "document/Session.h"
+#include "platform/Text.h"
+#include "support/Bytes.h"
+
+namespace test {
+namespace {
+
+using namespace kestview;
+
+constexpr int allTypes[] = {KEST_IMAGE_GRAY256, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB,
+                            KEST_IMAGE_BINARY,  KEST_IMAGE_INT16, KEST_IMAGE_HSL};
+constexpr int rows = 11, columns = 13;
+
+/// Values that a class of 8 bits could not hold, where the class holds more.
+std::unique_ptr<Document> MakeDocument(int type) {
+    auto image = MakeImage(type, rows, columns, "sample");
+    for (int i = 0; i < rows * columns; ++i) {
+        void* pixels = image->GetBitMapImageData();
+        switch (type) {
+            case KEST_IMAGE_INT16:
+                static_cast<unsigned short*>(pixels)[i] = static_cast<unsigned short>(i * 400);
+                break;
+            case KEST_IMAGE_INT32:
+                static_cast<int*>(pixels)[i] = (i - 70) * 1000003;
+                break;
+            case KEST_IMAGE_FLOAT:
+                static_cast<float*>(pixels)[i] = static_cast<float>(i) / 7 - 3;
+                break;
+            case KEST_IMAGE_BINARY:
+                static_cast<unsigned char*>(pixels)[i] = i % 3 == 0;
+                break;
+            case KEST_IMAGE_GRAY256:
+                static_cast<unsigned char*>(pixels)[i] = static_cast<unsigned char>(i * 7);
+                break;
+            default:
+                for (int c = 0; c < 3; ++c)
+                    static_cast<unsigned char*>(pixels)[3 * i + c] = static_cast<unsigned char>(i * (5 + 2 * c));
+        }
+    }
+    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->DoConvert();
+    image->ReScaleImageOnShow();
+    return std::make_unique<Document>(std::move(image));
+}
+
+std::string PixelBytes(CcImage& image) {
+    return std::string(static_cast<const char*>(image.GetBitMapImageData()),
+                       static_cast<std::size_t>(SampleBytes(image)));
+}
+
+std::unique_ptr<CcRoiBase> MakeRect(RECT place) {
+    std::unique_ptr<CcRoiBase> roi(new CcRoiRect);
+    roi->SetRoiImageCord(&place);
+    return roi;
+}
+
+TEST(Session, BringsBackEveryClassWithItsValuesRegionsAndCalibration) {
+    for (const int type : allTypes) {
+        SCOPED_TRACE(type);
+        const TemporaryFile file("session-test.kvs"), calibrationFile("session-test.cal");
+        auto document = MakeDocument(type);
+        const std::string longName(120, 'n');
+        document->Image().SetName(longName.c_str());
+        document->AddRoi(MakeRect({2, 8, 6, 3}));
+        document->RenameRoi(document->Roi(0), "a region");
+        document->SetBands({{10, 20, 1, 2, 3}, {30, 40, 4, 5, 6}});
+        document->SetDisplayTable(103);
+        tagPoints image[4] = {{0, 0}, {10, 0}, {10, 9}, {0, 9}}, world[4] = {{0, 0}, {5, 0}, {5, 4.5f}, {0, 4.5f}};
+        std::unique_ptr<CcCalibration> calibration(new CcCalibration);
+        ASSERT_EQ(calibration->DoCalibration(image, world, 4, columns, rows), 0);
+        ASSERT_EQ(calibration->Save(calibrationFile.Path()), 0);
+        ASSERT_TRUE(document->SetCalibration(std::move(calibration), calibrationFile.Path()));
+
+        std::string error, warning;
+        ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
+        EXPECT_EQ(document->Name(), longName) << "cut only while it was written";
+        EXPECT_FALSE(document->IsModified());
+        auto loaded = OpenSession(file.Path(), error, warning);
+        ASSERT_TRUE(loaded) << error;
+        EXPECT_EQ(warning, "");
+        EXPECT_EQ(loaded->Class().type, type);
+        EXPECT_EQ(loaded->Name(), longName);
+        EXPECT_EQ(PixelBytes(loaded->Image()), PixelBytes(document->Image()));
+        ASSERT_EQ(loaded->RoiCount(), 1);
+        EXPECT_STREQ(loaded->Roi(0).GetName(), "a region");
+        EXPECT_TRUE(EqualRect(loaded->Roi(0).GetBoundingRect(), document->Roi(0).GetBoundingRect()));
+        EXPECT_EQ(loaded->Bands().size(), 2u);
+        EXPECT_EQ(loaded->DisplayTable(), 103);
+        ASSERT_TRUE(loaded->Calibration());
+        EXPECT_FLOAT_EQ(loaded->Calibration()->GetAreaOfPixel(4, 4), 0.25f);
+        EXPECT_FALSE(loaded->IsModified());
+        document->RemoveCalibration();
+        loaded->RemoveCalibration();
+    }
+}
+
+TEST(Session, RefusesWhatIsCutOffOrSomethingElse) {
+    const TemporaryFile whole("session-whole.kvs");
+    std::string error, warning;
+    ASSERT_TRUE(SaveSession(*MakeDocument(KEST_IMAGE_INT16), whole.Path(), error));
+    const std::vector<std::uint8_t> bytes = whole.Content();
+    for (std::size_t length = 0; length < bytes.size(); length += 97) {
+        const TemporaryFile part("session-part.kvs",
+                                 {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)});
+        EXPECT_FALSE(OpenSession(part.Path(), error, warning)) << length;
+        EXPECT_NE(error, "");
+    }
+    // A stream that holds a list where the bag should be.
+    const TemporaryFile list("session-list.kvs");
+    {
+        CcFileObjectStorage stream;
+        CcList empty;
+        stream.Open(list.Path(), GENERIC_READ | GENERIC_WRITE);
+        stream.PutObject(&empty);
+    }
+    EXPECT_FALSE(OpenSession(list.Path(), error, warning));
+    EXPECT_FALSE(OpenSession("no-such-file.kvs", error, warning));
+}
+
+TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    std::string error;
+    // 24-bit BMP, three columns: its rows are padded to twelve bytes.
+    Bytes padded;
+    padded.Text("BM", 2)
+        .I32(54 + 24)
+        .I32(0)
+        .I32(54)
+        .I32(40)
+        .I32(3)
+        .I32(2)
+        .U16(1)
+        .U16(24)
+        .I32(0)
+        .I32(24)
+        .I32(0)
+        .I32(0)
+        .I32(0)
+        .I32(0);
+    for (int row = 0; row < 2; ++row)
+        for (int i = 0; i < 12; ++i)
+            padded.U8(static_cast<unsigned>(row * 100 + i));
+    const TemporaryFile bmp("padded.bmp", padded);
+    auto image = OpenPicture(bmp.Path(), error);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
+    EXPECT_STREQ(image->GetName(), "padded");
+    EXPECT_EQ(PixelBytes(*image), std::string("\0\1\2\3\4\5\6\7\10", 9) + std::string("defghijkl", 9));
+
+    // 16-bit gray TIFF, 3 x 2, uncompressed; its first row is the top one.
+    Bytes tiff;
+    tiff.Text("II", 2).U16(42).I32(8 + 12).Fill(0, 0);
+    for (const unsigned sample : {1u, 300u, 65535u, 7u, 8u, 40000u})
+        tiff.U16(sample);
+    const auto entry = [&](unsigned tag, unsigned kind, long long value) { tiff.U16(tag).U16(kind).I32(1).I32(value); };
+    tiff.U16(9);
+    entry(256, 3, 3), entry(257, 3, 2), entry(258, 3, 16), entry(259, 3, 1), entry(262, 3, 1), entry(273, 4, 8);
+    entry(277, 3, 1), entry(278, 3, 2), entry(279, 4, 12);
+    tiff.I32(0);
+    const TemporaryFile gray("gray.tif", tiff);
+    image = OpenPicture(gray.Path(), error);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_INT16);
+    EXPECT_EQ((*image)(0, 1), 1.0f);
+    EXPECT_EQ((*image)(2, 1), 65535.0f);
+    EXPECT_EQ((*image)(2, 0), 40000.0f);
+
+    const TemporaryFile text("text.png", Bytes().Text("this is no picture", 18));
+    EXPECT_FALSE(OpenPicture(text.Path(), error));
+    EXPECT_EQ(error, "text.png is not a picture that this system can decode, or it is damaged.");
+    CoUninitialize();
+}
+
+TEST(PictureFiles, SavedPicturesOpenAsTheSameClass) {
+    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB}) {
+        SCOPED_TRACE(type);
+        std::string error;
+        auto document = MakeDocument(type);
+        const char* suffix = document->Class().rawSuffix;
+        const TemporaryFile file("saved.bmp"), samples(std::string("saved") + (suffix ? suffix : ".none"));
+        ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
+        auto opened = OpenPicture(file.Path(), error);
+        ASSERT_TRUE(opened) << error;
+        EXPECT_EQ(opened->GetImageType(), type);
+        EXPECT_EQ(PixelBytes(*opened), PixelBytes(document->Image()));
+    }
+}
+
+TEST(Conversion, TakesValuesOverOrShowsThem) {
+    auto wide = MakeDocument(KEST_IMAGE_INT16);  // 0 to 56800 in steps of 400
+    const auto shown = ConvertImage(wide->Image(), KEST_IMAGE_GRAY256);
+    EXPECT_EQ((*shown)(0, 0), 0.0f);
+    EXPECT_EQ((*shown)(columns - 1, rows - 1), 255.0f);
+    const auto floats = ConvertImage(wide->Image(), KEST_IMAGE_FLOAT);
+    EXPECT_EQ((*floats)(5, 2), (columns * 2 + 5) * 400.0f);
+    auto negative = MakeDocument(KEST_IMAGE_INT32);
+    const auto limited = ConvertImage(negative->Image(), KEST_IMAGE_INT16);
+    EXPECT_EQ((*limited)(0, 0), 0.0f);
+    EXPECT_EQ((*limited)(columns - 1, rows - 1), 65535.0f);
+
+    auto colour = MakeDocument(KEST_IMAGE_RGB);
+    const auto hsl = ConvertImage(colour->Image(), KEST_IMAGE_HSL);
+    EXPECT_EQ(PixelBytes(*hsl), PixelBytes(colour->Image()));
+    RGBQUAD expected = {};
+    const std::string first = PixelBytes(colour->Image()).substr(3, 3);
+    auto& converter = static_cast<Cc24BitHSLImage&>(*hsl);
+    converter.RGB2HSL(static_cast<BYTE>(first[2]), static_cast<BYTE>(first[1]), static_cast<BYTE>(first[0]), &expected);
+    EXPECT_EQ(std::memcmp(static_cast<BYTE*>(converter.GetBitMapImageDataHSL()) + 3, &expected, 3), 0)
+        << "the plane is made";
+    const auto mask = ConvertImage(colour->Image(), KEST_IMAGE_BINARY);
+    EXPECT_EQ((*mask)(0, 0), 0.0f);
+    EXPECT_EQ((*mask)(1, 0), 1.0f);
+}
+
+TEST(ThresholdPreview, MaskIsWhatTheBandsHoldAndThePictureComesBack) {
+    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_INT16, KEST_IMAGE_RGB}) {
+        SCOPED_TRACE(type);
+        auto document = MakeDocument(type);
+        if (type == KEST_IMAGE_RGB) document->SetChannel(2);
+        const std::string before = PixelBytes(document->Image());
+        tagPoints tableBefore[256] = {}, tableAfter[256] = {};
+        document->SetDisplayTable(101);
+        std::vector<tagPoints> curve = {{0, 255}, {255, 0}};
+        if (type == KEST_IMAGE_GRAY256) document->SetTableCurve(101, 2, curve);
+        document->Image().GetDisplayLUT(101, 2, tableBefore);
+        document->SetBands({{40, 60, 255, 0, 0}, {50, 90, 0, 0, 0}});
+        document->PreviewBands(true, GetDesktopWindow());
+        ASSERT_TRUE(document->IsPreviewing());
+        const std::vector<std::uint8_t> mask = document->BandMask();
+        document->PreviewBands(false, nullptr);
+        EXPECT_EQ(PixelBytes(document->Image()), before);
+        document->Image().GetDisplayLUT(101, 2, tableAfter);
+        EXPECT_EQ(std::memcmp(tableBefore, tableAfter, sizeof tableBefore), 0) << "the user's own curves";
+        ASSERT_EQ(mask.size(), static_cast<std::size_t>(rows * columns));
+        const double last = rows * columns - 1;
+        for (int i = 0; i < rows * columns; ++i) {
+            int level = static_cast<unsigned char>(i * 7);
+            if (type == KEST_IMAGE_INT16) level = static_cast<int>(i * 255 / last + 1e-4);
+            if (type == KEST_IMAGE_RGB) level = static_cast<unsigned char>(before[static_cast<std::size_t>(3 * i + 1)]);
+            EXPECT_EQ(mask[static_cast<std::size_t>(i)], level >= 40 && level <= 90) << i;
+        }
+    }
+}
+
+TEST(Results, AreATableThatOtherProgramsRead) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    document->AddRoi(MakeRect({2, 8, 6, 3}));
+    document->RenameRoi(document->Roi(0), "one, \"two\"");
+    document->SetBands({{0, 254.5f, 1, 2, 3}});
+    const ResultsTable table = MeasureRois(*document);
+    ASSERT_EQ(table.rows.size(), 1u);
+    EXPECT_EQ(table.rows[0].values.llPixels, 30);
+    EXPECT_EQ(table.rows[0].areaInBands, 30);
+    const std::string text = ResultsAsText(table, ',');
+    EXPECT_EQ(text.substr(0, text.find('\r')),
+              "Name,Kind,Pixels,Length (pixels),Area (square pixels),Mean,Minimum,Maximum,Std. dev.,In bands (square "
+              "pixels)");
+    EXPECT_NE(text.find("\n\"one, \"\"two\"\"\",Rectangle,30,22,30,"), std::string::npos) << text;
+    EXPECT_EQ(ParseNumber(" 1,5 "), 1.5);
+    EXPECT_EQ(ParseNumber("1.5 mm"), std::nullopt);
+    EXPECT_EQ(ParseNumber("nan"), std::nullopt);
+}
+
+TEST(Graphs, CountAndFollowTheRegion) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    auto rect = MakeRect({0, 1, 3, 0});
+    const Histogram histogram = MakeHistogram(*document, rect.get());
+    EXPECT_EQ(histogram.pixels, 8);
+    for (const int value : {0, 7, 14, 21, 91, 98, 105, 112})
+        EXPECT_EQ(histogram.channels[0].counts[static_cast<std::size_t>(value)], 1);
+
+    std::unique_ptr<CcRoiBase> line(new CcRoiLine);
+    int ends[4] = {1, 2, 9, 2};
+    line->SetRoiImageCord(ends);
+    const std::vector<tagPoints> profile = MakeProfile(*document, *line);
+    ASSERT_EQ(profile.size(), 9u);
+    for (int i = 0; i < 9; ++i) {
+        EXPECT_EQ(profile[static_cast<std::size_t>(i)].x, i);
+        EXPECT_EQ(profile[static_cast<std::size_t>(i)].y, static_cast<unsigned char>((2 * columns + 1 + i) * 7));
+    }
+}
+
+TEST(RoiFiles, BringBackOneAndAll) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    for (const RoiKind& kind : roiKinds) {
+        auto roi = kind.make();
+        POINT outline[4] = {{1, 1}, {5, 1}, {5, 5}, {1, 5}};
+        PixelGroupTag group = {0, 0, 0, 4, outline, nullptr};
+        int record[4] = {1, 6, 7, 2};
+        tagPoints point = {2.5f, 3.5f};
+        const bool isOutline = kind.type == KEST_ROI_FREEHAND || kind.type == KEST_ROI_FREEHANDLINE ||
+                               kind.type == KEST_ROI_POLYLINE || kind.type == KEST_ROI_POLYFREEHAND;
+        void* given = kind.type == KEST_ROI_POINT ? static_cast<void*>(&point)
+                      : isOutline                 ? static_cast<void*>(&group)
+                                                  : record;
+        ASSERT_EQ(roi->SetRoiImageCord(given), 0);
+        const TemporaryFile file("one.roi");
+        ASSERT_TRUE(SaveRoi(*roi, file.Path()));
+        const auto restored = RestoreRoi(file.Path());
+        ASSERT_TRUE(restored) << kind.label;
+        EXPECT_EQ(restored->GetROIType(), kind.type);
+        EXPECT_TRUE(EqualRect(restored->GetBoundingRect(), roi->GetBoundingRect())) << kind.label;
+        document->AddRoi(std::move(roi));
+    }
+    const TemporaryFile file("all.rois"), wrong("wrong.rois", Bytes().Fill(300, 7));
+    ASSERT_TRUE(SaveAllRois(*document, file.Path()));
+    EXPECT_EQ(RestoreAllRois(*document, file.Path()), roiKindCount);
+    EXPECT_EQ(document->RoiCount(), 2 * roiKindCount);
+    document->Undo();
+    EXPECT_EQ(document->RoiCount(), roiKindCount) << "one step";
+    EXPECT_EQ(RestoreAllRois(*document, wrong.Path()), -1);
+    EXPECT_FALSE(RestoreRoi(wrong.Path()));
+}
+
+}  // namespace
+}  // namespace test

@@ -1,0 +1,352 @@
+// The tour: a person's whole session with KestView on the sample plate, with real mouse and keyboard, and a look into
+// every file that it wrote. With the environment variable KEST_TOUR_FOLDER set, pictures of the steps go there.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <vector>
+
+#include "KestApi.h"
+#include "Resource.h"
+#include "SamplePlate.h"
+#include "support/Bytes.h"
+#include "viewer/Driver.h"
+
+namespace test {
+namespace {
+
+constexpr int plateWidth = example::plateWidthPixels, plateHeight = example::plateHeightPixels;
+
+/// A point of the canvas at zoom 1, where the whole plate is shown.
+POINT At(double x, double y) {
+    return {std::lround(x), plateHeight - 1 - std::lround(y)};
+}
+POINT OnPlate(double worldX, double worldY) {
+    const tagPoints pixel = example::PlatePixel(worldX, worldY);
+    return At(static_cast<double>(pixel.x), static_cast<double>(pixel.y));
+}
+
+/// A table of comma-separated values by row name and column title.
+class Table {
+public:
+    explicit Table(const std::wstring& path) {
+        text = ReadFile(path);
+        std::istringstream lines(text);
+        std::string line;
+        std::getline(lines, line);
+        const std::vector<std::string> titles = Cells(line.substr(3));  // behind the byte order mark
+        while (std::getline(lines, line)) {
+            const std::vector<std::string> cells = Cells(line);
+            for (std::size_t i = 0; i < cells.size() && i < titles.size(); ++i)
+                rows[cells[0]][titles[i]] = cells[i];
+        }
+    }
+    double Number(const std::string& row, const std::string& column) const {
+        return std::atof(Text(row, column).c_str());
+    }
+    std::string Text(const std::string& row, const std::string& column) const {
+        const auto found = rows.find(row);
+        if (found == rows.end() || !found->second.count(column)) return "(missing)";
+        return found->second.at(column);
+    }
+    std::size_t RowCount() const { return rows.size(); }
+    const std::string& All() const { return text; }
+
+    static std::string ReadFile(const std::wstring& path) {
+        const HANDLE file =
+            CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (file == INVALID_HANDLE_VALUE) return "";
+        std::string content(GetFileSize(file, nullptr), 0);
+        DWORD read = 0;
+        ::ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &read, nullptr);
+        CloseHandle(file);
+        return content;
+    }
+
+private:
+    static std::vector<std::string> Cells(std::string line) {
+        while (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        std::vector<std::string> cells(1);
+        for (const char c : line) {
+            if (c == ',')
+                cells.emplace_back();
+            else
+                cells.back() += c;
+        }
+        return cells;
+    }
+
+    std::string text;
+    std::map<std::string, std::map<std::string, std::string>> rows;
+};
+
+class Tour : public testing::Test {
+public:
+    void SetUp() override {
+        wchar_t temporary[MAX_PATH];
+        GetTempPathW(MAX_PATH, temporary);
+        // A folder and a file name that no single code page holds.
+        folder = std::wstring(temporary) + L"KestView-Prüfung-測定\\";
+        CreateDirectoryW(folder.c_str(), nullptr);
+        plate = std::make_unique<CcGrayImage256>();
+        ASSERT_TRUE(example::MakePlate(*plate));
+        plate->SaveBMPFile("plate.bmp");
+        for (const wchar_t* name : {L"Größe.bmp", L"mask.bmp", L"before.csv", L"after.csv", L"plate.cal", L"tour.kvs"})
+            DeleteFileW((folder + name).c_str());
+        ASSERT_TRUE(MoveFileExW(L"plate.bmp", (folder + L"Größe.bmp").c_str(), MOVEFILE_COPY_ALLOWED));
+    }
+
+    void Show(const char* name) {
+        const char* pictures = std::getenv("KEST_TOUR_FOLDER");
+        if (!pictures || !view) return;
+        view->Screen().SaveBmp(std::string(pictures) + "/" + name + ".bmp");
+    }
+
+    void Open() {
+        view->Press({VK_CONTROL, 'O'});
+        ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Größe.bmp"));
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; })) << "the picture opens";
+        Show("01-opened");
+    }
+
+    void Zoom() {
+        view->Press({VK_CONTROL, '1'});
+        RECT client;
+        GetClientRect(view->Canvas(), &client);
+        ASSERT_EQ(client.right, plateWidth);
+        ASSERT_EQ(client.bottom, plateHeight);
+        const Picture shown = view->ClientOf(view->Canvas());
+        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
+        int different = 0;
+        for (int y = 0; y < plateHeight; ++y)
+            for (int x = 0; x < plateWidth; ++x)
+                different += (shown.At(x, y) & 255) != pixels[(plateHeight - 1 - y) * plateWidth + x];
+        EXPECT_EQ(different, 0) << "pixels shown as they are";
+
+        // Four steps in about a pixel that shows the middle of the disc: it stays under the mouse.
+        const POINT mouse = OnPlate(20, 20);
+        POINT onScreen = mouse;
+        ClientToScreen(view->Canvas(), &onScreen);
+        view->Wheel(view->Canvas(), mouse, 4);
+        GetClientRect(view->Canvas(), &client);
+        EXPECT_EQ(client.right % 5, 0) << "whole pixels only";
+        EXPECT_GT(client.right, plateWidth);
+        Show("02-zoomed");
+        view->Wheel(view->Canvas(), mouse, -4);
+        view->Press({VK_CONTROL, '1'});
+    }
+
+    void Tool(int number) { view->Press({VK_CONTROL, VK_SHIFT, static_cast<WORD>('0' + number)}); }
+
+    void Draw() {
+        const HWND canvas = view->Canvas();
+        Tool(1);
+        view->Click(canvas, OnPlate(20, 54));
+        Tool(2);
+        view->Drag(canvas, {OnPlate(0, 0), OnPlate(100, 0)});
+        Tool(3);
+        view->Drag(canvas, {OnPlate(5, 35), OnPlate(36, 4)});  // around the disc
+        Tool(4);
+        view->Drag(canvas, {At(272, 375), At(416, 289)});  // around the ellipse
+        Tool(5);
+        view->Drag(canvas, {OnPlate(74, 65), OnPlate(96, 65), OnPlate(97, 40), OnPlate(73, 40), OnPlate(74, 64)});
+        Tool(6);
+        view->Drag(canvas, {OnPlate(40, 36), OnPlate(50, 38), OnPlate(60, 36), OnPlate(70, 38)});
+        Tool(7);
+        // The rectangle's corners, half a pixel inside: an outline is drawn through the middles of its pixels.
+        for (const POINT corner : {OnPlate(40.1, 9.1), OnPlate(69.9, 9.1), OnPlate(69.9, 28.9)})
+            view->Click(canvas, corner);
+        view->MoveTo(canvas, OnPlate(40.1, 28.9));
+        view->Click(canvas, OnPlate(40.1, 28.9));
+        view->Press({VK_RETURN});
+        Tool(8);
+        view->Click(canvas, OnPlate(78, 10));
+        view->Click(canvas, OnPlate(94, 10));
+        view->Click(canvas, OnPlate(94, 26), true);
+        view->Press({VK_ESCAPE});
+        Show("03-regions");
+
+        // A second rectangle is drawn, moved, taken back and deleted.
+        Tool(3);
+        view->Drag(canvas, {At(300, 100), At(340, 60)});
+        view->Press({VK_ESCAPE});
+        view->Drag(canvas, {At(320, 80), At(400, 80)});
+        view->Press({VK_CONTROL, 'Z'});
+        view->Press({VK_CONTROL, 'Z'});
+    }
+
+    void Calibrate() {
+        view->Press({VK_CONTROL, 'K'});
+        for (const example::PlateMark& mark : example::PlateMarks())
+            view->Click(view->Canvas(), At(mark.pixelX, mark.pixelY));
+        int row = 0;
+        for (const example::PlateMark& mark : example::PlateMarks()) {
+            view->ClickControl(IDC_CAL_WORLD_X_FIRST + row);
+            view->Press({VK_CONTROL, 'A'});
+            view->Type(std::to_wstring(static_cast<int>(mark.worldX)));
+            view->Press({VK_TAB});
+            view->Press({VK_CONTROL, 'A'});
+            view->Type(std::to_wstring(static_cast<int>(mark.worldY)));
+            ++row;
+        }
+        view->ClickControl(IDC_CAL_APPLY);
+        EXPECT_EQ(TextOfWindow(view->Control(IDC_CAL_STATE)), L"Calibrated; not saved in a file yet.");
+        Show("04-calibrated");
+        view->ClickControl(IDC_CAL_SAVE);
+        ASSERT_TRUE(view->AnswerFileDialog(L"Save Calibration", folder + L"plate.cal"));
+    }
+
+    void Threshold() {
+        view->Press({VK_CONTROL, 'T'});
+        // By the slider first, then exactly.
+        const HWND low = view->Control(IDC_BAND_LOW);
+        RECT slider;
+        GetClientRect(low, &slider);
+        view->Drag(low, {{slider.right / 2, slider.bottom / 3}, {slider.right * 3 / 4, slider.bottom / 3}});
+        const std::wstring slid = TextOfWindow(view->Control(IDC_BAND_LOW_TEXT));
+        EXPECT_NEAR(std::wcstod(slid.c_str(), nullptr), 190, 15) << "the slider follows the mouse";
+        view->ClickControl(IDC_BAND_LOW_TEXT);
+        view->Press({VK_CONTROL, 'A'});
+        view->Type(std::to_wstring(example::plateThreshold));
+        Show("05-threshold");
+        const Picture shown = view->ClientOf(view->Canvas());
+        const POINT square = OnPlate(86, 18), ground = OnPlate(50, 2);
+        EXPECT_EQ(shown.At(square.x, square.y), 0x286EE6u) << "in the band";
+        EXPECT_NE(shown.At(ground.x, ground.y), 0x286EE6u);
+    }
+
+    void Mask() {
+        view->Press({VK_CONTROL, 'B'});
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe-mask * - KestView"; }));
+        Show("06-mask");
+        view->Press({VK_MENU, 'F'});
+        view->Press({'P'});
+        ASSERT_TRUE(view->AnswerFileDialog(L"Save Picture", folder + L"mask.bmp"));
+        const std::string file = Table::ReadFile(folder + L"mask.bmp");
+        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
+        constexpr std::size_t header = 14 + 40 + 1024, count = static_cast<std::size_t>(plateWidth) * plateHeight;
+        ASSERT_EQ(file.size(), header + count);
+        std::size_t different = 0;
+        for (std::size_t i = 0; i < count; ++i)
+            different += file[header + i] != (pixels[i] >= example::plateThreshold);
+        EXPECT_EQ(different, 0u);
+        view->Press({VK_CONTROL, VK_SHIFT, VK_TAB});
+        ASSERT_EQ(view->Title(), L"Größe * - KestView");
+    }
+
+    void ExportTable(const wchar_t* name) {
+        view->Press({VK_CONTROL, 'E'});
+        ASSERT_TRUE(view->AnswerFileDialog(L"Export Results", folder + name));
+    }
+
+    void Measure() {
+        ExportTable(L"before.csv");
+        Show("07-measured");
+        const Table table(folder + L"before.csv");
+        EXPECT_EQ(table.RowCount(), 8u);
+        const std::string area = "Area (square mm)", inBands = "In bands (square mm)", length = "Length (mm)";
+        const auto known = [](std::size_t index) { return example::PlateObjects()[index].Area(); };
+        EXPECT_NEAR(table.Number("Rect.1", inBands) / known(0), 1, 0.01) << "the disc";
+        EXPECT_NEAR(table.Number("Ellipse.1", inBands) / known(3), 1, 0.01) << "the ellipse";
+        EXPECT_NEAR(table.Number("Freehand.1", inBands) / known(4), 1, 0.01) << "the triangle";
+        EXPECT_NEAR(table.Number("PolyFree.1", area) / known(1), 1, 0.01) << "the rectangle, by its corners";
+        EXPECT_NEAR(table.Number("Line.1", length), 100, 0.5);
+        EXPECT_NEAR(table.Number("PolyLine.1", length), 32, 0.5);
+        // The rectangle's pixels, summed up here. Released where it was drawn last, a rectangle reaches one pixel
+        // further.
+        const POINT from = OnPlate(5, 35), to = OnPlate(36, 4);
+        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
+        double sum = 0;
+        for (long y = from.y; y <= to.y + 1; ++y)
+            for (long x = from.x; x <= to.x + 1; ++x)
+                sum += pixels[(plateHeight - 1 - y) * plateWidth + x];
+        const long count = (to.x - from.x + 2) * (to.y - from.y + 2);
+        EXPECT_EQ(table.Number("Rect.1", "Pixels"), count);
+        EXPECT_NEAR(table.Number("Rect.1", "Mean"), sum / static_cast<double>(count), 1e-5);
+    }
+
+    void EditDisplayTable() {
+        view->Press({VK_CONTROL, 'U'});
+        const HWND graph = view->Graph();
+        ASSERT_TRUE(graph);
+        const POINT square = OnPlate(86, 18);
+        const unsigned before = view->ClientOf(view->Canvas()).At(square.x, square.y);
+        // The curve's marked points are found as the squares that the graph draws; the fourth of five is at level 191.
+        RECT client;
+        GetClientRect(graph, &client);
+        const Picture picture = view->ClientOf(graph);
+        POINT top = {-1, -1}, bottom = {-1, -1};
+        for (int y = 0; y < picture.height; ++y)
+            for (int x = 0; x < picture.width; ++x)
+                if (picture.At(x, y) == 0x3C3C3C) {
+                    if (top.x < 0) top = {x, y};
+                    bottom = {x, y};
+                }
+        ASSERT_GE(top.x, 0) << "the curve is drawn";
+        const auto along = [&](double part) {
+            return POINT{bottom.x + std::lround((top.x - bottom.x) * part),
+                         bottom.y + std::lround((top.y - bottom.y) * part)};
+        };
+        POINT target = along(0.75);
+        target.y = bottom.y - 10;
+        view->Drag(graph, {along(0.75), target});
+        const unsigned after = view->ClientOf(view->Canvas()).At(square.x, square.y);
+        EXPECT_LT((after & 255) + 40, before & 255) << "bright pixels have become dark";
+        Show("08-display-table");
+        view->ClickControl(IDC_TABLE_RESET);
+        EXPECT_EQ(view->ClientOf(view->Canvas()).At(square.x, square.y), before);
+        view->Press({VK_CONTROL, 'H'});
+        Show("09-histogram");
+    }
+
+    void SaveAndReopen() {
+        view->Press({VK_CONTROL, 'S'});
+        ASSERT_TRUE(view->AnswerFileDialog(L"Save Session", folder + L"tour.kvs"));
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; })) << "saved: no star any more";
+        view->Press({VK_CONTROL, 'W'});
+        view->Press({VK_CONTROL, 'O'});
+        ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"tour.kvs"));
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; }));
+        ExportTable(L"after.csv");
+        EXPECT_EQ(Table(folder + L"after.csv").All(), Table(folder + L"before.csv").All());
+        Show("10-reopened");
+    }
+
+    void AskBeforeLosingWork() {
+        view->Press({VK_CONTROL, 'A'});
+        view->Click(view->Canvas(), At(5, 5));
+        Tool(1);
+        view->Click(view->Canvas(), At(5, 5));
+        view->Press({VK_CONTROL, 'W'});
+        EXPECT_EQ(view->AnswerBox(VK_ESCAPE), L"Save the changes to Größe in a session?");
+        EXPECT_EQ(view->Title(), L"Größe * - KestView") << "cancelled: still there";
+        PostMessageA(view->Main(), WM_CLOSE, 0, 0);
+        view->AnswerBox('N');
+        view->AnswerBox('N');  // the mask
+        EXPECT_TRUE(Driver::WaitFor([&] { return !view->IsRunning(); }));
+    }
+
+    std::unique_ptr<CcGrayImage256> plate;
+    std::unique_ptr<Driver> view;
+    std::wstring folder;
+};
+
+TEST_F(Tour, FromThePictureToTheTableAndBack) {
+    view = std::make_unique<Driver>();
+    ASSERT_TRUE(view->Main()) << "the program starts";
+    for (void (Tour::*step)() :
+         {&Tour::Open, &Tour::Zoom, &Tour::Draw, &Tour::Calibrate, &Tour::Threshold, &Tour::Measure, &Tour::Mask,
+          &Tour::EditDisplayTable, &Tour::SaveAndReopen, &Tour::AskBeforeLosingWork}) {
+        (this->*step)();
+        if (HasFailure()) Show("failed");
+        if (HasFatalFailure()) return;
+    }
+}
+
+}  // namespace
+}  // namespace test
