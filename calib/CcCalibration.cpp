@@ -54,8 +54,11 @@ CcCalibration::~CcCalibration() = default;
 int CcCalibration::DoCalibration(tagPoints* pImagePoints, tagPoints* pWorldPoints, int iCount, int iWidth,
                                  int iHeight) {
     if (!pImagePoints || !pWorldPoints || iCount != 4) return KEST_FAILED;
+    // The points may be the calibration's own, in either role.
+    tagPoints world[4];
+    std::copy_n(pWorldPoints, 4, world);
     std::memmove(stImagePoints, pImagePoints, sizeof stImagePoints);
-    std::memmove(stWorldPoints, pWorldPoints, sizeof stWorldPoints);
+    std::copy_n(world, 4, stWorldPoints);
     kest::Perspective mapping;
     if (!kest::FitPerspective(stImagePoints, stWorldPoints, mapping)) return KEST_FAILED;
     TakeMapping(fTransform, mapping);

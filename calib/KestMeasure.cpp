@@ -62,10 +62,14 @@ struct PixelBox {
 
     explicit PixelBox(const RECT& record)
         : left(record.left - 0.5), bottom(record.bottom - 0.5), right(record.right + 0.5), top(record.top + 0.5) {}
+
+    /// A drag beyond the image leaves such a record; it encloses nothing.
+    bool IsCrossed() const { return left >= right || bottom >= top; }
 };
 
 void AddRectangle(Lengths& lengths, const RECT& record) {
     const PixelBox box(record);
+    if (box.IsCrossed()) return;
     const RealPoint corners[] = {
         {box.left, box.bottom}, {box.right, box.bottom}, {box.right, box.top}, {box.left, box.top}};
     for (int i = 0; i < 4; ++i) lengths.Add(corners[i], corners[(i + 1) % 4]);
@@ -76,6 +80,7 @@ constexpr int ellipseChords = 1024;
 
 void AddEllipse(Lengths& lengths, const RECT& record) {
     const PixelBox box(record);
+    if (box.IsCrossed()) return;
     const auto at = [&box](int i) {
         const double angle = 2 * std::numbers::pi * (i % ellipseChords) / ellipseChords;
         return RealPoint{(box.left + box.right) / 2 + (box.right - box.left) / 2 * std::cos(angle),

@@ -12,9 +12,9 @@
 //
 // Length. Of a rectangle the perimeter of its pixels, so 2 x (10 + 5) in the example; of an ellipse that of the ellipse
 // inscribed in the rectangle of its pixels; of a line from its start to its end; of a drawn outline along its pixels'
-// centres, back to the first one if the shape is closed; of a point 0. A drawn outline is a staircase of pixels, so the
-// longest straight lines that have these pixels are measured, not the stairs. World lengths are those of the straight
-// lines between the converted points.
+// centres, back to the first one if the shape is closed; of a point 0, and of a rectangle or ellipse whose sides a drag
+// beyond the image has crossed. A drawn outline is a staircase of pixels, so the longest straight lines that have these
+// pixels are measured, not the stairs. World lengths are those of the straight lines between the converted points.
 //
 // How exact. Lengths are as exact as the calibration. The map takes a pixel's two directions as perpendicular in the
 // world; under a strong tilt they are not everywhere, and areas come out larger than they are (by 0.4 % where they
