@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <set>
 #include <vector>
@@ -38,13 +39,44 @@ void ExpectListedPixels(CcGrayImage256& image, CcRoiBase& roi, long long known, 
     EXPECT_NEAR(measured.dLengthPixels, length, 1e-3);
     EXPECT_EQ(measured.dAreaWorld, static_cast<double>(known));
     EXPECT_DOUBLE_EQ(measured.dLengthWorld, measured.dLengthPixels);
-    EXPECT_STREQ(measured.szUnits, "Pixels");
 }
 
 template <class Outline>
-void SetOutline(Outline& roi, std::vector<POINT> points) {
+void ExpectOutline(CcGrayImage256& image, std::vector<POINT> points, long long known, double length) {
     PixelGroupTag record = {0, 0, 0, static_cast<int>(points.size()), points.data(), nullptr};
+    Outline roi;
     ASSERT_EQ(roi.SetRoiImageCord(&record), 0);
+    ExpectListedPixels(image, roi, known, length);
+}
+
+RECT middle = {1, 2, 2, 1};
+
+struct Values {
+    double mean, low, high, deviation;
+};
+
+/// Of an image of ones, 4 x 4, with other values in the four pixels in the middle: in cell `offset` of a pixel's `step`.
+template <class Cell>
+void ExpectValues(CcImage& image, std::array<Cell, 4> middleCells, const Values& wanted, int step = 1, int offset = 0) {
+    CcRoiRect roi;
+    roi.SetRoiImageCord(&middle);
+    KestRoiMeasurement measured;
+    EXPECT_EQ(KestMeasureRoi(&image, &roi, &measured), -1);
+    ASSERT_EQ(image.MakeBlankBMP(4, 4, 1, "image"), 0);
+    auto* cells = static_cast<Cell*>(image.GetBitMapImageData());
+    int notFinite = 0;
+    for (int i = 0; i < 4; ++i) {
+        const Cell value = middleCells[static_cast<std::size_t>(i)];
+        cells[(5 + i % 2 + i / 2 * 4) * step + offset] = value;
+        notFinite += std::isfinite(static_cast<double>(value)) ? 0 : 1;
+    }
+    measured = Measure(image, roi);
+    EXPECT_EQ(measured.llPixels, 4) << image.GetImageType();
+    EXPECT_EQ(measured.llNotFinite, notFinite);
+    EXPECT_NEAR(measured.dMean, wanted.mean, 1e-9) << image.GetImageType();
+    EXPECT_DOUBLE_EQ(measured.dMinimum, wanted.low);
+    EXPECT_DOUBLE_EQ(measured.dMaximum, wanted.high);
+    EXPECT_NEAR(measured.dStandardDeviation, wanted.deviation, 1e-9);
 }
 
 }  // namespace
@@ -59,6 +91,11 @@ TEST(KestMeasure, RoisOfAllClasses) {
     box = {-5, 5000, 4, 60};
     rect.SetRoiImageCord(&box);
     ExpectListedPixels(image, rect, 5 * 10, 2 * (10 + 4941));
+    EXPECT_STREQ(Measure(image, rect).szUnits, "Pixels");
+    // Crossed sides, as a drag beyond the image leaves them.
+    box = {width + 5, 9, width - 1, 5};
+    rect.SetRoiImageCord(&box);
+    ExpectListedPixels(image, rect, 0, 0);
     CcRoiEllipse ellipse;
     box = {20, 60, 59, 21};
     ellipse.SetRoiImageCord(&box);
@@ -79,19 +116,11 @@ TEST(KestMeasure, RoisOfAllClasses) {
     for (int i = 0; i < 20; ++i) ring.push_back({30, 10 + i});
     for (int i = 0; i < 20; ++i) ring.push_back({30 - i, 30});
     for (int i = 0; i < 20; ++i) ring.push_back({10, 30 - i});
-    CcRoiFreeHand freeHand;
-    CcRoiPolyFreeHand polygon;
-    SetOutline(freeHand, ring);
-    SetOutline(polygon, ring);
-    ExpectListedPixels(image, freeHand, 21 * 21, 80);
-    ExpectListedPixels(image, polygon, 21 * 21, 80);
-    CcRoiFreeHandLine openLine;
-    CcRoiPolyLine polyLine;
+    ExpectOutline<CcRoiFreeHand>(image, ring, 21 * 21, 80);
+    ExpectOutline<CcRoiPolyFreeHand>(image, ring, 21 * 21, 80);
     const std::vector<POINT> folded = {{40, 40}, {41, 40}, {42, 40}, {43, 40}, {44, 40}, {43, 40}, {42, 40}, {43, 41}};
-    SetOutline(openLine, folded);
-    SetOutline(polyLine, folded);
-    ExpectListedPixels(image, openLine, 6, 4 + 2 + std::sqrt(2.0));
-    ExpectListedPixels(image, polyLine, 6, 4 + 2 + std::sqrt(2.0));
+    ExpectOutline<CcRoiFreeHandLine>(image, folded, 6, 4 + 2 + std::sqrt(2.0));
+    ExpectOutline<CcRoiPolyLine>(image, folded, 6, 4 + 2 + std::sqrt(2.0));
 
     struct HostShape : CcRoiBase {
         RECT* GetBoundingRect() override { return &stBoundingRect; }
@@ -113,54 +142,16 @@ TEST(KestMeasure, ImagesOfAllClasses) {
     CcGrayImageInt16 words;
     CcGrayImageInt32 integers;
     CcGrayImageFloat floats;
-    CcRoiRect roi;
-    RECT box = {1, 2, 2, 1};
-    roi.SetRoiImageCord(&box);
-    KestRoiMeasurement measured;
-    for (CcImage* image : {static_cast<CcImage*>(&gray), static_cast<CcImage*>(&binary), static_cast<CcImage*>(&colour),
-                           static_cast<CcImage*>(&hsl), static_cast<CcImage*>(&words), static_cast<CcImage*>(&integers),
-                           static_cast<CcImage*>(&floats)}) {
-        EXPECT_EQ(KestMeasureRoi(image, &roi, &measured), -1);
-        ASSERT_EQ(image->MakeBlankBMP(4, 4, 1, "image"), 0);
-        const KestRoiMeasurement blank = Measure(*image, roi);
-        EXPECT_EQ(blank.llPixels, 4) << image->GetImageType();
-        EXPECT_EQ(blank.dStandardDeviation, 0.0);
-        // The pixels under the ROI are 5, 6, 9 and 10 of each image.
-        const int cells[] = {5, 6, 9, 10}, values[] = {10, 20, 30, 60};
-        for (int i = 0; i < 4; ++i) {
-            void* data = image->GetBitMapImageData();
-            const int cell = cells[i], value = values[i];
-            switch (image->GetImageType()) {
-            case KEST_IMAGE_INT16:
-                static_cast<std::uint16_t*>(data)[cell] = static_cast<std::uint16_t>(1000 * value);
-                break;
-            case KEST_IMAGE_INT32: static_cast<std::int32_t*>(data)[cell] = -1000 * value; break;
-            case KEST_IMAGE_FLOAT:
-                static_cast<float*>(data)[cell] = i == 0 ? INFINITY : static_cast<float>(value);
-                break;
-            case KEST_IMAGE_RGB:
-            case KEST_IMAGE_HSL:
-                static_cast<std::uint8_t*>(data)[3 * cell + 2] = static_cast<std::uint8_t>(value);
-                break;
-            default: static_cast<std::uint8_t*>(data)[cell] = static_cast<std::uint8_t>(value); break;
-            }
-        }
-        measured = Measure(*image, roi);
-        // Mean, lowest, highest and deviation of 10, 20, 30, 60.
-        double mean = 30, low = 10, high = 60, deviation = std::sqrt(350.0);
-        switch (image->GetImageType()) {
-        case KEST_IMAGE_INT16: mean = 30000, low = 10000, high = 60000, deviation *= 1000; break;
-        case KEST_IMAGE_INT32: mean = -30000, low = -60000, high = -10000, deviation *= 1000; break;
-        case KEST_IMAGE_FLOAT: mean = 110.0 / 3, low = 20, deviation = std::sqrt(2600.0 / 9); break;
-        case KEST_IMAGE_RGB:
-        case KEST_IMAGE_HSL: mean = 0.701 + 0.299 * 30, low = 3.691, high = 18.641, deviation *= 0.299; break;
-        }
-        EXPECT_EQ(measured.llNotFinite, image->GetImageType() == KEST_IMAGE_FLOAT ? 1 : 0);
-        EXPECT_NEAR(measured.dMean, mean, 1e-9) << image->GetImageType();
-        EXPECT_DOUBLE_EQ(measured.dMinimum, low);
-        EXPECT_DOUBLE_EQ(measured.dMaximum, high);
-        EXPECT_NEAR(measured.dStandardDeviation, deviation, 1e-9);
-    }
+    // Mean, lowest, highest and deviation of 10, 20, 30, 60.
+    const Values four = {30, 10, 60, std::sqrt(350.0)};
+    ExpectValues<std::uint8_t>(gray, {10, 20, 30, 60}, four);
+    ExpectValues<std::uint8_t>(binary, {10, 20, 30, 60}, four);
+    const Values red = {0.701 + 0.299 * 30, 3.691, 18.641, std::sqrt(350.0) * 0.299};
+    ExpectValues<std::uint8_t>(colour, {10, 20, 30, 60}, red, 3, 2);
+    ExpectValues<std::uint8_t>(hsl, {10, 20, 30, 60}, red, 3, 2);
+    ExpectValues<std::uint16_t>(words, {10000, 20000, 30000, 60000}, {3e4, 1e4, 6e4, std::sqrt(350e6)});
+    ExpectValues<std::int32_t>(integers, {-1000, -2000, -3000, -6000}, {-3e3, -6e3, -1e3, std::sqrt(350e4)});
+    ExpectValues<float>(floats, {NAN, INFINITY, 20, 60}, {40, 20, 60, 20});
 
     // A map that is of another size meanwhile is left alone; the areas are the same without it.
     CcCalibration calibration;
@@ -168,12 +159,14 @@ TEST(KestMeasure, ImagesOfAllClasses) {
     ASSERT_EQ(calibration.DoCalibration(from, to, 4, 4, 4), 0);
     calibration.SetUnitsOfMeasure("mm");
     ASSERT_EQ(gray.SetCalibrationObject(&calibration), 0);
-    const KestRoiMeasurement withMap = Measure(gray, roi);
+    CcRoiRect roi;
+    roi.SetRoiImageCord(&middle);
+    KestRoiMeasurement measured = Measure(gray, roi);
     double area = 0;
     for (const auto& [x, y] : {std::pair{1, 1}, {2, 1}, {1, 2}, {2, 2}}) area += calibration.GetAreaOfPixel(x, y);
-    EXPECT_DOUBLE_EQ(withMap.dAreaWorld, area);
-    EXPECT_STREQ(withMap.szUnits, "mm");
-    EXPECT_DOUBLE_EQ(withMap.dLengthWorld, KestRoiLengthWorld(&roi, &calibration));
+    EXPECT_DOUBLE_EQ(measured.dAreaWorld, area);
+    EXPECT_STREQ(measured.szUnits, "mm");
+    EXPECT_DOUBLE_EQ(measured.dLengthWorld, KestRoiLengthWorld(&roi, &calibration));
     ASSERT_EQ(calibration.DoCalibration(from, to, 4, 2, 2), 0);
     EXPECT_DOUBLE_EQ(Measure(gray, roi).dAreaWorld, area);
     EXPECT_EQ(KestMeasureRoi(&gray, nullptr, &measured), -1);

@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cstring>
-#include <limits>
+#include <cstdint>
 #include <random>
+#include <span>
 #include <vector>
 
 #include "calib/kernel/LinearSolver.h"
@@ -17,22 +18,16 @@ using kest::Perspective;
 
 namespace {
 
-constexpr float infinity = std::numeric_limits<float>::infinity();
+const std::vector<InstructionSet> allSets = {InstructionSet::Baseline, kest::BestInstructionSet()};
 constexpr Perspective tilted = {{{0.0125F, 0.0021F, 1.5F}, {-0.0017F, 0.0136F, 0.25F}, {2.5e-4F, -1.5e-4F, 1.0F}}};
 
-std::vector<InstructionSet> AllInstructionSets() {
-    std::vector<InstructionSet> sets = {InstructionSet::Baseline};
-    if (kest::BestInstructionSet() != InstructionSet::Baseline) sets.push_back(kest::BestInstructionSet());
-    return sets;
+/// The same bits, but a not-a-number of any sign and payload is one value.
+bool AreSame(std::span<const float> a, std::span<const float> b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](float left, float right) {
+        return std::bit_cast<std::uint32_t>(left) == std::bit_cast<std::uint32_t>(right) ||
+               (std::isnan(left) && std::isnan(right));
+    });
 }
-
-template <class Value>
-bool SameBits(const std::vector<Value>& a, const std::vector<Value>& b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(Value)) == 0;
-}
-
-/// Single precision with the not-a-number of any sign and payload as one value.
-float Canonical(float value) { return std::isnan(value) ? std::numeric_limits<float>::quiet_NaN() : value; }
 
 std::vector<Perspective> Mappings() {
     // The horizon in the image, infinite and tiny results, no mapping at all.
@@ -64,10 +59,8 @@ TEST(LinearSolver, InvertsAndSolvesSeveralSides) {
     for (int i = 0; i < 9; ++i) EXPECT_NEAR(matrix[i], inverse[i], 1e-6F) << i;
     for (int i = 0; i < 6; ++i) EXPECT_NEAR(sides[i], solutions[i], 1e-6F) << i;
 
-    float singular[] = {1, 2, 2, 4};
-    float unused[] = {1, 1};
+    float singular[] = {1, 2, 2, 4}, undefined[] = {NAN, NAN, NAN, NAN}, unused[] = {1, 1};
     EXPECT_FALSE(kest::SolveGaussJordan({singular, 2, 2}, {unused, 2, 1}));
-    float undefined[] = {NAN, NAN, NAN, NAN};
     EXPECT_FALSE(kest::SolveGaussJordan({undefined, 2, 2}, {unused, 2, 1}));
 }
 
@@ -92,12 +85,9 @@ TEST(Perspective, FitsFourPointsAndRefusesThreeOnALine) {
 
     // Collinear and coinciding points, whatever the elimination makes of the rounded system.
     for (int i = 0; i < 500; ++i) {
-        const tagPoints start = {std::floor(column(random)), std::floor(row(random))};
-        const tagPoints step = {std::floor(column(random) / 8), std::floor(row(random) / 8)};
-        const tagPoints line[] = {start,
-                                  {start.x + step.x, start.y + step.y},
-                                  {column(random), row(random)},
-                                  {start.x + 3 * step.x, start.y + 3 * step.y}};
+        const float x = std::floor(column(random)), dx = std::floor(column(random) / 8);
+        const float y = std::floor(row(random)), dy = std::floor(row(random) / 8);
+        const tagPoints line[] = {{x, y}, {x + dx, y + dy}, {column(random), row(random)}, {x + 3 * dx, y + 3 * dy}};
         Perspective untouched = tilted;
         ASSERT_FALSE(kest::FitPerspective(line, world, untouched));
         ASSERT_EQ(untouched.h[0][0], tilted.h[0][0]);
@@ -110,26 +100,21 @@ TEST(Perspective, SumsAreDoubleAndQuotientsSingle) {
     const tagPoints world = kest::ImageToWorld(cancelling, {1.0F, 1.0F});
     EXPECT_EQ(world.x, 1.0F / 7.0F);
     EXPECT_EQ(world.y, 3.0F / 7.0F);
-    const tagPoints reversed = kest::WorldToImage(Perspective{}, {3, 4});
-    EXPECT_FALSE(std::isfinite(reversed.x));
-    EXPECT_FALSE(std::isfinite(reversed.y));
 }
 
 TEST(Perspective, ManyPointsAreBitForBitThoseOfOne) {
-    std::vector<tagPoints> image(1000 + 3);
+    std::vector<tagPoints> image(1003);
     std::mt19937 random(11);
     std::uniform_real_distribution<float> coordinate(-2000, 2000);
     for (tagPoints& point : image) point = {coordinate(random), coordinate(random)};
-    image[5] = {infinity, 0};
-    image[6] = {0, NAN};
+    image[5].y = INFINITY;
+    image[6].x = NAN;
     for (const Perspective& mapping : Mappings())
-        for (const InstructionSet set : AllInstructionSets()) {
-            std::vector<tagPoints> wanted, is = image;
+        for (const InstructionSet set : allSets) {
+            std::vector<tagPoints> world = image, wanted;
             for (const tagPoints& point : image) wanted.push_back(kest::ImageToWorld(mapping, point));
-            kest::ImageToWorld(mapping, is, is, set);
-            for (auto* points : {&wanted, &is})
-                for (tagPoints& point : *points) point = {Canonical(point.x), Canonical(point.y)};
-            ASSERT_TRUE(SameBits(is, wanted));
+            kest::ImageToWorld(mapping, world, world, set);
+            ASSERT_TRUE(AreSame({&world[0].x, 2 * world.size()}, {&wanted[0].x, 2 * wanted.size()}));
         }
 }
 
@@ -140,12 +125,11 @@ TEST(AreaMap, IsBitForBitTheFormulaAtEachPixel) {
         for (const auto& [width, height] : sizes) {
             std::vector<float> wanted;
             for (int y = 0; y < height; ++y)
-                for (int x = 0; x < width; ++x) wanted.push_back(Canonical(kest::PixelArea(mapping, x, y)));
-            for (const InstructionSet set : AllInstructionSets()) {
+                for (int x = 0; x < width; ++x) wanted.push_back(kest::PixelArea(mapping, x, y));
+            for (const InstructionSet set : allSets) {
                 std::vector<float> map(wanted.size());
                 kest::FillAreaMap(mapping, width, height, map, set);
-                for (float& area : map) area = Canonical(area);
-                ASSERT_TRUE(SameBits(map, wanted)) << width << " x " << height;
+                ASSERT_TRUE(AreSame(map, wanted)) << width << " x " << height;
             }
         }
 }
