@@ -25,11 +25,15 @@ target_compile_options(kest_test_support PUBLIC -O1)
 target_compile_definitions(kest_test_support PUBLIC
   KEST_SHARED_DIR="${PROJECT_SOURCE_DIR}/../shared" KEST_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 
+# What every test file reads first is read once.
+target_precompile_headers(kest_test_support PRIVATE <gtest/gtest.h> <KestApi.h> <functional> <fstream> <memory>)
+
 foreach(part IN LISTS KEST_PARTS)
   file(GLOB sources CONFIGURE_DEPENDS tests/${part}/*_test.cpp tests/${part}/kernel/*_test.cpp)
   if(sources)
     add_executable(test_${part} ${sources})
     target_link_libraries(test_${part} PRIVATE kest_test_support)
+    target_precompile_headers(test_${part} REUSE_FROM kest_test_support)
     add_test(NAME win${bits}.${part} COMMAND test_${part} WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
     set_tests_properties(win${bits}.${part} PROPERTIES TIMEOUT 200 RUN_SERIAL ON)
   endif()

@@ -26,8 +26,7 @@ constexpr char printerDescription[] =
     "*DefaultPaperDimension: Letter\n*PaperDimension Letter: \"612 792\"\n"
     "*DefaultFont: Courier\n*Font Courier: Standard \"(002.004S)\" Standard ROM\n";
 
-std::string OutputFolder() { return KEST_SOURCE_DIR "/build/"; }
-std::string PagePath() { return OutputFolder() + "printed-page.bmp"; }
+constexpr char pagePath[] = KEST_SOURCE_DIR "/build/printed-page.bmp";
 
 int ReadInt(const std::vector<std::uint8_t>& bytes, std::size_t at) {
     std::int32_t value = 0;
@@ -43,7 +42,8 @@ bool IsComplete(const std::vector<std::uint8_t>& file) { return file.size() > 54
 bool InstallPrinter() {
     char name[] = "Kest Page", driver[] = "wineps.drv", environment[] = "Windows NT x86", processor[] = "winprint";
     char dataType[] = "RAW", description[] = "kesttest.ppd";
-    std::string port = "|gs -q -dNOPAUSE -dBATCH -sDEVICE=bmp16m -r300 -g2550x3300 -sOutputFile=" + PagePath() + " -";
+    char port[] = "|gs -q -dNOPAUSE -dBATCH -sDEVICE=bmp16m -r300 -g2550x3300 -sOutputFile=" KEST_SOURCE_DIR
+                  "/build/printed-page.bmp -";
     if (sizeof(void*) == 8) std::strcpy(environment, "Windows x64");
     BYTE folder[MAX_PATH];
     DWORD needed;
@@ -61,7 +61,7 @@ bool InstallPrinter() {
     AddPrinterDriverExA(nullptr, 3, reinterpret_cast<BYTE*>(&driverInfo), APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY);
     PRINTER_INFO_2A printer = {};
     printer.pPrinterName = name;
-    printer.pPortName = port.data();
+    printer.pPortName = port;
     printer.pDriverName = name;
     printer.pPrintProcessor = processor;
     printer.pDatatype = dataType;
@@ -83,9 +83,9 @@ bool InstallPrinter() {
 
 Picture TakePrintedPage() {
     for (int tries = 0; tries < 200; ++tries, Sleep(50)) {
-        const auto file = TemporaryFile::ReadAll(PagePath());
+        const auto file = TemporaryFile::ReadAll(pagePath);
         if (!IsComplete(file)) continue;
-        DeleteFileA(PagePath().c_str());
+        DeleteFileA(pagePath);
         Picture page{pageWidth - 2 * margin, pageHeight - 4 * margin, {}};
         const int offset = ReadInt(file, 10), width = ReadInt(file, 18), height = ReadInt(file, 22);
         if (width != pageWidth || height != pageHeight) {

@@ -59,17 +59,17 @@ public:
             case 2:
                 return static_cast<float>(static_cast<int>(random()));
             case 3:
-                return near = near + static_cast<float>(random() % 1000) / 500.0F;
+                return last = last + static_cast<float>(random() % 1000) / 500.0F;
             case 4:
                 return static_cast<float>(random() % 70000) - 2000.0F;
             default:
-                return near = static_cast<float>(random() % 65536);
+                return last = static_cast<float>(random() % 65536);
         }
     }
     std::mt19937 random{7};
 
 private:
-    float near = 0.0F;
+    float last = 0.0F;
 };
 
 constexpr float extremes[] = {noNumber, infinity, -infinity, 0.0F, -0.0F, 1e-45F, 3.4e38F, -3.4e38F};
@@ -207,7 +207,7 @@ TEST(WideSamples, PointListsOverADisplayRange) {
     for (std::size_t k = 0; k < 64; ++k)
         EXPECT_EQ(levels[k].y, static_cast<float>(std::lround(63.0 * 4.0 * static_cast<double>(k) / 255.0))) << k;
 
-    // Of equally near points the first one counts, and the first of all when the lists and the range are empty.
+    // Of equally last points the first one counts, and the first of all when the lists and the range are empty.
     for (std::size_t k = 0; k < 64; ++k)
         points[k].x = k < 32 ? 10.0F : 20.0F;
     PickLevels(points, DisplayMapping::Of(0.0F, 255.0F), levels);
