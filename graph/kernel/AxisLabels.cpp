@@ -15,13 +15,15 @@ double PowerOfTen(int exponent) {
     return exponent < 0 ? 1 / power : power;
 }
 
+constexpr int DecimalsOf(int precision) { return precision >= 0 && precision <= 5 ? precision : 2; }
+
 }  // namespace
 
 int WriteLabel(LabelText& text, float value, int exponent, int precision) {
     text[0] = 0;
     const double scaled = value / PowerOfTen(exponent);
     if (!std::isfinite(scaled)) return 0;
-    return std::snprintf(text, sizeof text, "%7.*f", DecimalsOfLabels(precision), scaled);
+    return std::snprintf(text, sizeof text, "%7.*f", DecimalsOf(precision), scaled);
 }
 
 }  // namespace kest

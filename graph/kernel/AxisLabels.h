@@ -8,14 +8,11 @@
 
 namespace kest {
 
-/// Precisions 0 to 5 are what they are; labels of any other have two decimals.
-constexpr int DecimalsOfLabels(int precision) { return precision >= 0 && precision <= 5 ? precision : 2; }
-
 /// Room for the label of the largest number there is.
 using LabelText = char[400];
 
-/// Writes `value` divided by 10 to the power `exponent`, right-justified in seven characters. Its length; 0 when the
-/// quotient is no finite number.
+/// Writes `value` divided by 10 to the power `exponent`, right-justified in seven characters, with 0 to 5 decimals; any
+/// other precision stands for 2. Its length; 0 when the quotient is no finite number.
 int WriteLabel(LabelText& text, float value, int exponent, int precision);
 
 /// Calls `visit(value, isMajor)` for each mark: every major one, from the minimum on, followed by the minor ones up to

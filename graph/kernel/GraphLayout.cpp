@@ -7,7 +7,6 @@
 #include <cstdlib>
 
 #include "core/kernel/CheckedSize.h"
-#include "graph/kernel/AxisLabels.h"
 
 namespace kest {
 namespace {
@@ -19,7 +18,7 @@ int FixedPointDigits(double value, int decimals) {
     double power = 1;
     for (int i = 0; i < decimals; ++i)
         power *= 10;
-    // A single-precision value times 100,000 fits a double, so nothing is lost before the rounding.
+    // Up to twelve decimals the product is exact; what more of them lose does not change their number.
     const double units = std::floor(std::fabs(value) * power + 0.5);
     if (units == 0) return 0;
     char digits[64];
@@ -50,7 +49,9 @@ int OriginPosition(const GraphAxis& axis, const AxisScale& scale, int distance) 
 }  // namespace
 
 int LabelCharacters(const GraphAxis& axis) {
-    const int decimals = DecimalsOfLabels(axis.precision);
+    // Powers of ten are exact as far as this.
+    constexpr int mostDecimals = 22;
+    const int decimals = std::clamp(axis.precision, 0, mostDecimals);
     const int digits = std::max(FixedPointDigits(axis.maximum, decimals), FixedPointDigits(axis.minimum, decimals));
     return digits + (decimals > 0 ? 1 : 0);
 }

@@ -28,7 +28,7 @@ struct FontSize {
 };
 
 /// Digits before and after the point of the longer of the two end labels, the point itself included, as a fixed-point
-/// conversion without leading zeros gives them. The exponent does not count.
+/// conversion without leading zeros gives them, of any precision. The exponent does not count.
 int LabelCharacters(const GraphAxis& axis);
 
 /// The part of a page of this size that a graph lies on.
