@@ -1,6 +1,4 @@
 // CcGraph: drawing the graph, more curves over it, and marks at points of it.
-#include <algorithm>
-
 #include "CcGraph.h"
 #include "core/GdiGuards.h"
 #include "graph/CurvePoints.h"
@@ -8,10 +6,8 @@
 
 namespace {
 
-/// Wider lines than any device are drawn this wide.
-constexpr int widestPen = 10000;
-
-constexpr int pointSquare = 2, selectedPointSquare = 5;
+/// Half the side of the squares about chosen points.
+constexpr int chosenPointSquare = 5;
 
 }  // namespace
 
@@ -49,13 +45,10 @@ void CcGraph::DrawCurves(HDC hDC) {
         unsigned long colour;
         pSelectedCurve->GetCurveStyle(&style, &colour, &width);
         const bool hasLines = style != KEST_CURVE_SQUARES;
-        const kest::GdiObject<HPEN> made(CreatePen(hasLines ? style : PS_SOLID, std::min(width, widestPen), colour));
+        const kest::GdiObject<HPEN> made(kest::MakeCurvePen(style, colour, width));
         const kest::SelectedObject pen(hDC, made);
-        const std::span<const tagPoints> points = kest::PointsOf(*pSelectedCurve);
-        if (hasLines) kest::DrawCurveLines(hDC, scales, points);
-        if (hasLines && i != selected) continue;
-        for (const tagPoints& point : points)
-            kest::DrawPointSquare(hDC, scales, point, pointSquare);
+        kest::DrawCurve(hDC, scales, kest::PointsOf(*pSelectedCurve),
+                        {.lines = hasLines, .squares = !hasLines || i == selected});
     }
 }
 
@@ -63,7 +56,7 @@ int CcGraph::ShowCurveOnGraph(HWND hWnd, HDC hDC, tagPoints* pPoints, int iCount
     const kest::MapModeGuard mapMode(hDC, MM_ANISOTROPIC);
     if (!LayOut(hWnd, hDC, iDevice, false) || !pPoints || iCount <= 0) return KEST_OK;
     const kest::ClipGuard clip(hDC, {stPlotRect[0], stPlotRect[1], stPlotRect[2], stPlotRect[3]});
-    kest::DrawCurveLines(hDC, Scales(), {pPoints, static_cast<std::size_t>(iCount)});
+    kest::DrawCurve(hDC, Scales(), {pPoints, static_cast<std::size_t>(iCount)}, {.lines = true, .squares = false});
     return KEST_OK;
 }
 
@@ -80,7 +73,7 @@ int CcGraph::ShowListOfSelPoints(HWND hWnd, HDC hDC, int* piIndices, int iCount,
     for (int i = 0; i < iCount; ++i) {
         const int index = piIndices[i];
         if (index >= 0 && static_cast<std::size_t>(index) < points.size())
-            kest::DrawPointSquare(hDC, scales, points[static_cast<std::size_t>(index)], selectedPointSquare);
+            kest::DrawPointSquare(hDC, scales, points[static_cast<std::size_t>(index)], chosenPointSquare);
     }
     return KEST_OK;
 }

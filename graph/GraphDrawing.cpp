@@ -1,8 +1,10 @@
 // Drawing the parts of a graph. Positions are logical, y upward; a line ends before its last position.
 #include "graph/GraphDrawing.h"
 
+#include <algorithm>
 #include <cstdio>
 
+#include "CcCurve.h"
 #include "core/GdiGuards.h"
 #include "core/kernel/TextField.h"
 #include "graph/kernel/AxisLabels.h"
@@ -15,6 +17,10 @@ namespace {
 constexpr int majorMark = 4, minorMark = 2;
 /// From the plot to the labels.
 constexpr int labelGap = 3;
+/// Half the side of a curve's squares.
+constexpr int curveSquare = 2;
+/// Wider lines than any device are drawn this wide.
+constexpr int widestPen = 10000;
 
 void DrawLine(HDC dc, IntPoint from, IntPoint to) {
     MoveToEx(dc, from.x, from.y, nullptr);
@@ -136,11 +142,18 @@ void DrawYMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted) {
     MarkedAxis{dc, plane.y, plane.scales.y, plane.x, plane.scales.x, false}.Draw(solid, dotted);
 }
 
-void DrawCurveLines(HDC dc, const GraphScales& scales, std::span<const tagPoints> points) {
-    TracePath(
-        scales, DrawingArea(scales, PenWidth(dc)), points,
-        [dc](IntPoint place) { MoveToEx(dc, place.x, place.y, nullptr); },
-        [dc](IntPoint place) { LineTo(dc, place.x, place.y); });
+HPEN MakeCurvePen(int style, COLORREF colour, int width) {
+    return CreatePen(style == KEST_CURVE_SQUARES ? PS_SOLID : style, std::clamp(width, -widestPen, widestPen), colour);
+}
+
+void DrawCurve(HDC dc, const GraphScales& scales, std::span<const tagPoints> points, CurveParts parts) {
+    const auto move = [dc](IntPoint place) { MoveToEx(dc, place.x, place.y, nullptr); };
+    const auto line = [dc](IntPoint place) { LineTo(dc, place.x, place.y); };
+    PathTracer path(scales, DrawingArea(scales, PenWidth(dc)));
+    for (const tagPoints& point : points) {
+        if (parts.lines) path.Add(point, move, line);
+        if (parts.squares) DrawPointSquare(dc, scales, point, curveSquare);
+    }
 }
 
 void DrawPointSquare(HDC dc, const GraphScales& scales, const tagPoints& point, int halfSize) {

@@ -27,8 +27,16 @@ void DrawGraphTexts(HDC dc, const GraphPlane& plane, const char* title, const ch
 void DrawXMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted);
 void DrawYMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted);
 
-/// In the pen of the device context.
-void DrawCurveLines(HDC dc, const GraphScales& scales, std::span<const tagPoints> points);
+/// The pen of a curve, to be deleted by the caller; null when there is none to be had.
+HPEN MakeCurvePen(int style, COLORREF colour, int width);
+
+struct CurveParts {
+    bool lines, squares;
+};
+
+/// In the pen and brush of the device context. A point's square covers the line that leads to it, and is crossed by the
+/// line that leaves.
+void DrawCurve(HDC dc, const GraphScales& scales, std::span<const tagPoints> points, CurveParts parts);
 
 /// A square of `2 * halfSize` pixels about a point; none about a point that is not finite or far off.
 void DrawPointSquare(HDC dc, const GraphScales& scales, const tagPoints& point, int halfSize);

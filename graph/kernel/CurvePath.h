@@ -28,14 +28,15 @@ inline RealPoint PositionOf(const GraphScales& scales, const tagPoints& point) {
 
 inline IntPoint WholeUnits(RealPoint point) { return {TruncateToInt(point.x), TruncateToInt(point.y)}; }
 
-/// Calls `move(IntPoint)` and `line(IntPoint)` along the points: a move to the first, a line to each later one. A point
-/// that is not finite interrupts the path; segments are cut at the area's sides without changing their slope.
-template <class Move, class Line>
-void TracePath(const GraphScales& scales, const IntRect& area, std::span<const tagPoints> points, Move move,
-               Line line) {
-    RealPoint previous = {};
-    bool hasPrevious = false, isPenThere = false;
-    for (const tagPoints& point : points) {
+/// The path along a curve's points, one after another. A point that is not finite interrupts it; segments are cut at
+/// the area's sides without changing their slope.
+class PathTracer {
+public:
+    PathTracer(const GraphScales& curveScales, const IntRect& drawnArea) : scales(curveScales), area(drawnArea) {}
+
+    /// Calls `move(IntPoint)` to the first point, `line(IntPoint)` to a later one.
+    template <class Move, class Line>
+    void Add(const tagPoints& point, Move move, Line line) {
         const RealPoint here = PositionOf(scales, point);
         const bool isFinite = std::isfinite(here.x) && std::isfinite(here.y);
         const bool isInside = LiesIn(area, here);
@@ -54,7 +55,13 @@ void TracePath(const GraphScales& scales, const IntRect& area, std::span<const t
         isPenThere = isInside;
         previous = here;
     }
-}
+
+private:
+    const GraphScales scales;
+    const IntRect area;
+    RealPoint previous = {};
+    bool hasPrevious = false, isPenThere = false;
+};
 
 /// Which coordinates decide whether a break point is hit.
 struct HitAxes {
