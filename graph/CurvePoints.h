@@ -5,8 +5,23 @@
 #include <span>
 
 #include "CcCurve.h"
+#include "CcList.h"
+#include "core/GdiGuards.h"
 
 namespace kest {
+
+/// The current position of a list, which may be null; it comes back.
+class ListPositionGuard : Guard {
+public:
+    explicit ListPositionGuard(CcList* walked) : list(walked), index(walked ? walked->GetCurrentObjectsIndex() : -1) {}
+    ~ListPositionGuard() {
+        if (list) list->GetAtIndex(index);
+    }
+
+private:
+    CcList* list;
+    int index;
+};
 
 /// Null for a member that is no curve.
 inline CcCurve* AsCurve(CcHLObject* member) { return dynamic_cast<CcCurve*>(member); }

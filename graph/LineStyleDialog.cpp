@@ -10,6 +10,7 @@
 
 #include "graph/CurvePoints.h"
 #include "graph/Dialogs.h"
+#include "graph/GraphDrawing.h"
 #include "graph/SettingsDialog.h"
 #include "graph/resources/DialogIds.h"
 
@@ -54,21 +55,19 @@ private:
         Select(selected >= 0 && selected < count ? selected : 0);
     }
 
-    /// The list's current position stays where it is.
     void ReadCurves() {
         CcList* const list = graph.GetCurveList();
+        const ListPositionGuard position(list);
         const int curves = list ? list->GetNumberOfObjects() : 0;
         count = std::max(KEST_GRAPH_CURVES, curves);
         entries.reset(new (std::nothrow) CurveEntry[static_cast<std::size_t>(count)]);
         if (!entries) count = 0;
-        const int current = list ? list->GetCurrentObjectsIndex() : 0;
         for (int i = 0; i < count; ++i) {
             CurveEntry& entry = entries[i];
             entry = {};
             entry.curve = i < curves ? AsCurve(list->GetAtIndex(i)) : nullptr;
             ReadLook(entry, i);
         }
-        if (list) list->GetAtIndex(current);
     }
 
     void ReadLook(CurveEntry& entry, int index) {
@@ -146,8 +145,7 @@ private:
         }
         // The look belongs to the curve drawn here, on the same terms as in a graph.
         const bool hasLines = entry->look.style != KEST_CURVE_SQUARES;
-        const GdiObject<HPEN> made(CreatePen(hasLines ? entry->look.style : PS_SOLID, entry->look.width,
-                                             entry->look.colour));
+        const GdiObject<HPEN> made(MakeCurvePen(entry->look.style, entry->look.colour, entry->look.width));
         const SelectedObject pen(dc, made);
         const BackgroundModeGuard background(dc, TRANSPARENT);
         POINT points[5];

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "graph/CurvePoints.h"
 #include "graph/resources/DialogIds.h"
 
 namespace kest {
@@ -194,6 +195,10 @@ void SettingsDialog::DrawItem(const DRAWITEMSTRUCT& item) {
     BitBlt(item.hDC, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
 }
 
-void SettingsDialog::Draw(HDC dc, HWND control, const RECT&) { preview.ShowGraph(control, dc, 0); }
+// Its curves are the edited graph's own.
+void SettingsDialog::Draw(HDC dc, HWND control, const RECT&) {
+    const ListPositionGuard position(preview.GetCurveList());
+    preview.ShowGraph(control, dc, 0);
+}
 
 }  // namespace kest
