@@ -40,8 +40,8 @@ struct FieldReader {
 };
 
 void ShowOpenFailure(const char* fileName, const char* purpose) {
-    char text[KEST_NAME_SIZE + 40];
-    std::snprintf(text, sizeof text, "Can't open file:%.*s for %s", KEST_NAME_SIZE, fileName ? fileName : "", purpose);
+    char text[MAX_PATH + 40];
+    std::snprintf(text, sizeof text, "Can't open file:%.*s for %s", MAX_PATH, fileName ? fileName : "", purpose);
     kest::ShowMessage(text, "Error...");
 }
 

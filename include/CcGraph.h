@@ -131,7 +131,7 @@ public:
     /// could not be loaded. Redraw the graph afterwards.
     /// @{
 
-    int ShowDLBLineStyle();        ///< colour, style, width and name of the curves
+    int ShowDLBLineStyle();        ///< colour, style and width of the curves
     int ShowDLBSetGridMarkings();  ///< numbers of marks, lines or short marks
     int ShowDLBSetMM();            ///< ranges, exponents and decimals of the axes, origin cross
     int ShowDLBTitle();            ///< title and axis texts
