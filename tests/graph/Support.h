@@ -1,13 +1,13 @@
-// What the tests of graphs share: a graph that shows its fields, curves over test data, and a drawing recorded as
-// texts.
+// What the tests of graphs share: a graph that shows its fields, curves over test data, and a place to draw them.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <algorithm>
 #include <vector>
 
 #include "KestApi.h"
+#include "core/GdiGuards.h"
 #include "support/TestWindow.h"
 
 namespace test {
@@ -25,7 +25,6 @@ struct OpenGraph : CcGraph {
         const int sides[] = {left, top, right, bottom};
         std::copy(sides, sides + 4, stPlotRect);
     }
-    RECT Plot() const { return {stPlotRect[0], stPlotRect[1], stPlotRect[2], stPlotRect[3]}; }
 };
 
 struct Curve : CcCurve {
@@ -39,24 +38,26 @@ struct Curve : CcCurve {
 
 /// A graph in a window that leaves it a plot of exactly 500 by 400 pixels, one unit of data each: nothing is rounded.
 struct GraphScene {
-    static constexpr int plotWidth = 500, plotHeight = 400;
+    static constexpr int paperWidth = 1000, paperHeight = 700;
 
-    HFONT font;
-    int fontHeight, halfWidest, left, top;
+    kest::GdiObject<HFONT> font{CreateFontA(-12, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0, 0, 0, "Arial")};
+    MemoryPicture paper{paperWidth, paperHeight, RGB(255, 255, 255)};
+    const TEXTMETRICA metrics = Measure();
+    const int fontHeight = static_cast<int>(metrics.tmHeight);
+    const int halfWidest = static_cast<int>(metrics.tmMaxCharWidth) / 2;
+    // Labels of "500.00" and "400.00": six characters.
+    const int left = 6 * halfWidest + 15, top = 2 * fontHeight + 3;
     OpenGraph graph;
     CcList curves;
-    MemoryPicture paper;
-    TestWindow window;
+    TestWindow window{left + 515 + 3 * halfWidest, top + 400 + 4 * fontHeight};
 
-    GraphScene() : GraphScene(CreateFontA(-12, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0, 0, 0, "Arial")) {}
-    ~GraphScene() {
-        SelectObject(paper, GetStockObject(SYSTEM_FONT));
-        DeleteObject(font);
+    GraphScene() {
+        graph.SetMinMaxValues(0, 500, 0, 400, 0, 2, 0, 2);
+        graph.SetCurveList(&curves);
     }
-
     /// Device positions of data.
     int X(int x) const { return left + x; }
-    int Y(int y) const { return top + plotHeight - y; }
+    int Y(int y) const { return top + 400 - y; }
     void Draw() { EXPECT_EQ(graph.ShowGraph(window, paper, 0), 0); }
     /// Without the origins that a drawing leaves.
     Picture Snapshot() const {
@@ -66,28 +67,11 @@ struct GraphScene {
     }
 
 private:
-    static TEXTMETRICA Measure(HFONT font) {
-        const HDC dc = CreateCompatibleDC(nullptr);
-        const HGDIOBJ old = SelectObject(dc, font);
-        TEXTMETRICA metrics = {};
-        GetTextMetricsA(dc, &metrics);
-        SelectObject(dc, old);
-        DeleteDC(dc);
-        return metrics;
-    }
-    // Labels of "500.00" and "400.00": six characters.
-    explicit GraphScene(HFONT made) : GraphScene(made, Measure(made)) {}
-    GraphScene(HFONT made, const TEXTMETRICA& metrics)
-        : font(made),
-          fontHeight(static_cast<int>(metrics.tmHeight)),
-          halfWidest(static_cast<int>(metrics.tmMaxCharWidth) / 2),
-          left(6 * halfWidest + 15),
-          top(2 * fontHeight + 3),
-          paper(left + plotWidth + 15 + 3 * halfWidest, top + plotHeight + 4 * fontHeight, RGB(255, 255, 255)),
-          window(left + plotWidth + 15 + 3 * halfWidest, top + plotHeight + 4 * fontHeight) {
+    TEXTMETRICA Measure() const {
+        TEXTMETRICA measured = {};
         SelectObject(paper, font);
-        graph.SetMinMaxValues(0, 500, 0, 400, 0, 2, 0, 2);
-        graph.SetCurveList(&curves);
+        GetTextMetricsA(paper, &measured);
+        return measured;
     }
 };
 

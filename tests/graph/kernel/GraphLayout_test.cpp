@@ -6,6 +6,7 @@
 #include <climits>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "graph/kernel/AxisLabels.h"
@@ -26,31 +27,31 @@ GraphAxis Axis(float minimum, float maximum, int exponent = 0, int precision = 2
     return {minimum, minimum, maximum, exponent, precision, true, false, 3, 3};
 }
 
-std::vector<int> Sides(const IntRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 using Ints = std::vector<int>;
+using Floats = std::vector<float>;
+
+Ints Sides(const IntRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 std::string Label(float value, int exponent, int precision) {
     LabelText text;
     return std::string(text, static_cast<std::size_t>(WriteLabel(text, value, exponent, precision)));
 }
 
-struct Marks {
-    std::vector<float> major, minor;
-
-    Marks(const AxisScale& scale, int majors, int minors) {
-        ForEachMark(scale, majors, minors,
-                    [&](float value, bool isMajor) { (isMajor ? major : minor).push_back(value); });
-    }
-};
+/// The major and the minor marks.
+std::pair<Floats, Floats> Marks(const AxisScale& scale, int majors, int minors) {
+    Floats major, minor;
+    ForEachMark(scale, majors, minors, [&](float value, bool isMajor) { (isMajor ? major : minor).push_back(value); });
+    return {major, minor};
+}
 
 /// A path as text: "M x,y" and "L x,y".
 std::string Path(const GraphScales& scales, const IntRect& area, std::vector<tagPoints> points) {
     std::string path;
-    const auto add = [&](char step, IntPoint place) {
-        path += std::string(path.empty() ? "" : " ") + step + std::to_string(place.x) + ',' + std::to_string(place.y);
+    const auto step = [&](const char* kind) {
+        return [&path, kind](IntPoint place) { path += kind + std::to_string(place.x) + ',' + std::to_string(place.y); };
     };
-    TracePath(
-        scales, area, points, [&](IntPoint place) { add('M', place); }, [&](IntPoint place) { add('L', place); });
+    PathTracer tracer(scales, area);
+    for (const tagPoints& point : points) tracer.Add(point, step(" M"), step(" L"));
     return path;
 }
 
@@ -105,39 +106,35 @@ TEST(GraphLayout, ValuesAndPositions) {
 }
 
 TEST(GraphLayout, MarksDivideTheAxis) {
-    const Marks marks({0, 500, 57, 604}, 3, 3);
-    EXPECT_EQ(marks.major, (std::vector<float>{0, 250, 500}));
-    EXPECT_EQ(marks.minor, (std::vector<float>{62.5F, 125, 187.5F, 312.5F, 375, 437.5F}));
-    const Marks reversed({10, -10, 0, 200}, 3, 1), single({2, 500, 0, 100}, 1, 5);
-    EXPECT_EQ(reversed.major, (std::vector<float>{10, 0, -10}));
-    EXPECT_EQ(single.major, std::vector<float>{2});
-    EXPECT_TRUE(reversed.minor.empty() && single.minor.empty());
-    EXPECT_TRUE(Marks({0, 500, 0, 100}, INT_MIN, INT_MIN).major.empty());
+    EXPECT_EQ(Marks({0, 500, 57, 604}, 3, 3),
+              std::pair(Floats{0, 250, 500}, Floats{62.5F, 125, 187.5F, 312.5F, 375, 437.5F}));
+    EXPECT_EQ(Marks({10, -10, 0, 200}, 3, 1), std::pair(Floats{10, 0, -10}, Floats{}));
+    EXPECT_EQ(Marks({2, 500, 0, 100}, 1, 5), std::pair(Floats{2}, Floats{}));
+    EXPECT_EQ(Marks({0, 500, 0, 100}, INT_MIN, INT_MIN), std::pair(Floats{}, Floats{}));
     // As many as fill the axis, and no more.
-    const Marks full({0, 500, 0, 100}, INT_MAX, INT_MAX);
-    EXPECT_GE(full.major.size(), 200U);
-    EXPECT_LE(full.major.size() + full.minor.size(), 1000U);
+    const auto [major, minor] = Marks({0, 500, 0, 100}, INT_MAX, INT_MAX);
+    EXPECT_GE(major.size(), 200U);
+    EXPECT_LE(major.size() + minor.size(), 1000U);
 }
 
 TEST(GraphLayout, LabelTexts) {
-    const std::vector<std::string> labels = {Label(0, 0, 2),        Label(500, 3, 2),     Label(-1234.5F, 0, 0),
-                                             Label(0.0625F, -2, 1), Label(1, 0, 5),       Label(1, 0, -1),
-                                             Label(5, INT_MAX, 2),  Label(5, INT_MIN, 2), Label(notANumber, 0, 2)};
-    EXPECT_EQ(labels, (std::vector<std::string>{"   0.00", "   0.50", "  -1234", "    6.2", "1.00000", "   1.00",
-                                                "   0.00", "", ""}));
+    EXPECT_EQ(Label(0, 0, 2) + Label(500, 3, 2) + Label(-1234.5F, 0, 0) + Label(0.0625F, -2, 1) + Label(1, 0, 5) +
+                  Label(1, 0, -1) + Label(5, INT_MAX, 2),
+              "   0.00   0.50  -1234    6.21.00000   1.00   0.00");
+    EXPECT_EQ(Label(5, INT_MIN, 2) + Label(notANumber, 0, 2), "");
     EXPECT_EQ(Label(-huge, -260, 5).size(), 306U);  // 299 digits, sign, point, decimals
 }
 
 TEST(CurvePath, CutsWhatIsFarOff) {
     const GraphScales scales = {{0, 100, 0, 100}, {0, 100, 0, 100}};
     const IntRect area = {-1000, -1000, 1000, 1000};
-    EXPECT_EQ(Path(scales, area, {{1, 2}, {3.9F, 4}, {-5.9F, 500}}), "M1,2 L3,4 L-5,500");
+    EXPECT_EQ(Path(scales, area, {{1, 2}, {3.9F, 4}, {-5.9F, 500}}), " M1,2 L3,4 L-5,500");
     // Halfway up to the right side, and on from there.
-    EXPECT_EQ(Path(scales, area, {{0, 0}, {1e9F, 5e8F}, {50, 50}}), "M0,0 L1000,500 M1000,524 L50,50");
-    EXPECT_EQ(Path(scales, area, {{-huge, -huge}, {huge, huge}}), "M-1000,-1000 L1000,1000");
+    EXPECT_EQ(Path(scales, area, {{0, 0}, {1e9F, 5e8F}, {50, 50}}), " M0,0 L1000,500 M1000,524 L50,50");
+    EXPECT_EQ(Path(scales, area, {{-huge, -huge}, {huge, huge}}), " M-1000,-1000 L1000,1000");
     EXPECT_EQ(Path(scales, area, {{5000, 0}, {5000, 90}, {0, 5000}}), "");
     EXPECT_EQ(Path(scales, area, {{1, 1}, {2, 2}, {notANumber, 3}, {4, 4}, {5, infinity}, {6, 6}, {7, 7}}),
-              "M1,1 L2,2 M4,4 M6,6 L7,7");
+              " M1,1 L2,2 M4,4 M6,6 L7,7");
     EXPECT_EQ(Path(scales, area, {}), "");
     // Thin lines reach as far as there are positions, wide ones a little further than they are wide.
     EXPECT_EQ(DrawingArea(scales, 1).left, -furthestPosition);
