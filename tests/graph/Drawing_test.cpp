@@ -129,7 +129,8 @@ TEST(GraphDrawing, GridLinesAndCurves) {
         expected.Line({x, 0}, {x, 400});
         if (x < 500) expected.Dots({x + 125, 0}, {x + 125, 400});
     }
-    const std::vector<POINT> linePlaces = {{0, 0}, {100, 300}, {250, 900}, {400, 50}}, dotPlaces = {{50, 50}, {499, 200}};
+    const std::vector<POINT> linePlaces = {{0, 0}, {100, 300}, {250, 900}, {400, 50}};
+    const std::vector<POINT> dotPlaces = {{50, 50}, {499, 200}};
     IntersectClipRect(expected.paper, scene.left, scene.top, scene.left + 500, scene.top + 400);
     expected.Curve(red, linePlaces, true, 0);
     expected.Curve(blue, dotPlaces, false, 2);

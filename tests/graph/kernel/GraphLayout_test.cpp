@@ -48,7 +48,7 @@ std::pair<Floats, Floats> Marks(const AxisScale& scale, int majors, int minors) 
 std::string Path(const GraphScales& scales, const IntRect& area, std::vector<tagPoints> points) {
     std::string path;
     const auto step = [&](const char* kind) {
-        return [&path, kind](IntPoint place) { path += kind + std::to_string(place.x) + ',' + std::to_string(place.y); };
+        return [&path, kind](IntPoint to) { path += kind + std::to_string(to.x) + ',' + std::to_string(to.y); };
     };
     PathTracer tracer(scales, area);
     for (const tagPoints& point : points) tracer.Add(point, step(" M"), step(" L"));
