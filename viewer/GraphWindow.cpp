@@ -16,7 +16,7 @@ int DecimalsFor(float low, float high) {
     return std::clamp(static_cast<int>(std::ceil(1 - std::log10(span / 2))), 0, 5);
 }
 
-/// Device contexts of the window that keep nothing of what the graph sets.
+/// A device context of the window, given back at the end.
 class GraphDc {
 public:
     explicit GraphDc(HWND newWindow) : window(newWindow), dc(GetDC(newWindow)) {}
@@ -40,6 +40,11 @@ bool GraphWindow::Create(HWND parent, const RECT& place) {
 }
 
 void GraphWindow::ClearCurves() {
+    for (const auto& curve : curves) {
+        Style present = {};
+        curve->curve.GetCurveStyle(&present.style, &present.colour, &present.width);
+        if (present != curve->programStyle) userStyles[curve->curve.GetName()] = present;
+    }
     while (list.GetNumberOfObjects() > 0)
         list.DeleteTail();
     list.SelectObjectAtIndex(-1);
@@ -50,8 +55,11 @@ void GraphWindow::ClearCurves() {
 int GraphWindow::AddCurve(const char* name, std::vector<tagPoints> points, int style, COLORREF colour, int width) {
     auto curve = std::make_unique<Curve>();
     curve->points = std::move(points);
+    curve->programStyle = {style, colour, width};
+    const auto chosen = userStyles.find(name);
+    const Style& shown = chosen == userStyles.end() ? curve->programStyle : chosen->second;
     curve->curve.SetName(name);
-    curve->curve.SetCurveStyle(style, colour, width);
+    curve->curve.SetCurveStyle(shown.style, shown.colour, shown.width);
     curves.push_back(std::move(curve));
     const int index = CurveCount() - 1;
     list.InsertTail(&curves.back()->curve);
@@ -70,16 +78,33 @@ void GraphWindow::SelectCurve(int curve) {
     Invalidate();
 }
 
+GraphWindow::Ranges GraphWindow::PresentRanges() {
+    Ranges ranges = {};
+    graph.GetMinMaxValues(&ranges.xMin, &ranges.xMax, &ranges.yMin, &ranges.yMax, &ranges.xExponent, &ranges.xDecimals,
+                          &ranges.yExponent, &ranges.yDecimals);
+    return ranges;
+}
+
+GraphWindow::Texts GraphWindow::PresentTexts() {
+    Texts texts;
+    graph.GetGraphText(texts.title, texts.x, texts.y);
+    return texts;
+}
+
 void GraphWindow::SetRanges(float xMin, float xMax, float yMin, float yMax) {
+    if (programRanges && *programRanges != PresentRanges()) return;
     if (!(xMax > xMin)) xMax = xMin + 1;
     if (!(yMax > yMin)) yMax = yMin + 1;
     graph.SetMinMaxValues(xMin, xMax, yMin, yMax, 0, DecimalsFor(xMin, xMax), 0, DecimalsFor(yMin, yMax));
     graph.SetXYOriginCross(xMin, yMin);
+    programRanges = PresentRanges();
     Invalidate();
 }
 
 void GraphWindow::SetTexts(const std::string& title, const std::string& xText, const std::string& yText) {
+    if (programTexts && *programTexts != PresentTexts()) return;
     graph.SetGraphText(title.c_str(), xText.c_str(), yText.c_str());
+    programTexts = PresentTexts();
     Invalidate();
 }
 

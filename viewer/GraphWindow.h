@@ -2,7 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,8 @@
 
 namespace kestview {
 
+/// Texts, ranges and curve styles that the user has set in the graph's dialogs take precedence over what the program
+/// sets: texts and styles always, ranges until FollowRanges.
 class GraphWindow : public Window {
 public:
     bool Create(HWND parent, const RECT& place);
@@ -28,6 +32,8 @@ public:
     int SelectedCurve() { return list.GetSelectedObjectsIndex(); }
     /// Ranges with as many decimals as they need.
     void SetRanges(float xMin, float xMax, float yMin, float yMax);
+    /// The program's ranges count again.
+    void FollowRanges() { programRanges.reset(); }
     void SetTexts(const std::string& title, const std::string& xText, const std::string& yText);
 
     /// The picked point of the selected curve is at the mouse now, and may be put elsewhere. Unset: points are fixed.
@@ -36,11 +42,29 @@ public:
     std::function<void(int curve, int point)> onPointPicked;
 
 private:
+    struct Style {
+        int style;
+        unsigned long colour;
+        int width;
+        bool operator==(const Style&) const = default;
+    };
+    struct Texts {
+        char title[KEST_GRAPH_TEXT_SIZE] = {}, x[KEST_GRAPH_TEXT_SIZE] = {}, y[KEST_GRAPH_TEXT_SIZE] = {};
+        bool operator==(const Texts&) const = default;
+    };
+    struct Ranges {
+        float xMin, xMax, yMin, yMax;
+        int xExponent, xDecimals, yExponent, yDecimals;
+        bool operator==(const Ranges&) const = default;
+    };
     struct Curve {
         CcCurve curve;
+        Style programStyle;
         std::vector<tagPoints> points;
     };
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    Texts PresentTexts();
+    Ranges PresentRanges();
     void Paint();
     void Press(POINT mouse);
     void Drag(POINT mouse);
@@ -49,6 +73,10 @@ private:
     CcList list;
     CcGraph graph;
     int draggedPoint = -1;
+    // What the program set last, to tell what the user has changed since.
+    std::optional<Texts> programTexts;
+    std::optional<Ranges> programRanges;
+    std::map<std::string, Style> userStyles;  ///< by the curve's name
 };
 
 }  // namespace kestview

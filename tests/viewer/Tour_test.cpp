@@ -96,7 +96,8 @@ public:
         plate = std::make_unique<CcGrayImage256>();
         ASSERT_TRUE(example::MakePlate(*plate));
         plate->SaveBMPFile("plate.bmp");
-        for (const wchar_t* name : {L"Größe.bmp", L"mask.bmp", L"before.csv", L"after.csv", L"plate.cal", L"tour.kvs"})
+        for (const wchar_t* name :
+             {L"Größe.bmp", L"mask.bmp", L"before.csv", L"after.csv", L"plate.cal", L"tour.kvs", L"tour.gra"})
             DeleteFileW((folder + name).c_str());
         ASSERT_TRUE(MoveFileExW(L"plate.bmp", (folder + L"Größe.bmp").c_str(), MOVEFILE_COPY_ALLOWED));
     }
@@ -304,6 +305,73 @@ public:
         Show("09-histogram");
     }
 
+    void UseGraphDialogsAndTools() {
+        view->Press({VK_MENU, 'D'});
+        view->Type(L"gt");
+        const HWND titles = view->WaitForDialog(L"Graph Titles");
+        ASSERT_TRUE(titles) << "the graph's own dialog";
+        view->Press({VK_CONTROL, 'A'});
+        view->Type(L"Levels of the plate");
+        Show("10-graph-dialog");
+        view->Press({VK_RETURN});
+        view->Press({VK_MENU, 'D'});
+        view->Type(L"gs");
+        ASSERT_TRUE(view->AnswerFileDialog(L"Save Graph Appearance", folder + L"tour.gra"));
+        const std::string appearance = Table::ReadFile(folder + L"tour.gra");
+        ASSERT_EQ(appearance.size(), 3560u);
+        EXPECT_STREQ(appearance.c_str() + 264, "Levels of the plate");
+
+        view->Press({VK_MENU, 'T'});
+        view->Press({VK_RETURN});
+        HWND tool = nullptr;
+        EXPECT_TRUE(Driver::WaitFor([&] { return (tool = FindWindowA(nullptr, "Histogram")) != nullptr; }))
+            << "the sample tool";
+        Show("11-tool");
+        PostMessageA(tool, WM_CLOSE, 0, 0);
+    }
+
+    void ThresholdColours() {
+        // Four fields: gray, red, green, blue.
+        Cc24BitRGBImage colours;
+        colours.MakeBlankBMP(120, 160, 128, "colours");
+        auto* pixels = static_cast<unsigned char*>(colours.GetBitMapImageData());
+        for (int i = 0; i < 120 * 160; ++i)
+            for (int c = 0; c < 3; ++c)
+                if (i % 160 / 40 > 0)
+                    pixels[3 * i + c] = static_cast<unsigned char>(c == 3 - i % 160 / 40 ? 200 + i / 160 / 3 : 40);
+        DeleteFileA("colours.bmp");
+        colours.SaveBMPFile("colours.bmp");
+        MoveFileExW(L"colours.bmp", (folder + L"Farben.bmp").c_str(),
+                    MOVEFILE_COPY_ALLOWED | MOVEFILE_REPLACE_EXISTING);
+        view->Press({VK_CONTROL, 'O'});
+        ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Farben.bmp"));
+        view->Press({VK_MENU, 'I'});
+        view->Type(L"ch");  // Convert To, HSL
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Farben * - KestView"; }));
+        view->Press({VK_CONTROL, 'T'});
+        for (const auto& [field, level] :
+             {std::pair{IDC_BAND_HIGH_TEXT, L"170"}, std::pair{IDC_BAND_LOW_TEXT, L"150"}}) {
+            view->ClickControl(field);
+            view->Press({VK_CONTROL, 'A'});
+            view->Type(level);
+        }
+        EXPECT_EQ(TextOfWindow(view->Control(IDC_BAND_COUNT)), L"In the bands: 4800 pixels\nof the whole picture.")
+            << "blue";
+        Show("12-hue-threshold");
+        view->Press({VK_CONTROL, 'H'});
+        view->Press({VK_MENU, 'I'});
+        view->Type(L"c1");  // Convert To, 16-bit
+        view->Press({VK_CONTROL, 'U'});
+        Show("13-16-bit");
+        for (int i = 0; i < 3; ++i) {
+            view->Press({VK_CONTROL, 'W'});
+            if (i < 2) view->AnswerBox('N');
+        }
+        EXPECT_EQ(view->Title(), L"Größe-mask * - KestView");
+        view->Press({VK_CONTROL, VK_SHIFT, VK_TAB});
+        EXPECT_EQ(view->Title(), L"Größe * - KestView");
+    }
+
     void SaveAndReopen() {
         view->Press({VK_CONTROL, 'S'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Session", folder + L"tour.kvs"));
@@ -314,7 +382,7 @@ public:
         ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; }));
         ExportTable(L"after.csv");
         EXPECT_EQ(Table(folder + L"after.csv").All(), Table(folder + L"before.csv").All());
-        Show("10-reopened");
+        Show("14-reopened");
     }
 
     void AskBeforeLosingWork() {
@@ -339,9 +407,9 @@ public:
 TEST_F(Tour, FromThePictureToTheTableAndBack) {
     view = std::make_unique<Driver>();
     ASSERT_TRUE(view->Main()) << "the program starts";
-    for (void (Tour::*step)() :
-         {&Tour::Open, &Tour::Zoom, &Tour::Draw, &Tour::Calibrate, &Tour::Threshold, &Tour::Measure, &Tour::Mask,
-          &Tour::EditDisplayTable, &Tour::SaveAndReopen, &Tour::AskBeforeLosingWork}) {
+    for (void (Tour::*step)() : {&Tour::Open, &Tour::Zoom, &Tour::Draw, &Tour::Calibrate, &Tour::Threshold,
+                                 &Tour::Measure, &Tour::Mask, &Tour::EditDisplayTable, &Tour::UseGraphDialogsAndTools,
+                                 &Tour::ThresholdColours, &Tour::SaveAndReopen, &Tour::AskBeforeLosingWork}) {
         (this->*step)();
         if (HasFailure()) Show("failed");
         if (HasFatalFailure()) return;

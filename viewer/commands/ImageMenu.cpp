@@ -9,8 +9,10 @@
 namespace kestview {
 namespace {
 
-void AddPicture(MainWindow& main, std::unique_ptr<CcImage> image) {
+/// `like`: a document of the same size whose calibration holds for the picture too, or null.
+void AddPicture(MainWindow& main, std::unique_ptr<CcImage> image, Document* like) {
     auto document = std::make_unique<Document>(std::move(image));
+    if (like) document->CalibrateLike(*like);
     document->SetModified(true);
     main.AddDocument(std::move(document));
 }
@@ -28,7 +30,7 @@ void ImageRegion(MainWindow& main, int) {
         ShowError(main, "There is no area under this ROI that could be a picture.");
         return;
     }
-    AddPicture(main, std::move(region));
+    AddPicture(main, std::move(region), nullptr);
 }
 
 void ImageConvert(MainWindow& main, int id) {
@@ -39,7 +41,7 @@ void ImageConvert(MainWindow& main, int id) {
         ShowError(main, "There is not enough memory for the converted picture.");
         return;
     }
-    AddPicture(main, std::move(converted));
+    AddPicture(main, std::move(converted), &document);
 }
 
 bool CanConvert(MainWindow& main, int id) {

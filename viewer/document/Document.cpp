@@ -106,6 +106,18 @@ bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, con
     return true;
 }
 
+void Document::CalibrateLike(const Document& other) {
+    if (!other.calibration) return;
+    const SIZE size = Size();
+    std::unique_ptr<CcCalibration> same(new CcCalibration);
+    same->SetUnitsOfMeasure(other.calibration->GetUnitsOfMeasure());
+    // Calibrations of old files come without their points; those are read again.
+    if (same->DoCalibration(other.calibration->GetImagePoints(), other.calibration->GetWorldPoints(), 4, size.cx,
+                            size.cy) == 0 ||
+        same->Open(other.calibrationPath.c_str()) == 0)
+        SetCalibration(std::move(same), other.calibrationPath);
+}
+
 void Document::RemoveCalibration() {
     if (!calibration) return;
     image->ClearCalibrationObject();

@@ -88,6 +88,8 @@ public:
     /// False when it was made for a picture of another size. An empty path: it is in no file.
     bool SetCalibration(std::unique_ptr<CcCalibration> newCalibration, const std::string& path);
     void RemoveCalibration();
+    /// Takes over what another document of the same size is calibrated by.
+    void CalibrateLike(const Document& other);
     std::string calibrationPath;
 
     // Threshold bands

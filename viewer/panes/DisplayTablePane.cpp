@@ -38,7 +38,9 @@ void DisplayTablePane::OnInit() {
 }
 
 void DisplayTablePane::Refresh(unsigned change) {
-    if (change == EverythingChanged) UpdateSoon();
+    if (change != EverythingChanged) return;
+    graph.FollowRanges();
+    UpdateSoon();
 }
 
 int DisplayTablePane::Channel(int curve) const {

@@ -10,6 +10,7 @@
 namespace kestview {
 
 void HistogramPane::Refresh(unsigned change) {
+    if (change == EverythingChanged) graph.FollowRanges();
     if (change & (PictureChanged | RoisChanged)) UpdateSoon();
 }
 

@@ -11,6 +11,7 @@
 namespace kestview {
 
 void ProfilePane::Refresh(unsigned change) {
+    if (change == EverythingChanged) graph.FollowRanges();
     if (change & (PictureChanged | RoisChanged | CalibrationChanged | DisplayChanged)) UpdateSoon();
 }
 

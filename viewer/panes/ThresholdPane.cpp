@@ -193,6 +193,7 @@ void ThresholdPane::MakeMask() {
     }
     std::copy(pixels.begin(), pixels.end(), static_cast<unsigned char*>(mask->GetBitMapImageData()));
     auto masked = std::make_unique<Document>(std::move(mask));
+    masked->CalibrateLike(*document);
     masked->SetModified(true);
     main.AddDocument(std::move(masked));
 }
