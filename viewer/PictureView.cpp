@@ -113,7 +113,7 @@ void PictureView::Arrange() {
                         (room.cy - shown.cy) / 2 + shown.cy};
     if (!EqualRect(&old, &place)) {
         SetWindowPos(canvas, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOREDRAW);
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
         RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     }
     ShowWindow(canvas, document ? SW_SHOWNA : SW_HIDE);
