@@ -414,6 +414,8 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             tools.CloseAll();
             DestroyWindow(window);
             return 0;
+        case WM_QUERYENDSESSION:
+            return CloseAll();
         case WM_DESTROY:
             PostQuitMessage(0);
             return 0;

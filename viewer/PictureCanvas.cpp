@@ -81,7 +81,15 @@ void PictureView::PaintEmpty(HDC dc) {
     RECT all;
     GetClientRect(window, &all);
     FillRect(dc, &all, GetSysColorBrush(COLOR_APPWORKSPACE));
-    if (document) return;
+    if (document) {
+        // A frame tells where the picture ends when it has the colour of the ground.
+        RECT frame;
+        GetWindowRect(canvas, &frame);
+        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&frame), 2);
+        InflateRect(&frame, 1, 1);
+        FrameRect(dc, &frame, GetSysColorBrush(COLOR_3DDKSHADOW));
+        return;
+    }
     Font font;
     font.Make(DpiOf(window));
     const Selected selectedFont(dc, font);

@@ -25,7 +25,7 @@ void PictureView::SetDocument(Document* newDocument) {
     roiMouse.SetDocument(newDocument);
     document = newDocument;
     Arrange();
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    if (window) RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void PictureView::Refresh(unsigned change) {

@@ -88,6 +88,11 @@ void RoiMouse::StartMoving(const Shown& shown, POINT mouse) {
 
 void RoiMouse::Move(const Shown& shown, POINT mouse) {
     if (!isDragging && grabbed) {
+        // It may have been deleted by a key while the button was held.
+        if (document->IndexOf(grabbed) < 0) {
+            grabbed = nullptr;
+            return;
+        }
         constexpr int slackPixels = 2;
         if (std::abs(mouse.x - pressed.x) <= slackPixels && std::abs(mouse.y - pressed.y) <= slackPixels) return;
         StartMoving(shown, mouse);

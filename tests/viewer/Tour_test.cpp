@@ -88,10 +88,14 @@ private:
 class Tour : public testing::Test {
 public:
     void SetUp() override {
-        wchar_t temporary[MAX_PATH];
-        GetTempPathW(MAX_PATH, temporary);
-        // A folder and a file name that no single code page holds.
-        folder = std::wstring(temporary) + L"KestView-Prüfung-測定\\";
+        wchar_t root[MAX_PATH];
+        // A folder and file names that no single code page holds; in the pictures' folder a plain one.
+        if (GetEnvironmentVariableW(L"KEST_TOUR_FOLDER", root, MAX_PATH) > 0) {
+            folder = std::wstring(root) + L"\\results\\";
+        } else {
+            GetTempPathW(MAX_PATH, root);
+            folder = std::wstring(root) + L"KestView-Prüfung-測定\\";
+        }
         CreateDirectoryW(folder.c_str(), nullptr);
         plate = std::make_unique<CcGrayImage256>();
         ASSERT_TRUE(example::MakePlate(*plate));
@@ -181,6 +185,38 @@ public:
         view->Press({VK_CONTROL, 'Z'});
     }
 
+    void EditAndCutOut() {
+        const HWND canvas = view->Canvas();
+        // The rectangle around the disc: moved, moved back by undo; its right edge dragged; cut out; undone.
+        const POINT middle = OnPlate(20, 20), topLeft = OnPlate(5, 35), bottomRight = OnPlate(36, 4);
+        view->Click(canvas, middle);
+        view->Drag(canvas, {middle, {middle.x + 25, middle.y + 15}});
+        view->Press({VK_CONTROL, 'Z'});
+        const POINT handle = {bottomRight.x + 1, (topLeft.y + bottomRight.y + 1) / 2};
+        view->Drag(canvas, {handle, {handle.x + 20, handle.y}});
+        view->Press({VK_CONTROL, 'R'});
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe-Rect.1 * - KestView"; }))
+            << "selected by the mouse";
+        view->Press({VK_CONTROL, '1'});
+        RECT client;
+        GetClientRect(view->Canvas(), &client);
+        EXPECT_EQ(client.right, bottomRight.x + 1 + 20 - topLeft.x) << "a region leaves its last column out";
+        EXPECT_EQ(client.bottom, bottomRight.y + 1 - topLeft.y);
+        Show("04-region");
+        view->Press({VK_CONTROL, 'W'});
+        view->AnswerBox('N');
+        view->Press({VK_CONTROL, 'Z'});
+
+        view->Press({VK_CONTROL, 'D'});
+        view->Press({VK_CONTROL, 'C'});
+        BITMAP copied = {};
+        ASSERT_TRUE(OpenClipboard(nullptr));
+        GetObjectA(GetClipboardData(CF_BITMAP), sizeof copied, &copied);
+        CloseClipboard();
+        EXPECT_EQ(copied.bmWidth, plateWidth);
+        EXPECT_EQ(copied.bmHeight, plateHeight);
+    }
+
     void Calibrate() {
         view->Press({VK_CONTROL, 'K'});
         for (const example::PlateMark& mark : example::PlateMarks())
@@ -197,7 +233,7 @@ public:
         }
         view->ClickControl(IDC_CAL_APPLY);
         EXPECT_EQ(TextOfWindow(view->Control(IDC_CAL_STATE)), L"Calibrated; not saved in a file yet.");
-        Show("04-calibrated");
+        Show("05-calibrated");
         view->ClickControl(IDC_CAL_SAVE);
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Calibration", folder + L"plate.cal"));
     }
@@ -214,7 +250,7 @@ public:
         view->ClickControl(IDC_BAND_LOW_TEXT);
         view->Press({VK_CONTROL, 'A'});
         view->Type(std::to_wstring(example::plateThreshold));
-        Show("05-threshold");
+        Show("06-threshold");
         const Picture shown = view->ClientOf(view->Canvas());
         const POINT square = OnPlate(86, 18), ground = OnPlate(50, 2);
         EXPECT_EQ(shown.At(square.x, square.y), 0x286EE6u) << "in the band";
@@ -224,7 +260,7 @@ public:
     void Mask() {
         view->Press({VK_CONTROL, 'B'});
         ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe-mask * - KestView"; }));
-        Show("06-mask");
+        Show("08-mask");
         view->Press({VK_MENU, 'F'});
         view->Press({'P'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Picture", folder + L"mask.bmp"));
@@ -298,11 +334,11 @@ public:
         view->Drag(graph, {along(0.75), target});
         const unsigned after = view->ClientOf(view->Canvas()).At(square.x, square.y);
         EXPECT_LT((after & 255) + 40, before & 255) << "bright pixels have become dark";
-        Show("08-display-table");
+        Show("09-display-table");
         view->ClickControl(IDC_TABLE_RESET);
         EXPECT_EQ(view->ClientOf(view->Canvas()).At(square.x, square.y), before);
         view->Press({VK_CONTROL, 'H'});
-        Show("09-histogram");
+        Show("10-histogram");
     }
 
     void UseGraphDialogsAndTools() {
@@ -312,7 +348,7 @@ public:
         ASSERT_TRUE(titles) << "the graph's own dialog";
         view->Press({VK_CONTROL, 'A'});
         view->Type(L"Levels of the plate");
-        Show("10-graph-dialog");
+        Show("11-graph-dialog");
         view->Press({VK_RETURN});
         view->Press({VK_MENU, 'D'});
         view->Type(L"gs");
@@ -326,7 +362,7 @@ public:
         HWND tool = nullptr;
         EXPECT_TRUE(Driver::WaitFor([&] { return (tool = FindWindowA(nullptr, "Histogram")) != nullptr; }))
             << "the sample tool";
-        Show("11-tool");
+        Show("12-tool");
         PostMessageA(tool, WM_CLOSE, 0, 0);
     }
 
@@ -347,7 +383,7 @@ public:
         ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Farben.bmp"));
         view->Press({VK_MENU, 'I'});
         view->Type(L"ch");  // Convert To, HSL
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Farben * - KestView"; }));
+        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Farben (24-bit HSL) * - KestView"; }));
         view->Press({VK_CONTROL, 'T'});
         for (const auto& [field, level] :
              {std::pair{IDC_BAND_HIGH_TEXT, L"170"}, std::pair{IDC_BAND_LOW_TEXT, L"150"}}) {
@@ -357,12 +393,12 @@ public:
         }
         EXPECT_EQ(TextOfWindow(view->Control(IDC_BAND_COUNT)), L"In the bands: 4800 pixels\nof the whole picture.")
             << "blue";
-        Show("12-hue-threshold");
+        Show("13-hue-threshold");
         view->Press({VK_CONTROL, 'H'});
         view->Press({VK_MENU, 'I'});
         view->Type(L"c1");  // Convert To, 16-bit
         view->Press({VK_CONTROL, 'U'});
-        Show("13-16-bit");
+        Show("14-16-bit");
         for (int i = 0; i < 3; ++i) {
             view->Press({VK_CONTROL, 'W'});
             if (i < 2) view->AnswerBox('N');
@@ -382,7 +418,7 @@ public:
         ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; }));
         ExportTable(L"after.csv");
         EXPECT_EQ(Table(folder + L"after.csv").All(), Table(folder + L"before.csv").All());
-        Show("14-reopened");
+        Show("15-reopened");
     }
 
     void AskBeforeLosingWork() {
@@ -407,13 +443,28 @@ public:
 TEST_F(Tour, FromThePictureToTheTableAndBack) {
     view = std::make_unique<Driver>();
     ASSERT_TRUE(view->Main()) << "the program starts";
-    for (void (Tour::*step)() : {&Tour::Open, &Tour::Zoom, &Tour::Draw, &Tour::Calibrate, &Tour::Threshold,
-                                 &Tour::Measure, &Tour::Mask, &Tour::EditDisplayTable, &Tour::UseGraphDialogsAndTools,
-                                 &Tour::ThresholdColours, &Tour::SaveAndReopen, &Tour::AskBeforeLosingWork}) {
+    for (void (Tour::*step)() :
+         {&Tour::Open, &Tour::Zoom, &Tour::Draw, &Tour::EditAndCutOut, &Tour::Calibrate, &Tour::Threshold,
+          &Tour::Measure, &Tour::Mask, &Tour::EditDisplayTable, &Tour::UseGraphDialogsAndTools, &Tour::ThresholdColours,
+          &Tour::SaveAndReopen, &Tour::AskBeforeLosingWork}) {
         (this->*step)();
         if (HasFailure()) Show("failed");
         if (HasFatalFailure()) return;
     }
+}
+
+TEST(CommandLine, OpensEachFileAndSaysWhatItCannot) {
+    CcGrayImage256 image;
+    image.MakeBlankBMP(10, 12, 50, "first");
+    const TemporaryFile file("first.bmp");
+    image.SaveBMPFile(file.Path());
+    Driver view(L"first.bmp missing.bmp");
+    ASSERT_TRUE(view.Main());
+    const std::wstring text = view.AnswerBox(VK_RETURN);
+    EXPECT_EQ(text.substr(0, 17), L"There is no file\n") << "in plain words";
+    EXPECT_EQ(view.Title(), L"first - KestView");
+    PostMessageA(view.Main(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Driver::WaitFor([&] { return !view.IsRunning(); }));
 }
 
 }  // namespace

@@ -41,6 +41,11 @@ void ImageConvert(MainWindow& main, int id) {
         ShowError(main, "There is not enough memory for the converted picture.");
         return;
     }
+    // "coins (float gray)", also when the picture is a converted one itself.
+    const auto suffix = [](CcImage& image) { return std::string(" (") + ImageClassOf(image).label + ")"; };
+    std::string name = document.Name();
+    if (name.ends_with(suffix(document.Image()))) name.resize(name.size() - suffix(document.Image()).size());
+    converted->SetName((name.substr(0, 200) + suffix(*converted)).c_str());
     AddPicture(main, std::move(converted), &document);
 }
 
