@@ -59,3 +59,9 @@ add_dependencies(test_tools RecordingTool EndlessText NoEntry HistogramTool)
 # The programs of the programmer's guide, which check what it tells.
 add_test(NAME win${bits}.guide COMMAND Guide WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set_tests_properties(win${bits}.guide PROPERTIES TIMEOUT 120 RUN_SERIAL ON)
+
+# What takes the pictures of KestView's guide (script/guide-pictures).
+add_executable(GuidePictures docs/GuidePictures.cpp tests/viewer/Driver.cpp)
+target_link_libraries(GuidePictures PRIVATE kest_test_support kest_example)
+target_include_directories(GuidePictures PRIVATE viewer)
+add_dependencies(GuidePictures KestView)
