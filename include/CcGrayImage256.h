@@ -8,8 +8,8 @@
 ///
 /// Five display tables decide how it is shown: 100 the file's own colours, 101 colours computed from a red, a green and
 /// a blue curve, 102 to 104 grays of 256, 128 and 64 levels computed from a curve each. Drawing copies the table into
-/// the DIB, so the DIB, its file and its stored record carry what was shown last (after 102 to 104 palette indices). Thresholding colours bands in the
-/// curves of table 101.
+/// the DIB, so the DIB, its file and its stored record carry what was shown last (after 102 to 104 palette indices).
+/// Thresholding colours bands in the curves of table 101.
 class KEST_API CcGrayImage256 : public CcImage {
 public:
     CcGrayImage256();
