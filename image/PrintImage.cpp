@@ -42,6 +42,8 @@ PrinterDc::~PrinterDc() {
 
 int PrintImage(HDC printer, DOCINFOA& job, const char* documentName, const ImageLook& look, const DibPicture& overlay,
                HWND window, const ShowArguments& arguments) {
+    // While the dialog was open the application went on.
+    if (!look.bits) return KEST_FAILED;
     View view = {0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom};
     GetClientSize(window, view.clientWidth, view.clientHeight);
     const PrintPlan plan = PlanForPage(view, GetDeviceCaps(printer, HORZRES), GetDeviceCaps(printer, VERTRES));
