@@ -53,7 +53,7 @@ void Blit(HDC dc, const void* bits, const BitmapInfo& info, UINT use, const Blit
     const int targetX = Saturate(plan.targetX), targetY = Saturate(plan.targetY);
     const int sourceX = Saturate(plan.sourceX), sourceY = Saturate(plan.sourceY);
     const int width = Saturate(plan.sourceWidth), height = Saturate(plan.sourceHeight);
-    if (plan.IsOneToOne() && operation == SRCCOPY)
+    if (plan.countsDevicePixels && operation == SRCCOPY)
         SetDIBitsToDevice(dc, targetX, targetY, static_cast<DWORD>(width), static_cast<DWORD>(height), sourceX, sourceY,
                           0, static_cast<UINT>(info.header.biHeight), bits, info.Get(), use);
     else

@@ -31,6 +31,11 @@ bool ClipAxis(long long& first, long long& size, long long& target, long long& t
 }  // namespace
 
 BlitPlan PlanForWindow(const View& view) {
+    const bool isPixelForPixel = !view.IsStretched() && view.zoom == 1;
+    return isPixelForPixel ? PlanForRect(view, {0, 0, 0, 0}) : PlanForVisiblePart(view);
+}
+
+BlitPlan PlanForVisiblePart(const View& view) {
     if (view.IsStretched())
         return {0, 0, view.clientWidth, view.clientHeight, 0, 0, view.imageWidth, view.imageHeight};
     const long long columns = view.clientWidth / view.zoom;
@@ -45,7 +50,7 @@ BlitPlan PlanForRect(const View& view, const IntRect& rect) {
                 static_cast<long long>(rect.bottom) - rect.top, 0, 0, view.imageWidth, view.imageHeight};
     const long long zoom = view.zoom;
     return {rect.left, rect.top, view.imageWidth * zoom, view.imageHeight * zoom,
-            view.xOffset, -static_cast<long long>(view.yOffset), view.imageWidth, view.imageHeight};
+            view.xOffset, -static_cast<long long>(view.yOffset), view.imageWidth, view.imageHeight, zoom == 1};
 }
 
 bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight) {

@@ -11,12 +11,17 @@ namespace kest {
 struct BlitPlan {
     long long targetX, targetY, targetWidth, targetHeight;
     long long sourceX, sourceY, sourceWidth, sourceHeight;
+    bool countsDevicePixels = false;  ///< the target's size is in device pixels, whatever the mapping mode
 
     bool IsOneToOne() const { return targetWidth == sourceWidth && targetHeight == sourceHeight; }
 };
 
-/// Into the window's client area, of which only what fits is drawn.
+/// Into the window's client area. At zoom 1 the whole image from the offsets on, for the device context to cut off;
+/// above, only what fits.
 BlitPlan PlanForWindow(const View& view);
+
+/// The part of the image that fits the client area, at zoom 1 too.
+BlitPlan PlanForVisiblePart(const View& view);
 
 /// Into a rectangle: at a whole-number zoom the whole image from the rectangle's corner on, else stretched to it. The
 /// view's client size is not used.

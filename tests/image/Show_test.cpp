@@ -16,12 +16,14 @@ constexpr unsigned background = 0x000040;
 
 unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
 
-/// The picture that a window should show: `pixel` gives the colour of an image pixel, rows counted from the bottom.
+/// The picture that a window should show: `pixel` gives the colour of an image pixel, rows counted from the bottom. At
+/// zoom 1 no more is drawn than the image has columns and rows, wherever it is scrolled to.
 Picture Expected(int clientWidth, int clientHeight, int width, int height, int xOffset, int yOffset, int zoom,
                  const std::function<unsigned(int, int)>& pixel) {
     Picture picture{clientWidth, clientHeight, std::vector<unsigned>(clientWidth * clientHeight, background)};
     for (int py = 0; py < clientHeight; ++py)
         for (int px = 0; px < clientWidth; ++px) {
+            if (zoom == 1 && (px >= width || py >= height)) continue;
             const int x = px / zoom + xOffset, y = height - 1 - py / zoom - yOffset;
             if (x >= 0 && x < width && y >= 0 && y < height) picture.pixels[py * clientWidth + px] = pixel(x, y);
         }
@@ -92,6 +94,21 @@ TEST(Show, StretchedToWindowAndRectangle) {
                 wrong += shown.At(x, y) != (x < 5 || y < 8 ? background : whole.At(x - 5, y - 8));
         EXPECT_EQ(wrong, 0) << zoom;
     }
+}
+
+TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
+    test::TestWindow window(20, 16);
+    CcGrayImage256 image;
+    test::FillPattern(image, 39, 33);
+    test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
+    ASSERT_EQ(image.Show(memory, window, 102, 1, 0, 0, 1), 0);
+    EXPECT_EQ(memory.Snapshot().DifferentFrom(Expected(120, 110, 39, 33, 0, 0, 1, PatternGray)), 0);
+    SetMapMode(memory, MM_ANISOTROPIC);
+    SetViewportExtEx(memory, 2, 2, nullptr);
+    RECT rect = {0, 0, 39, 33};
+    ASSERT_EQ(image.Show(memory, &rect, 102, 0, 0, 0, 1), 0);
+    SetMapMode(memory, MM_TEXT);
+    EXPECT_EQ(memory.Snapshot().DifferentFrom(Expected(120, 110, 39, 33, 0, 0, 2, PatternGray)), 0);
 }
 
 TEST(Show, DisplayTables) {

@@ -26,7 +26,8 @@ void ExpectPlan(const BlitPlan& plan, std::array<long long, 4> target, std::arra
 
 TEST(BlitPlan, WindowAndRectangle) {
     const View one = {320, 200, 100, 80, 5, 7, 1, 1};
-    ExpectPlan(PlanForWindow(one), {0, 0, 320, 200}, {5, 80 - 200 - 7, 320, 200});
+    ExpectPlan(PlanForWindow(one), {0, 0, 100, 80}, {5, -7, 100, 80});
+    ExpectPlan(PlanForVisiblePart(one), {0, 0, 320, 200}, {5, 80 - 200 - 7, 320, 200});
     const View three = {320, 200, 100, 80, 5, 7, 1, 3};
     ExpectPlan(PlanForWindow(three), {0, 0, 320, 200}, {5, 80 - 66 - 7, 106, 66});
     const View stretched = {320, 200, 100, 80, 5, 7, 2, 3};
