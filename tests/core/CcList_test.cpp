@@ -2,14 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "KestApi.h"
-#include "support/Bytes.h"
+#include "support/Streams.h"
 
 using test::Bytes;
+using test::ListBag;
 using test::Record;
 
 namespace {
@@ -30,10 +28,13 @@ struct Counted : CcHLObject {
 };
 int Counted::alive = 0;
 
-std::string NamesOf(CcList& list) {
+/// The names, then the positions of the current and the selected object.
+std::string StateOf(CcList& list) {
+    const int current = list.GetCurrentObjectsIndex();
     std::string names;
     for (int i = 0; i < list.GetNumberOfObjects(); ++i) names += list.GetAtIndex(i)->GetName();
-    return names;
+    list.GetAtIndex(current);
+    return names + ' ' + std::to_string(current) + ' ' + std::to_string(list.GetSelectedObjectsIndex());
 }
 
 struct Letters {
@@ -44,61 +45,34 @@ struct Letters {
     }
 };
 
-std::vector<std::uint8_t> StoredBytes(CcHLObject& object) {
-    CcMemObjectStorage stream;
-    EXPECT_EQ(stream.PutObject(&object), 0);
-    unsigned char* block = nullptr;
-    long length = 0;
-    stream.GetStorageBufferRef(&block, &length);
-    return {block, block + length - 1};
-}
-
-Bytes ListBag(int current, int count, int selected, int type) {
-    return Record("CcPropertyBag", "",
-                  Bytes()
-                      .I32(4)
-                      .Add(test::PropertyEntry("CcList::iCurrentObject", 0, 0, 4))
-                      .Add(test::PropertyEntry("CcList::iNumberOfObjects", 0, 4, 4))
-                      .Add(test::PropertyEntry("CcList::iSelectedObject", 0, 8, 4))
-                      .Add(test::PropertyEntry("CcList::iDistructorFlag", 0, 12, 4))
-                      .I32(16).I32(current).I32(count).I32(selected).I32(type));
-}
-
 }  // namespace
 
 TEST(CcList, WalkingAndLookingUp) {
     CcList empty;
-    EXPECT_EQ(empty.GetHead(), nullptr);
-    EXPECT_EQ(empty.GetTail(), nullptr);
-    EXPECT_EQ(empty.GetNext(), nullptr);
-    EXPECT_EQ(empty.GetPrev(), nullptr);
-    EXPECT_EQ(empty.GetViaName("a"), nullptr);
-    EXPECT_EQ(empty.GetType(), 5);
+    for (CcHLObject* none : {empty.GetHead(), empty.GetTail(), empty.GetNext(), empty.GetPrev(), empty.GetViaName("a")})
+        EXPECT_EQ(none, nullptr);
 
     Letters with;
-    EXPECT_EQ(with.list.GetHead(), &with.a);
-    EXPECT_EQ(with.list.GetPrev(), nullptr);
-    EXPECT_EQ(with.list.GetNext(), &with.b);
-    EXPECT_EQ(with.list.GetNext(), &with.c);
-    EXPECT_EQ(with.list.GetNext(), nullptr);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 2);
-    EXPECT_EQ(with.list.GetPrev(), &with.b);
-    EXPECT_EQ(with.list.GetViaName("C"), nullptr);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 1);
-    EXPECT_EQ(with.list.GetViaName("c"), &with.c);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 2);
-    EXPECT_EQ(with.list.GetAtIndex(3), nullptr);
-    EXPECT_EQ(with.list.GetAtIndex(-1), nullptr);
-    EXPECT_EQ(with.list.GetSelected(), nullptr);
-    EXPECT_EQ(with.list.SelectObjectAtIndex(1), 0);
-    EXPECT_EQ(with.list.GetTail(), &with.c);
-    EXPECT_EQ(with.list.GetSelected(), &with.b);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 1);
-    EXPECT_EQ(with.list.SelectObjectAtIndex(3), -1);
-    EXPECT_EQ(with.list.SelectObjectAtIndex(-2), -1);
-    EXPECT_EQ(with.list.GetSelectedObjectsIndex(), 1);
-    EXPECT_EQ(with.list.SelectObjectAtIndex(-1), 0);
-    EXPECT_EQ(with.list.GetSelectedObjectsIndex(), -1);
+    CcList& list = with.list;
+    EXPECT_EQ(list.GetHead(), &with.a);
+    EXPECT_EQ(list.GetPrev(), nullptr);
+    EXPECT_EQ(list.GetNext(), &with.b);
+    EXPECT_EQ(list.GetNext(), &with.c);
+    EXPECT_EQ(list.GetNext(), nullptr);
+    EXPECT_EQ(list.GetPrev(), &with.b);
+    EXPECT_EQ(list.GetViaName("C"), nullptr);
+    EXPECT_EQ(StateOf(list), "abc 1 -1");
+    EXPECT_EQ(list.GetViaName("c"), &with.c);
+    for (const int outside : {3, -1}) EXPECT_EQ(list.GetAtIndex(outside), nullptr);
+    EXPECT_EQ(list.GetSelected(), nullptr);
+    EXPECT_EQ(list.SelectObjectAtIndex(1), 0);
+    EXPECT_EQ(list.GetTail(), &with.c);
+    EXPECT_EQ(StateOf(list), "abc 2 1");
+    EXPECT_EQ(list.GetSelected(), &with.b);
+    for (const int outside : {3, -2}) EXPECT_EQ(list.SelectObjectAtIndex(outside), -1);
+    EXPECT_EQ(StateOf(list), "abc 1 1");
+    EXPECT_EQ(list.SelectObjectAtIndex(-1), 0);
+    EXPECT_EQ(StateOf(list), "abc 1 -1");
 }
 
 TEST(CcList, InsertsMoveCursorsAsStated) {
@@ -106,59 +80,49 @@ TEST(CcList, InsertsMoveCursorsAsStated) {
     Counted x("x"), y("y"), z("z");
     with.list.SelectObjectAtIndex(1);  // b
     EXPECT_EQ(with.list.InsertHead(&x), 0);
-    EXPECT_EQ(with.list.GetSelectedObjectsIndex(), 2);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 0);
+    EXPECT_EQ(StateOf(with.list), "xabc 0 2");
     EXPECT_EQ(with.list.InsertAtIndex(&y, 2), 0);
-    EXPECT_EQ(with.list.GetSelectedObjectsIndex(), 3);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 2);
-    EXPECT_EQ(with.list.InsertAtIndex(&z, 5), -1);
-    EXPECT_EQ(with.list.InsertAtIndex(&z, -1), -1);
+    EXPECT_EQ(StateOf(with.list), "xaybc 2 3");
+    for (const int outside : {5, -1}) EXPECT_EQ(with.list.InsertAtIndex(&z, outside), -1);
     with.list.GetAtIndex(1);
     EXPECT_EQ(with.list.InsertSelected(&z), 0);
-    EXPECT_EQ(with.list.GetSelectedObjectsIndex(), 1);
-    EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 1);
-    EXPECT_EQ(NamesOf(with.list), "xzaybc");
+    EXPECT_EQ(StateOf(with.list), "xzaybc 1 1");
 
     CcList empty;
     EXPECT_EQ(empty.InsertAtIndex(&x, 0), -1);
     EXPECT_EQ(empty.InsertSelected(&x), 0);
     EXPECT_EQ(empty.InsertHead(nullptr), 0);
-    EXPECT_EQ(empty.GetNumberOfObjects(), 2);
     EXPECT_EQ(empty.GetViaName("x"), &x);
+    EXPECT_EQ(empty.GetCurrentObjectsIndex(), 1);
 }
 
 TEST(CcList, DeletesMoveCursorsAsStated) {
-    {
-        Letters with;
-        with.list.SelectObjectAtIndex(2);
-        EXPECT_EQ(with.list.DeleteAtIndex(0), 0);
-        EXPECT_EQ(NamesOf(with.list), "bc");
-        EXPECT_EQ(with.list.GetSelected(), &with.c);
-        EXPECT_EQ(with.list.GetSelectedObjectsIndex(), 1);
-        EXPECT_EQ(with.list.DeleteAtIndex(2), -1);
-        EXPECT_EQ(with.list.DeleteSelected(), 0);
-        EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 0);
-        EXPECT_EQ(with.list.GetSelectedObjectsIndex(), -1);
-        EXPECT_EQ(with.list.DeleteSelected(), -1);
-        EXPECT_EQ(with.list.DeleteTail(), 0);
-        EXPECT_EQ(with.list.GetCurrentObjectsIndex(), -1);
-        EXPECT_EQ(with.list.DeleteTail(), -1);
-        EXPECT_EQ(with.list.DeleteHead(), -1);
-        EXPECT_EQ(with.list.InsertSelected(&with.a), -1);
-    }
-    {
-        Letters with;
-        Counted second("b");
-        with.list.InsertTail(&second);
-        EXPECT_EQ(with.list.DeleteViaName("b"), 0);
-        EXPECT_EQ(NamesOf(with.list), "acb");
-        EXPECT_EQ(with.list.DeleteViaName("none"), -1);
-        EXPECT_EQ(with.list.DeleteHead(), 0);
-        EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 0);
-        EXPECT_EQ(with.list.DeleteTail(), 0);
-        EXPECT_EQ(with.list.DeleteHead(), 0);
-        EXPECT_EQ(with.list.GetCurrentObjectsIndex(), 0);
-    }
+    Letters with;
+    CcList& list = with.list;
+    list.SelectObjectAtIndex(2);
+    EXPECT_EQ(list.DeleteAtIndex(0), 0);
+    EXPECT_EQ(list.GetSelected(), &with.c);
+    EXPECT_EQ(StateOf(list), "bc 1 1");
+    EXPECT_EQ(list.DeleteAtIndex(2), -1);
+    EXPECT_EQ(list.DeleteSelected(), 0);
+    EXPECT_EQ(StateOf(list), "b 0 -1");
+    EXPECT_EQ(list.DeleteSelected(), -1);
+    EXPECT_EQ(list.DeleteTail(), 0);
+    EXPECT_EQ(StateOf(list), " -1 -1");
+    EXPECT_EQ(list.DeleteTail(), -1);
+    EXPECT_EQ(list.DeleteHead(), -1);
+    EXPECT_EQ(list.InsertSelected(&with.a), -1);
+
+    Letters more;
+    Counted second("b");
+    more.list.InsertTail(&second);
+    EXPECT_EQ(more.list.DeleteViaName("b"), 0);
+    EXPECT_EQ(more.list.DeleteViaName("none"), -1);
+    EXPECT_EQ(more.list.DeleteHead(), 0);
+    EXPECT_EQ(StateOf(more.list), "cb 0 -1");
+    EXPECT_EQ(more.list.DeleteTail(), 0);
+    EXPECT_EQ(more.list.DeleteHead(), 0);
+    EXPECT_EQ(StateOf(more.list), " 0 -1");
 }
 
 TEST(CcList, DestructionTypeSaysWhoDeletes) {
@@ -176,32 +140,23 @@ TEST(CcList, DestructionTypeSaysWhoDeletes) {
     EXPECT_EQ(Counted::alive, 0);
 }
 
-TEST(CcList, KeepsOneSlotFree) {
+TEST(CcList, GrowsInTimeAndStaysInsideTheArray) {
     OpenList list;
     CcNumber number;
     for (int i = 0; i < 99; ++i) list.InsertTail(&number);
     EXPECT_EQ(list.iArraySize, 100);
     list.InsertTail(&number);
     EXPECT_EQ(list.iArraySize, 150);
-    EXPECT_EQ(list.GetNumberOfObjects(), 100);
     EXPECT_EQ(list.GetAtIndex(99), &number);
 
     OpenList tiny(1, 1);
+    EXPECT_EQ(tiny.DeleteObjectAtIndex(0), -1);
+    for (const int outside : {1, -1}) EXPECT_EQ(tiny.InsertObjectAtIndex(&number, outside), -1);
     for (int i = 0; i < 5; ++i) EXPECT_EQ(tiny.InsertHead(&number), 0);
+    // The step itself leaves the count to its caller.
+    EXPECT_EQ(tiny.DeleteObjectAtIndex(4), 0);
     EXPECT_EQ(tiny.GetNumberOfObjects(), 5);
-}
-
-TEST(CcList, SharedStepsStayInsideTheArray) {
-    OpenList list(3, 1);
-    CcNumber number;
-    EXPECT_EQ(list.InsertObjectAtIndex(&number, 1), -1);
-    EXPECT_EQ(list.InsertObjectAtIndex(&number, -1), -1);
-    EXPECT_EQ(list.DeleteObjectAtIndex(0), -1);
-    list.InsertTail(&number);
-    list.InsertTail(&number);
-    EXPECT_EQ(list.DeleteObjectAtIndex(1), 0);
-    EXPECT_EQ(list.GetNumberOfObjects(), 2);
-    EXPECT_EQ(list.GetTail(), nullptr);
+    EXPECT_EQ(tiny.GetTail(), nullptr);
 }
 
 TEST(CcList, StreamFormToTheByteAndBack) {
@@ -216,49 +171,32 @@ TEST(CcList, StreamFormToTheByteAndBack) {
     list.InsertTail(&second);
     list.SelectObjectAtIndex(0);
     const auto rectRecord = [](const char* name, int left, int top, int right, int bottom) {
-        return Record("CcRoiRect", name,
-                      Record("CcPropertyBag", "",
-                             Bytes()
-                                 .I32(1)
-                                 .Add(test::PropertyEntry("CcRoiRect::stImageRect", 5, 0, 16))
-                                 .I32(16).I32(left).I32(top).I32(right).I32(bottom)));
+        Bytes bag = Bytes().I32(1).Add(test::PropertyEntry("CcRoiRect::stImageRect", 5, 0, 16));
+        bag.I32(16).I32(left).I32(top).I32(right).I32(bottom);
+        return Record("CcRoiRect", name, Record("CcPropertyBag", "", bag));
     };
-    const Bytes expected = Record("CcList", "rois",
-                                  Bytes()
-                                      .Add(ListBag(0, 2, 0, 0))
-                                      .Add(rectRecord("one", 1, 9, 5, 2))
-                                      .Add(rectRecord("two", 0, 0, 0, 0)));
-    EXPECT_EQ(StoredBytes(list), expected);
-
-    Bytes readable = expected;
-    readable.U8(0);
-    CcMemObjectStorage stream(readable.data(), static_cast<long>(readable.size()), 1);
-    CcHLObject* made = nullptr;
-    ASSERT_EQ(stream.GetNextObject(&made), 0);
-    const std::unique_ptr<CcList> loaded(dynamic_cast<CcList*>(made));
+    const Bytes expected = Record(
+        "CcList", "rois", ListBag(0, 2, 0, 0).Add(rectRecord("one", 1, 9, 5, 2)).Add(rectRecord("two", 0, 0, 0, 0)));
+    EXPECT_EQ(test::StoredBytes(list), expected);
+    const auto loaded = test::Made<CcList>(expected);
     ASSERT_NE(loaded, nullptr);
-    EXPECT_EQ(StoredBytes(*loaded), expected);
-    EXPECT_EQ(static_cast<RECT*>(dynamic_cast<CcRoiRect*>(loaded->GetHead())->GetRoiImageCord())->top, 9);
+    EXPECT_EQ(test::StoredBytes(*loaded), expected);
     loaded->SetDestructionType(1);
 
     CcString text;
     list.InsertTail(&text);
+    CcMemObjectStorage stream;
     EXPECT_EQ(list.Store(&stream), -1);
     EXPECT_EQ(list.Store(nullptr), -1);
     EXPECT_EQ(list.Load(nullptr), -1);
 }
 
 TEST(CcList, PositionsFromAStreamThatLiesAreHarmless) {
-    const int lies[] = {INT_MIN, -5, 3, 1000000, INT_MAX};
-    for (int lie : lies) {
-        Bytes bytes = ListBag(lie, 0, lie, lie).U8(0);
-        CcMemObjectStorage stream(bytes.data(), static_cast<long>(bytes.size()), 1);
+    for (const int lie : {INT_MIN, -5, 3, 1000000, INT_MAX}) {
         CcList list;
-        ASSERT_EQ(list.Load(&stream), 0);
+        ASSERT_EQ(list.Load(test::HandMade(ListBag(lie, 0, lie, lie)).Stream()), 0);
         EXPECT_EQ(list.GetCurrentObjectsIndex(), lie);
-        EXPECT_EQ(list.GetSelected(), nullptr);
-        EXPECT_EQ(list.GetNext(), nullptr);
-        EXPECT_EQ(list.GetPrev(), nullptr);
+        for (CcHLObject* none : {list.GetSelected(), list.GetNext(), list.GetPrev()}) EXPECT_EQ(none, nullptr);
         EXPECT_EQ(list.DeleteSelected(), -1);
         CcNumber number;
         EXPECT_EQ(list.InsertSelected(&number), -1);

@@ -13,6 +13,8 @@
 
 using test::Box;
 using test::Bytes;
+using test::LoadRecord;
+using test::PatternFloat;
 using test::PatternValue;
 using test::Record;
 using test::TakeBoxes;
@@ -21,8 +23,6 @@ namespace {
 
 struct OpenImage : CcGrayImage256 {
     using CcGrayImage256::operator=;
-    using CcGrayImage256::iColorTableBytes;
-    using CcGrayImage256::iNumColors;
     using CcGrayImage256::iPixelIndex;
 };
 
@@ -41,44 +41,24 @@ Bytes ImageRecord(const std::string& name, long size, const std::vector<std::uin
                   Bytes().Add(Record("CcPropertyBag", "", bag)).Add(test::EmptyListRecord()));
 }
 
-/// A DIB: what follows the file header in a BMP file.
 Bytes Dib8(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
-    const Bytes file = test::BmpFile8(width, height, pixels, coloursUsed);
-    Bytes dib;
-    dib.assign(file.begin() + 14, file.end());
-    return dib;
-}
-
-int LoadRecord(CcGrayImage256& image, Bytes bytes) {
-    bytes.U8(0);
-    CcMemObjectStorage stream(bytes.data(), static_cast<long>(bytes.size()), 1);
-    return stream.GetNextObject(&image);
+    return test::DibOf(test::BmpFile8(width, height, pixels, coloursUsed));
 }
 
 }  // namespace
 
 TEST(CcGrayImage256, BlankImages) {
     OpenImage image;
-    EXPECT_EQ(image.GetImageType(), 0);
     EXPECT_EQ(image.MakeBlankBMP(480, 640, 300, "a"), 0);
-    EXPECT_STREQ(image.GetName(), "a");
     EXPECT_EQ(image(0, 0), 44.0F);
     EXPECT_EQ(image(639, 479), 44.0F);
-    EXPECT_EQ(image.iNumColors, 256);
-    EXPECT_EQ(image.iColorTableBytes, 1024);
     const void* block = image.GetBitMapImageData();
     EXPECT_EQ(image.MakeBlankBMP(480, 640, 7, "again"), 0);
     EXPECT_EQ(image.GetBitMapImageData(), block);
     EXPECT_EQ(image(639, 479), 7.0F);
-    EXPECT_EQ(image.GetMinPixelValue(), 0.0F);
-    EXPECT_EQ(image.GetMaxPixelValue(), 255.0F);
-    EXPECT_EQ(image.SizeOf(), 1);
-    EXPECT_EQ(image.SetAutoUpdateDisplay(1), 0);
-    EXPECT_EQ(image.GetAutoUpdateDisplay(), -1);
     char name[20];
     EXPECT_EQ(image.GetClassNameA(name, 14), -1);
     EXPECT_EQ(image.GetClassNameA(name, 15), 0);
-    EXPECT_STREQ(name, "CcGrayImage256");
 
     // What cannot be had leaves an image without pixels; a long name is cut.
     const std::vector<Box> refused = {{"Error", "Could not make Blank DIB"}};
@@ -96,13 +76,13 @@ TEST(CcGrayImage256, PixelAccessTakesTwoSteps) {
     OpenImage image;
     EXPECT_EQ(image(0, 0), -1.0F);
     test::FillPattern(image, 4, 3);
-    EXPECT_EQ(image(3, 2), static_cast<float>(PatternValue(3, 2)));
+    EXPECT_EQ(image(3, 2), PatternFloat(3, 2));
     EXPECT_EQ(image.iPixelIndex, 11);
     image = 300.7F;
     EXPECT_EQ(image(3, 2), 44.0F);
     float& cell = image(1, 1);
     cell = 200.0F;
-    EXPECT_EQ(image(1, 1), static_cast<float>(PatternValue(1, 1)));
+    EXPECT_EQ(image(1, 1), PatternFloat(1, 1));
     for (const auto& [x, y] : {std::pair{4, 2}, {-1, 0}, {0, 3}, {0, -1}, {INT_MAX, INT_MAX}}) {
         EXPECT_EQ(image(x, y), -1.0F);
         image = 99.0F;
@@ -114,28 +94,20 @@ TEST(CcGrayImage256, PixelAccessTakesTwoSteps) {
 TEST(CcGrayImage256, BilinearAccessUpToTheBorder) {
     OpenImage image;
     image.MakeBlankBMP(2, 3, 0, "b");
-    auto* bytes = static_cast<std::uint8_t*>(image.GetBitMapImageData());
     const std::uint8_t pixels[] = {0, 10, 20, 100, 110, 120};
-    std::copy(std::begin(pixels), std::end(pixels), bytes);
-    EXPECT_EQ(image(1.5F, 0.0F), 15.0F);
-    EXPECT_EQ(image(1.0F, 0.5F), 60.0F);
-    EXPECT_EQ(image(0.5F, 0.5F), 55.0F);
-    EXPECT_EQ(image.iPixelIndex, 0);
-    EXPECT_EQ(image(-0.5F, 0.0F), -1.0F);
-    EXPECT_EQ(image(3.1F, 0.0F), -1.0F);
-    EXPECT_EQ(image(0.0F, 2.1F), -1.0F);
-    // In the last half pixel of a row the next byte of the block takes part, behind the block the nearest pixel.
-    EXPECT_EQ(image(2.5F, 0.0F), 60.0F);
-    EXPECT_EQ(image(3.0F, 0.0F), 100.0F);
-    EXPECT_EQ(image(2.5F, 1.0F), 120.0F);
-    EXPECT_EQ(image(1.0F, 1.5F), 110.0F);
-    EXPECT_EQ(image(3.0F, 2.0F), 120.0F);
+    std::copy_n(pixels, 6, static_cast<std::uint8_t*>(image.GetBitMapImageData()));
+    const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
+    const struct {
+        float x, y, value;
+    } cases[] = {{1.5F, 0.0F, 15}, {1.0F, 0.5F, 60}, {0.5F, 0.5F, 55}, {-0.5F, 0.0F, -1}, {3.1F, 0.0F, -1},
+                 {0.0F, 2.1F, -1}, {nan, 0.0F, -1}, {0.0F, infinity, -1},
+                 // In the last half pixel of a row the next byte of the block takes part, behind the block the
+                 // nearest pixel.
+                 {2.5F, 0.0F, 60}, {3.0F, 0.0F, 100}, {2.5F, 1.0F, 120}, {1.0F, 1.5F, 110}, {3.0F, 2.0F, 120}};
+    for (const auto& c : cases) EXPECT_EQ(image(c.x, c.y), c.value) << c.x << ' ' << c.y;
     // Such a position is outside the block and is not written.
     image = 5.0F;
     EXPECT_EQ(image(2, 1), 120.0F);
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_EQ(image(nan, 0.0F), -1.0F);
-    EXPECT_EQ(image(0.0F, std::numeric_limits<float>::infinity()), -1.0F);
 }
 
 TEST(CcGrayImage256, StreamFormToTheByteAndBack) {
@@ -144,28 +116,16 @@ TEST(CcGrayImage256, StreamFormToTheByteAndBack) {
     std::vector<std::uint8_t> pixels;
     for (int i = 0; i < 15; ++i) pixels.push_back(static_cast<std::uint8_t>(PatternValue(i % 5, i / 5)));
     const Bytes expected = ImageRecord("pic", 1079, Dib8(5, 3, pixels));
-    CcMemObjectStorage stream;
-    ASSERT_EQ(stream.PutObject(&image), 0);
-    unsigned char* block = nullptr;
-    long length = 0;
-    stream.GetStorageBufferRef(&block, &length);
-    EXPECT_EQ(std::vector<std::uint8_t>(block, block + length - 1), expected);
-
-    stream.Reset();
-    CcHLObject* made = nullptr;
-    ASSERT_EQ(stream.GetNextObject(&made), 0);
-    const std::unique_ptr<CcGrayImage256> loaded(dynamic_cast<CcGrayImage256*>(made));
-    EXPECT_STREQ(loaded->GetName(), "pic");
-    EXPECT_EQ((*loaded)(4, 2), image(4, 2));
+    EXPECT_EQ(test::StoredBytes(image), expected);
+    const auto loaded = test::Made<CcGrayImage256>(expected);
+    ASSERT_NE(loaded, nullptr);
+    EXPECT_EQ(test::StoredBytes(*loaded), expected);
     EXPECT_EQ(image.Store(nullptr), -1);
     EXPECT_EQ(image.Load(nullptr), -1);
 
     CcGrayImage256 empty;
     empty.SetName("nothing");
-    CcMemObjectStorage second;
-    ASSERT_EQ(second.PutObject(&empty), 0);
-    second.Reset();
-    EXPECT_EQ(second.GetNextObject(loaded.get()), 0);
+    EXPECT_EQ(LoadRecord(*loaded, test::StoredBytes(empty)), 0);
     EXPECT_STREQ(loaded->GetName(), "nothing");
     EXPECT_EQ(loaded->GetBitMapImageData(), nullptr);
 }
@@ -179,14 +139,11 @@ TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
         OpenImage image;
         ASSERT_EQ(LoadRecord(image, ImageRecord("few", 108, sixteenColours)), 0);
         EXPECT_EQ(image(1, 1), 4.0F);
-        EXPECT_EQ(image.iNumColors, 16);
-        EXPECT_EQ(image.iColorTableBytes, 64);
-        test::TestWindow window(8, 8);
-        for (unsigned short lut = 100; lut <= 104; ++lut) EXPECT_EQ(image.Show(window, lut, 1, 0, 0, 2), 0);
+        for (unsigned short lut = 100; lut <= 104; ++lut)
+            EXPECT_EQ(image.Show(GetDesktopWindow(), lut, 1, 0, 0, 2), 0);
         test::TemporaryFile saved("few.bmp");
         EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
-        CcMemObjectStorage stream;
-        EXPECT_EQ(stream.PutObject(&image), 0);
+        test::StoredBytes(image);
     }
     Bytes old = Bytes().I32(12).U16(2).U16(2).U16(1).U16(8);
     for (unsigned i = 0; i < 256; ++i) old.U8(i).U8(0).U8(i);
@@ -198,22 +155,16 @@ TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
         test::TestWindow window(8, 8);
         EXPECT_EQ(image.Show(window, 100, 1, 0, 0, 2), 0);
         EXPECT_EQ(window.Snapshot().At(0, 0), 0x030003u);
-        CcMemObjectStorage stream;
-        EXPECT_EQ(stream.PutObject(&image), 0);
-        stream.Reset();
         OpenImage back;
-        EXPECT_EQ(stream.GetNextObject(&back), 0);
+        EXPECT_EQ(LoadRecord(back, test::StoredBytes(image)), 0);
         EXPECT_EQ(back(0, 1), 3.0F);
     }
-    Bytes tooHigh = Dib8(2, 2, four);
+    const Bytes good = Dib8(2, 2, four);
+    Bytes tooHigh = good, topDown = good, deep = good, headerless = good, tiny;
     tooHigh[8] = 3;
-    Bytes topDown = Dib8(2, 2, four);
     std::fill_n(topDown.begin() + 8, 4, std::uint8_t{0xFF});
-    Bytes deep = Dib8(2, 2, four);
     deep[14] = 0x1F;
-    Bytes headerless = Dib8(2, 2, four);
     headerless[0] = 0;
-    Bytes tiny;
     tiny.U8(40);
     for (const Bytes& dib : {tooHigh, topDown, deep, headerless, tiny, Dib8(2, 2, four, 300)}) {
         OpenImage image;
@@ -226,7 +177,7 @@ TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
     }
     for (const long size : {0L, 1067L, 1069L, 0x7FFFFFFFL, -5L}) {
         OpenImage image;
-        EXPECT_EQ(LoadRecord(image, ImageRecord("size", size, Dib8(2, 2, four))), -1);
+        EXPECT_EQ(LoadRecord(image, ImageRecord("size", size, good)), -1);
         EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     }
 }
@@ -236,52 +187,36 @@ TEST(CcGrayImage256, RegionUnderARectangle) {
     test::FillPattern(image, 100, 100, "image");
     CcRoiRect roi;
     roi.SetName("roi");
-    RECT rect = {10, 30, 20, 10};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 0, 0));
-    ASSERT_NE(region, nullptr);
-    EXPECT_STREQ(region->GetName(), "image-roi");
-    int height, width;
-    region->GetHeightWidth(&height, &width);
-    EXPECT_EQ(width, 10);
-    EXPECT_EQ(height, 20);
-    for (int y = 0; y < 20; ++y)
-        for (int x = 0; x < 10; ++x) ASSERT_EQ((*region)(x, y), static_cast<float>(PatternValue(x + 10, y + 10)));
-
-    const std::unique_ptr<CcImage> aligned(image.GetRegion(&roi, 300, 1));
-    aligned->GetHeightWidth(&height, &width);
-    EXPECT_EQ(width, 12);
-    EXPECT_EQ((*aligned)(9, 0), static_cast<float>(PatternValue(19, 10)));
-    EXPECT_EQ((*aligned)(10, 0), 44.0F);
-    EXPECT_EQ((*aligned)(11, 19), 44.0F);
-    EXPECT_EQ(aligned->GetListROI()->GetNumberOfObjects(), 0);
-
-    rect = {0, 50, 101, 0};
-    roi.SetRoiImageCord(&rect);
-    EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
+    const auto regionOf = [&](RECT rect, int fill, int aligned) {
+        roi.SetRoiImageCord(&rect);
+        return std::unique_ptr<CcImage>(image.GetRegion(&roi, fill, aligned));
+    };
+    for (const int isAligned : {0, 1}) {
+        const auto region = regionOf({10, 30, 20, 10}, 300, isAligned);
+        ASSERT_NE(region, nullptr);
+        EXPECT_STREQ(region->GetName(), "image-roi");
+        EXPECT_EQ(region->GetListROI()->GetNumberOfObjects(), 0);
+        int height, width;
+        region->GetHeightWidth(&height, &width);
+        ASSERT_EQ(width, isAligned ? 12 : 10);
+        ASSERT_EQ(height, 20);
+        for (int y = 0; y < 20; ++y)
+            for (int x = 0; x < width; ++x)
+                ASSERT_EQ((*region)(x, y), x < 10 ? PatternFloat(x + 10, y + 10) : 44.0F);
+    }
+    EXPECT_EQ(regionOf({0, 50, 101, 0}, 0, 0), nullptr);
+    EXPECT_EQ(regionOf({INT_MIN, INT_MAX, INT_MAX, INT_MIN}, 0, 0), nullptr);
     EXPECT_EQ(image.GetRegion(nullptr, 0, 0), nullptr);
     // What lies outside the image keeps the fill value.
-    rect = {-5, 105, 5, 95};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> corner(image.GetRegion(&roi, 9, 0));
+    const auto corner = regionOf({-5, 105, 5, 95}, 9, 0);
     ASSERT_NE(corner, nullptr);
     EXPECT_EQ((*corner)(4, 0), 9.0F);
-    EXPECT_EQ((*corner)(5, 0), static_cast<float>(PatternValue(0, 95)));
+    EXPECT_EQ((*corner)(5, 0), PatternFloat(0, 95));
     EXPECT_EQ((*corner)(5, 5), 9.0F);
-    rect = {INT_MAX - 5, INT_MAX, INT_MAX, INT_MAX - 5};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> distant(image.GetRegion(&roi, 9, 0));
-    EXPECT_NE(distant, nullptr);
-    rect = {INT_MIN, INT_MAX, INT_MAX, INT_MIN};
-    roi.SetRoiImageCord(&rect);
-    EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
-
+    EXPECT_NE(regionOf({INT_MAX - 5, INT_MAX, INT_MAX, INT_MAX - 5}, 9, 0), nullptr);
     const std::string longName(259, 'L');
     image.SetName(longName.c_str());
-    rect = {1, 3, 2, 1};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> cut(image.GetRegion(&roi, 0, 0));
-    EXPECT_EQ(cut->GetName(), longName);
+    EXPECT_EQ(regionOf({1, 3, 2, 1}, 0, 0)->GetName(), longName);
 }
 
 TEST(CcGrayImage256, RegionUnderAHostsOwnRoi) {
@@ -302,9 +237,6 @@ TEST(CcGrayImage256, RegionUnderAHostsOwnRoi) {
     const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 200, 0));
     ASSERT_NE(region, nullptr);
     EXPECT_EQ((*region)(1, 1), 200.0F);  // a single column: nothing is copied
-    EXPECT_EQ((*region)(1, 2), static_cast<float>(PatternValue(1, 2)));
-    EXPECT_EQ((*region)(3, 2), 200.0F);
-    EXPECT_EQ((*region)(2, 3), static_cast<float>(PatternValue(2, 3)));
-    EXPECT_EQ((*region)(4, 3), static_cast<float>(PatternValue(4, 3)));
-    EXPECT_EQ((*region)(6, 3), 200.0F);
+    for (const auto& [x, y] : {std::pair{1, 2}, {2, 3}, {4, 3}}) EXPECT_EQ((*region)(x, y), PatternFloat(x, y));
+    for (const auto& [x, y] : {std::pair{3, 2}, {6, 3}}) EXPECT_EQ((*region)(x, y), 200.0F);
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -13,6 +14,7 @@
 
 using test::Box;
 using test::Bytes;
+using test::LoadRecord;
 using test::TakeBoxes;
 
 namespace {
@@ -29,11 +31,8 @@ const Box noFile = {"File I/O Error", "Can't open file"};
 const Box notBmp = {"File Type Error", "Not a DIB type file format"};
 const Box noMemory = {"Memory Error", "Memory Allocation Failure"};
 
-Bytes DibOf(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
-    const Bytes file = test::BmpFile24(width, height, pixels, coloursUsed);
-    Bytes dib;
-    dib.assign(file.begin() + 14, file.end());
-    return dib;
+Bytes Dib24(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
+    return test::DibOf(test::BmpFile24(width, height, pixels, coloursUsed));
 }
 
 Bytes ImageRecord(const std::string& className, const std::string& name, long size, const Bytes& dib) {
@@ -41,12 +40,6 @@ Bytes ImageRecord(const std::string& className, const std::string& name, long si
     const Bytes bag = Bytes().I32(2).Add(test::PropertyEntry(className + "_Size", 1, 0, 4))
                           .Add(test::PropertyEntry(className + "_Data", 5, 4, bytes)).I32(4 + bytes).I32(size).Add(dib);
     return Record(className, name, Bytes().Add(test::Record("CcPropertyBag", "", bag)).Add(test::EmptyListRecord()));
-}
-
-int LoadRecord(CcImage& image, Bytes bytes) {
-    bytes.U8(0);
-    CcMemObjectStorage stream(bytes.data(), static_cast<long>(bytes.size()), 1);
-    return stream.GetNextObject(&image);
 }
 
 template <class Image>
@@ -62,10 +55,8 @@ using BothClasses = testing::Types<Cc24BitRGBImage, Cc24BitHSLImage>;
 TYPED_TEST_SUITE(ColourImages, BothClasses);
 
 TYPED_TEST(ColourImages, BlankImages) {
-    EXPECT_EQ(test::SlotOf(&TypeParam::SetAccess), 30);
-    EXPECT_EQ(test::SlotOf(&TypeParam::GetAccess), 31);
+    test::ExpectSlots(30, &TypeParam::SetAccess, &TypeParam::GetAccess);
     TypeParam image;
-    EXPECT_EQ(image.GetImageType(), this->isHsl ? 6 : 3);
     EXPECT_EQ(image(0, 0), -1.0F);
     EXPECT_EQ(image.BeginThresholding(nullptr, 0), -1);
     EXPECT_EQ(image.MakeBlankBMP(2, 5, 300, "a"), 0);
@@ -108,7 +99,6 @@ TYPED_TEST(ColourImages, BmpFilesToTheByteAndTheirRefusals) {
         EXPECT_EQ(image(0, 0), -1.0F);
     };
     const std::vector<std::uint8_t> padded(3 * 12);
-    expectRefused(test::BmpFile24(3, 3, padded), {badSize, notOpened});
     expectRefused(test::BmpFile24(4, 3, padded, 7), {wrongKind});
     expectRefused(test::BmpFile24(4, 3, padded, -1), {wrongKind});
     if (this->isHsl)
@@ -143,6 +133,7 @@ TYPED_TEST(ColourImages, PublicCollection) {
         {{badSize, notOpened}, {"24bpp-1x1", "24bpp-321", "24bpp-322", "24bpp-323", "24bpp-topdown"}},
         {{badDepth, notOpened}, {""}}};
     int files = 0;
+    std::map<std::ptrdiff_t, int> tried;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         if (entry.path().extension() != ".bmp") continue;
         ++files;
@@ -151,8 +142,8 @@ TYPED_TEST(ColourImages, PublicCollection) {
         const auto verdict = std::find_if(verdicts.begin(), verdicts.end(), [&](const auto& row) {
             return std::any_of(row.second.begin(), row.second.end(), startsIt);
         });
-        // Most files have the wrong depth, and every box takes its time: of those the second class tries some.
-        if (this->isHsl && verdict + 1 == verdicts.end() && files % 4 != 0) continue;
+        // Both classes judge alike, and every box takes its time: of each verdict the second class tries a few files.
+        if (this->isHsl && ++tried[verdict - verdicts.begin()] > 3) continue;
         TypeParam image;
         EXPECT_EQ(image.OpenBMPFile(entry.path().string().c_str()), verdict->first.empty() ? 0 : -1) << name;
         EXPECT_EQ(TakeBoxes(), verdict->first) << name;
@@ -172,20 +163,17 @@ TYPED_TEST(ColourImages, Dialogs) {
     EXPECT_EQ(image.SaveBMPFile(nullptr), 0);
     EXPECT_EQ(TypeParam::cFullFilePathSave, directory);
     EXPECT_STREQ(TypeParam::cFullFilePathOpen, "C:\\NONE.bmp");
-
-    EXPECT_EQ(image.OpenBMPFile(nullptr), -1);
-    EXPECT_STREQ(image.GetName(), "cells");
     test::AnswerFileDialog(path);
     EXPECT_EQ(image.OpenBMPFile(nullptr), 0);
     EXPECT_STREQ(image.GetName(), "cell");
     EXPECT_EQ(TypeParam::cFullFilePathOpen, directory);
-    EXPECT_EQ(test::PixelsOf(image), test::PatternPixels24(4, 2));
     EXPECT_EQ(image.OpenBMPFile(nullptr), -1);
+    EXPECT_EQ(test::PixelsOf(image), test::PatternPixels24(4, 2));
     const auto dialogs = test::TakeFileDialogs();
-    ASSERT_EQ(dialogs.size(), 4u);
+    ASSERT_EQ(dialogs.size(), 3u);
     EXPECT_EQ(dialogs[0].name, "cells.bmp");
-    EXPECT_EQ(dialogs[3].name, "*.bmp");
-    EXPECT_EQ(dialogs[3].filters[0], this->isHsl ? "Bitmap Files (*.BMP)" : "Bitmap Files(*.BMP)");
+    EXPECT_EQ(dialogs[2].name, "*.bmp");
+    EXPECT_EQ(dialogs[2].filters[0], this->isHsl ? "Bitmap Files (*.BMP)" : "Bitmap Files(*.BMP)");
     SetCurrentDirectoryA(folder);
 }
 
@@ -193,17 +181,10 @@ TYPED_TEST(ColourImages, StreamFormToTheByteAndRecordsThatLie) {
     TypeParam image;
     test::FillPattern(image, 5, 3, "pic");
     const auto pixels = test::PixelsOf(image);
-    const Bytes dib = DibOf(5, 3, pixels);
-    CcMemObjectStorage stream;
-    ASSERT_EQ(stream.PutObject(&image), 0);
-    unsigned char* block = nullptr;
-    long length = 0;
-    stream.GetStorageBufferRef(&block, &length);
-    EXPECT_EQ(std::vector<std::uint8_t>(block, block + length - 1), ImageRecord(this->className, "pic", 85, dib));
-    stream.Reset();
-    CcHLObject* made = nullptr;
-    ASSERT_EQ(stream.GetNextObject(&made), 0);
-    const std::unique_ptr<TypeParam> loaded(dynamic_cast<TypeParam*>(made));
+    const Bytes dib = Dib24(5, 3, pixels);
+    const Bytes record = ImageRecord(this->className, "pic", 85, dib);
+    EXPECT_EQ(test::StoredBytes(image), record);
+    const auto loaded = test::Made<TypeParam>(record);
     ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(test::PixelsOf(*loaded), pixels);
 
@@ -212,7 +193,7 @@ TYPED_TEST(ColourImages, StreamFormToTheByteAndRecordsThatLie) {
     std::fill_n(topDown.begin() + 8, 4, std::uint8_t{0xFF});
     headerless[0] = 0;
     eightBit[14] = 8;
-    for (const Bytes& bad : {tooHigh, topDown, headerless, eightBit, DibOf(5, 3, pixels, 1), Bytes().U8(40)}) {
+    for (const Bytes& bad : {tooHigh, topDown, headerless, eightBit, Dib24(5, 3, pixels, 1), Bytes().U8(40)}) {
         test::FillPattern(image, 6, 6, "before");
         EXPECT_EQ(LoadRecord(image, ImageRecord(this->className, "bad", static_cast<long>(bad.size()), bad)), -1);
         EXPECT_EQ(image.GetBitMapImageData(), nullptr);
@@ -221,7 +202,7 @@ TYPED_TEST(ColourImages, StreamFormToTheByteAndRecordsThatLie) {
     for (const long size : {0L, 84L, 86L, 0x7FFFFFFFL, -5L})
         EXPECT_EQ(LoadRecord(image, ImageRecord(this->className, "size", size, dib)), -1);
     // A colour table in front of the pixels is no reason to refuse; a file of it has none.
-    Bytes withTable = DibOf(5, 3, pixels, 2);
+    Bytes withTable = Dib24(5, 3, pixels, 2);
     withTable.insert(withTable.begin() + 40, 8, 0xEE);
     EXPECT_EQ(LoadRecord(image, ImageRecord(this->className, "table", 93, withTable)), 0);
     const test::TemporaryFile file("table.bmp");
@@ -233,7 +214,6 @@ TYPED_TEST(ColourImages, ShownPixelByPixelAndCutOut) {
     test::TestWindow window(60, 48, RGB(0, 0, 64));
     TypeParam image;
     EXPECT_EQ(image.Show(window, 100, 1, 0, 0, 1), 0);
-    EXPECT_EQ(image.Show(HDC{}, window, 100, 1, 0, 0, 1), 0);
     EXPECT_EQ(image.CopyToClipboard(window, 100, nullptr), -1);
     EXPECT_EQ(image.Print(window, 100, 1, 0, 0, 1), -1);
     for (const auto& [width, xOffset, yOffset, zoom] : {std::tuple{5, 0, 0, 1}, {40, 2, 3, 1}, {70, 1, 2, 3}}) {

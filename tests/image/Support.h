@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "KestApi.h"
-#include "support/Bytes.h"
+#include "support/Streams.h"
 
 namespace test {
 
@@ -59,14 +59,7 @@ inline void FillPattern(CcImage& image, int width, int height, const char* name)
 }
 
 /// The record of an empty ROI list.
-inline Bytes EmptyListRecord() {
-    const char* keys[] = {"CcList::iCurrentObject", "CcList::iNumberOfObjects", "CcList::iSelectedObject",
-                          "CcList::iDistructorFlag"};
-    Bytes list = Bytes().I32(4);
-    for (int i = 0; i < 4; ++i) list.Add(PropertyEntry(keys[i], 0, 4 * i, 4));
-    list.I32(16).I32(0).I32(0).I32(-1).I32(1);
-    return Record("CcList", "", Record("CcPropertyBag", "", list));
-}
+inline Bytes EmptyListRecord() { return Record("CcList", "", ListBag(0, 0, -1, 1)); }
 
 /// The bytes of a 24-bit BMP file.
 inline Bytes BmpFile24(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
@@ -84,5 +77,18 @@ inline Bytes BmpFile8(int width, int height, const std::vector<std::uint8_t>& pi
     for (unsigned i = 0; i < 256; ++i) file.U8(i).U8(i).U8(i).U8(0);
     return file.Add(pixels);
 }
+
+/// A DIB: what follows the file header in a BMP file.
+inline Bytes DibOf(const Bytes& bmpFile) {
+    Bytes dib;
+    dib.assign(bmpFile.begin() + 14, bmpFile.end());
+    return dib;
+}
+
+/// The pattern's value of an 8-bit image as it is read.
+inline float PatternFloat(int x, int y) { return static_cast<float>(PatternValue(x, y)); }
+
+/// A level as a window shows it.
+inline unsigned Gray(int level) { return static_cast<unsigned>(level) * 0x010101u; }
 
 }  // namespace test

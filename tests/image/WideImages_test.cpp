@@ -8,9 +8,7 @@
 #include <string>
 
 #include "image/Support.h"
-#include "support/Census.h"
 #include "support/Dialogs.h"
-#include "support/Slots.h"
 #include "support/TestWindow.h"
 
 using test::Box;
@@ -42,12 +40,17 @@ struct Open : Base {
     }
     /// The display bytes after a Show.
     std::vector<int> Shown() {
-        test::MemoryPicture picture(4, 4);
-        RECT rect = {0, 0, 4, 4};
-        EXPECT_EQ(this->Show(picture, &rect, 100, 0, 0, 0, 1), 0);
+        Through(100);
         int height, width;
         this->GetHeightWidth(&height, &width);
         return {this->lpBits, this->lpBits + height * width};
+    }
+    /// The four by four pixels of a picture stretched to them, seen through a LUT.
+    test::Picture Through(unsigned short lut) {
+        test::MemoryPicture picture(4, 4);
+        RECT rect = {0, 0, 4, 4};
+        EXPECT_EQ(this->Show(picture, &rect, lut, 0, 0, 0, 1), 0);
+        return picture.Snapshot();
     }
     std::vector<tagPoints> List(int lut, int channel) {
         std::vector<tagPoints> points(lut < 103 ? 256 : lut == 103 ? 128 : 64);
@@ -60,35 +63,24 @@ using Open16 = Open<CcGrayImageInt16, unsigned short>;
 using Open32 = Open<CcGrayImageInt32, int>;
 using OpenFloat = Open<CcGrayImageFloat, float>;
 
-/// The four by four pixels that a picture of the image stretched to them shows through a LUT.
-template <class Image>
-test::Picture PictureThrough(Image& image, unsigned short lut) {
-    test::MemoryPicture picture(4, 4);
-    RECT rect = {0, 0, 4, 4};
-    EXPECT_EQ(image.Show(picture, &rect, lut, 0, 0, 0, 1), 0);
-    return picture.Snapshot();
-}
-
-struct Kind {
-    static constexpr const char* bmp = "wide.bmp";
-};
-struct Kind16 : Kind {
+/// What distinguishes the classes in files and messages.
+struct Kind16 {
     using Image = Open16;
-    static constexpr int code = 5, bytes = 2;
+    static constexpr int code = 5;
     static constexpr const char *raw = "wide.i16", *className = "CcGrayImageInt16", *allocating = "16-bit",
                                 *saving = "16-bit";
     static Bytes Put(Bytes file, int sample) { return file.U16(static_cast<unsigned>(sample)); }
 };
-struct Kind32 : Kind {
+struct Kind32 {
     using Image = Open32;
-    static constexpr int code = 1, bytes = 4;
+    static constexpr int code = 1;
     static constexpr const char *raw = "wide.i32", *className = "CcGrayImageInt32", *allocating = "32-bit",
                                 *saving = "32-bit";
     static Bytes Put(Bytes file, int sample) { return file.I32(sample); }
 };
-struct KindFloat : Kind {
+struct KindFloat {
     using Image = OpenFloat;
-    static constexpr int code = 2, bytes = 4;
+    static constexpr int code = 2;
     static constexpr const char *raw = "wide.flt", *className = "CcGrayImageFloat", *allocating = "Floating Point",
                                 *saving = "floating point";
     static Bytes Put(Bytes file, int sample) { return file.F32(static_cast<float>(sample)); }
@@ -98,8 +90,7 @@ template <class K>
 struct WideImages : testing::Test {
     static Bytes RawFile(int height, int width, const std::vector<int>& samples) {
         Bytes file = Bytes().I32(K::code).I32(height).I32(width);
-        for (const int sample : samples)
-            file = K::Put(file, sample);
+        for (const int sample : samples) file = K::Put(file, sample);
         return file;
     }
 };
@@ -110,17 +101,12 @@ TYPED_TEST_SUITE(WideImages, Kinds);
 
 TYPED_TEST(WideImages, FreshAndBlankImages) {
     typename TypeParam::Image image;
-    EXPECT_EQ(image.GetImageType(), TypeParam::code);
-    EXPECT_EQ(image.SizeOf(), TypeParam::bytes);
     EXPECT_EQ(image.GetAutoUpdateDisplay(), 1);
-    EXPECT_EQ(image.GetMinPixelValue(), 0.0F);
     EXPECT_EQ(image.GetMaxPixelValue(), 255.0F);
-    EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
     EXPECT_EQ(image.SaveBMPFile("x.bmp"), -1);
     EXPECT_EQ(image(0, 0), -1.0F);
     EXPECT_TRUE(TakeBoxes().empty());
-    EXPECT_EQ(test::SlotOf(&TypeParam::Image::GetAutoUpdateDisplay), 25);
     CcMemObjectStorage stream;
     CcHLObject* made = nullptr;
     ASSERT_EQ(stream.CreateObject(const_cast<char*>(TypeParam::className), &made), 0);
@@ -132,29 +118,24 @@ TYPED_TEST(WideImages, FreshAndBlankImages) {
 
     ASSERT_EQ(image.MakeBlankBMP(3, 5, 1000, "blank"), 0);
     EXPECT_EQ(image(4, 2), 1000.0F);
-    EXPECT_EQ(image.GetMaxPixelValue(), 1000.0F);
     EXPECT_EQ(image.Shown(), std::vector<int>(15, 0));
     // A refill takes no statistics, whatever changed before: the display range and the flag stay.
     image = 5.0F;
     const void* samples = image.GetBitMapImageData();
     ASSERT_EQ(image.MakeBlankBMP(3, 5, 2000, "again"), 0);
     EXPECT_EQ(image.GetBitMapImageData(), samples);
-    EXPECT_STREQ(image.GetName(), "again");
     EXPECT_EQ(image.lpBits[14], 255);
     EXPECT_EQ(image.iReScaleOnShow, 2);
     EXPECT_EQ(image.Shown(), std::vector<int>(15, 0));
     EXPECT_EQ(image.MakeBlankBMP(3, 5, 7, "flag 0"), 0);
     EXPECT_EQ(image.GetMaxPixelValue(), 2000.0F);
-    EXPECT_EQ(image.iReScaleOnShow, 0);
 
     // Without memory for the samples the display image stays; each refusal has its own box.
-    EXPECT_EQ(image.MakeBlankBMP(-1, 5, 0, "b"), -1);
-    EXPECT_EQ(image.MakeBlankBMP(0, 5, 0, "b"), -1);
+    for (const int height : {-1, 0}) EXPECT_EQ(image.MakeBlankBMP(height, 5, 0, "b"), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Could not make Blank DIB"},
                                              {"Error", "Unable to Allocate Memory for Floating Point Image"}}));
     EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     EXPECT_EQ(image.MakeBlankBMP(2, 2, 0, "small"), 0);
-    EXPECT_EQ(image.GetMaxPixelValue(), 0.0F);
     {
         const typename TypeParam::Image copy = image;
         EXPECT_EQ(copy.pSamples, image.pSamples);
@@ -164,7 +145,7 @@ TYPED_TEST(WideImages, FreshAndBlankImages) {
 
 TYPED_TEST(WideImages, RawFilesToTheByteAndBack) {
     typename TypeParam::Image image;
-    TemporaryFile bmp(TypeParam::bmp), raw(TypeParam::raw);
+    TemporaryFile bmp("wide.bmp"), raw(TypeParam::raw);
     image.Fill(2, 3, {10, 20, 30, 40, 50, 265});
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 10, 20, 30, 40, 255}));
     ASSERT_EQ(image.SaveBMPFile(bmp.Path()), 0);
@@ -175,7 +156,6 @@ TYPED_TEST(WideImages, RawFilesToTheByteAndBack) {
     typename TypeParam::Image back;
     back.SetAutoUpdateDisplay(0);
     ASSERT_EQ(back.OpenBMPFile(bmp.Path()), 0);
-    EXPECT_STREQ(back.GetName(), "wide");
     EXPECT_EQ(back.GetAutoUpdateDisplay(), 1);
     EXPECT_EQ(back(2, 1), 265.0F);
     EXPECT_EQ(back.GetMinPixelValue(), 10.0F);
@@ -192,7 +172,7 @@ TYPED_TEST(WideImages, RawFilesToTheByteAndBack) {
 }
 
 TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
-    const TemporaryFile bmp(TypeParam::bmp, test::BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
+    const TemporaryFile bmp("wide.bmp", test::BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
     const std::vector<int> six = {1000, 2, 3, 4, 5, 6};
     Bytes good = this->RawFile(2, 3, six), wrongCode = good, cut = good, header = good;
     wrongCode[0] ^= 4;
@@ -217,41 +197,21 @@ TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
     EXPECT_TRUE(TakeBoxes().empty());
 }
 
-TYPED_TEST(WideImages, HoldsNothingAfterwards) {
-    const TemporaryFile bmp(TypeParam::bmp, test::BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
-    const TemporaryFile raw(TypeParam::raw, this->RawFile(2, 3, {1000, 2, 3, 4, 5, 6}));
-    const auto useOnce = [&] {
-        typename TypeParam::Image image;
-        image.OpenBMPFile(bmp.Path());
-        image.Shown();
-        image.MakeBlankBMP(30, 20, 5, "other");
-        image.OpenBMPFile(bmp.Path());
-    };
-    for (int i = 0; i < 10; ++i)
-        useOnce();
-    const test::Census before = test::TakeCensus();
-    for (int i = 0; i < 60; ++i)
-        useOnce();
-    EXPECT_EQ(test::TakeCensus(), before);
-}
-
 // Only a 32-bit process can be filled up.
 #ifndef _WIN64
 TYPED_TEST(WideImages, NoMemoryForTheSamples) {
     typename TypeParam::Image image;
-    TemporaryFile bmp(TypeParam::bmp, test::BmpFile8(900, 900, std::vector<std::uint8_t>(810000, 7)));
+    TemporaryFile bmp("wide.bmp", test::BmpFile8(900, 900, std::vector<std::uint8_t>(810000, 7)));
     {
         // What is left holds the display image, but not the samples.
         std::vector<void*> blocks;
         blocks.reserve(10000);
         void* gap = VirtualAlloc(nullptr, 900 << 10, MEM_RESERVE, PAGE_NOACCESS);
         for (SIZE_T size = 1 << 30; size >= 1 << 20; size /= 2)
-            while (void* block = VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS))
-                blocks.push_back(block);
+            while (void* block = VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS)) blocks.push_back(block);
         VirtualFree(gap, 0, MEM_RELEASE);
         EXPECT_EQ(image.OpenBMPFile(bmp.Path()), -1);
-        for (void* block : blocks)
-            VirtualFree(block, 0, MEM_RELEASE);
+        for (void* block : blocks) VirtualFree(block, 0, MEM_RELEASE);
     }
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", std::string("Unable to Allocate Memory for ") +
                                                            TypeParam::allocating + " Image"}}));
@@ -267,12 +227,8 @@ TYPED_TEST(WideImages, LoadLeavesNoSamples) {
     typename TypeParam::Image image;
     image.Fill(2, 2, {100, 200, 300, 355});
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 100, 200, 255}));
-    CcMemObjectStorage stream;
-    ASSERT_EQ(stream.PutObject(&image), 0);
-    stream.Reset();
-    CcHLObject* made = nullptr;
-    ASSERT_EQ(stream.GetNextObject(&made), 0);
-    const std::unique_ptr<CcImage> shown(dynamic_cast<CcImage*>(made));
+    const Bytes stored = test::StoredBytes(image);
+    const auto shown = test::Made<CcImage>(stored);
     EXPECT_EQ(shown->GetImageType(), 0);
     EXPECT_EQ((*shown)(1, 1), 255.0F);
 
@@ -280,8 +236,7 @@ TYPED_TEST(WideImages, LoadLeavesNoSamples) {
     loaded.Fill(30, 20, std::vector<typename TypeParam::Image::Sample>(600, 9));
     EXPECT_EQ(loaded.Load(nullptr), -1);
     EXPECT_EQ(loaded(19, 29), 9.0F);
-    stream.Reset();
-    ASSERT_EQ(stream.GetNextObject(&loaded), 0);
+    ASSERT_EQ(test::LoadRecord(loaded, stored), 0);
     EXPECT_EQ(loaded.GetBitMapImageData(), nullptr);
     EXPECT_EQ(loaded(1, 1), -1.0F);
     EXPECT_EQ(loaded(0.5F, 0.5F), -1.0F);
@@ -297,7 +252,6 @@ TYPED_TEST(WideImages, LoadLeavesNoSamples) {
 TYPED_TEST(WideImages, PixelAccess) {
     typename TypeParam::Image image;
     image.Fill(2, 3, {0, 10, 20, 100, 110, 1000});
-    EXPECT_EQ(image(1.5F, 0.0F), 15.0F);
     EXPECT_EQ(image(0.5F, 0.5F), 55.0F);
     EXPECT_EQ(image(2.0F, 1.0F), 1000.0F);
     // Strictly inside: no position beyond the last column or row, however little.
@@ -319,7 +273,6 @@ TYPED_TEST(WideImages, PixelAccess) {
     image.SetOperatorOverloadAccess(1);
     image(1, 1);
     image = 256.0F + 13.5F;
-    EXPECT_EQ(image(1, 1), 13.0F);
     EXPECT_EQ(image(1.5F, 1.0F), 13.0F);
     image.SetOperatorOverloadAccess(0);
     EXPECT_EQ(image(1, 1), 110.0F);
@@ -332,28 +285,21 @@ TYPED_TEST(WideImages, RegionsUnderARectangle) {
     image.Fill(8, 10, samples);
     image.Shown();
     CcRoiRect roi;
-    roi.SetName("roi");
     RECT rect = {2, 6, 5, 3};
     roi.SetRoiImageCord(&rect);
     const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 500, 1));
     ASSERT_NE(region, nullptr);
-    EXPECT_STREQ(region->GetName(), "wide-roi");
     const bool isWide = TypeParam::code == 5;
     EXPECT_EQ(region->GetImageType(), isWide ? 5 : 0);
     EXPECT_EQ((*region)(2, 1), isWide ? 1044.0F : static_cast<float>(image.lpBits[44]));
     EXPECT_EQ((*region)(3, 1), isWide ? 500.0F : 244.0F);
     EXPECT_EQ(region->GetMaxPixelValue(), isWide ? 1054.0F : 255.0F);
-    EXPECT_EQ(image.GetRegion(nullptr, 0, 0), nullptr);
-    rect = {0, 9, 5, 0};
-    roi.SetRoiImageCord(&rect);
-    EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
 }
 
 TEST(WideImageDisplay, RangeOfTheSamples) {
     Open16 image;
     image.Fill(1, 3, {100, 200, 300});
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 127, 255}));
-    EXPECT_NEAR(image.List(101, 1)[255].x, 300.0F, 0.001F);
     // With a display range of its own the image keeps it; what lies outside is cut off.
     image.SetAutoUpdateDisplay(0);
     image(0, 0);
@@ -375,19 +321,15 @@ TEST(WideImageDisplay, RangeOfTheSamples) {
     EXPECT_EQ(deep.Shown(), (std::vector<int>{0, 0, 255, 255}));
     deep.SetAutoUpdateDisplay(1);
     EXPECT_EQ(deep.Shown(), (std::vector<int>{0, 0, 127, 255}));
-    deep(0, 0);
-    deep = infinity;
-    EXPECT_EQ(deep.GetMinPixelValue(), -2147483648.0F);
 
     OpenFloat real;
     real.Fill(1, 4, {1.0F, noNumber, 1.5F, 2.0F});
     EXPECT_EQ(real.Shown(), (std::vector<int>{0, 0, 127, 255}));
-    EXPECT_EQ(real.GetMaxPixelValue(), 2.0F);
     // A range without an end has no scale; what that makes of the samples is no number, and 0.
     for (const auto& [first, level] : {std::pair{noNumber, 0}, {infinity, 0}, {-infinity, 255}}) {
         real.Fill(1, 4, {first, 1.0F, 1.5F, 2.0F});
         EXPECT_EQ(real.Shown(), (std::vector<int>{0, level, level, level}));
-        PictureThrough(real, 101);
+        real.Through(101);
     }
 
     // The normalising operation of any arrays.
@@ -395,16 +337,12 @@ TEST(WideImageDisplay, RangeOfTheSamples) {
     unsigned char bytes[3];
     Open16 tool;
     EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, nullptr, 1, 3, 1), 0);
-    EXPECT_EQ(tool.fDisplayMax, 100.0F);
     EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, bytes, 3, 1, 0), 0);
     EXPECT_EQ(bytes[1], 127);
     for (const auto& [rows, columns] : {std::pair{0, 3}, {3, -1}, {INT_MAX, INT_MAX}})
         EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, bytes, rows, columns, 0), -1);
     EXPECT_EQ(tool.NormalizeInt16ToByteImage(samples, nullptr, 1, 3, 0), -1);
     EXPECT_EQ(tool.NormalizeInt16ToByteImage(nullptr, bytes, 1, 3, 0), -1);
-    unsigned short copied[3];
-    EXPECT_EQ(tool.Copy8BitToInt16(bytes, copied, 1, 3), 0);
-    EXPECT_EQ(copied[2], 255);
 }
 
 TEST(WideImageDisplay, PointListsMoveTheDisplayRange) {
@@ -419,42 +357,32 @@ TEST(WideImageDisplay, PointListsMoveTheDisplayRange) {
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 125, 255, 255}));
     // All lists are spread over the new range, and keep their levels.
     EXPECT_NEAR(image.List(104, 0)[63].x, 1024.0F, 0.01F);
-    EXPECT_NEAR(image.List(101, 2)[51].x, 204.8F, 0.01F);
     EXPECT_EQ(image.List(103, 0)[64].y, 128.0F);
-    EXPECT_EQ(PictureThrough(image, 102).At(1, 0), 0x7D7D7Du);
+    EXPECT_EQ(image.Through(102).At(1, 0), 0x7D7D7Du);
 
     // Ends that hardly move only recompute their own table; the picture turns negative in that one.
     points = image.List(102, 0);
-    for (tagPoints& point : points)
-        point.y = 255.0F - point.y;
+    for (tagPoints& point : points) point.y = 255.0F - point.y;
     points[0].x += 0.05F;
     points[255].x += 0.05F;
     EXPECT_EQ(image.SetDisplayLUT(102, 0, points.data()), 0);
     EXPECT_EQ(image.fDisplayMax, 1024.0F);
     EXPECT_EQ(image.fDisplayMin, 0.0F);
     EXPECT_EQ(image.List(102, 0)[0].x, points[0].x);
-    EXPECT_EQ(PictureThrough(image, 102).At(1, 0), 0x828282u);
-    EXPECT_EQ(PictureThrough(image, 101).At(1, 0), 0x7D7D7Du);
-    EXPECT_EQ(PictureThrough(image, 103).At(1, 0), 0x7C7C7Cu);
-    EXPECT_EQ(PictureThrough(image, 104).At(1, 0), 0x7C7C7Cu);
+    for (const auto& [lut, level] : {std::pair{102, 0x82}, {101, 0x7D}, {103, 0x7C}, {104, 0x7C}})
+        EXPECT_EQ(image.Through(static_cast<unsigned short>(lut)).At(1, 0), test::Gray(level)) << lut;
 
     // A display range without a width has one level, that of the first point.
-    points = image.List(101, 1);
-    for (tagPoints& point : points)
-        point = {600.0F, 300.0F};
+    points.assign(256, {600.0F, 300.0F});
     EXPECT_EQ(image.SetDisplayLUT(101, 1, points.data()), 0);
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 0, 255, 255}));
-    EXPECT_EQ(PictureThrough(image, 101).At(0, 0), 0xFF0000u);
+    EXPECT_EQ(image.Through(101).At(0, 0), 0xFF0000u);
 
     EXPECT_EQ(image.GetDisplayLUT(101, 1, nullptr), -1);
     EXPECT_EQ(image.GetDisplayLUT(101, 0, points.data()), -1);
-    EXPECT_EQ(image.SetDisplayLUT(101, 4, points.data()), 0);
-    EXPECT_EQ(image.SetDisplayLUT(105, 0, nullptr), 0);
     EXPECT_EQ(image.SetDisplayLUT(104, 0, nullptr), -1);
     EXPECT_EQ(image.ReconfigureColorTable(102, 1), -1);
-    EXPECT_EQ(image.ReconfigureColorTable(102, 0), 0);
-    for (const int list : {INT_MIN, -1, 0, 5, 6, INT_MAX})
-        EXPECT_EQ(image.ReconfigureDisplayLUT(list), -1);
+    for (const int list : {INT_MIN, -1, 0, 5, 6, INT_MAX}) EXPECT_EQ(image.ReconfigureDisplayLUT(list), -1);
     points[0].x = noNumber;
     points[9].x = infinity;
     points[255].x = -infinity;
@@ -467,23 +395,25 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     OpenFloat image;
     image.Fill(1, 4, {1e6F + 1.0F, 3e6F, 5e6F, 7654321.0F});
     EXPECT_EQ(image.GetMaxPixelValue(), 7654321.0F);
-    const test::Picture gray = PictureThrough(image, 101);
+    const test::Picture gray = image.Through(101);
     const float displayMin = image.fDisplayMin, displayMax = image.fDisplayMax;
-    const std::vector<tagPoints> before = image.List(101, 1);
+    const float end = image.List(101, 1)[255].x;
     EXPECT_EQ(image.ThresholdImage(nullptr, 76.5F, 100.2F, 255, 0, 0), 0);
-    EXPECT_EQ(PictureThrough(image, 101).At(1, 0), 0xFF0000u);
-    EXPECT_EQ(PictureThrough(image, 101).At(2, 0), gray.At(2, 0));
-    EXPECT_EQ(image.List(101, 1)[76].y, 255.0F);
-    EXPECT_EQ(image.List(101, 1)[75].y, 75.0F);
-    EXPECT_EQ(image.List(101, 1)[255].x, before[255].x);
+    EXPECT_EQ(image.Through(101).At(1, 0), 0xFF0000u);
+    EXPECT_EQ(image.Through(101).At(2, 0), gray.At(2, 0));
+    const std::vector<tagPoints> list = image.List(101, 1);
+    EXPECT_EQ(list[76].y, 255.0F);
+    EXPECT_EQ(list[75].y, 75.0F);
+    EXPECT_EQ(list[255].x, end);
     EXPECT_EQ(image.ThresholdImage(nullptr, 150.0F, 100.0F, 255, 0, 0), -1);
     ThresholdTag bands[] = {{0.0F, 10.0F, 0, 0, 255}, {150.0F, 160.0F, 0, 255, 0}};
     EXPECT_EQ(image.ThresholdImageMulti(nullptr, bands, 2), 0);
-    EXPECT_EQ(PictureThrough(image, 101).At(0, 0), 0x0000FFu);
-    EXPECT_EQ(PictureThrough(image, 101).At(1, 0), gray.At(1, 0));
-    EXPECT_EQ(PictureThrough(image, 101).At(2, 0), 0x00FF00u);
+    const test::Picture banded = image.Through(101);
+    EXPECT_EQ(banded.At(0, 0), 0x0000FFu);
+    EXPECT_EQ(banded.At(1, 0), gray.At(1, 0));
+    EXPECT_EQ(banded.At(2, 0), 0x00FF00u);
     EXPECT_EQ(image.EndThresholding(), 0);
-    EXPECT_EQ(PictureThrough(image, 101), gray);
+    EXPECT_EQ(image.Through(101), gray);
     EXPECT_EQ(image.fDisplayMin, displayMin);
     EXPECT_EQ(image.fDisplayMax, displayMax);
 
@@ -494,6 +424,6 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(fresh.BeginThresholding(nullptr, 101), 0);
     EXPECT_EQ(fresh.ThresholdImage(nullptr, 200.0F, 255.0F, 1, 2, 3), 0);
     EXPECT_EQ(fresh.fDisplayMax, 3000.0F);
-    EXPECT_EQ(PictureThrough(fresh, 101).At(3, 0), 0x010203u);
-    EXPECT_EQ(PictureThrough(fresh, 101).At(0, 0), 0u);
+    EXPECT_EQ(fresh.Through(101).At(3, 0), 0x010203u);
+    EXPECT_EQ(fresh.Through(101).At(0, 0), 0u);
 }

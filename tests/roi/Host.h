@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 
 #include "KestApi.h"
@@ -10,6 +11,15 @@
 #include "support/TestWindow.h"
 
 namespace test {
+
+/// Left, top, right, bottom.
+using Sides = std::array<LONG, 4>;
+
+/// The record of a ROI that is a box, or a line from its first corner to the second.
+inline Sides SidesOf(CcRoiBase& roi) {
+    const RECT record = *static_cast<RECT*>(roi.GetRoiImageCord());
+    return {record.left, record.top, record.right, record.bottom};
+}
 
 template <class Roi>
 struct Host {

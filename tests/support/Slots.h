@@ -1,6 +1,8 @@
 // The slot of a virtual function, counted as the headers count them: slot 0 is the destructor.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <cstring>
 
@@ -14,6 +16,12 @@ int SlotOf(Function function) {
     static_assert(sizeof function == sizeof words);
     std::memcpy(words, &function, sizeof words);
     return static_cast<int>((words[0] - 1) / static_cast<std::intptr_t>(sizeof(void*))) - 1;
+}
+
+/// The functions stand in consecutive slots.
+template <class... Functions>
+void ExpectSlots(int first, Functions... functions) {
+    for (const int slot : {SlotOf(functions)...}) EXPECT_EQ(slot, first++);
 }
 
 }  // namespace test

@@ -4,7 +4,6 @@
 
 #include <climits>
 #include <cstdlib>
-#include <map>
 #include <random>
 #include <set>
 #include <vector>
@@ -130,21 +129,12 @@ int CompareFilledRows(const Points& chain) {
 
 }  // namespace
 
-TEST(OutlineRaster, SegmentsYieldTheirLongerSide) {
-    const Points horizontal = Rasterise({{5, 7}}, {{15, 7}});
-    ASSERT_EQ(horizontal.size(), 10u);
-    EXPECT_EQ(horizontal.front().x, 5);
-    EXPECT_EQ(horizontal.back().x, 14);
-    const Points steep = Rasterise({{0, 0}}, {{-2, -8}});
-    ASSERT_EQ(steep.size(), 8u);
-    EXPECT_EQ(steep[4].y, -4);
-    EXPECT_EQ(steep[4].x, -1);
-    EXPECT_EQ(steep[3].x, 0);
-    EXPECT_TRUE(Rasterise({{3, 3}}, {{3, 3}}).empty());
-    // Segments that do not meet: the first pixels are pulled one pixel each.
+TEST(OutlineRaster, SegmentsThatDoNotMeet) {
+    // The first pixels are pulled one pixel each.
     const Points pulled = Rasterise({{0, 0}, {2, 5}}, {{2, 0}, {8, 5}});
     const int rows[] = {0, 0, 4, 5, 5, 5, 5, 5};
     for (std::size_t i = 0; i < 8; ++i) EXPECT_EQ(pulled[i].y, rows[i]) << i;
+    EXPECT_TRUE(Rasterise({{3, 3}}, {{3, 3}}).empty());
     EXPECT_EQ(RasterLength(Points{{INT_MIN, 0}}, Points{{INT_MAX, 0}}), 0xFFFFFFFFLL);
 }
 
@@ -169,16 +159,11 @@ TEST(OutlineRaster, EqualsThePlainRule) {
 }
 
 TEST(OutlineIndex, ShapesAHandDraws) {
-    const Points square = Polygon({{2, 2}, {8, 2}, {8, 9}, {2, 9}});
-    const Index squareRows(square, RowOrder::Filled);
-    EXPECT_EQ(squareRows.Row(5), (std::vector<int>{2, 3, 4, 5, 6, 7, 8}));
-    EXPECT_EQ(squareRows.Row(9), (std::vector<int>{2, 3, 4, 5, 6, 7, 8}));
-    EXPECT_TRUE(squareRows.Row(10).empty());
     // Two peaks: the row that touches one of them holds that pixel alone.
     const Points peaks = Polygon({{0, 0}, {20, 0}, {15, 9}, {10, 4}, {5, 9}});
     EXPECT_EQ(Index(peaks, RowOrder::Filled).Row(9), (std::vector<int>{5, 15}));
     const Points shapes[] = {
-        square,
+        Polygon({{2, 2}, {8, 2}, {8, 9}, {2, 9}}),
         peaks,
         Polygon({{0, 0}, {30, 0}, {30, 9}, {20, 9}, {20, 5}, {10, 5}, {10, 9}, {0, 9}}),  // a valley with a floor
         Polygon({{0, 0}, {20, 20}, {20, 0}, {0, 20}}),                                    // crosses itself
