@@ -160,7 +160,9 @@ TEST(Cc24BitHSLImage, PlanesMadeOnTheirOwn) {
     Cc24BitHSLImage image;
     void* dib = nullptr;
     image.MakeBlankBMP(30, 30, 7, "image");
-    ASSERT_NE(image.MakeBlankDibBM24HSL(2, 1, 300, &dib), nullptr);
+    const void* header = image.MakeBlankDibBM24HSL(2, 1, 300, &dib);
+    ASSERT_NE(header, nullptr);
+    EXPECT_EQ(GlobalLock(dib), header);
     EXPECT_TRUE(GlobalUnlock(dib));
     EXPECT_FALSE(GlobalUnlock(dib));
     EXPECT_EQ(GlobalFree(dib), nullptr);

@@ -254,26 +254,30 @@ TEST(Dragging, HandlesResize) {
     for (const Display& display : displays) {
         SCOPED_TRACE(display.name);
         const auto at = [&](LONG x, LONG y) { return Clamped(ImagePoint(display, {x, y})); };
-        test::Host<CcRoiEllipse> ellipse;
-        Apply(ellipse, display);
-        ellipse.window.Drag({60, 40}, {110, 90});
-        resize(ellipse, {85, 40}, 1, {85, 20});
-        expectNear(ellipse.roi, at(60, 20), at(110, 90));
-        // The left handle is dragged past the right one.
-        resize(ellipse, {60, 55}, 3, {150, 57});
-        expectNear(ellipse.roi, at(110, 20), at(150, 90));
-
-        test::Host<CcRoiLine> line;
-        Apply(line, display);
-        line.window.Drag({60, 40}, {110, 90});
-        resize(line, {110, 90}, 8, {70, 20});
-        expectNear(line.roi, at(60, 40), at(70, 20));
-
-        test::Host<CcRoiRect> rect;
-        Apply(rect, display);
-        rect.window.Drag({60, 40}, {109, 89});
-        resize(rect, {60, 40}, 5, {75, 30});
-        expectNear(rect.roi, at(75, 30), at(110, 90));
+        {
+            test::Host<CcRoiEllipse> host;
+            Apply(host, display);
+            host.window.Drag({60, 40}, {110, 90});
+            resize(host, {85, 40}, 1, {85, 20});
+            expectNear(host.roi, at(60, 20), at(110, 90));
+            // The left handle is dragged past the right one.
+            resize(host, {60, 55}, 3, {150, 57});
+            expectNear(host.roi, at(110, 20), at(150, 90));
+        }
+        {
+            test::Host<CcRoiLine> host;
+            Apply(host, display);
+            host.window.Drag({60, 40}, {110, 90});
+            resize(host, {110, 90}, 8, {70, 20});
+            expectNear(host.roi, at(60, 40), at(70, 20));
+        }
+        {
+            test::Host<CcRoiRect> host;
+            Apply(host, display);
+            host.window.Drag({60, 40}, {109, 89});
+            resize(host, {60, 40}, 5, {75, 30});
+            expectNear(host.roi, at(75, 30), at(110, 90));
+        }
     }
 }
 

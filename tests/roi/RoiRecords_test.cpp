@@ -54,7 +54,7 @@ std::unique_ptr<CcRoiBase> Make(const Kind& kind, bool filled = true) {
     EXPECT_EQ(stream.CreateObject(kind.className, &made), 0);
     std::unique_ptr<CcRoiBase> roi(dynamic_cast<CcRoiBase*>(made));
     if (!filled) return roi;
-    RECT box;
+    RECT box = {};
     std::memcpy(&box, kind.record.data(), std::min(sizeof box, kind.record.size()));
     SetRecord(kind, *roi, {{4, 5}, {5, 5}, {5, 6}, {4, 6}}, box, {2.75F, 6.5F});
     return roi;
@@ -141,13 +141,13 @@ TEST(RoiRecords, WhatIsRefusedChangesNothing) {
             const test::TemporaryFile file("bad.roi", bad);
             EXPECT_EQ(roi->Restore(file.Path()), -1);
         }
+        EXPECT_STREQ(roi->GetName(), "kept");
         Bytes otherKey = StreamOf(kind), shortRecord = StreamOf(kind), noFooter = StreamOf(kind);
         otherKey[128 + 128 + 4] = 'X';
         shortRecord[128 + 128 + 4 + 268] = 3;  // the entry's length: the bag then contradicts itself
         noFooter.resize(noFooter.size() - 200);
         for (const Bytes& bad : {otherKey, shortRecord, noFooter}) EXPECT_LT(test::LoadRecord(*roi, bad), 0);
         EXPECT_EQ(RecordBytes(kind, *roi), ExpectedRecord(kind));
-        EXPECT_STREQ(roi->GetName(), "kept");
         const test::TemporaryFile fullName("full.roi", FileOf(kind, 1.0F, std::string(260, 'f')));
         EXPECT_EQ(roi->Restore(fullName.Path()), 0);
         EXPECT_EQ(roi->GetName(), std::string(259, 'f'));

@@ -32,7 +32,8 @@ DWORD WINAPI Watch(void*) {
     for (;;) {
         Sleep(500);
         const DWORD started = testStarted;
-        if (started != 0 && GetTickCount() - started > longestTestMilliseconds) {
+        // A test that has just begun can have started a millisecond ahead of the clock, as its start is never 0.
+        if (started != 0 && static_cast<int>(GetTickCount() - started) > static_cast<int>(longestTestMilliseconds)) {
             std::fprintf(stderr, "HANG: %s ran for more than %lu s\n", RunningTest().c_str(),
                          longestTestMilliseconds / 1000);
             std::fflush(stderr);
