@@ -266,9 +266,10 @@ HBITMAP MakeToolbarPicture(ToolbarPicture picture, int size, bool isEnabled) {
             // What the background adds on white and not on black is transparent.
             const int alpha = 255 - std::clamp((white[1] - black[1]) / samples, 0, 255);
             unsigned pixel = 0;
+            const int brightness = alpha ? (black[0] + black[1] + black[2]) * 255 / (3 * samples * alpha) : 0;
             for (int c = 0; c < 3; ++c) {
                 int level = alpha ? std::min(255, black[c] * 255 / (samples * alpha)) : 0;
-                if (!isEnabled) level = 150;
+                if (!isEnabled) level = 130 + std::min(brightness, 255) * 2 / 5;
                 pixel |= static_cast<unsigned>(level) << (8 * c);
             }
             result.bits[y * size + x] = pixel | static_cast<unsigned>(isEnabled ? alpha : alpha * 2 / 3) << 24;

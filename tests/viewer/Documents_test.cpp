@@ -178,6 +178,24 @@ TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     EXPECT_EQ((*image)(2, 1), 65535.0f);
     EXPECT_EQ((*image)(2, 0), 40000.0f);
 
+    // The same with three samples a pixel: one row of two pixels of 16 bits a channel.
+    Bytes deep;
+    deep.Text("II", 2).U16(42).I32(8 + 12 + 6);
+    for (const unsigned sample : {0x0100u, 0x0203u, 0xFFFFu, 0x8000u, 0x0900u, 0x00FFu})
+        deep.U16(sample);
+    deep.U16(16).U16(16).U16(16).U16(9);
+    const auto deepEntry = [&](unsigned tag, unsigned kind, long long count, long long value) {
+        deep.U16(tag).U16(kind).I32(count).I32(value);
+    };
+    deepEntry(256, 3, 1, 2), deepEntry(257, 3, 1, 1), deepEntry(258, 3, 3, 20), deepEntry(259, 3, 1, 1);
+    deepEntry(262, 3, 1, 2), deepEntry(273, 4, 1, 8), deepEntry(277, 3, 1, 3), deepEntry(278, 3, 1, 1);
+    deepEntry(279, 4, 1, 12);
+    deep.I32(0);
+    const TemporaryFile colour("deep.tif", deep);
+    image = OpenPicture(colour.Path(), error);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(PixelBytes(*image), std::string("\xFF\2\1\0\x09\x80", 6)) << "blue, green, red";
+
     const TemporaryFile text("text.png", Bytes().Text("this is no picture", 18));
     EXPECT_FALSE(OpenPicture(text.Path(), error));
     EXPECT_EQ(error, "text.png is not a picture that this system can decode, or it is damaged.");

@@ -357,6 +357,14 @@ public:
         ASSERT_EQ(appearance.size(), 3560u);
         EXPECT_STREQ(appearance.c_str() + 264, "Levels of the plate");
 
+        view->Press({VK_F1});
+        ASSERT_TRUE(view->WaitForDialog(L"Keys and Mouse"));
+        Show("12-keys");
+        view->Press({VK_ESCAPE});
+        view->Press({VK_MENU, 'R'});
+        Show("12-menu");
+        view->Press({VK_ESCAPE});
+        view->Press({VK_ESCAPE});
         view->Press({VK_MENU, 'T'});
         view->Press({VK_RETURN});
         HWND tool = nullptr;

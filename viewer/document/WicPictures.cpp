@@ -50,6 +50,8 @@ Target TargetOf(const GUID& format, bool hasGrayPalette) {
         hasGrayPalette)
         return {KEST_IMAGE_GRAY256, &GUID_WICPixelFormat8bppGray, 1};
     if (IsOneOf(format, {&GUID_WICPixelFormat16bppGray})) return {KEST_IMAGE_INT16, &GUID_WICPixelFormat16bppGray, 2};
+    // Not every converter knows this one, so its upper bytes are taken here.
+    if (IsOneOf(format, {&GUID_WICPixelFormat48bppRGB})) return {KEST_IMAGE_RGB, &GUID_WICPixelFormat48bppRGB, 6};
     if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat}))
         return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
     return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
@@ -73,9 +75,10 @@ bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, c
 /// Copies the decoder's rows, top row first, into the image's, bottom row first and unpadded.
 bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Busy& busy) {
     const SIZE size = SizeOf(image);
-    const auto rowBytes = static_cast<UINT>(size.cx * target.bytesPerPixel);
+    const auto sourceBytes = static_cast<UINT>(size.cx * target.bytesPerPixel);
+    const std::size_t rowBytes = static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(image.SizeOf());
     // Decoders want rows that begin at multiples of four bytes.
-    const UINT stride = (rowBytes + 3) & ~3u;
+    const UINT stride = (sourceBytes + 3) & ~3u;
     constexpr int rowsAtOnce = 64;
     std::vector<unsigned char> rows(static_cast<std::size_t>(stride) * rowsAtOnce);
     auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
@@ -85,7 +88,12 @@ bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Bu
         if (source->CopyPixels(&rect, stride, stride * static_cast<UINT>(count), rows.data()) < 0) return false;
         for (int i = 0; i < count; ++i) {
             unsigned char* to = pixels + static_cast<std::size_t>(size.cy - 1 - top - i) * rowBytes;
-            std::memcpy(to, rows.data() + static_cast<std::size_t>(i) * stride, rowBytes);
+            const unsigned char* from = rows.data() + static_cast<std::size_t>(i) * stride;
+            if (target.bytesPerPixel == 6)
+                for (std::size_t at = 0; at < rowBytes; ++at)
+                    to[at] = from[at / 3 * 6 + (2 - at % 3) * 2 + 1];
+            else
+                std::memcpy(to, from, rowBytes);
             // A binary picture's value 1 is its black.
             if (target.type == KEST_IMAGE_BINARY)
                 std::transform(to, to + rowBytes, to, [](unsigned char level) { return level < 128 ? 1 : 0; });
