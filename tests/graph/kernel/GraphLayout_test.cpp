@@ -84,7 +84,7 @@ TEST(GraphLayout, TheOriginCrossIsTheAnchor) {
     EXPECT_EQ(anchorAt(100, -100), (Ints{166, 492, 166, -41}));
     // However far off the origin is, the plot stays where it is.
     for (const float origin : {1e30F, -1e30F, 2e6F, -3e7F, huge, infinity, notANumber}) {
-        const Ints far = anchorAt(origin, origin);
+        const Ints mapped = anchorAt(origin, origin);
         EXPECT_NEAR(mapped[0], mapped[2], 1) << origin;
         EXPECT_NEAR(mapped[1] + mapped[3], 416 + 35, 1) << origin;
     }
