@@ -21,6 +21,9 @@ else()
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)
       # SSE registers round each step to its type; callers built by other compilers align the stack to four bytes.
       target_compile_options(kest_options INTERFACE -msse2 -mfpmath=sse -mstackrealign)
+    else()
+      # The compiler does not align 32-byte variables on this system's stack, but moves them as if it did.
+      target_compile_options(kest_options INTERFACE -Wa,-muse-unaligned-vector-move)
     endif()
   endif()
 endif()

@@ -4,7 +4,28 @@
 #include <algorithm>
 #include <cstring>
 
+#include "image/kernel/ColourLoops.h"
+
 namespace kest {
+namespace {
+
+/// Lightness and saturation depend on nothing but the largest and the smallest component.
+const LightnessTable& TableOfLightness() {
+    static LightnessTable table;
+    static const bool isFilled = [] {
+        for (int max = 0; max < 256; ++max)
+            for (int min = 0; min <= max; ++min) {
+                const auto high = static_cast<std::uint8_t>(max), low = static_cast<std::uint8_t>(min);
+                const Hsl hsl = RgbToHsl({high, low, low});
+                table[max << 8 | min] = static_cast<std::uint16_t>(hsl.lightness | hsl.saturation << 8);
+            }
+        return true;
+    }();
+    static_cast<void>(isFilled);
+    return table;
+}
+
+}  // namespace
 
 Hsl RgbToHsl(Rgb colour) {
     const double red = colour.red * (1.0 / 255), green = colour.green * (1.0 / 255), blue = colour.blue * (1.0 / 255);
@@ -55,23 +76,28 @@ Rgb HslToRgb(Hsl colour) {
             static_cast<std::uint8_t>(blue * 255.0)};
 }
 
-void ConvertRgbToHsl(std::span<const std::uint8_t> rgb, std::span<std::uint8_t> hsl) {
-    for (std::size_t i = 0; i + PlaneBytesPerPixel <= rgb.size(); i += PlaneBytesPerPixel) {
-        const PixelBytes converted = RgbToHsl(RgbAt(&rgb[i]));
-        std::memcpy(&hsl[i], converted.bytes, PlaneBytesPerPixel);
+void ConvertRgbToHsl(std::span<const std::uint8_t> rgb, std::span<std::uint8_t> hsl, InstructionSet instructions) {
+    const ColourLoops& loops = ColourLoopsFor(instructions);
+    const std::size_t pixels = rgb.size() / PlaneBytesPerPixel;
+    for (std::size_t i = loops.toHsl(rgb.data(), hsl.data(), pixels, TableOfLightness()); i < pixels; ++i) {
+        const PixelBytes converted = RgbToHsl(RgbAt(&rgb[i * PlaneBytesPerPixel]));
+        std::memcpy(&hsl[i * PlaneBytesPerPixel], converted.bytes, PlaneBytesPerPixel);
     }
 }
 
-bool ConvertHslToRgb(std::span<const std::uint8_t> hsl, std::span<std::uint8_t> rgb, bool clips) {
+bool ConvertHslToRgb(std::span<const std::uint8_t> hsl, std::span<std::uint8_t> rgb, bool clips,
+                     InstructionSet instructions) {
     const auto clip = [](std::uint8_t value) { return std::min(value, std::uint8_t{LargestHslValue}); };
-    for (std::size_t i = 0; i + PlaneBytesPerPixel <= hsl.size(); i += PlaneBytesPerPixel) {
-        Hsl colour = HslAt(&hsl[i]);
+    const ColourLoops& loops = ColourLoopsFor(instructions);
+    const std::size_t pixels = hsl.size() / PlaneBytesPerPixel;
+    for (std::size_t i = loops.toRgb(hsl.data(), rgb.data(), pixels, clips); i < pixels; ++i) {
+        Hsl colour = HslAt(&hsl[i * PlaneBytesPerPixel]);
         if (clips)
             colour = {clip(colour.hue), clip(colour.saturation), clip(colour.lightness)};
         else if (std::max({colour.hue, colour.saturation, colour.lightness}) > LargestHslValue)
             return false;
         const PixelBytes converted = HslToRgb(colour);
-        std::memcpy(&rgb[i], converted.bytes, PlaneBytesPerPixel);
+        std::memcpy(&rgb[i * PlaneBytesPerPixel], converted.bytes, PlaneBytesPerPixel);
     }
     return true;
 }

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "core/kernel/Numbers.h"
+#include "image/kernel/ColourLoops.h"
 #include "image/kernel/Luminance.h"
 
 namespace kest {
@@ -14,14 +15,41 @@ std::uint8_t ToBandEnd(float value) {
     return value < 0.0F ? 0 : value > 255.0F ? 255 : TruncateToByte(value);
 }
 
-/// Calls `choose(pixel)` for every source pixel; it gives the bytes to write.
+/// Calls `choose(pixel)` for every source pixel from number `first` on; it gives the bytes to write.
 template <class Choose>
-void ForEachPixel(SourcePlane source, TargetPlane target, Choose choose) {
-    for (std::size_t i = 0; i + PlaneBytesPerPixel <= source.size(); i += PlaneBytesPerPixel) {
+void ForEachPixel(SourcePlane source, TargetPlane target, std::size_t first, Choose choose) {
+    for (std::size_t i = first * PlaneBytesPerPixel; i + PlaneBytesPerPixel <= source.size(); i += PlaneBytesPerPixel) {
         PixelBytes pixel;
         std::memcpy(pixel.bytes, choose(&source[i]), PlaneBytesPerPixel);
         std::memcpy(&target[i], pixel.bytes, PlaneBytesPerPixel);
     }
+}
+
+std::size_t PixelsOf(SourcePlane plane) {
+    return plane.size() / PlaneBytesPerPixel;
+}
+
+constexpr int luminanceUnits = 1000, largestLuminance = 255 * luminanceUnits;
+
+/// The smallest luminance, in thousandths, for which `isReached` holds; one more than the largest when there is none.
+/// Rounded to single precision, a luminance is its thousandths' quotient whatever the colour, so it rises with them.
+template <class IsReached>
+int FirstLuminance(IsReached isReached) {
+    int first = 0, end = largestLuminance + 1;
+    while (first < end) {
+        const int middle = (first + end) / 2;
+        if (isReached(static_cast<float>(middle / static_cast<double>(luminanceUnits))))
+            end = middle;
+        else
+            first = middle + 1;
+    }
+    return first;
+}
+
+LuminanceRule RuleOf(const ThresholdTag& band) {
+    const int first = FirstLuminance([&](float luminance) { return luminance >= band.fLow; });
+    const int behind = FirstLuminance([&](float luminance) { return !(luminance <= band.fHigh); });
+    return {first, behind - 1, LowBytes(band.iRed, band.iGreen, band.iBlue)};
 }
 
 }  // namespace
@@ -45,17 +73,22 @@ ByteBand ToBoxSide(int low, int high) {
     return {static_cast<std::uint8_t>(std::max(low, 0)), static_cast<std::uint8_t>(std::min(high, 255))};
 }
 
-void PaintLuminance(SourcePlane source, TargetPlane target, float low, float high, Rgb colour) {
-    const PixelBytes paint = colour;
-    ForEachPixel(source, target, [&](const std::uint8_t* pixel) {
-        const auto luminance = static_cast<float>(Luminance(pixel));
-        return luminance >= low && luminance <= high ? paint.bytes : pixel;
-    });
+void PaintLuminance(SourcePlane source, TargetPlane target, float low, float high, Rgb colour,
+                    InstructionSet instructions) {
+    const ThresholdTag band = {low, high, colour.red, colour.green, colour.blue};
+    PaintLuminance(source, target, {&band, 1}, instructions);
 }
 
-void PaintLuminance(SourcePlane source, TargetPlane target, BandList bands) {
+void PaintLuminance(SourcePlane source, TargetPlane target, BandList bands, InstructionSet instructions) {
+    std::size_t done = 0;
+    if (bands.size() <= ColourLoops::mostRules) {
+        LuminanceRule rules[ColourLoops::mostRules];
+        std::transform(bands.begin(), bands.end(), rules, RuleOf);
+        const ColourLoops& loops = ColourLoopsFor(instructions);
+        done = loops.paintLuminance(source.data(), target.data(), PixelsOf(source), {rules, bands.size()});
+    }
     PixelBytes paint;
-    ForEachPixel(source, target, [&](const std::uint8_t* pixel) {
+    ForEachPixel(source, target, done, [&](const std::uint8_t* pixel) {
         const auto luminance = static_cast<float>(Luminance(pixel));
         for (std::size_t i = bands.size(); i-- > 0;) {
             const ThresholdTag& band = bands[i];
@@ -87,15 +120,43 @@ void ChannelPainter::AddBand(float low, float high, PixelBytes colour) {
     Add([&](std::uint8_t value) { return value >= low && value <= high; }, colour);
 }
 
-void ChannelPainter::Paint(SourcePlane source, TargetPlane target) const {
-    ForEachPixel(source, target, [&](const std::uint8_t* pixel) {
+/// Neighbouring values painted in one colour as boxes; `count` of them, or more than the loops take.
+std::size_t ChannelPainter::ListBoxes(std::span<BoxRule> boxes) const {
+    std::size_t count = 0;
+    for (int value = 0; value < 256; ++value) {
+        if (!isPainted[value]) continue;
+        const auto byte = static_cast<std::uint8_t>(value);
+        if (count > 0 && value > 0 && isPainted[value - 1] && paint[value] == paint[value - 1]) {
+            boxes[count - 1].box[byteInPixel].high = byte;
+            continue;
+        }
+        if (count == boxes.size()) return count + 1;
+        boxes[count] = {{{0, 255}, {0, 255}, {0, 255}}, paint[value]};
+        boxes[count++].box[byteInPixel] = {byte, byte};
+    }
+    return count;
+}
+
+void ChannelPainter::Paint(SourcePlane source, TargetPlane target, InstructionSet instructions) const {
+    BoxRule boxes[ColourLoops::mostRules];
+    const std::size_t count = ListBoxes(boxes);
+    std::size_t done = 0;
+    if (count <= ColourLoops::mostRules) {
+        const ColourLoops& loops = ColourLoopsFor(instructions);
+        done = loops.paintBoxes(source.data(), target.data(), PixelsOf(source), {boxes, count});
+    }
+    ForEachPixel(source, target, done, [&](const std::uint8_t* pixel) {
         const std::uint8_t value = pixel[byteInPixel];
         return isPainted[value] ? paint[value].bytes : pixel;
     });
 }
 
-void PaintBox(SourcePlane source, TargetPlane target, const ByteBand (&box)[PlaneBytesPerPixel], PixelBytes colour) {
-    ForEachPixel(source, target, [&](const std::uint8_t* pixel) {
+void PaintBox(SourcePlane source, TargetPlane target, const ByteBand (&box)[PlaneBytesPerPixel], PixelBytes colour,
+              InstructionSet instructions) {
+    const BoxRule rule = {{box[0], box[1], box[2]}, colour};
+    const ColourLoops& loops = ColourLoopsFor(instructions);
+    const std::size_t done = loops.paintBoxes(source.data(), target.data(), PixelsOf(source), {&rule, 1});
+    ForEachPixel(source, target, done, [&](const std::uint8_t* pixel) {
         return box[0].Has(pixel[0]) && box[1].Has(pixel[1]) && box[2].Has(pixel[2]) ? colour.bytes : pixel;
     });
 }

@@ -8,12 +8,15 @@
 #include <span>
 
 #include "KestTypes.h"
+#include "core/kernel/InstructionSet.h"
 #include "image/kernel/Colours.h"
 
 namespace kest {
 
 using SourcePlane = std::span<const std::uint8_t>;
 using TargetPlane = std::span<std::uint8_t>;
+
+struct BoxRule;
 
 using BandList = std::span<const ThresholdTag>;
 
@@ -37,10 +40,12 @@ ByteBand ToByteBand(float low, float high);
 ByteBand ToBoxSide(int low, int high);
 
 /// Luminances from `low` to `high`. A luminance is rounded to single precision before it is compared.
-void PaintLuminance(SourcePlane source, TargetPlane target, float low, float high, Rgb colour);
+void PaintLuminance(SourcePlane source, TargetPlane target, float low, float high, Rgb colour,
+                    InstructionSet instructions = BestInstructionSet());
 
 /// Several bands of luminance, of which the last that has a pixel's own luminance counts.
-void PaintLuminance(SourcePlane source, TargetPlane target, BandList bands);
+void PaintLuminance(SourcePlane source, TargetPlane target, BandList bands,
+                    InstructionSet instructions = BestInstructionSet());
 
 /// Bands of one byte of the pixel, one after another: what an earlier band has painted is what a later one looks at.
 /// The outcome depends on nothing but the byte, so there are 256 of them.
@@ -52,11 +57,12 @@ public:
     void AddBand(ByteBand band, PixelBytes colour);
     /// Bytes from `low` to `high`, compared as they are.
     void AddBand(float low, float high, PixelBytes colour);
-    void Paint(SourcePlane source, TargetPlane target) const;
+    void Paint(SourcePlane source, TargetPlane target, InstructionSet instructions = BestInstructionSet()) const;
 
 private:
     template <class HasValue>
     void Add(HasValue hasValue, PixelBytes colour);
+    std::size_t ListBoxes(std::span<BoxRule> boxes) const;
 
     int byteInPixel;
     bool isPainted[256] = {};
@@ -64,6 +70,7 @@ private:
 };
 
 /// Pixels of which each byte lies in its side of the box; the sides stand in memory order.
-void PaintBox(SourcePlane source, TargetPlane target, const ByteBand (&box)[PlaneBytesPerPixel], PixelBytes colour);
+void PaintBox(SourcePlane source, TargetPlane target, const ByteBand (&box)[PlaneBytesPerPixel], PixelBytes colour,
+              InstructionSet instructions = BestInstructionSet());
 
 }  // namespace kest

@@ -22,6 +22,7 @@ struct PixelBytes {
     std::uint8_t bytes[PlaneBytesPerPixel];
 
     PixelBytes() = default;
+    bool operator==(const PixelBytes&) const = default;
     PixelBytes(Rgb colour) : bytes{colour.blue, colour.green, colour.red} {}
     PixelBytes(Hsl colour) : bytes{colour.lightness, colour.saturation, colour.hue} {}
 };

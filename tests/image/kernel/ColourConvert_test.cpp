@@ -52,6 +52,8 @@ Triple At(const std::vector<std::uint8_t>& plane, std::size_t pixel) {
            plane[3 * pixel];
 }
 
+const InstructionSet instructionSets[] = {InstructionSet::Baseline, BestInstructionSet()};
+
 /// A plane of all triples below `count` with this top byte.
 std::vector<std::uint8_t> AllWithTop(int top, int count) {
     std::vector<std::uint8_t> plane;
@@ -66,8 +68,10 @@ std::vector<std::uint8_t> AllWithTop(int top, int count) {
 TEST(ColourConvert, AllColoursToHsl) {
     std::vector<std::uint8_t> hsl(3 * 65536);
     for (int red = 0; red < 256; ++red) {
-        const std::vector<std::uint8_t> rgb = AllWithTop(red, 256);
-        ConvertRgbToHsl(rgb, hsl);
+        std::vector<std::uint8_t> rgb = AllWithTop(red, 256);
+        ConvertRgbToHsl(rgb, hsl, InstructionSet::Baseline);
+        ConvertRgbToHsl(rgb, rgb);
+        ASSERT_EQ(rgb, hsl) << red;
         for (int i = 0; i < 65536; ++i)
             if (At(hsl, i) != ExpectedHsl(red, i >> 8, i & 255))
                 FAIL() << red << ' ' << (i >> 8) << ' ' << (i & 255);
@@ -77,7 +81,10 @@ TEST(ColourConvert, AllColoursToHsl) {
 TEST(ColourConvert, AllTriplesToRgb) {
     std::vector<std::uint8_t> rgb(3 * 241 * 241);
     for (int hue = 0; hue <= 240; ++hue) {
-        ASSERT_TRUE(ConvertHslToRgb(AllWithTop(hue, 241), rgb, hue % 2 != 0));
+        std::vector<std::uint8_t> hsl = AllWithTop(hue, 241);
+        ASSERT_TRUE(ConvertHslToRgb(hsl, rgb, hue % 2 != 0, InstructionSet::Baseline));
+        ASSERT_TRUE(ConvertHslToRgb(hsl, hsl, hue % 2 == 0));
+        ASSERT_EQ(hsl, rgb) << hue;
         for (int i = 0; i < 241 * 241; ++i)
             if (At(rgb, i) != ExpectedRgb(hue, i / 241, i % 241))
                 FAIL() << hue << ' ' << i / 241 << ' ' << i % 241;
@@ -85,14 +92,15 @@ TEST(ColourConvert, AllTriplesToRgb) {
 }
 
 TEST(ColourConvert, ValuesAboveTheScale) {
-    for (const int bad : {0, 1, 2}) {
-        std::vector<std::uint8_t> hsl(9, 240), clipped(9), stopped(9, 7);
-        hsl[3 + bad] = 241;
-        EXPECT_TRUE(ConvertHslToRgb(hsl, clipped, true));
-        EXPECT_EQ(At(clipped, 1), At(clipped, 0));
-        EXPECT_FALSE(ConvertHslToRgb(hsl, stopped, false));
-        EXPECT_EQ(At(stopped, 0), At(clipped, 0));
-        EXPECT_EQ(At(stopped, 1), 0x070707u);
-        EXPECT_EQ(At(stopped, 2), 0x070707u);
-    }
+    for (const InstructionSet instructions : instructionSets)
+        for (const std::size_t bad : {0, 1, 2, 66, 67, 150, 298, 299}) {
+            std::vector<std::uint8_t> hsl(300, 240), clipped(300), stopped(300, 7);
+            hsl[bad] = 241;
+            EXPECT_TRUE(ConvertHslToRgb(hsl, clipped, true, instructions));
+            EXPECT_FALSE(ConvertHslToRgb(hsl, stopped, false, instructions));
+            for (std::size_t i = 0; i < 100; ++i) {
+                EXPECT_EQ(At(clipped, i), ExpectedRgb(240, 240, 240));
+                EXPECT_EQ(At(stopped, i), i < bad / 3 ? At(clipped, i) : 0x070707u) << bad << ' ' << i;
+            }
+        }
 }

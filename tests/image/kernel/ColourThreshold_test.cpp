@@ -25,14 +25,17 @@ Pixels RandomPixels(unsigned seed) {
 }
 
 /// Paints from a picture kept aside and in place; both give what the model paints pixel by pixel.
-void ExpectPainted(const Pixels& source, const std::function<void(SourcePlane, TargetPlane)>& paint,
+void ExpectPainted(const Pixels& source, const std::function<void(SourcePlane, TargetPlane, InstructionSet)>& paint,
                    const std::function<void(std::uint8_t*)>& model) {
-    Pixels expected = source, target(source.size(), 99), inPlace = source;
+    Pixels expected = source;
     for (std::size_t i = 0; i < expected.size(); i += 3) model(&expected[i]);
-    paint(source, target);
-    EXPECT_EQ(target, expected);
-    paint(inPlace, inPlace);
-    EXPECT_EQ(inPlace, expected);
+    for (const InstructionSet instructions : {InstructionSet::Baseline, BestInstructionSet()}) {
+        Pixels target(source.size(), 99), inPlace = source;
+        paint(source, target, instructions);
+        ASSERT_EQ(target, expected);
+        paint(inPlace, inPlace, instructions);
+        ASSERT_EQ(inPlace, expected);
+    }
 }
 
 float LuminanceOf(const std::uint8_t* pixel) {
@@ -57,17 +60,62 @@ TEST(ColourThreshold, LuminanceBands) {
     for (const auto& [low, high] : {std::pair{exact, exact}, {0.0F, 255.0F}, {-5.0F, 90.3F}, {90.3F, INFINITY},
                                     {128.0F, 128.0F}, {NAN, 255.0F}, {300.0F, 400.0F}})
         ExpectPainted(
-            source, [&](SourcePlane from, TargetPlane to) { PaintLuminance(from, to, low, high, {250, 100, 5}); },
+            source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { PaintLuminance(from, to, low, high, {250, 100, 5}, set); },
             [&](std::uint8_t* pixel) {
                 if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 250, 100, 5);
             });
     ExpectPainted(
-        source, [](SourcePlane from, TargetPlane to) { PaintLuminance(from, to, overlapping); },
+        source, [](SourcePlane from, TargetPlane to, InstructionSet set) { PaintLuminance(from, to, overlapping, set); },
         [](std::uint8_t* pixel) {
             const float luminance = LuminanceOf(pixel);
             for (const ThresholdTag& band : overlapping)
                 if (luminance >= band.fLow && luminance <= band.fHigh)
                     Put(pixel, band.iRed, band.iGreen, band.iBlue);
+        });
+}
+
+TEST(ColourThreshold, LuminanceOfEveryColour) {
+    Pixels colours(3 * 65536);
+    const std::uint8_t colour[] = {77, 142, 61};
+    const float exact = LuminanceOf(colour), next = std::nextafter(exact, 255.0F);
+    for (int red = 0; red < 256; ++red) {
+        for (int i = 0; i < 65536; ++i) Put(&colours[3 * i], red, i >> 8, i & 255);
+        for (const auto& [low, high] : {std::pair{exact, exact}, {next, 200.7F}})
+            ExpectPainted(
+                colours,
+                [&](SourcePlane from, TargetPlane to, InstructionSet set) {
+                    PaintLuminance(from, to, low, high, {1, 2, 3}, set);
+                },
+                [&](std::uint8_t* pixel) {
+                    if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 1, 2, 3);
+                });
+    }
+}
+
+TEST(ColourThreshold, MoreBandsThanTheLoopsTake) {
+    std::vector<ThresholdTag> bands;
+    for (int i = 0; i < 20; ++i) {
+        const auto low = static_cast<float>(i * 12);
+        bands.push_back({low, low + 7, i, 250 - i, 2 * i});
+    }
+    ExpectPainted(
+        RandomPixels(4),
+        [&](SourcePlane from, TargetPlane to, InstructionSet set) { PaintLuminance(from, to, bands, set); },
+        [&](std::uint8_t* pixel) {
+            const float luminance = LuminanceOf(pixel);
+            for (const ThresholdTag& band : bands)
+                if (luminance >= band.fLow && luminance <= band.fHigh)
+                    Put(pixel, band.iRed, band.iGreen, band.iBlue);
+        });
+    ChannelPainter painter(1);
+    for (const ThresholdTag& band : bands)
+        painter.AddBand(band.fLow, band.fHigh, LowBytes(band.iRed, band.iGreen, band.iBlue));
+    ExpectPainted(
+        RandomPixels(5),
+        [&](SourcePlane from, TargetPlane to, InstructionSet set) { painter.Paint(from, to, set); },
+        [&](std::uint8_t* pixel) {
+            for (const ThresholdTag& band : bands)
+                if (pixel[1] >= band.fLow && pixel[1] <= band.fHigh) Put(pixel, band.iRed, band.iGreen, band.iBlue);
         });
 }
 
@@ -79,14 +127,14 @@ TEST(ColourThreshold, ChannelBandsLookAtWhatIsPainted) {
             several.AddBand(band.fLow, band.fHigh, LowBytes(band.iRed, band.iGreen, band.iBlue));
         one.AddBand(ToByteBand(100.9F, 1000.0F), LowBytes(1, 2, 3));
         ExpectPainted(
-            source, [&](SourcePlane from, TargetPlane to) { several.Paint(from, to); },
+            source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { several.Paint(from, to, set); },
             [byte](std::uint8_t* pixel) {
                 for (const ThresholdTag& band : overlapping)
                     if (pixel[byte] >= band.fLow && pixel[byte] <= band.fHigh)
                         Put(pixel, band.iRed, band.iGreen, band.iBlue);
             });
         ExpectPainted(
-            source, [&](SourcePlane from, TargetPlane to) { one.Paint(from, to); },
+            source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { one.Paint(from, to, set); },
             [byte](std::uint8_t* pixel) {
                 if (pixel[byte] >= 100) Put(pixel, 1, 2, 3);
             });
@@ -97,7 +145,7 @@ TEST(ColourThreshold, BoxesAndTheirSides) {
     const ByteBand box[] = {ToBoxSide(-3, 200), ToBoxSide(20, 500), ToBoxSide(300, 400)};
     EXPECT_TRUE(ToByteBand(-1.0F, NAN).Has(0));
     ExpectPainted(
-        RandomPixels(3), [&](SourcePlane from, TargetPlane to) { PaintBox(from, to, box, Clamped(300, -1, 17)); },
+        RandomPixels(3), [&](SourcePlane from, TargetPlane to, InstructionSet set) { PaintBox(from, to, box, Clamped(300, -1, 17), set); },
         [](std::uint8_t* pixel) {
             if (pixel[0] <= 200 && pixel[1] >= 20 && pixel[2] >= 44) Put(pixel, 255, 0, 17);
         });
