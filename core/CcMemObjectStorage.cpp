@@ -52,7 +52,7 @@ int CcMemObjectStorage::Write(void* pBuffer, long lLength) {
     if (!pBuffer) return KEST_NULL_ARGUMENT;
     if (lLength < 1) return KEST_BAD_LENGTH;
     if (iBufferSize <= kest::Size64{iPosition} + lLength) {
-        const int result = GrowStorageBuffer(std::max(lLength, iGrowSize));
+        const int result = Grow(std::max(lLength, iGrowSize), kest::Size64{iPosition} + lLength);
         if (result < 0) return result;
     }
     std::memcpy(pStorageBuffer + iPosition, pBuffer, static_cast<std::size_t>(lLength));
@@ -76,7 +76,10 @@ int CcMemObjectStorage::GetStorageBufferRef(unsigned char** ppBuffer, long* plLe
     return KEST_OK;
 }
 
-int CcMemObjectStorage::GrowStorageBuffer(long lBytes) {
+int CcMemObjectStorage::GrowStorageBuffer(long lBytes) { return Grow(lBytes, iBufferSize); }
+
+/// Bytes from the old capacity to `llFirstZero` are left for the caller to write.
+int CcMemObjectStorage::Grow(long lBytes, long long llFirstZero) {
     if (bExternalBuffer) return KEST_NOT_GROWABLE;
     if (lBytes < 1) return KEST_BAD_LENGTH;
     const kest::Size64 bytes = kest::Size64{iBufferSize} + lBytes;
@@ -84,7 +87,7 @@ int CcMemObjectStorage::GrowStorageBuffer(long lBytes) {
     if (bytes >= LONG_MAX || !cBlock.Reserve(bytes + 1)) return KEST_NO_MEMORY;
     pStorageBuffer = cBlock.Get();
     // Bytes that were never written read as zeros, and never as something another object left behind.
-    std::memset(pStorageBuffer + iBufferSize, 0, static_cast<std::size_t>(lBytes) + 1);
+    std::memset(pStorageBuffer + llFirstZero, 0, static_cast<std::size_t>(bytes + 1 - llFirstZero));
     iBufferSize = static_cast<long>(bytes);
     return KEST_OK;
 }

@@ -13,6 +13,9 @@ namespace {
 
 constexpr int tableStep = 20;
 constexpr int bufferStep = 100000;
+/// Up to this capacity the real block grows with the values: most bags hold a few bytes, and a fresh large block for each
+/// costs more than all else.
+constexpr int promisedBytes = 1 << 20;
 
 enum PropertyType { IntProperty, LongProperty, FloatProperty, DoubleProperty, StringProperty, BlobProperty };
 
@@ -56,8 +59,11 @@ int CcPropertyBag::Store(CcObjectStorage* pStorage) {
     if (!pStorage) return KEST_NULL_ARGUMENT;
     pStorage->WriteObjectData(&iNumProps, sizeof iNumProps);
     pStorage->WriteObjectData(pPropTable, static_cast<long>(iNumProps * sizeof(tagPROPERTY)));
-    pStorage->WriteObjectData(&iPropBufferUsed, sizeof iPropBufferUsed);
+    const int referredBytes = pReferred ? pPropTable[iNumProps - 1].iPropLength : 0;
+    const int valueBytes = iPropBufferUsed + referredBytes;
+    pStorage->WriteObjectData(&valueBytes, sizeof valueBytes);
     pStorage->WriteObjectData(pPropBuffer, iPropBufferUsed);
+    if (pReferred) pStorage->WriteObjectData(pReferred, referredBytes);
     return KEST_OK;
 }
 
@@ -122,21 +128,57 @@ int CcPropertyBag::GetBlob(const char* pszName, void* pBuffer, long lLength) {
 }
 
 int CcPropertyBag::PutProp(const char* pszName, int iNewType, const void* pData, long lLength) {
-    if (!pszName || !pData) return KEST_NULL_ARGUMENT;
-    if (lLength < 1 || !kest::IsPropertyName(pszName)) return KEST_BAD_LENGTH;
-    if (iPropTableSize <= iNumProps) {
-        const int result = GrowPropTable(tableStep);
-        if (result < 0) return result;
-    }
+    int result = CheckEntry(pszName, pData, lLength);
+    if (result < 0) return result;
     if (iPropBufferSize <= kest::Size64{iPropBufferUsed} + lLength) {
-        const int result = GrowPropBuffer(static_cast<int>(std::max<long>(bufferStep, lLength)));
+        result = GrowPropBuffer(static_cast<int>(std::max<long>(bufferStep, lLength)));
         if (result < 0) return result;
     }
+    if (!ReserveBuffer(kest::Size64{iPropBufferUsed} + lLength)) return KEST_NO_MEMORY;
     std::memcpy(pPropBuffer + iPropBufferUsed, pData, static_cast<std::size_t>(lLength));
     kest::MakeProperty(pPropTable[iNumProps], pszName, iNewType, iPropBufferUsed, static_cast<int>(lLength));
     ++iNumProps;
     iPropBufferUsed += static_cast<int>(lLength);
     return KEST_OK;
+}
+
+int CcPropertyBag::ReferToBlob(const char* pszName, const void* pData, long lLength) {
+    const int result = CheckEntry(pszName, pData, lLength);
+    if (result < 0) return result;
+    if (!kest::IsBlockSize(kest::Size64{iPropBufferUsed} + lLength)) return KEST_NO_MEMORY;
+    kest::MakeProperty(pPropTable[iNumProps], pszName, BlobProperty, iPropBufferUsed, static_cast<int>(lLength));
+    ++iNumProps;
+    pReferred = static_cast<const unsigned char*>(pData);
+    return KEST_OK;
+}
+
+/// What every put asks for first, and room for its entry.
+int CcPropertyBag::CheckEntry(const char* pszName, const void* pData, long lLength) {
+    if (!pszName || !pData) return KEST_NULL_ARGUMENT;
+    if (lLength < 1 || !kest::IsPropertyName(pszName)) return KEST_BAD_LENGTH;
+    if (pReferred) {
+        const int result = CopyReferred();
+        if (result < 0) return result;
+    }
+    return iPropTableSize <= iNumProps ? GrowPropTable(tableStep) : KEST_OK;
+}
+
+int CcPropertyBag::CopyReferred() {
+    const tagPROPERTY entry = pPropTable[iNumProps - 1];
+    const unsigned char* value = pReferred;
+    pReferred = nullptr;
+    --iNumProps;
+    const int result = PutProp(entry.szPropName, entry.iPropType, value, entry.iPropLength);
+    if (result < 0) {
+        ++iNumProps;
+        pReferred = value;
+    }
+    return result;
+}
+
+const unsigned char* CcPropertyBag::ValueOf(const tagPROPERTY& entry) const {
+    const bool isReferred = pReferred && &entry == pPropTable + iNumProps - 1;
+    return isReferred ? pReferred : pPropBuffer + entry.iPropOffset;
 }
 
 int CcPropertyBag::GetPropA(const char* pszName, int iWantedType, void* pBuffer, long lLength) {
@@ -145,7 +187,7 @@ int CcPropertyBag::GetPropA(const char* pszName, int iWantedType, void* pBuffer,
     const tagPROPERTY* entry = Find(pszName, iWantedType);
     if (!entry) return KEST_NOT_FOUND;
     if (lLength < entry->iPropLength) return KEST_MISMATCH;
-    std::memcpy(pBuffer, pPropBuffer + entry->iPropOffset, static_cast<std::size_t>(entry->iPropLength));
+    std::memcpy(pBuffer, ValueOf(*entry), static_cast<std::size_t>(entry->iPropLength));
     return KEST_OK;
 }
 
@@ -174,10 +216,17 @@ int CcPropertyBag::GrowPropTable(int iEntries) {
 int CcPropertyBag::GrowPropBuffer(int iBytes) {
     if (iBytes < 1) return KEST_BAD_LENGTH;
     const kest::Size64 bytes = kest::Size64{iPropBufferSize} + iBytes;
-    if (!cBufferBlock.Reserve(bytes)) return KEST_NO_MEMORY;
-    pPropBuffer = cBufferBlock.Get();
+    constexpr kest::Size64 smallest = 256;
+    if (!ReserveBuffer(bytes > promisedBytes ? bytes : std::max(smallest, kest::Size64{iPropBufferUsed})))
+        return KEST_NO_MEMORY;
     iPropBufferSize = static_cast<int>(bytes);
     return KEST_OK;
+}
+
+bool CcPropertyBag::ReserveBuffer(long long llBytes) {
+    if (!cBufferBlock.Reserve(llBytes)) return false;
+    pPropBuffer = cBufferBlock.Get();
+    return true;
 }
 
 void CcPropertyBag::Clear() {
@@ -187,6 +236,7 @@ void CcPropertyBag::Clear() {
     cBufferBlock.Release();
     pPropBuffer = nullptr;
     iPropBufferSize = iReservedBuffer = iPropBufferUsed = 0;
+    pReferred = nullptr;
 }
 
 // The capacities equal the counts after a load, so the next put grows both blocks.

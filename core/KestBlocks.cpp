@@ -82,8 +82,10 @@ bool KestHeapBlock::Reserve(long long bytes) {
     const auto needed = static_cast<unsigned long long>(bytes);
     if (bOwner && needed <= ullBytes) return true;
     // Growing by half at least keeps a long series of small growths from copying the block each time.
+    // One that makes a large step leaves room for small ones behind it.
     unsigned long long roomy = bOwner ? ullBytes + ullBytes / 2 : needed;
-    if (roomy < needed || roomy > static_cast<unsigned long long>(kest::LargestBlockBytes)) roomy = needed;
+    if (roomy < needed) roomy = needed + needed / 4;
+    if (roomy > static_cast<unsigned long long>(kest::LargestBlockBytes)) roomy = needed;
 
     unsigned char* own = bOwner ? pBlock : nullptr;
     void* grown = std::realloc(own, static_cast<std::size_t>(roomy));

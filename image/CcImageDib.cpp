@@ -56,7 +56,7 @@ void CcImage::PutDib(CcPropertyBag& bag, const char* pszSizeKey, const char* psz
         kest::DibHeaderBytes + layout.ColourTableSize() + kest::Product(iWidth, iHeight) * iBytesPerPixel;
     const auto bytes = static_cast<long>(usual < hDib.Size() ? usual : hDib.Size());
     bag.PutLong(pszSizeKey, bytes);
-    bag.PutBlob(pszDataKey, hDib.Get(), bytes);
+    bag.ReferToBlob(pszDataKey, hDib.Get(), bytes);
 }
 
 bool CcImage::TakeDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) {

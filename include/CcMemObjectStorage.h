@@ -45,5 +45,7 @@ protected:
     int bExternalBuffer;            ///< 1: the block is the caller's
 
 private:
+    int Grow(long lBytes, long long llFirstZero);
+
     KestHeapBlock cBlock;
 };

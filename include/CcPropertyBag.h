@@ -34,6 +34,9 @@ public:
     /// Copies `lLength` bytes.
     int PutBlob(const char* pszName, const void* pData, long lLength);
 
+    /// As PutBlob, but the bytes stay where they are until they are stored, and must stay there; the next put copies them.
+    int ReferToBlob(const char* pszName, const void* pData, long lLength);
+
     /// @}
     /// @name Getting
     /// Each takes the first entry of that name and type.
@@ -66,16 +69,21 @@ protected:
     int iReservedTable;          ///< 0, not used
     int iNumProps;               ///< entries
     unsigned char* pPropBuffer;  ///< the values' bytes
-    int iPropBufferSize;         ///< capacity, bytes
+    int iPropBufferSize;         ///< capacity, bytes; small ones are only reserved when values arrive
     int iReservedBuffer;         ///< 0, not used
     int iPropBufferUsed;         ///< bytes in use
 
 private:
     const tagPROPERTY* Find(const char* pszName, int iType) const;
+    bool ReserveBuffer(long long llBytes);
+    const unsigned char* ValueOf(const tagPROPERTY& entry) const;
+    int CheckEntry(const char* pszName, const void* pData, long lLength);
+    int CopyReferred();
     void Clear();
     bool LoadTable(CcObjectStorage& storage);
     bool LoadBuffer(CcObjectStorage& storage);
 
     KestHeapBlock cTableBlock;
     KestHeapBlock cBufferBlock;
+    const unsigned char* pReferred = nullptr;  ///< the last entry's value, where it is not in the buffer
 };

@@ -271,7 +271,7 @@ struct KestOutlineMembers {
             writer.Write(value);
         CcPropertyBag bag;
         const bool isPut = bag.PutBlob(Traits::recordKey, record, sizeof record) == KEST_OK &&
-                           (pixels.empty() || bag.PutBlob(Traits::pointsKey, pixels.data(),
+                           (pixels.empty() || bag.ReferToBlob(Traits::pointsKey, pixels.data(),
                                                           static_cast<long>(pixels.size_bytes())) == KEST_OK);
         return !isPut || storage->PutObject(&bag) < 0 ? KEST_FAILED : KEST_OK;
     }

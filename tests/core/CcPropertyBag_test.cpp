@@ -127,6 +127,30 @@ TEST(CcPropertyBag, StreamFormToTheByte) {
     EXPECT_EQ(loaded.iPropBufferSize, 100024);
 }
 
+TEST(CcPropertyBag, ABlobThatStaysWhereItIs) {
+    const std::string blob(150000, 'r');
+    CcPropertyBag copied;
+    OpenBag referring;
+    for (CcPropertyBag* bag : {&copied, static_cast<CcPropertyBag*>(&referring)}) bag->PutInt("i", 5);
+    copied.PutBlob("b", blob.data(), 150000);
+    EXPECT_EQ(referring.ReferToBlob("b", nullptr, 1), -2);
+    EXPECT_EQ(referring.ReferToBlob("b", blob.data(), 0), -3);
+    EXPECT_EQ(referring.ReferToBlob("b", blob.data(), 150000), 0);
+    EXPECT_EQ(referring.iPropBufferSize, 100000);
+    EXPECT_EQ(StoredBytes(referring), StoredBytes(copied));
+    for (const bool isFollowed : {false, true}) {
+        if (isFollowed) referring.PutInt("j", 6);
+        std::string back(150000, 0);
+        int five = 0;
+        EXPECT_EQ(referring.GetBlob("b", back.data(), 150000), 0);
+        EXPECT_EQ(back, blob);
+        EXPECT_EQ(referring.GetInt("i", &five), 0);
+        EXPECT_EQ(five, 5);
+    }
+    copied.PutInt("j", 6);
+    EXPECT_EQ(StoredBytes(referring), StoredBytes(copied));
+}
+
 TEST(CcPropertyBag, StreamsThatLieLeaveAnEmptyUsableBag) {
     const auto one = [](int offset, int length, int bytes) {
         return Bytes().I32(1).Add(PropertyEntry("a", 0, offset, length)).I32(bytes).Fill(8, 0x11);
