@@ -137,7 +137,7 @@ TEST(CcPropertyBag, ABlobThatStaysWhereItIs) {
     EXPECT_EQ(referring.ReferToBlob("b", blob.data(), 0), -3);
     EXPECT_EQ(referring.ReferToBlob("b", blob.data(), 150000), 0);
     EXPECT_EQ(referring.iPropBufferSize, 100000);
-    EXPECT_EQ(StoredBytes(referring), StoredBytes(copied));
+    EXPECT_EQ(test::StoredBytes(referring), test::StoredBytes(copied));
     for (const bool isFollowed : {false, true}) {
         if (isFollowed) referring.PutInt("j", 6);
         std::string back(150000, 0);
@@ -148,7 +148,7 @@ TEST(CcPropertyBag, ABlobThatStaysWhereItIs) {
         EXPECT_EQ(five, 5);
     }
     copied.PutInt("j", 6);
-    EXPECT_EQ(StoredBytes(referring), StoredBytes(copied));
+    EXPECT_EQ(test::StoredBytes(referring), test::StoredBytes(copied));
 }
 
 TEST(CcPropertyBag, StreamsThatLieLeaveAnEmptyUsableBag) {
