@@ -33,6 +33,14 @@ public:
         return dx == 0 ? startX : TruncateToInt((y - static_cast<double>(intercept)) / slope);
     }
 
+    /// The same where all coordinates are within 2^30 of the origin; loops over them become vector instructions.
+    int NearRowAt(int x) const {
+        return dy == 0 ? startY : static_cast<int>(x * static_cast<double>(slope) + intercept);
+    }
+    int NearColumnAt(int y) const {
+        return dx == 0 ? startX : static_cast<int>((y - static_cast<double>(intercept)) / slope);
+    }
+
 private:
     Size64 dx, dy;
     int startX, startY;

@@ -19,11 +19,13 @@ bool IsExact(IntPoint point) {
     return point.x > -exactRange && point.x < exactRange && point.y > -exactRange && point.y < exactRange;
 }
 
-/// Walks `count` pixels from `first` on. `at(position)` gives the other coordinate, `make(position, other)` the pixel.
+/// Walks `count` pixels from `first` on. `at(position)` gives the other coordinate, `nearAt` the same where all is near
+/// the origin, `make(position, other)` the pixel.
 /// `before` is the other coordinate of the pixel before the first one. Without `isExact` every pixel is compared with
 /// its predecessor, else only as long as one had to be pulled.
-template <class At, class Make>
-void Walk(int first, int step, std::size_t count, IntPoint* out, const int* before, bool isExact, At at, Make make) {
+template <class At, class NearAt, class Make>
+void Walk(int first, int step, std::size_t count, IntPoint* out, const int* before, bool isExact, At at, NearAt nearAt,
+          Make make) {
     std::size_t i = 0;
     int position = first;
     if (before || !isExact) {
@@ -35,7 +37,12 @@ void Walk(int first, int step, std::size_t count, IntPoint* out, const int* befo
             isMet = last == wanted;
         }
     }
-    for (; i < count; ++i, position += step) out[i] = make(position, at(position));
+    if (i == count) return;
+    const int start = position - step * static_cast<int>(i);
+    for (; i < count; ++i) {
+        const int next = start + step * static_cast<int>(i);
+        out[i] = make(next, nearAt(next));
+    }
 }
 
 }  // namespace
@@ -58,10 +65,12 @@ void RasteriseOutline(std::span<const IntPoint> starts, std::span<const IntPoint
         const int* before = !last ? nullptr : isSteep ? &last->x : &last->y;
         if (isSteep)
             Walk(start.y, end.y > start.y ? 1 : -1, count, out, before, isExact,
-                 [&line](int y) { return line.ColumnAt(y); }, [](int y, int x) { return IntPoint{x, y}; });
+                 [&line](int y) { return line.ColumnAt(y); }, [line](int y) { return line.NearColumnAt(y); },
+                 [](int y, int x) { return IntPoint{x, y}; });
         else
             Walk(start.x, end.x > start.x ? 1 : -1, count, out, before, isExact,
-                 [&line](int x) { return line.RowAt(x); }, [](int x, int y) { return IntPoint{x, y}; });
+                 [&line](int x) { return line.RowAt(x); }, [line](int x) { return line.NearRowAt(x); },
+                 [](int x, int y) { return IntPoint{x, y}; });
         out += count;
     }
 }
