@@ -56,6 +56,8 @@ Application::~Application() {
 int Application::Run(const std::vector<std::string>& files, int showCommand) {
     mainWindow = std::make_unique<MainWindow>();
     if (!mainWindow->Create(showCommand)) return 1;
+    // The window stands there before a large file is opened.
+    RedrawWindow(*mainWindow, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
     for (const std::string& file : files)
         mainWindow->OpenFile(FullPathOf(file));
 

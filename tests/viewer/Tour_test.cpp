@@ -399,8 +399,10 @@ public:
             view->Press({VK_CONTROL, 'A'});
             view->Type(level);
         }
-        EXPECT_EQ(TextOfWindow(view->Control(IDC_BAND_COUNT)), L"In the bands: 4800 pixels\nof the whole picture.")
-            << "blue";
+        const auto countedBlue = [&] {
+            return TextOfWindow(view->Control(IDC_BAND_COUNT)) == L"In the bands: 4800 pixels\nof the whole picture.";
+        };
+        EXPECT_TRUE(Driver::WaitFor(countedBlue));
         Show("13-hue-threshold");
         view->Press({VK_CONTROL, 'H'});
         view->Press({VK_MENU, 'I'});

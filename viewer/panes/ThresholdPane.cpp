@@ -18,6 +18,9 @@
 namespace kestview {
 namespace {
 
+/// Counting takes longer than showing: it waits until the slider rests.
+constexpr UINT_PTR countTimer = 1;
+constexpr UINT countDelayMilliseconds = 150;
 constexpr std::size_t mostBands = 8;
 constexpr COLORREF bandColours[mostBands] = {RGB(40, 110, 230), RGB(230, 40, 40), RGB(30, 170, 70),  RGB(240, 170, 0),
                                              RGB(160, 60, 200), RGB(0, 170, 180), RGB(240, 90, 160), RGB(120, 90, 40)};
@@ -82,7 +85,8 @@ void ThresholdPane::Refresh(unsigned change) {
         FillBands();
         FillSliders();
     }
-    if (change & (DisplayChanged | PictureChanged | RoisChanged | CalibrationChanged)) ShowCount();
+    if (change & (DisplayChanged | PictureChanged | RoisChanged | CalibrationChanged))
+        SetTimer(window, countTimer, countDelayMilliseconds, nullptr);
 }
 
 void ThresholdPane::FillChannels() {
@@ -172,6 +176,7 @@ void ThresholdPane::ShowCount() {
         SetText(IDC_BAND_COUNT, "");
         return;
     }
+    const Busy busy("Counting");
     CcRoiBase* roi = document->SelectedRoi();
     const BandCount count = CountInBands(*document, document->BandMask(), roi);
     std::string text = Format("In the bands: %lld pixels", count.pixels);
@@ -281,7 +286,12 @@ LRESULT ThresholdPane::OnNotify(NMHDR& header) {
     return 0;
 }
 
-bool ThresholdPane::OnOther(UINT message, WPARAM, LPARAM lParam, LRESULT&) {
+bool ThresholdPane::OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
+    if (message == WM_TIMER && wParam == countTimer) {
+        KillTimer(window, countTimer);
+        if (isInFront) ShowCount();
+        return true;
+    }
     if (message != WM_HSCROLL || !document || isFilling) return false;
     float low = static_cast<float>(std::min<LRESULT>(Send(IDC_BAND_LOW, TBM_GETPOS), highestLow));
     float high = static_cast<float>(Send(IDC_BAND_HIGH, TBM_GETPOS));
