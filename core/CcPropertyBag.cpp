@@ -13,7 +13,7 @@ namespace {
 
 constexpr int tableStep = 20;
 constexpr int bufferStep = 100000;
-/// Up to this capacity the real block grows with the values: most bags hold a few bytes, and a fresh large block for each
+/// Up to this capacity the real block grows with what is put: most bags hold a few bytes, and a fresh large block for each
 /// costs more than all else.
 constexpr int promisedBytes = 1 << 20;
 
@@ -160,7 +160,11 @@ int CcPropertyBag::CheckEntry(const char* pszName, const void* pData, long lLeng
         const int result = CopyReferred();
         if (result < 0) return result;
     }
-    return iPropTableSize <= iNumProps ? GrowPropTable(tableStep) : KEST_OK;
+    if (iPropTableSize <= iNumProps) {
+        const int result = GrowPropTable(tableStep);
+        if (result < 0) return result;
+    }
+    return ReserveTable(kest::Size64{iNumProps} + 1) ? KEST_OK : KEST_NO_MEMORY;
 }
 
 int CcPropertyBag::CopyReferred() {
@@ -207,8 +211,9 @@ const tagPROPERTY* CcPropertyBag::Find(const char* pszName, int iWantedType) con
 int CcPropertyBag::GrowPropTable(int iEntries) {
     if (iEntries < 1) return KEST_BAD_LENGTH;
     const kest::Size64 entries = kest::Size64{iPropTableSize} + iEntries;
-    if (!cTableBlock.Reserve(entries * static_cast<kest::Size64>(sizeof(tagPROPERTY)))) return KEST_NO_MEMORY;
-    pPropTable = reinterpret_cast<tagPROPERTY*>(cTableBlock.Get());
+    constexpr kest::Size64 smallest = 2;
+    const bool isPromised = entries * static_cast<kest::Size64>(sizeof(tagPROPERTY)) <= promisedBytes;
+    if (!ReserveTable(isPromised ? std::max(smallest, kest::Size64{iNumProps}) : entries)) return KEST_NO_MEMORY;
     iPropTableSize = static_cast<int>(entries);
     return KEST_OK;
 }
@@ -221,6 +226,12 @@ int CcPropertyBag::GrowPropBuffer(int iBytes) {
         return KEST_NO_MEMORY;
     iPropBufferSize = static_cast<int>(bytes);
     return KEST_OK;
+}
+
+bool CcPropertyBag::ReserveTable(long long llEntries) {
+    if (!cTableBlock.Reserve(llEntries * static_cast<kest::Size64>(sizeof(tagPROPERTY)))) return false;
+    pPropTable = reinterpret_cast<tagPROPERTY*>(cTableBlock.Get());
+    return true;
 }
 
 bool CcPropertyBag::ReserveBuffer(long long llBytes) {

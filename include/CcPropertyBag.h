@@ -65,7 +65,7 @@ public:
 
 protected:
     tagPROPERTY* pPropTable;     ///< the entries
-    int iPropTableSize;          ///< capacity, entries
+    int iPropTableSize;          ///< capacity, entries; small ones are only reserved when entries arrive
     int iReservedTable;          ///< 0, not used
     int iNumProps;               ///< entries
     unsigned char* pPropBuffer;  ///< the values' bytes
@@ -75,6 +75,7 @@ protected:
 
 private:
     const tagPROPERTY* Find(const char* pszName, int iType) const;
+    bool ReserveTable(long long llEntries);
     bool ReserveBuffer(long long llBytes);
     const unsigned char* ValueOf(const tagPROPERTY& entry) const;
     int CheckEntry(const char* pszName, const void* pData, long lLength);
