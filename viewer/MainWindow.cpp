@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* sideTitles[sidePageCount] = {"Threshold", "Display", "Histogram", "Profile", "Calibrate"};
 constexpr int sideTemplates[sidePageCount] = {IDD_THRESHOLD, IDD_DISPLAY_TABLE, IDD_GRAPH, IDD_GRAPH, IDD_CALIBRATION};
-constexpr int sideWidth = 352, roiListHeight = 222, resultsHeight = 190, toolsMenuPosition = 8;
+constexpr int sideWidth = 352, roiListHeight = 222, resultsHeight = 190, roiMenuPosition = 4, toolsMenuPosition = 8;
 
 HWND CreateTabs(HWND parent, int id, DWORD style) {
     return CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,
@@ -87,7 +87,7 @@ void MainWindow::OnCreate() {
     view.onContextMenu = [this] {
         POINT mouse;
         GetCursorPos(&mouse);
-        const HMENU roiMenu = GetSubMenu(GetMenu(window), 1);
+        const HMENU roiMenu = GetSubMenu(GetMenu(window), roiMenuPosition);
         TrackPopupMenu(roiMenu, TPM_RIGHTBUTTON, mouse.x, mouse.y, 0, window, nullptr);
     };
     roiListPane.Create(IDD_ROI_LIST, window);
@@ -189,12 +189,20 @@ void MainWindow::Activate(Document* document) {
     statusBar.ShowPicture(active, view.Magnification());
 }
 
+bool MainWindow::MayClose(Document& document) {
+    if (!document.IsModified()) return true;
+    Activate(&document);
+    const int answer = AskYesNoCancel(window, "Save the changes to " + document.Name() + " in a session?");
+    return answer == IDNO || (answer == IDYES && SaveSessionOf(*this, document, false));
+}
+
 bool MainWindow::CloseDocument(Document& document) {
-    if (document.IsModified()) {
-        Activate(&document);
-        const int answer = AskYesNoCancel(window, "Save the changes to " + document.Name() + " in a session?");
-        if (answer == IDCANCEL || (answer == IDYES && !SaveSessionOf(*this, document, false))) return false;
-    }
+    if (!MayClose(document)) return false;
+    Discard(document);
+    return true;
+}
+
+void MainWindow::Discard(Document& document) {
     const auto at =
         std::find_if(documents.begin(), documents.end(), [&](const auto& held) { return held.get() == &document; });
     const auto index = static_cast<std::size_t>(at - documents.begin());
@@ -205,12 +213,13 @@ bool MainWindow::CloseDocument(Document& document) {
         Activate(documents.empty() ? nullptr : documents[std::min(index, documents.size() - 1)].get());
     UpdateTabs();
     Arrange();
-    return true;
 }
 
 bool MainWindow::CloseAll() {
-    while (!documents.empty())
-        if (!CloseDocument(*documents.back())) return false;
+    // Nothing is lost when the last question is answered with Cancel: first all are asked about, then all go.
+    for (std::size_t i = documents.size(); i-- > 0;)
+        if (!MayClose(*documents[i])) return false;
+    while (!documents.empty()) Discard(*documents.back());
     return true;
 }
 

@@ -42,6 +42,7 @@ public:
     void Activate(Document* document);
     /// Asks about unsaved work first; false when the user cancels.
     bool CloseDocument(Document& document);
+    /// Asks about unsaved work in all documents before any of them goes.
     bool CloseAll();
     /// Opens a picture or a session, whatever the file is. Tells the user when it cannot.
     void OpenFile(const std::string& path);
@@ -71,6 +72,8 @@ public:
     void UpdateCommands();
 
 private:
+    bool MayClose(Document& document);
+    void Discard(Document& document);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCreate();
     void OnDpiChanged(const RECT& place);

@@ -37,8 +37,9 @@ bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
     if (document.Calibration() && document.calibrationPath.empty() &&
         AskYesNo(
             main,
-            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?"))
-        main.Calibration().SaveFile();
+            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?") &&
+        !main.Calibration().SaveFile())
+        return false;
     std::string path = document.sessionPath;
     if (path.empty() || isPathAsked) {
         const auto asked = AskSavePath(main, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|",

@@ -17,7 +17,8 @@ struct Key {
 };
 
 constexpr Key keys[] = {
-    {"Mouse wheel, + and -", "zoom about the mouse, 1 to 16"},
+    {"Mouse wheel", "zoom about the mouse, 1 to 16"},
+    {"+ and -", "zoom about the middle, 1 to 16"},
     {"1 to 9, 0", "zoom 1 : 1 to 9 : 1, fit the picture in"},
     {"Arrow keys, Shift + wheel", "scroll"},
     {"Middle button, Space + drag", "move the picture"},

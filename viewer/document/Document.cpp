@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/Text.h"
+
 namespace kestview {
 
 Document::Document(std::unique_ptr<CcImage> newImage)
@@ -60,7 +62,7 @@ void Document::DeleteSelectedRois() {
 
 void Document::RenameRoi(CcRoiBase& roi, const std::string& name) {
     BeforeRoiEdit();
-    roi.SetName(name.c_str());
+    roi.SetName(CutForStreams(name).c_str());
     RoisEdited();
 }
 

@@ -75,7 +75,13 @@ bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
     DeleteDC(dc);
     DeleteFileA(path.c_str());
     // The result is 0 also when the file cannot be created.
-    if (image.SaveBMPFile(path.c_str()) == 0 && FileExists(path)) return true;
+    if (image.SaveBMPFile(path.c_str()) == 0 && FileExists(path)) {
+        // Samples of a picture that had this name before would be taken for this one's.
+        for (const int wide : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT})
+            if (wide != image.GetImageType())
+                DeleteFileA((WithoutExtension(path) + ImageClassOf(wide)->rawSuffix).c_str());
+        return true;
+    }
     error = "The picture could not be written to\n" + path;
     return false;
 }

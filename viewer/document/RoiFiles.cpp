@@ -20,7 +20,9 @@ std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
     const RoiKind* kind = RoiKindOf(header[1]);
     if (!kind) return nullptr;
     std::unique_ptr<CcRoiBase> roi = kind->make();
-    return roi && roi->Restore(path.c_str()) == 0 ? std::move(roi) : nullptr;
+    if (!roi || roi->Restore(path.c_str()) < 0) return nullptr;
+    roi->SetName(CutForStreams(roi->GetName()).c_str());
+    return roi;
 }
 
 bool SaveAllRois(Document& document, const std::string& path) {

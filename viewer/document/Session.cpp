@@ -24,7 +24,7 @@ constexpr int pathSize = 4 * MAX_PATH;
 class ShortName {
 public:
     explicit ShortName(CcHLObject& newObject) : object(newObject), name(newObject.GetName()) {
-        object.SetName(name.substr(0, 49).c_str());
+        object.SetName(CutForStreams(name).c_str());
     }
     ~ShortName() { object.SetName(name.c_str()); }
     ShortName(const ShortName&) = delete;

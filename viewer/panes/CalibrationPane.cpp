@@ -29,7 +29,11 @@ void CalibrationPane::OnShown(bool isShown) {
         main.View().onPick = [this](POINT pixel) { return Pick(pixel); };
     else
         main.View().onPick = nullptr;
-    if (isShown) TakeFromDocument();
+    if (isShown) {
+        // Clicks now pick points; a drawing tool would draw instead.
+        main.SetRoiTool(selectTool);
+        TakeFromDocument();
+    }
     main.View().Refresh(DisplayChanged);
 }
 
@@ -142,16 +146,17 @@ void CalibrationPane::OpenFile() {
                                width, height, size.cx, size.cy));
 }
 
-void CalibrationPane::SaveFile() {
-    if (!document || !document->Calibration()) return;
+bool CalibrationPane::SaveFile() {
+    if (!document || !document->Calibration()) return false;
     const auto path = AskSavePath(main, "Save Calibration", fileFilters, "cal", document->Name() + ".cal");
-    if (!path) return;
+    if (!path) return false;
     if (document->Calibration()->Save(path->c_str()) < 0) {
         ShowError(main, "The calibration could not be written to\n" + *path);
-        return;
+        return false;
     }
     document->calibrationPath = *path;
     document->Changed(CalibrationChanged, true);
+    return true;
 }
 
 void CalibrationPane::PaintOver(HDC dc) const {

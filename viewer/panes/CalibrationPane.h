@@ -12,7 +12,8 @@ public:
     void OnShown(bool isShown) override;
 
     void OpenFile();
-    void SaveFile();
+    /// False when it was cancelled or failed.
+    bool SaveFile();
     /// Marks the picked points over the picture.
     void PaintOver(HDC dc) const;
 

@@ -110,4 +110,13 @@ std::string LastErrorText() {
     return message;
 }
 
+std::string CutForStreams(const std::string& name) {
+    constexpr std::size_t longest = 49;
+    if (name.size() <= longest) return name;
+    const auto continuesCharacter = [&](std::size_t at) { return (static_cast<unsigned char>(name[at]) & 0xC0) == 0x80; };
+    std::size_t end = longest;
+    while (end > 0 && continuesCharacter(end)) --end;
+    return name.substr(0, end);
+}
+
 }  // namespace kestview

@@ -30,4 +30,7 @@ bool FileExists(const std::string& path);
 /// Why the last system call failed, in the user's language.
 std::string LastErrorText();
 
+/// A name of at most 49 bytes, as object streams take them; cut between two characters.
+std::string CutForStreams(const std::string& name);
+
 }  // namespace kestview
