@@ -233,7 +233,7 @@ void MainWindow::OpenFile(const std::string& path) {
         document->picturePath = path;
     }
     if (!document) {
-        ShowError(window, error);
+        if (!error.empty()) ShowError(window, error);
         return;
     }
     App().NoteRecentFile(path);

@@ -2,6 +2,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "Application.h"
 #include "PictureView.h"
@@ -49,7 +50,7 @@ void PictureView::PaintPicture(HDC dc) {
     Font font;
     font.Make(DpiOf(window));
     const Selected selectedFont(dc, font);
-    if (document->RoiCount() > 0) App().ApplyRoiLook(document->Roi(0), shown.mode == 1 ? shown.zoom : 1);
+    if (document->RoiCount() > 0) App().ApplyRoiLook(document->Roi(0), shown.mode == 1 ? shown.zoom : std::max(1, static_cast<int>(std::lround(Magnification()))));
     for (int i = 0; i < document->RoiCount(); ++i) {
         CcRoiBase& roi = document->Roi(i);
         if (&roi == roiMouse.Hidden()) continue;

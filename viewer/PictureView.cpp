@@ -153,6 +153,9 @@ void PictureView::ZoomIn(const POINT* anchor) {
 void PictureView::ZoomOut(const POINT* anchor) {
     if (!document) return;
     const int zoom = document->view.zoom;
+    // A picture that is shown whole would only grow when it is fitted in.
+    const SIZE shown = canvas.ClientSize(), picture = document->Size();
+    if (zoom == 1 && shown.cx >= picture.cx && shown.cy >= picture.cy) return;
     SetZoom(zoom > 1 ? zoom - 1 : zoom == 1 ? 0 : static_cast<int>(std::ceil(Magnification())) - 1, anchor);
 }
 

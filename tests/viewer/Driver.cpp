@@ -204,9 +204,16 @@ HWND Driver::WaitForDialog(const std::wstring& title) {
 }
 
 bool Driver::AnswerFileDialog(const std::wstring& title, const std::wstring& path) {
-    if (!WaitForDialog(title)) return false;
-    Press({VK_CONTROL, 'A'});
-    Type(path);
+    constexpr int nameBox = 0x47C;  // cmb13 of the system's file dialogs
+    const HWND dialog = WaitForDialog(title);
+    if (!dialog) return false;
+    // Keys that come before the dialog is ready are lost.
+    WaitFor([&] { return GetForegroundWindow() == dialog; });
+    for (int tries = 0; tries < 3; ++tries) {
+        Press({VK_CONTROL, 'A'});
+        Type(path);
+        if (WaitFor([&] { return TextOfWindow(GetDlgItem(dialog, nameBox)) == path; }, 1000)) break;
+    }
     Press({VK_RETURN});
     const bool isClosed = WaitFor([&] { return !FindDialog(title); });
     Settle();

@@ -58,12 +58,12 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
         for (const int wide : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT})
             if (FileExists(WithoutExtension(path) + ImageClassOf(wide)->rawSuffix)) type = wide;
     auto image = MakeImage(type);
-    // A refusal has shown its own box.
-    if (!image || image->OpenBMPFile(path.c_str()) < 0) {
+    if (!image) {
         error = FileNameOf(path) + " could not be opened.";
         return nullptr;
     }
-    return image;
+    // A refusal shows the library's own box, and needs no second one.
+    return image->OpenBMPFile(path.c_str()) == 0 ? std::move(image) : nullptr;
 }
 
 bool SavePicture(CcImage& image, const std::string& path, std::string& error) {

@@ -4,6 +4,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "Resource.h"
 #include "platform/Pane.h"
@@ -90,6 +91,12 @@ std::optional<std::string> AskSavePath(HWND owner, const char* title, const char
     FileQuestion question(owner, title, filters, extension);
     question.record.Flags |= OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST;
     lstrcpynA(question.path, suggestion.c_str(), sizeof question.path);
+    // What is suggested can be a ROI's name, with characters that no file name has; the dialog would not even open. A
+    // whole path stays as it is.
+    const bool isWholePath = suggestion.size() > 2 && (suggestion[0] == '\\' || suggestion.substr(1, 2) == ":\\");
+    if (!isWholePath)
+        for (char* c = question.path; *c; ++c)
+            if (std::strchr("\\/:*?\"<>|", *c)) *c = '_';
     if (!GetSaveFileNameA(&question.record)) return std::nullopt;
     return question.path;
 }
