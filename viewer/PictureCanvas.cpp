@@ -50,7 +50,8 @@ void PictureView::PaintPicture(HDC dc) {
     Font font;
     font.Make(DpiOf(window));
     const Selected selectedFont(dc, font);
-    if (document->RoiCount() > 0) App().ApplyRoiLook(document->Roi(0), shown.mode == 1 ? shown.zoom : std::max(1, static_cast<int>(std::lround(Magnification()))));
+    const int penZoom = std::max(1, static_cast<int>(std::lround(Magnification())));
+    if (document->RoiCount() > 0) App().ApplyRoiLook(document->Roi(0), penZoom);
     for (int i = 0; i < document->RoiCount(); ++i) {
         CcRoiBase& roi = document->Roi(i);
         if (&roi == roiMouse.Hidden()) continue;

@@ -73,12 +73,12 @@ bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
     RECT pixel = {0, 0, 1, 1};
     image.Show(dc, &pixel, 100, 1, 0, 0, 1);
     DeleteDC(dc);
-    DeleteFileA(path.c_str());
+    const bool replacesPicture = DeleteFileA(path.c_str());
     // The result is 0 also when the file cannot be created.
     if (image.SaveBMPFile(path.c_str()) == 0 && FileExists(path)) {
-        // Samples of a picture that had this name before would be taken for this one's.
+        // The replaced picture's samples would be taken for this one's. Other files of that name are not touched.
         for (const int wide : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT})
-            if (wide != image.GetImageType())
+            if (replacesPicture && wide != image.GetImageType())
                 DeleteFileA((WithoutExtension(path) + ImageClassOf(wide)->rawSuffix).c_str());
         return true;
     }
