@@ -3,12 +3,17 @@ set(gtest_source /usr/src/googletest CACHE PATH "GoogleTest's source")
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(${gtest_source} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+# Optimising it takes longer than its part of a test run.
+target_compile_options(gtest PRIVATE -O0 -g0)
 
 if(NOT WIN32)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS tests/*/kernel/*_test.cpp)
   add_executable(test_kernels ${sources})
   target_link_libraries(test_kernels PRIVATE kest_kernels kest_options gtest_main)
   target_include_directories(test_kernels PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_options(test_kernels PRIVATE -O1)
+  target_precompile_headers(test_kernels PRIVATE
+    <gtest/gtest.h> <algorithm> <array> <cmath> <cstring> <functional> <memory> <random> <span> <string> <vector>)
   add_test(NAME native.kernels COMMAND test_kernels)
   set_tests_properties(native.kernels PROPERTIES TIMEOUT 600)
   # The programmer's guide shows the programs as they are.
