@@ -27,6 +27,9 @@ public:
     int Undo();
     /// Brings back what Undo replaced last.
     int Redo();
+    /// To be called instead of finishing the edit that Remember was called for: all is as before that call, what could
+    /// be redone then can be again. -1 when Undo or Redo came in between.
+    int Cancel();
     /// 1 when there is something to undo.
     int CanUndo() const { return pUndo != nullptr; }
     /// 1 when there is something to redo.
@@ -46,4 +49,6 @@ private:
     int iMaxSteps;
     Snapshot* pUndo;  // the newest first
     Snapshot* pRedo;
+    Snapshot* pRedoBefore;  // what the last Remember took from pRedo
+    bool bCanCancel;        // nothing came after the last Remember
 };

@@ -12,5 +12,7 @@
 /** Message to all tools: the current image is another one, or is gone. Sent after the variable has changed, and before
  * an image is deleted that was current. Both parameters are 0. */
 #define KEST_TOOL_IMAGE_CHANGED (WM_APP + 1)
-/** Message to all tools: the pixels of the current image have changed. Both parameters are 0. */
+/** Message to all tools: the pixels of the current image have changed. Both parameters are 0. A tool that has changed
+ * them itself sends it to the host's window (the window handle of its main function); the host then shows the picture
+ * anew and tells all tools. */
 #define KEST_TOOL_PIXELS_CHANGED (WM_APP + 2)

@@ -78,19 +78,28 @@ void Push(Snapshot*& newest, Snapshot* added) {
 }  // namespace
 
 CcRoiHistory::CcRoiHistory(CcList* pNewList, int iSteps)
-    : pList(pNewList), iMaxSteps(iSteps < 1 ? 1 : iSteps), pUndo(nullptr), pRedo(nullptr) {}
+    : pList(pNewList),
+      iMaxSteps(iSteps < 1 ? 1 : iSteps),
+      pUndo(nullptr),
+      pRedo(nullptr),
+      pRedoBefore(nullptr),
+      bCanCancel(false) {}
 
 CcRoiHistory::~CcRoiHistory() { Clear(); }
 
 void CcRoiHistory::Clear() {
-    DeleteAll(pUndo);
-    DeleteAll(pRedo);
+    for (Snapshot** newest : {&pUndo, &pRedo, &pRedoBefore})
+        DeleteAll(*newest);
+    bCanCancel = false;
 }
 
 int CcRoiHistory::Remember() {
     Snapshot* snapshot = Take();
     if (!snapshot) return KEST_FAILED;
-    DeleteAll(pRedo);
+    DeleteAll(pRedoBefore);
+    pRedoBefore = pRedo;
+    pRedo = nullptr;
+    bCanCancel = true;
     Push(pUndo, snapshot);
     int steps = 1;
     for (Snapshot* kept = pUndo; kept; kept = kept->next)
@@ -102,8 +111,21 @@ int CcRoiHistory::Undo() { return GoTo(pUndo, pRedo); }
 
 int CcRoiHistory::Redo() { return GoTo(pRedo, pUndo); }
 
+int CcRoiHistory::Cancel() {
+    if (!bCanCancel || !Restore(*pUndo)) return KEST_FAILED;
+    bCanCancel = false;
+    Snapshot* remembered = pUndo;
+    pUndo = remembered->next;
+    delete remembered;
+    pRedo = pRedoBefore;
+    pRedoBefore = nullptr;
+    return KEST_OK;
+}
+
 int CcRoiHistory::GoTo(Snapshot*& from, Snapshot*& other) {
     if (!from) return KEST_FAILED;
+    DeleteAll(pRedoBefore);
+    bCanCancel = false;
     Snapshot* present = Take();
     if (!present) return KEST_FAILED;
     Push(other, present);
@@ -199,7 +221,7 @@ bool CcRoiHistory::Restore(const Snapshot& snapshot) {
 
 /// A ROI that was made anew takes the place of the old one in every snapshot.
 void CcRoiHistory::RenameInAll(const CcHLObject* pOld, CcHLObject* pNew) {
-    for (Snapshot* newest : {pUndo, pRedo})
+    for (Snapshot* newest : {pUndo, pRedo, pRedoBefore})
         for (Snapshot* snapshot = newest; snapshot; snapshot = snapshot->next)
             for (RoiState* state = snapshot->states; state; state = state->next)
                 if (state->roi == pOld) state->roi = pNew;
