@@ -80,7 +80,7 @@ void Calibrate(Driver& view) {
         view.Click(view.Canvas(), At(mark.pixelX, mark.pixelY));
     int row = 0;
     for (const example::PlateMark& mark : example::PlateMarks()) {
-        view.ClickControl(IDC_CAL_WORLD_X_FIRST + row++);
+        view.ClickControl(IDC_CAL_WORLD_X_1 + row++);
         view.Press({VK_CONTROL, 'A'});
         view.Type(std::to_wstring(static_cast<int>(mark.worldX)));
         view.Press({VK_TAB});

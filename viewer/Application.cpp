@@ -13,9 +13,16 @@
 namespace kestview {
 namespace {
 
-Application* theApplication = nullptr;
 constexpr std::size_t mostRecentFiles = 8;
 constexpr const char* section = "KestView";
+
+struct LayoutSetting {
+    const char* key;
+    int WindowLayout::*length;
+};
+constexpr LayoutSetting layoutSettings[] = {{"SideWidth", &WindowLayout::sideWidth},
+                                            {"RoiListHeight", &WindowLayout::roiListHeight},
+                                            {"ResultsHeight", &WindowLayout::resultsHeight}};
 
 /// Text fields use these keys themselves.
 bool IsEditKey(const MSG& message) {
@@ -34,11 +41,10 @@ bool SameColour(const RGBTRIPLE& triple, COLORREF colour) {
 }  // namespace
 
 Application& App() {
-    return *theApplication;
+    return static_cast<Application&>(*RunningProgram());
 }
 
 Application::Application() {
-    theApplication = this;
     char folder[MAX_PATH] = {};
     if (SHGetFolderPathA(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, folder) == S_OK) {
         settingsPath = std::string(folder) + "\\KestView";
@@ -50,7 +56,6 @@ Application::Application() {
 
 Application::~Application() {
     SaveSettings();
-    theApplication = nullptr;
 }
 
 int Application::Run(const std::vector<std::string>& files, int showCommand) {
@@ -71,6 +76,10 @@ int Application::Run(const std::vector<std::string>& files, int showCommand) {
     }
     mainWindow.reset();
     return static_cast<int>(message.wParam);
+}
+
+void Application::ShowProgress(const std::string& text, double part) {
+    if (mainWindow) mainWindow->Status().ShowProgress(text, part);
 }
 
 void Application::NoteRecentFile(const std::string& path) {
@@ -101,16 +110,21 @@ std::string Application::ProgramFolder() const {
 }
 
 void Application::LoadSettings() {
+    const auto number = [this](const char* key, int otherwise) {
+        return static_cast<int>(GetPrivateProfileIntA(section, key, otherwise, settingsPath.c_str()));
+    };
     for (std::size_t i = 0; i < mostRecentFiles; ++i) {
         char path[4 * MAX_PATH] = {};
         GetPrivateProfileStringA(section, Format("Recent%u", static_cast<unsigned>(i)).c_str(), "", path, sizeof path,
                                  settingsPath.c_str());
         if (*path) recentFiles.push_back(path);
     }
-    selectedColour =
-        GetPrivateProfileIntA(section, "SelectedColour", static_cast<int>(selectedColour), settingsPath.c_str());
-    unselectedColour =
-        GetPrivateProfileIntA(section, "UnselectedColour", static_cast<int>(unselectedColour), settingsPath.c_str());
+    selectedColour = static_cast<COLORREF>(number("SelectedColour", static_cast<int>(selectedColour)));
+    unselectedColour = static_cast<COLORREF>(number("UnselectedColour", static_cast<int>(unselectedColour)));
+    layout.place = {number("Left", 0), number("Top", 0), number("Right", 0), number("Bottom", 0)};
+    layout.isMaximized = number("Maximized", 0) == 1;
+    for (const LayoutSetting& setting : layoutSettings)
+        layout.*setting.length = number(setting.key, layout.*setting.length);
 }
 
 void Application::SaveSettings() const {
@@ -122,6 +136,13 @@ void Application::SaveSettings() const {
         write(Format("Recent%u", static_cast<unsigned>(i)), recentFiles[i]);
     write("SelectedColour", Format("%lu", selectedColour));
     write("UnselectedColour", Format("%lu", unselectedColour));
+    write("Left", Format("%ld", layout.place.left));
+    write("Top", Format("%ld", layout.place.top));
+    write("Right", Format("%ld", layout.place.right));
+    write("Bottom", Format("%ld", layout.place.bottom));
+    write("Maximized", layout.isMaximized ? "1" : "0");
+    for (const LayoutSetting& setting : layoutSettings)
+        write(setting.key, Format("%d", layout.*setting.length));
 }
 
 }  // namespace kestview

@@ -6,27 +6,36 @@
 #include <vector>
 
 #include "KestApi.h"
+#include "platform/Program.h"
 
 namespace kestview {
 
 class MainWindow;
 
-class Application {
+/// Where the window and its parts are; lengths of parts are for 96 dots an inch.
+struct WindowLayout {
+    RECT place = {};  ///< empty: not known yet
+    bool isMaximized = false;
+    int sideWidth = 352;
+    int roiListHeight = 222;
+    int resultsHeight = 190;
+};
+
+class Application : public Program {
 public:
     Application();
-    ~Application();
-    Application(const Application&) = delete;
-    Application& operator=(const Application&) = delete;
+    ~Application() override;
 
     /// Opens the window and the files, and runs until the window is closed.
     int Run(const std::vector<std::string>& files, int showCommand);
-    MainWindow& Main() { return *mainWindow; }
+    void ShowProgress(const std::string& text, double part) override;
 
     // Settings, kept from run to run
     const std::vector<std::string>& RecentFiles() const { return recentFiles; }
     void NoteRecentFile(const std::string& path);
     COLORREF RoiColour(bool isSelected) const { return isSelected ? selectedColour : unselectedColour; }
     void SetRoiColour(bool isSelected, COLORREF colour);
+    WindowLayout& Layout() { return layout; }
 
     /// Gives the library the colours and, for this zoom, the pens. The library forgets the colours with the last ROI,
     /// so this is done before each drawing.
@@ -43,6 +52,7 @@ private:
     std::vector<std::string> recentFiles;
     COLORREF selectedColour = RGB(255, 0, 0);
     COLORREF unselectedColour = RGB(0, 200, 0);
+    WindowLayout layout;
     std::string settingsPath;
 };
 

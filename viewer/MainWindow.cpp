@@ -14,7 +14,6 @@
 #include "document/PictureFiles.h"
 #include "document/Session.h"
 #include "platform/Boxes.h"
-#include "platform/Busy.h"
 #include "platform/Text.h"
 
 namespace kestview {
@@ -22,7 +21,22 @@ namespace {
 
 constexpr const char* sideTitles[sidePageCount] = {"Threshold", "Display", "Histogram", "Profile", "Calibrate"};
 constexpr int sideTemplates[sidePageCount] = {IDD_THRESHOLD, IDD_DISPLAY_TABLE, IDD_GRAPH, IDD_GRAPH, IDD_CALIBRATION};
-constexpr int sideWidth = 352, roiListHeight = 222, resultsHeight = 190, roiMenuPosition = 4, toolsMenuPosition = 8;
+constexpr const char* sideTips[sidePageCount] = {
+    "Colour bands of values, and make masks of them", "Change how values become gray levels on the screen",
+    "How often each value occurs", "The values along the selected ROI", "Measure in a unit of your own"};
+constexpr int roiMenuPosition = 4, toolsMenuPosition = 8;
+constexpr SIZE smallestWindow = {900, 680};
+constexpr int smallestPicture = 200, smallestSide = 280, smallestRoiList = 110, smallestPage = 250,
+              smallestResults = 90;
+constexpr int barThickness = 5;
+
+/// The part of the window's monitor that programs may cover.
+RECT WorkAreaOf(HWND window) {
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
 
 HWND CreateTabs(HWND parent, int id, DWORD style) {
     return CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,
@@ -41,7 +55,6 @@ MainWindow::MainWindow()
       calibrationPane(*this) {}
 
 MainWindow::~MainWindow() {
-    Busy::show = nullptr;
     view.SetDocument(nullptr);
     tools.SetCurrentImage(nullptr);
 }
@@ -60,7 +73,12 @@ bool MainWindow::Create(int showCommand) {
               height = std::min(MulDiv(940, dpi, 96), HeightOf(desk));
     const int left = static_cast<int>(desk.left) + (WidthOf(desk) - width) / 2,
               top = static_cast<int>(desk.top) + (HeightOf(desk) - height) / 2;
-    if (!Window::Create(look, nullptr, {left, top, left + width, top + height})) return false;
+    RECT place = {left, top, left + width, top + height};
+    const WindowLayout& layout = App().Layout();
+    // The monitor of the last run may be gone.
+    if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) place = layout.place;
+    if (layout.isMaximized && showCommand == SW_SHOWDEFAULT) showCommand = SW_SHOWMAXIMIZED;
+    if (!Window::Create(look, nullptr, place)) return false;
     SetMenu(window, LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN)));
     OnCreate();
     ShowWindow(window, showCommand);
@@ -71,9 +89,8 @@ bool MainWindow::Create(int showCommand) {
 void MainWindow::OnCreate() {
     toolbar.Create(window);
     statusBar.Create(window);
-    Busy::show = [this](const std::string& text, double part) { statusBar.ShowProgress(text, part); };
     tabs = CreateTabs(window, IDC_TABS, WS_VISIBLE | TCS_FOCUSNEVER | TCS_TOOLTIPS);
-    sideTabs = CreateTabs(window, IDC_SIDE_TABS, WS_VISIBLE | TCS_FOCUSNEVER);
+    sideTabs = CreateTabs(window, IDC_SIDE_TABS, WS_VISIBLE | TCS_FOCUSNEVER | TCS_TOOLTIPS);
     for (int page = 0; page < sidePageCount; ++page) {
         TCITEMA item = {};
         item.mask = TCIF_TEXT;
@@ -129,17 +146,48 @@ void MainWindow::Arrange() {
         SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
                      SWP_NOZORDER | SWP_NOACTIVATE);
     };
+    WindowLayout& layout = App().Layout();
+    const auto unscaled = [this](int length) { return MulDiv(length, 96, DpiOf(window)); };
+    const int bar = Scaled(barThickness), mostSide = unscaled(WidthOf(room)) - smallestPicture,
+              mostResults = unscaled(HeightOf(room)) - smallestPicture,
+              mostList = unscaled(HeightOf(room)) - smallestPage;
+    // Lengths that the user chose, as far as there is room for them now.
+    const auto chosen = [this](int length, int least, int most) {
+        return Scaled(std::clamp(length, least, std::max(least, most)));
+    };
+    std::vector<Splitters::Bar> bars;
     RECT side = room;
-    side.left = std::max<LONG>(room.left, room.right - Scaled(sideWidth));
-    if (isSideShown) room.right = side.left;
+    side.left = std::max<LONG>(room.left, room.right - chosen(layout.sideWidth, smallestSide, mostSide));
+    if (isSideShown) {
+        room.right = side.left - bar;
+        bars.push_back(
+            {{room.right, room.top, side.left, room.bottom}, true, &layout.sideWidth, -1, smallestSide, mostSide});
+    }
     RECT results = room;
-    results.top = std::max<LONG>(room.top, room.bottom - Scaled(resultsHeight));
-    if (isResultsShown) room.bottom = results.top;
+    results.top = std::max<LONG>(room.top, room.bottom - chosen(layout.resultsHeight, smallestResults, mostResults));
+    if (isResultsShown) {
+        room.bottom = results.top - bar;
+        bars.push_back({{room.left, room.bottom, room.right, results.top},
+                        false,
+                        &layout.resultsHeight,
+                        -1,
+                        smallestResults,
+                        mostResults});
+    }
     place(resultsPane, results);
     ShowWindow(resultsPane, isResultsShown ? SW_SHOWNA : SW_HIDE);
 
     RECT list = side, pages = side;
-    list.bottom = pages.top = std::min<LONG>(side.top + Scaled(roiListHeight), side.bottom);
+    list.bottom = std::min<LONG>(side.top + chosen(layout.roiListHeight, smallestRoiList, mostList), side.bottom);
+    pages.top = std::min<LONG>(list.bottom + bar, side.bottom);
+    if (isSideShown)
+        bars.push_back({{side.left, list.bottom, side.right, pages.top},
+                        false,
+                        &layout.roiListHeight,
+                        1,
+                        smallestRoiList,
+                        mostList});
+    splitters.SetBars(std::move(bars));
     place(roiListPane, list);
     place(sideTabs, pages);
     RECT inner = {0, 0, WidthOf(pages), HeightOf(pages)};
@@ -160,6 +208,39 @@ void MainWindow::Arrange() {
     place(tabs, {room.left, room.top, room.right, picture.top});
     ShowWindow(tabs, documents.empty() ? SW_HIDE : SW_SHOWNA);
     place(view, picture);
+}
+
+void MainWindow::NoteLayout() {
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(window, &placement)) return;
+    RECT work = WorkAreaOf(window);
+    // The placement counts from the work area.
+    OffsetRect(&placement.rcNormalPosition, work.left, work.top);
+    App().Layout().place = placement.rcNormalPosition;
+    App().Layout().isMaximized = placement.showCmd == SW_SHOWMAXIMIZED;
+}
+
+bool MainWindow::OnSplitterMessage(UINT message, LPARAM lParam) {
+    POINT mouse = MousePosition(lParam);
+    switch (message) {
+        case WM_SETCURSOR:
+            GetCursorPos(&mouse);
+            ScreenToClient(window, &mouse);
+            return LOWORD(lParam) == HTCLIENT && splitters.ShowCursor(mouse);
+        case WM_LBUTTONDOWN:
+            splitters.Press(window, mouse);
+            return true;
+        case WM_MOUSEMOVE:
+            if (splitters.Drag(mouse, DpiOf(window))) {
+                Arrange();
+                UpdateWindow(window);
+            }
+            return true;
+        default:
+            splitters.Release();
+            return true;
+    }
 }
 
 // Documents
@@ -219,7 +300,8 @@ bool MainWindow::CloseAll() {
     // Nothing is lost when the last question is answered with Cancel: first all are asked about, then all go.
     for (std::size_t i = documents.size(); i-- > 0;)
         if (!MayClose(*documents[i])) return false;
-    while (!documents.empty()) Discard(*documents.back());
+    while (!documents.empty())
+        Discard(*documents.back());
     return true;
 }
 
@@ -380,11 +462,22 @@ LRESULT MainWindow::OnNotify(NMHDR& header) {
     } else if (header.idFrom == IDC_SIDE_TABS && header.code == TCN_SELCHANGE) {
         ShowSidePage(static_cast<SidePage>(SendMessageA(sideTabs, TCM_GETCURSEL, 0, 0)));
     } else if (header.code == TTN_GETDISPINFOA) {
-        auto& tip = reinterpret_cast<NMTTDISPINFOA&>(header);
-        const std::string text = TipOf(static_cast<int>(header.idFrom), tools);
-        lstrcpynA(tip.szText, text.c_str(), sizeof tip.szText);
+        const auto isOf = [&](HWND tabControl) {
+            return header.hwndFrom == reinterpret_cast<HWND>(SendMessageA(tabControl, TCM_GETTOOLTIPS, 0, 0));
+        };
+        const int id = static_cast<int>(header.idFrom);
+        tip = isOf(tabs) ? TabTip(id) : isOf(sideTabs) && id < sidePageCount ? sideTips[id] : TipOf(id, tools);
+        reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = tip.data();
     }
     return 0;
+}
+
+/// A document's tab tells where it comes from.
+std::string MainWindow::TabTip(int tab) const {
+    if (tab < 0 || tab >= static_cast<int>(documents.size())) return "";
+    Document& document = *documents[static_cast<std::size_t>(tab)];
+    if (!document.sessionPath.empty()) return document.sessionPath;
+    return document.picturePath.empty() ? document.Name() : document.picturePath;
 }
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -394,9 +487,27 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETMINMAXINFO: {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
-            limits.ptMinTrackSize = {Scaled(820), Scaled(680)};
+            const RECT work = WorkAreaOf(window);
+            limits.ptMinTrackSize = {std::min(Scaled(smallestWindow.cx), WidthOf(work)),
+                                     std::min(Scaled(smallestWindow.cy), HeightOf(work))};
             return 0;
         }
+        case WM_SETCURSOR:
+            if (OnSplitterMessage(message, lParam)) return TRUE;
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONUP:
+        case WM_CAPTURECHANGED:
+            OnSplitterMessage(message, lParam);
+            return 0;
+        case KEST_TOOL_PIXELS_CHANGED:
+            // A tool has changed the picture in front.
+            if (active) {
+                active->Image().ReScaleImageOnShow();
+                active->Changed(PictureChanged, true);
+            }
+            return 0;
         case WM_DPICHANGED:
             OnDpiChanged(*reinterpret_cast<RECT*>(lParam));
             return 0;
@@ -421,6 +532,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CLOSE:
             if (!CloseAll()) return 0;
             tools.CloseAll();
+            NoteLayout();
             DestroyWindow(window);
             return 0;
         case WM_QUERYENDSESSION:
@@ -429,8 +541,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             PostQuitMessage(0);
             return 0;
         default:
-            return Window::OnMessage(message, wParam, lParam);
+            break;
     }
+    return Window::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace kestview

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "PictureView.h"
+#include "Splitters.h"
 #include "StatusBar.h"
 #include "Toolbar.h"
 #include "Tools.h"
@@ -82,6 +83,9 @@ private:
     void OnDocumentChanged(Document& document, unsigned change);
     void OnInitMenu(HMENU menu);
     void Arrange();
+    void NoteLayout();
+    bool OnSplitterMessage(UINT message, LPARAM lParam);
+    std::string TabTip(int tab) const;
     void UpdateTabs();
     void UpdateTitle();
     DocumentPane& PageOf(SidePage page);
@@ -94,6 +98,8 @@ private:
     Font font;
     Toolbar toolbar;
     StatusBar statusBar;
+    Splitters splitters;
+    std::string tip;  ///< what the tooltip in front says
     PictureView view;
     Tools tools;
     RoiListPane roiListPane;

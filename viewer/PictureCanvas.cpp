@@ -1,11 +1,8 @@
 // The canvas of a PictureView: painting picture, overlay and ROIs into a back buffer, and the mouse.
 #include <windowsx.h>
 
-#include <algorithm>
-#include <cmath>
-
-#include "Application.h"
 #include "PictureView.h"
+#include "RoiPainting.h"
 #include "platform/Drawing.h"
 
 namespace kestview {
@@ -50,33 +47,8 @@ void PictureView::PaintPicture(HDC dc) {
     Font font;
     font.Make(DpiOf(window));
     const Selected selectedFont(dc, font);
-    const int penZoom = std::max(1, static_cast<int>(std::lround(Magnification())));
-    if (document->RoiCount() > 0) App().ApplyRoiLook(document->Roi(0), penZoom);
-    for (int i = 0; i < document->RoiCount(); ++i) {
-        CcRoiBase& roi = document->Roi(i);
-        if (&roi == roiMouse.Hidden()) continue;
-        SetTextColor(dc, App().RoiColour(roi.IsROISelected()));
-        roi.ShowROI(dc, shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &image, shown.zoom, -1);
-    }
-    if (showsRoiNames) PaintNames(dc);
+    PaintRois(dc, canvas.ClientSize(), *document, shown, {roiMouse.Hidden(), showsRoiNames, true, DpiOf(window)});
     if (onPaintOver) onPaintOver(dc);
-}
-
-void PictureView::PaintNames(HDC dc) {
-    SetBkMode(dc, TRANSPARENT);
-    SetTextAlign(dc, TA_LEFT | TA_BOTTOM);
-    for (int i = 0; i < document->RoiCount(); ++i) {
-        CcRoiBase& roi = document->Roi(i);
-        // A point writes its name itself.
-        if (&roi == roiMouse.Hidden() || roi.GetROIType() == KEST_ROI_POINT) continue;
-        const RECT* bounds = roi.GetCurrentBoundingRect();
-        if (!bounds) continue;
-        POINT corner = PointOf(bounds->left, std::max(bounds->top, bounds->bottom));
-        corner.y = std::max<LONG>(corner.y - Scaled(2), Scaled(16));
-        SetTextColor(dc, App().RoiColour(roi.IsROISelected()));
-        TextOutA(dc, corner.x, corner.y, roi.GetName(), lstrlenA(roi.GetName()));
-    }
-    SetTextAlign(dc, TA_LEFT | TA_TOP);
 }
 
 void PictureView::PaintEmpty(HDC dc) {
@@ -125,7 +97,9 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
                 return 0;
             } else {
                 POINT pixel;
-                if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) && onPick(pixel)) return 0;
+                if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) &&
+                    onPick(pixel, roiMouse.IsOnRoi(shown, mouse)))
+                    return 0;
                 roiMouse.Press(shown, mouse, (wParam & (MK_CONTROL | MK_SHIFT)) != 0);
                 return 0;
             }
@@ -158,10 +132,12 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
             roiMouse.Release(shown, mouse);
             return 0;
         case WM_RBUTTONUP:
-            if (roiMouse.IsDrawingVertices())
+            if (roiMouse.IsDrawingVertices()) {
                 roiMouse.Finish();
-            else if (!roiMouse.IsDragging() && document && onContextMenu)
+            } else if (!roiMouse.IsDragging() && document && onContextMenu) {
+                roiMouse.SelectAt(shown, mouse);
                 onContextMenu();
+            }
             return 0;
         case WM_CAPTURECHANGED:
             // Another window has taken the mouse.
@@ -177,8 +153,9 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
             POINT point;
             GetCursorPos(&point);
             ScreenToClient(canvas, &point);
-            SetCursor(LoadCursorA(nullptr, onPick && roiMouse.Tool() == selectTool ? reinterpret_cast<LPCSTR>(IDC_CROSS)
-                                                                                   : roiMouse.CursorAt(shown, point)));
+            const bool picks = onPick && roiMouse.Tool() == selectTool && !roiMouse.IsOnRoi(shown, point);
+            SetCursor(
+                LoadCursorA(nullptr, picks ? reinterpret_cast<LPCSTR>(IDC_CROSS) : roiMouse.CursorAt(shown, point)));
             return TRUE;
         }
         case WM_MOUSEWHEEL:

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "Resource.h"
+#include "RoiPainting.h"
 #include "platform/Drawing.h"
 
 namespace kestview {
@@ -42,6 +43,7 @@ Shown PictureView::GetShown() const {
     shown.zoom = std::max(view.zoom, 1);
     shown.xOffset = view.xOffset;
     shown.yOffset = view.yOffset;
+    shown.penZoom = std::max(1, static_cast<int>(std::lround(Magnification())));
     return shown;
 }
 
@@ -179,10 +181,7 @@ bool PictureView::PixelAt(POINT point, POINT& pixel) const {
 }
 
 POINT PictureView::PointOf(double x, double y) const {
-    const SIZE size = document->Size();
-    const double magnification = Magnification();
-    return {static_cast<LONG>(std::floor((x + 0.5 - document->view.xOffset) * magnification)),
-            static_cast<LONG>(std::floor((size.cy - 0.5 - y - document->view.yOffset) * magnification))};
+    return ShownPoint(canvas.ClientSize(), document->Size(), GetShown(), x, y);
 }
 
 void PictureView::OnScroll(int bar, WPARAM wParam) {
@@ -287,7 +286,10 @@ LRESULT PictureView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_MOUSEWHEEL: {
             POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
             ScreenToClient(canvas, &point);
-            const int steps = GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
+            // Fine wheels send parts of a step; they add up.
+            wheelRest += GET_WHEEL_DELTA_WPARAM(wParam);
+            const int steps = wheelRest / WHEEL_DELTA;
+            wheelRest %= WHEEL_DELTA;
             if (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT)
                 ScrollTo(document ? document->view.xOffset : 0, document ? document->view.yOffset - steps * 24 : 0);
             else

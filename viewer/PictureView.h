@@ -43,8 +43,8 @@ public:
     std::function<void(const POINT* pixel)> onHover;  ///< null: the mouse has left
     std::function<void()> onToolChanged;
     std::function<void()> onContextMenu;
-    /// A click with the select tool; true when it was taken (the calibration pane picks points).
-    std::function<bool(POINT pixel)> onPick;
+    /// A click with the select tool, maybe on a ROI; true when it was taken (the calibration pane picks points).
+    std::function<bool(POINT pixel, bool isOnRoi)> onPick;
     /// Draws over picture and ROIs.
     std::function<void(HDC dc)> onPaintOver;
 
@@ -68,7 +68,6 @@ private:
     /// Sizes the canvas and the scroll bars.
     void Arrange();
     void PaintPicture(HDC dc);
-    void PaintNames(HDC dc);
     void PaintEmpty(HDC dc);
     SIZE VisiblePixels() const;
 
@@ -78,6 +77,7 @@ private:
     bool isArranging = false;
     bool isPanning = false;
     bool isHovering = false;
+    int wheelRest = 0;  ///< turned since the last whole step
     POINT panStart = {};
     POINT panOffset = {};
 };

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 
+#include "Application.h"
 #include "document/RoiKinds.h"
 
 namespace kestview {
@@ -64,6 +65,7 @@ void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
     hasVertices = kind->hasVertices;
     lastMouse = mouse;
     isDragging = true;
+    App().ApplyRoiLook(*drawn, shown.penZoom);
     if (drawn->StartMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse,
                               KEST_DRAG_CREATE, nullptr, shown.zoom) < 0)
         Cancel();
@@ -71,6 +73,7 @@ void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
 
 void RoiMouse::StartMoving(const Shown& shown, POINT mouse) {
     document->BeforeRoiEdit();
+    App().ApplyRoiLook(*grabbed, shown.penZoom);
     dragShown = shown;
     hasVertices = false;
     lastMouse = mouse;
@@ -139,8 +142,14 @@ void RoiMouse::End(bool isKept) {
     } else if (isKept) {
         document->RoisEdited();
     } else {
-        document->Undo();
+        document->CancelRoiEdit();
     }
+}
+
+void RoiMouse::SelectAt(const Shown& shown, POINT mouse) {
+    if (!document || isDragging) return;
+    const Hit hit = HitAt(shown, mouse);
+    if (hit.roi && !hit.roi->IsROISelected()) document->SelectOnly(hit.roi);
 }
 
 LPCSTR RoiMouse::CursorAt(const Shown& shown, POINT mouse) {

@@ -15,6 +15,7 @@ struct Shown {
     int xOffset = 0;
     int yOffset = 0;
     int zoom = 1;
+    int penZoom = 1;  ///< how much larger than its pixels the picture is, for the pens; also when it is stretched
 };
 
 /// The tool that selects instead of drawing; any other tool is a ROI type.
@@ -43,6 +44,9 @@ public:
     /// The ROI that the drag itself draws, so that the picture leaves it out.
     const CcRoiBase* Hidden() const { return isDragging && !drawn ? grabbed : nullptr; }
     LPCSTR CursorAt(const Shown& shown, POINT mouse);
+    bool IsOnRoi(const Shown& shown, POINT mouse) { return document && HitAt(shown, mouse).roi; }
+    /// Selects the ROI under the mouse, if there is one that is not selected yet.
+    void SelectAt(const Shown& shown, POINT mouse);
 
 private:
     struct Hit {

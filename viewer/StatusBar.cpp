@@ -30,7 +30,7 @@ void StatusBar::Arrange() {
     GetClientRect(window, &client);
     const int dpi = DpiOf(window);
     // From the right: picture, zoom, world, value, pixel; the message takes the rest.
-    const int widths[partCount] = {0, 120, 200, 230, 70, 250};
+    const int widths[partCount] = {0, 110, 150, 190, 70, 190};
     int edges[partCount];
     int right = client.right;
     for (int part = partCount - 1; part >= 0; --part) {
@@ -53,9 +53,10 @@ void StatusBar::ShowMessage(const std::string& text) {
 }
 
 void StatusBar::ShowProgress(const std::string& text, double part) {
-    if (part < 0) {
+    SetPart(MessagePart, text);
+    if (text.empty() || part < 0) {
         ShowWindow(progress, SW_HIDE);
-        SetPart(MessagePart, "");
+        UpdateWindow(window);
         return;
     }
     RECT place;
@@ -63,7 +64,6 @@ void StatusBar::ShowProgress(const std::string& text, double part) {
     place.left += WidthOf(place) / 2;
     InflateRect(&place, -2, -2);
     MoveWindow(progress, place.left, place.top, WidthOf(place), HeightOf(place), TRUE);
-    SetPart(MessagePart, text);
     SendMessageA(progress, PBM_SETPOS, static_cast<WPARAM>(part * 100), 0);
     ShowWindow(progress, SW_SHOWNA);
     UpdateWindow(window);

@@ -13,7 +13,7 @@ public:
     void Arrange();
 
     void ShowMessage(const std::string& text);
-    /// A part from 0 to 1; below 0 takes the bar away.
+    /// Text, and a bar for a part from 0 to 1; an empty text takes both away.
     void ShowProgress(const std::string& text, double part);
     /// Null: the mouse is not over the picture.
     void ShowPixel(Document* document, const POINT* pixel);

@@ -41,7 +41,10 @@ std::wstring TextOfWindow(HWND window) {
     return text;
 }
 
-Driver::Driver(const std::wstring& arguments) {
+Driver::Driver(const std::wstring& arguments, bool keepsSettings) {
+    wchar_t settings[MAX_PATH] = {};
+    GetEnvironmentVariableW(L"APPDATA", settings, MAX_PATH);
+    if (!keepsSettings) DeleteFileW((std::wstring(settings) + L"\\KestView\\KestView.ini").c_str());
     std::wstring command = L"KestView.exe " + arguments;
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup;

@@ -12,8 +12,9 @@ namespace test {
 
 class Driver {
 public:
-    /// Starts the program; `arguments` as typed behind its name.
-    explicit Driver(const std::wstring& arguments = L"");
+    /// Starts the program as on its first day, or with the settings of its last run; `arguments` as typed behind its
+    /// name.
+    explicit Driver(const std::wstring& arguments = L"", bool keepsSettings = false);
     /// Ends a program that still runs.
     ~Driver();
     Driver(const Driver&) = delete;

@@ -48,6 +48,7 @@ const Command commands[] = {
     {ID_EDIT_UNDO, ID_EDIT_UNDO, EditUndo, CanUndo, Unmarked},
     {ID_EDIT_REDO, ID_EDIT_REDO, EditRedo, CanRedo, Unmarked},
     {ID_EDIT_COPY, ID_EDIT_COPY, EditCopy, HasPicture, Unmarked},
+    {ID_EDIT_COPY_WITH_ROIS, ID_EDIT_COPY_WITH_ROIS, EditCopyWithRois, HasRois, Unmarked},
     {ID_EDIT_DELETE, ID_EDIT_DELETE, EditDelete, HasSelection, Unmarked},
     {ID_EDIT_RENAME, ID_EDIT_RENAME, EditRename, HasSelection, Unmarked},
     {ID_EDIT_SELECT_ALL, ID_EDIT_SELECT_ALL, EditSelectAll, HasRois, Unmarked},
@@ -62,10 +63,10 @@ const Command commands[] = {
     {ID_VIEW_NEXT_PICTURE, ID_VIEW_PREVIOUS_PICTURE, ViewNextPicture, HasPictures, Unmarked},
 
     {ID_IMAGE_REGION, ID_IMAGE_REGION, ImageRegion, HasSelection, Unmarked},
-    {ID_IMAGE_CONVERT_FIRST, ID_IMAGE_CONVERT_LAST, ImageConvert, CanConvert, IsClass},
-    {ID_IMAGE_CHANNEL_FIRST, ID_IMAGE_CHANNEL_LAST, ImageChannel, HasChannel, IsChannel},
+    {ID_IMAGE_CONVERT_GRAY256, ID_IMAGE_CONVERT_HSL, ImageConvert, CanConvert, IsClass},
+    {ID_IMAGE_CHANNEL_LUMINANCE, ID_IMAGE_CHANNEL_LIGHTNESS, ImageChannel, HasChannel, IsChannel},
 
-    {ID_ROI_SELECT_TOOL, ID_ROI_TOOL_LAST, RoiTool, HasPicture, IsRoiTool},
+    {ID_ROI_SELECT_TOOL, ID_ROI_TOOL_POLYLINE, RoiTool, HasPicture, IsRoiTool},
     {ID_ROI_COLOUR_SELECTED, ID_ROI_COLOUR_UNSELECTED, RoiColour, Always, Unmarked},
     {ID_ROI_SAVE, ID_ROI_SAVE, RoiSave, HasSelection, Unmarked},
     {ID_ROI_RESTORE, ID_ROI_RESTORE, RoiRestore, HasPicture, Unmarked},

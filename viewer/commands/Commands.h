@@ -47,6 +47,7 @@ bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked);
 void EditUndo(MainWindow& main, int id);
 void EditRedo(MainWindow& main, int id);
 void EditCopy(MainWindow& main, int id);
+void EditCopyWithRois(MainWindow& main, int id);
 void EditDelete(MainWindow& main, int id);
 void EditRename(MainWindow& main, int id);
 void EditSelectAll(MainWindow& main, int id);

@@ -3,6 +3,7 @@
 #include "Resource.h"
 #include "commands/Commands.h"
 #include "platform/Boxes.h"
+#include "platform/Text.h"
 
 namespace kestview {
 
@@ -66,11 +67,12 @@ void GraphSettings(MainWindow& main, int id) {
             break;
         case ID_GRAPH_SAVE:
             if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra"))
-                graph.SaveAppearance(path->c_str());
+                graph.SaveAppearance(path->c_str());  // tells itself when it cannot
             break;
         case ID_GRAPH_RESTORE:
             if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra"))
-                graph.RestoreAppearance(path->c_str());
+                if (graph.RestoreAppearance(path->c_str()) < 0)
+                    ShowError(main, FileNameOf(*path) + " is not a graph appearance, or it is damaged.");
             break;
         default:
             break;

@@ -1,9 +1,22 @@
 // The Edit menu.
 #include "MainWindow.h"
+#include "RoiPainting.h"
 #include "commands/Commands.h"
+#include "dialogs/TextDialog.h"
 #include "platform/Boxes.h"
+#include "platform/Busy.h"
 
 namespace kestview {
+namespace {
+
+/// Null copies all.
+void Copy(MainWindow& main, CcImage& image, unsigned short table, RECT* part) {
+    const Busy busy("Copying", SampleBytes(image));
+    if (image.CopyToClipboard(main, table, part) < 0)
+        ShowError(main, "The picture could not be copied: another program is using the clipboard, or memory is short.");
+}
+
+}  // namespace
 
 void EditUndo(MainWindow& main, int) {
     main.Active()->Undo();
@@ -30,9 +43,17 @@ void EditCopy(MainWindow& main, int) {
                 copied = &part;
             }
         }
-    if (document.Image().CopyToClipboard(main, document.ShownTable(), copied) < 0)
-        ShowError(main, "The picture could not be copied: another program is using the clipboard, or memory is short.");
+    Copy(main, document.Image(), document.ShownTable(), copied);
     main.View().Refresh(DisplayChanged);
+}
+
+void EditCopyWithRois(MainWindow& main, int) {
+    const auto drawn = DrawnWithRois(*main.Active(), main.View().showsRoiNames);
+    constexpr unsigned short colours = 100;
+    if (drawn)
+        Copy(main, *drawn, colours, nullptr);
+    else
+        ShowError(main, "There is not enough memory to draw the picture with its ROIs.");
 }
 
 void EditDelete(MainWindow& main, int) {

@@ -1,7 +1,12 @@
 // The File menu.
+#include <windows.h>
+
+#include <commdlg.h>
+
 #include "Application.h"
 #include "MainWindow.h"
 #include "Resource.h"
+#include "RoiPainting.h"
 #include "commands/Commands.h"
 #include "document/PictureFiles.h"
 #include "document/Session.h"
@@ -71,7 +76,6 @@ void FileSavePicture(MainWindow& main, int) {
                                   document.Name() + ".bmp");
     if (!path) return;
     const PlainPixels plain(document);
-    const Busy busy("Saving " + FileNameOf(*path));
     std::string error;
     if (!SavePicture(document.Image(), *path, error)) {
         ShowError(main, error);
@@ -87,8 +91,23 @@ void FileSavePicture(MainWindow& main, int) {
 void FilePrint(MainWindow& main, int) {
     Document& document = *main.Active();
     const Shown shown = main.View().GetShown();
+    std::unique_ptr<CcImage> drawn;
+    if (document.RoiCount() > 0) {
+        drawn = DrawnWithRois(document, main.View().showsRoiNames);
+        if (!drawn) {
+            ShowError(main, "There is not enough memory to print the picture with its ROIs.");
+            return;
+        }
+    }
+    CcImage& printed = drawn ? *drawn : document.Image();
+    // The library's dialog is modal to the window with the focus.
     SetFocus(main.View());
-    document.Image().Print(shown.canvas, document.ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    const Busy busy("Printing", SampleBytes(printed));
+    const int result =
+        printed.Print(shown.canvas, document.ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    // A cancelled dialog has no error.
+    if (result < 0 && CommDlgExtendedError() != 0)
+        ShowError(main, "The picture could not be printed. Is there a printer?");
     main.View().Refresh(DisplayChanged);
 }
 

@@ -23,7 +23,7 @@ void AddPicture(MainWindow& main, std::unique_ptr<CcImage> image, Document* like
 void ImageRegion(MainWindow& main, int) {
     Document& document = *main.Active();
     const PlainPixels plain(document);
-    const Busy busy("Cutting out");
+    const Busy busy("Cutting out", SampleBytes(document.Image()));
     std::unique_ptr<CcImage> region(document.Image().GetRegion(document.SelectedRoi(), 0, 0));
     const SIZE size = region ? SizeOf(*region) : SIZE{0, 0};
     if (size.cx < 1 || size.cy < 1) {
@@ -36,7 +36,7 @@ void ImageRegion(MainWindow& main, int) {
 void ImageConvert(MainWindow& main, int id) {
     Document& document = *main.Active();
     const PlainPixels plain(document);
-    auto converted = ConvertImage(document.Image(), id - ID_IMAGE_CONVERT_FIRST);
+    auto converted = ConvertImage(document.Image(), id - ID_IMAGE_CONVERT_GRAY256);
     if (!converted) {
         ShowError(main, "There is not enough memory for the converted picture.");
         return;
@@ -50,15 +50,15 @@ void ImageConvert(MainWindow& main, int id) {
 }
 
 bool CanConvert(MainWindow& main, int id) {
-    return main.Active() && main.Active()->Class().type != id - ID_IMAGE_CONVERT_FIRST;
+    return main.Active() && main.Active()->Class().type != id - ID_IMAGE_CONVERT_GRAY256;
 }
 
 bool IsClass(MainWindow& main, int id) {
-    return main.Active() && main.Active()->Class().type == id - ID_IMAGE_CONVERT_FIRST;
+    return main.Active() && main.Active()->Class().type == id - ID_IMAGE_CONVERT_GRAY256;
 }
 
 void ImageChannel(MainWindow& main, int id) {
-    main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_FIRST);
+    main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_LUMINANCE);
     main.Threshold().Refresh(EverythingChanged);
 }
 
@@ -66,11 +66,11 @@ void ImageChannel(MainWindow& main, int id) {
 bool HasChannel(MainWindow& main, int id) {
     if (!main.Active()) return false;
     const int type = main.Active()->Class().type;
-    return id - ID_IMAGE_CHANNEL_FIRST <= 3 ? type == KEST_IMAGE_RGB : type == KEST_IMAGE_HSL;
+    return id - ID_IMAGE_CHANNEL_LUMINANCE <= 3 ? type == KEST_IMAGE_RGB : type == KEST_IMAGE_HSL;
 }
 
 bool IsChannel(MainWindow& main, int id) {
-    return main.Active() && main.Active()->Channel() == id - ID_IMAGE_CHANNEL_FIRST;
+    return main.Active() && main.Active()->Channel() == id - ID_IMAGE_CHANNEL_LUMINANCE;
 }
 
 }  // namespace kestview

@@ -15,7 +15,7 @@ constexpr const char* oneFilter = "ROI files (*.roi)|*.roi|All files (*.*)|*.*|"
 constexpr const char* allFilter = "ROI lists (*.rois)|*.rois|All files (*.*)|*.*|";
 
 int ToolOf(int id) {
-    return id == ID_ROI_SELECT_TOOL ? selectTool : roiKinds[id - ID_ROI_TOOL_FIRST].type;
+    return id == ID_ROI_SELECT_TOOL ? selectTool : roiKinds[id - ID_ROI_TOOL_POINT].type;
 }
 
 }  // namespace

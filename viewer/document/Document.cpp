@@ -6,6 +6,17 @@
 #include "platform/Text.h"
 
 namespace kestview {
+namespace {
+
+/// Moves a curve to another range of input values.
+void Spread(std::vector<tagPoints>& curve, float low, float high) {
+    const float oldLow = curve.front().x, oldSpan = curve.back().x - oldLow;
+    for (tagPoints& point : curve)
+        point.x = low + (point.x - oldLow) / oldSpan * (high - low);
+    curve.back().x = high;
+}
+
+}  // namespace
 
 Document::Document(std::unique_ptr<CcImage> newImage)
     : image(std::move(newImage)), history(new CcRoiHistory(image->GetListROI())), preview(*image) {
@@ -74,13 +85,17 @@ void Document::Redo() {
     if (history->Redo() == 0) RoisEdited();
 }
 
+void Document::CancelRoiEdit() {
+    if (history->Cancel() == 0) Changed(RoisChanged);
+}
+
 void Document::SetDisplayTable(unsigned short table) {
+    if (displayTable == table) return;
     displayTable = table;
-    Changed(DisplayChanged);
+    Changed(DisplayChanged, true);
 }
 
 void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints>& points) {
-    tableCurves[{table, channel}] = points;
     const std::size_t count = table == 103 ? 128 : table == 104 ? 64 : 256;
     std::vector<tagPoints> entries(count);
     if (points.size() < 2 || image->GetDisplayLUT(table, channel, entries.data()) < 0) return;
@@ -98,12 +113,30 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
         entries[i].y = a.y + (b.y - a.y) * part;
     }
     image->SetDisplayLUT(table, channel, entries.data());
+    if (Class().isWide)
+        for (auto& [place, curve] : tableCurves)
+            Spread(curve, points.front().x, points.back().x);
+    tableCurves[{table, channel}] = points;
+    SetModified(true);
+}
+
+void Document::ResetTableCurve(int table, int channel, const std::vector<tagPoints>& straight) {
+    SetTableCurve(table, channel, straight);
+    tableCurves.erase({table, channel});
 }
 
 bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, const std::string& path) {
     if (image->SetCalibrationObject(newCalibration.get()) < 0) return false;
     calibration = std::move(newCalibration);
     calibrationPath = path;
+    for (std::size_t i = 0; i < std::size(calibrationDraft.points); ++i) {
+        const tagPoints pixel = calibration->GetImagePoints()[i], world = calibration->GetWorldPoints()[i];
+        calibrationDraft.points[i] = {true,
+                                      {static_cast<LONG>(pixel.x), static_cast<LONG>(pixel.y)},
+                                      Format("%.6g", static_cast<double>(world.x)),
+                                      Format("%.6g", static_cast<double>(world.y))};
+    }
+    calibrationDraft.unit = calibration->GetUnitsOfMeasure();
     Changed(CalibrationChanged, true);
     return true;
 }
@@ -125,13 +158,14 @@ void Document::RemoveCalibration() {
     image->ClearCalibrationObject();
     calibration.reset();
     calibrationPath.clear();
+    calibrationDraft = {};
     Changed(CalibrationChanged, true);
 }
 
-void Document::SetBands(std::vector<ThresholdTag> newBands) {
+void Document::SetBands(std::vector<ThresholdTag> newBands, bool isEdit) {
     bands = std::move(newBands);
     preview.Show(bands);
-    Changed(DisplayChanged);
+    Changed(DisplayChanged, isEdit);
 }
 
 void Document::PreviewBands(bool isShown, HWND canvas) {
@@ -152,10 +186,11 @@ int Document::Channel() {
 }
 
 void Document::SetChannel(int channel) {
+    if (channel == Channel()) return;
     if (auto* rgb = dynamic_cast<Cc24BitRGBImage*>(image.get())) rgb->SetAccess(channel);
     if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->SetAccess(channel);
     preview.Show(bands);
-    Changed(DisplayChanged);
+    Changed(DisplayChanged, true);
 }
 
 PlainPixels::PlainPixels(Document& newDocument) : document(newDocument), wasOn(newDocument.preview.IsOn()) {

@@ -26,6 +26,17 @@ enum Change : unsigned {
     EverythingChanged = ~0u,
 };
 
+/// The four points of the calibration pane, as far as they are picked and typed.
+struct CalibrationDraft {
+    struct Point {
+        bool isPicked = false;
+        POINT pixel = {};
+        std::string worldX, worldY;  ///< as typed
+    };
+    Point points[4];
+    std::string unit = "mm";
+};
+
 struct ViewState {
     int zoom = 0;  ///< 1 to 16; 0 fits the whole picture into the view
     int xOffset = 0;
@@ -66,6 +77,8 @@ public:
     /// To be called before any other edit of the ROIs, and RoisEdited after it.
     void BeforeRoiEdit() { history->Remember(); }
     void RoisEdited() { Changed(RoisChanged, true); }
+    /// Instead of RoisEdited: all is as it was before BeforeRoiEdit.
+    void CancelRoiEdit();
     bool CanUndo() const { return history->CanUndo() != 0; }
     bool CanRedo() const { return history->CanRedo() != 0; }
     void Undo();
@@ -77,11 +90,14 @@ public:
     unsigned short ShownTable() const { return preview.IsOn() ? 101 : displayTable; }
     unsigned short DisplayTable() const { return displayTable; }
     void SetDisplayTable(unsigned short table);
-    /// The few points between which a display table's channel (see GetDisplayLUT) was interpolated; empty until it was
-    /// edited.
-    std::vector<tagPoints>& TableCurve(int table, int channel) { return tableCurves[{table, channel}]; }
-    /// Interpolates the table between these points, which are in ascending order.
+    /// The few points between which a display table's channel (see GetDisplayLUT) was interpolated, by table and
+    /// channel; only of those that were edited.
+    const std::map<std::pair<int, int>, std::vector<tagPoints>>& TableCurves() const { return tableCurves; }
+    /// Interpolates the table between these points, which are in ascending order. Of wide pictures the first and the
+    /// last one are the range that all tables show.
     void SetTableCurve(int table, int channel, const std::vector<tagPoints>& points);
+    /// The same with a curve that counts as not edited.
+    void ResetTableCurve(int table, int channel, const std::vector<tagPoints>& straight);
 
     // Calibration: shared with the image, owned here.
     CcCalibration* Calibration() const { return calibration.get(); }
@@ -91,10 +107,12 @@ public:
     /// Takes over what another document of the same size is calibrated by.
     void CalibrateLike(const Document& other);
     std::string calibrationPath;
+    CalibrationDraft calibrationDraft;
 
     // Threshold bands
     const std::vector<ThresholdTag>& Bands() const { return bands; }
-    void SetBands(std::vector<ThresholdTag> newBands);
+    /// The band that the program begins with is no edit.
+    void SetBands(std::vector<ThresholdTag> newBands, bool isEdit = true);
     /// Shows the bands in their colours over the picture in `canvas`.
     void PreviewBands(bool isShown, HWND canvas);
     bool IsPreviewing() const { return preview.IsOn(); }

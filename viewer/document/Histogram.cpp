@@ -11,20 +11,45 @@ namespace kestview {
 namespace {
 
 template <class Sample>
-void CountWide(Document& document, CcRoiBase* roi, Histogram& histogram) {
+void CountSamples(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
     const auto* samples = static_cast<const Sample*>(document.Image().GetBitMapImageData());
     if (!samples) return;
     const double low = static_cast<double>(histogram.low);
     const double span = static_cast<double>(histogram.high) - low;
     const double scale = span > 0 ? (histogramBins - 1) / span : 0;
     auto& counts = histogram.channels[0].counts;
+    const long long all = SampleBytes(document.Image()) / static_cast<long long>(sizeof(Sample));
     ForEachRun(document, roi, [&](std::size_t first, int count) {
+        busy.Report(static_cast<long long>(first), all);
         for (int i = 0; i < count; ++i) {
             const auto value = static_cast<double>(samples[first + static_cast<std::size_t>(i)]);
             if (!std::isfinite(value)) continue;
             ++counts[static_cast<std::size_t>(std::clamp((value - low) * scale + 0.5, 0.0, histogramBins - 1.0))];
             ++histogram.pixels;
         }
+    });
+}
+
+/// Three bytes a pixel, the first channel last.
+void CountColours(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
+    CcImage& image = document.Image();
+    const auto* pixels = static_cast<const unsigned char*>(image.GetBitMapImageData());
+    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(&image)) {
+        histogram.channels = {
+            {"Hue", RGB(200, 120, 0), {}}, {"Saturation", RGB(150, 0, 150), {}}, {"Lightness", RGB(90, 90, 90), {}}};
+        pixels = static_cast<const unsigned char*>(hsl->GetBitMapImageDataHSL());
+    } else {
+        histogram.channels = {{"Red", RGB(220, 0, 0), {}}, {"Green", RGB(0, 150, 0), {}}, {"Blue", RGB(0, 0, 220), {}}};
+    }
+    if (!pixels) return;
+    const long long all = SampleBytes(image) / 3;
+    ForEachRun(document, roi, [&](std::size_t first, int count) {
+        busy.Report(static_cast<long long>(first), all);
+        const unsigned char* pixel = pixels + 3 * first;
+        for (int i = 0; i < count; ++i, pixel += 3)
+            for (std::size_t c = 0; c < 3; ++c)
+                ++histogram.channels[c].counts[pixel[2 - c]];
+        histogram.pixels += count;
     });
 }
 
@@ -36,15 +61,7 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
     Histogram histogram;
     CcImage& image = document.Image();
     if (document.Class().isColour) {
-        histogram.channels = {{"Red", RGB(220, 0, 0), {}}, {"Green", RGB(0, 150, 0), {}}, {"Blue", RGB(0, 0, 220), {}}};
-        const auto* pixels = static_cast<const unsigned char*>(image.GetBitMapImageData());
-        ForEachRun(document, roi, [&](std::size_t first, int count) {
-            const unsigned char* pixel = pixels + 3 * first;
-            for (int i = 0; i < count; ++i, pixel += 3)
-                for (std::size_t c = 0; c < 3; ++c)
-                    ++histogram.channels[c].counts[pixel[2 - c]];
-            histogram.pixels += count;
-        });
+        CountColours(document, roi, histogram, busy);
         return histogram;
     }
     histogram.channels = {{"Pixels", RGB(40, 70, 130), {}}};
@@ -55,16 +72,16 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
     }
     switch (image.GetImageType()) {
         case KEST_IMAGE_INT16:
-            CountWide<unsigned short>(document, roi, histogram);
+            CountSamples<unsigned short>(document, roi, histogram, busy);
             break;
         case KEST_IMAGE_INT32:
-            CountWide<int>(document, roi, histogram);
+            CountSamples<int>(document, roi, histogram, busy);
             break;
         case KEST_IMAGE_FLOAT:
-            CountWide<float>(document, roi, histogram);
+            CountSamples<float>(document, roi, histogram, busy);
             break;
         default:
-            CountWide<unsigned char>(document, roi, histogram);
+            CountSamples<unsigned char>(document, roi, histogram, busy);
             break;
     }
     return histogram;

@@ -20,7 +20,7 @@ struct Histogram {
     float low = 0;     ///< value of the first bin
     float high = 255;  ///< value of the last bin
     long long pixels = 0;
-    std::vector<HistogramChannel> channels;  ///< one, or red, green and blue
+    std::vector<HistogramChannel> channels;  ///< one, or the three of a colour picture
 };
 
 /// Null: of the whole picture.

@@ -10,12 +10,13 @@ namespace kestview {
 
 /// Opens a picture into the image class that fits its pixels. Null, with the reason in plain words, when it cannot.
 ///
-/// BMP files that the library reads (256 colours or 24 bits, uncompressed, rows without padding) are read by it; a file
-/// of wide samples beside them (".i16", ".i32", ".flt") makes a wide image. Everything else goes to the imaging
-/// component.
+/// BMP files that the library reads (256 colours or 24 bits, uncompressed, rows without padding) are read by it, when
+/// their colours are those of a gray or a binary picture, or a file of wide samples is beside them (".i16", ".i32",
+/// ".flt"). Everything else goes to the imaging component.
 std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error);
 
-/// Writes a BMP file, for wide images with the samples beside it.
+/// Writes a BMP file, for wide images with the samples beside it. What was there is replaced when the new file is
+/// whole.
 bool SavePicture(CcImage& image, const std::string& path, std::string& error);
 
 /// "Pictures (*.bmp, ...)|*.bmp;...|..." for the open dialog; sessions included.

@@ -6,11 +6,12 @@
 
 #include "document/RoiKinds.h"
 #include "platform/Text.h"
+#include "platform/WholeFile.h"
 
 namespace kestview {
 
 bool SaveRoi(CcRoiBase& roi, const std::string& path) {
-    return roi.Save(path.c_str()) == 0;
+    return WriteWhole(path, [&](const std::string& newPath) { return roi.Save(newPath.c_str()) == 0; });
 }
 
 std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
@@ -26,10 +27,11 @@ std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
 }
 
 bool SaveAllRois(Document& document, const std::string& path) {
-    DeleteFileA(path.c_str());
-    CcFileObjectStorage stream;
-    return stream.Open(path.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
-           stream.PutObject(document.Image().GetListROI()) >= 0;
+    return WriteWhole(path, [&](const std::string& newPath) {
+        CcFileObjectStorage stream;
+        return stream.Open(newPath.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
+               stream.PutObject(document.Image().GetListROI()) >= 0;
+    });
 }
 
 int RestoreAllRois(Document& document, const std::string& path) {

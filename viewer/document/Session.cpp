@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstring>
 #include <vector>
 
 #include "platform/Busy.h"
 #include "platform/Text.h"
+#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
@@ -19,6 +21,7 @@ constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::i
                      *zoomKey = "KestView::iZoom", *samplesKey = "KestView::cSamples",
                      *channelKey = "KestView::iChannel", *bandsKey = "KestView::stBands";
 constexpr int pathSize = 4 * MAX_PATH;
+constexpr int editedTables[] = {101, 102, 103, 104}, mostChannels = 4;
 
 /// A stream takes object names of at most 49 characters; longer ones are cut while it is written.
 class ShortName {
@@ -70,6 +73,27 @@ std::vector<ThresholdTag> BandsIn(CcPropertyBag& bag) {
     return bands;
 }
 
+std::string CurveKey(int table, int channel) {
+    return Format("KestView::stCurve%d.%d", table, channel);
+}
+
+/// Points in ascending order between the levels 0 and 255; none when the bag has no such curve.
+std::vector<tagPoints> CurveIn(CcPropertyBag& bag, int table, int channel) {
+    constexpr long pointBytes = sizeof(tagPoints), mostPoints = 256;
+    const std::string key = CurveKey(table, channel);
+    long bytes = 0;
+    if (bag.GetPropLength(key.c_str(), 5, &bytes) < 0 || bytes % pointBytes != 0 || bytes < 2 * pointBytes ||
+        bytes > mostPoints * pointBytes)
+        return {};
+    std::vector<tagPoints> points(static_cast<std::size_t>(bytes / pointBytes));
+    if (bag.GetBlob(key.c_str(), points.data(), bytes) < 0) return {};
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const bool isInOrder = std::isfinite(points[i].x) && (i == 0 || points[i - 1].x < points[i].x);
+        if (!isInOrder || !(points[i].y >= 0 && points[i].y <= 255)) return {};
+    }
+    return points;
+}
+
 bool HoldsOnlyRois(CcImage& image) {
     CcList& list = *image.GetListROI();
     for (int i = 0; i < list.GetNumberOfObjects(); ++i)
@@ -85,8 +109,8 @@ bool IsSessionFile(const std::string& path) {
 
 bool SaveSession(Document& document, const std::string& path, std::string& error) {
     const PlainPixels plain(document);
-    Busy busy("Saving " + FileNameOf(path));
     CcImage& image = document.Image();
+    const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
     std::unique_ptr<CcPropertyBag> bag(new CcPropertyBag);
     bag->SetName("KestView session");
     bag->PutInt(versionKey, formatVersion);
@@ -101,32 +125,32 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
     if (!document.Bands().empty())
         bag->PutBlob(bandsKey, document.Bands().data(),
                      static_cast<long>(document.Bands().size() * sizeof(ThresholdTag)));
-    bool isWritten = true;
+    for (const auto& [place, points] : document.TableCurves())
+        if (!points.empty())
+            bag->PutBlob(CurveKey(place.first, place.second).c_str(), points.data(),
+                         static_cast<long>(points.size() * sizeof(tagPoints)));
+    bool isWhole = true;
     if (document.Class().isWide)
-        isWritten = SampleBytes(image) <= LONG_MAX &&
-                    bag->PutBlob(samplesKey, image.GetBitMapImageData(), static_cast<long>(SampleBytes(image))) == 0;
+        isWhole = SampleBytes(image) <= LONG_MAX &&
+                  bag->PutBlob(samplesKey, image.GetBitMapImageData(), static_cast<long>(SampleBytes(image))) == 0;
 
-    // Written beside the old file and put in its place when it is whole.
-    const std::string temporary = path + ".new";
-    DeleteFileA(temporary.c_str());
-    {
-        CcFileObjectStorage stream;
-        const ShortName shortName(image);
-        isWritten = isWritten && stream.Open(temporary.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
-                    stream.PutObject(bag.get()) >= 0 && stream.PutObject(&image) >= 0;
+    const bool isWritten = isWhole && WriteWhole(path, [&](const std::string& newPath) {
+                               CcFileObjectStorage stream;
+                               const ShortName shortName(image);
+                               return stream.Open(newPath.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
+                                      stream.PutObject(bag.get()) >= 0 && stream.PutObject(&image) >= 0;
+                           });
+    if (!isWritten) {
+        error = "The session could not be written to\n" + path;
+        return false;
     }
-    if (isWritten && MoveFileExA(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-        document.sessionPath = path;
-        document.SetModified(false);
-        return true;
-    }
-    error = "The session could not be written to\n" + path;
-    DeleteFileA(temporary.c_str());
-    return false;
+    document.sessionPath = path;
+    document.SetModified(false);
+    return true;
 }
 
 std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning) {
-    Busy busy("Opening " + FileNameOf(path));
+    const Busy busy("Opening " + FileNameOf(path), BytesOfFile(path));
     error = FileNameOf(path) + " is not a KestView session, or it is damaged.";
     CcFileObjectStorage stream;
     if (!FileExists(path) || stream.Open(path.c_str(), GENERIC_READ) < 0) {
@@ -157,6 +181,10 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
     document->sessionPath = path;
     document->view.zoom = std::clamp(IntIn(*bag, zoomKey, 0), 0, largestZoom);
     document->SetChannel(IntIn(*bag, channelKey, -1));
+    for (const int table : editedTables)
+        for (int channel = 0; channel < mostChannels; ++channel)
+            if (const std::vector<tagPoints> points = CurveIn(*bag, table, channel); !points.empty())
+                document->SetTableCurve(table, channel, points);
     document->SetBands(BandsIn(*bag));
     document->SetDisplayTable(static_cast<unsigned short>(std::clamp(IntIn(*bag, tableKey, 102), 100, 104)));
     const std::string calibrationPath = StringIn(*bag, calibrationKey);

@@ -12,28 +12,13 @@ constexpr int thresholdTable = 101, tablePoints = 256;
 /// What a table shows of the whole image: 0x00RRGGBB a pixel, bottom row first.
 std::vector<unsigned> Draw(CcImage& image, unsigned short table) {
     const SIZE size = SizeOf(image);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.cx;
-    info.bmiHeader.biHeight = size.cy;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    if (!bitmap) return {};
-    const HDC dc = CreateCompatibleDC(nullptr);
-    std::vector<unsigned> pixels;
-    {
-        const Selected selected(dc, bitmap);
-        RECT all = {0, 0, size.cx, size.cy};
-        image.Show(dc, &all, table, 1, 0, 0, 1);
-        GdiFlush();
-        const auto* first = static_cast<const unsigned*>(bits);
-        pixels.assign(first, first + static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
-    }
-    DeleteDC(dc);
-    DeleteObject(bitmap);
-    return pixels;
+    DibSection drawn(size, 32);
+    if (!drawn) return {};
+    RECT all = {0, 0, size.cx, size.cy};
+    image.Show(drawn, &all, table, 1, 0, 0, 1);
+    GdiFlush();
+    const auto* first = reinterpret_cast<const unsigned*>(drawn.Bits());
+    return {first, first + static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy)};
 }
 
 }  // namespace

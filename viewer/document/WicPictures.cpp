@@ -45,14 +45,17 @@ bool IsOneOf(const GUID& format, std::initializer_list<const GUID*> formats) {
 }
 
 Target TargetOf(const GUID& format, bool hasGrayPalette) {
-    if (IsOneOf(format, {&GUID_WICPixelFormatBlackWhite})) return {KEST_IMAGE_BINARY, &GUID_WICPixelFormat8bppGray, 1};
+    if (IsOneOf(format, {&GUID_WICPixelFormatBlackWhite}) ||
+        (IsOneOf(format, {&GUID_WICPixelFormat1bppIndexed}) && hasGrayPalette))
+        return {KEST_IMAGE_BINARY, &GUID_WICPixelFormat8bppGray, 1};
     if (IsOneOf(format, {&GUID_WICPixelFormat2bppGray, &GUID_WICPixelFormat4bppGray, &GUID_WICPixelFormat8bppGray}) ||
         hasGrayPalette)
         return {KEST_IMAGE_GRAY256, &GUID_WICPixelFormat8bppGray, 1};
     if (IsOneOf(format, {&GUID_WICPixelFormat16bppGray})) return {KEST_IMAGE_INT16, &GUID_WICPixelFormat16bppGray, 2};
     // Not every converter knows this one, so its upper bytes are taken here.
     if (IsOneOf(format, {&GUID_WICPixelFormat48bppRGB})) return {KEST_IMAGE_RGB, &GUID_WICPixelFormat48bppRGB, 6};
-    if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat}))
+    if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat, &GUID_WICPixelFormat16bppGrayHalf,
+                         &GUID_WICPixelFormat16bppGrayFixedPoint, &GUID_WICPixelFormat32bppGrayFixedPoint}))
         return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
     return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
 }

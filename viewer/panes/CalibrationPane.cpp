@@ -18,15 +18,13 @@ constexpr int pointCount = 4;
 }  // namespace
 
 void CalibrationPane::OnInit() {
-    Send(IDC_CAL_UNIT, EM_LIMITTEXT, KEST_UNITS_SIZE);
-    SetText(IDC_CAL_UNIT, "mm");
     SelectPoint(0);
 }
 
 void CalibrationPane::OnShown(bool isShown) {
     isInFront = isShown;
     if (isShown)
-        main.View().onPick = [this](POINT pixel) { return Pick(pixel); };
+        main.View().onPick = [this](POINT pixel, bool isOnRoi) { return Pick(pixel, isOnRoi); };
     else
         main.View().onPick = nullptr;
     if (isShown) {
@@ -44,23 +42,18 @@ void CalibrationPane::Refresh(unsigned change) {
 void CalibrationPane::TakeFromDocument() {
     const Filling filling(isFilling);
     CcCalibration* calibration = document ? document->Calibration() : nullptr;
+    const CalibrationDraft draft = document ? document->calibrationDraft : CalibrationDraft();
+    for (int i = 0; i < pointCount; ++i) {
+        SetText(IDC_CAL_WORLD_X_1 + i, draft.points[i].worldX);
+        SetText(IDC_CAL_WORLD_Y_1 + i, draft.points[i].worldY);
+    }
+    SetText(IDC_CAL_UNIT, draft.unit);
     std::string state = "The picture is not calibrated.";
-    if (calibration) {
-        for (int i = 0; i < pointCount; ++i) {
-            const tagPoints image = calibration->GetImagePoints()[i], world = calibration->GetWorldPoints()[i];
-            points[i] = {true, {static_cast<LONG>(image.x), static_cast<LONG>(image.y)}};
-            SetNumber(IDC_CAL_WORLD_X_FIRST + i, static_cast<double>(world.x));
-            SetNumber(IDC_CAL_WORLD_Y_FIRST + i, static_cast<double>(world.y));
-        }
-        SetText(IDC_CAL_UNIT, calibration->GetUnitsOfMeasure());
+    if (calibration)
         state = document->calibrationPath.empty() ? "Calibrated; not saved in a file yet."
                                                   : "Calibrated by " + FileNameOf(document->calibrationPath) + ".";
-    } else {
-        for (Point& point : points)
-            point.isPicked = false;
-        SelectPoint(0);
-    }
     SetText(IDC_CAL_STATE, state);
+    SelectMissingPoint(0);
     for (const int id : {IDC_CAL_SAVE, IDC_CAL_REMOVE})
         Enable(id, calibration != nullptr);
     for (const int id : {IDC_CAL_APPLY, IDC_CAL_OPEN})
@@ -69,36 +62,58 @@ void CalibrationPane::TakeFromDocument() {
 }
 
 void CalibrationPane::SelectPoint(int point) {
-    CheckRadioButton(window, IDC_CAL_POINT_FIRST, IDC_CAL_POINT_FIRST + pointCount - 1, IDC_CAL_POINT_FIRST + point);
+    CheckRadioButton(window, IDC_CAL_POINT_1, IDC_CAL_POINT_1 + pointCount - 1, IDC_CAL_POINT_1 + point);
 }
 
 int CalibrationPane::SelectedPoint() const {
     for (int i = 0; i < pointCount; ++i)
-        if (IsChecked(IDC_CAL_POINT_FIRST + i)) return i;
+        if (IsChecked(IDC_CAL_POINT_1 + i)) return i;
     return 0;
 }
 
+bool CalibrationPane::SelectMissingPoint(int first) {
+    for (int i = 0; document && i < pointCount; ++i)
+        if (const int point = (first + i) % pointCount; !document->calibrationDraft.points[point].isPicked) {
+            SelectPoint(point);
+            return true;
+        }
+    return false;
+}
+
 void CalibrationPane::ShowPoints() {
-    for (int i = 0; i < pointCount; ++i)
-        SetText(IDC_CAL_IMAGE_FIRST + i,
-                points[i].isPicked ? Format("%ld, %ld", points[i].pixel.x, points[i].pixel.y) : "click");
+    for (int i = 0; i < pointCount; ++i) {
+        const auto point = document ? document->calibrationDraft.points[i] : CalibrationDraft::Point();
+        SetText(IDC_CAL_IMAGE_1 + i, point.isPicked ? Format("%ld, %ld", point.pixel.x, point.pixel.y) : "click");
+    }
     main.View().Refresh(DisplayChanged);
 }
 
-bool CalibrationPane::Pick(POINT pixel) {
+bool CalibrationPane::Pick(POINT pixel, bool isOnRoi) {
+    auto& points = document->calibrationDraft.points;
+    const bool isComplete =
+        std::all_of(std::begin(points), std::end(points), [](const auto& point) { return point.isPicked; });
+    // ROIs can be selected and moved once there is nothing to pick any more.
+    if (isComplete && isOnRoi) return false;
     const int point = SelectedPoint();
-    points[point] = {true, pixel};
+    points[point].isPicked = true;
+    points[point].pixel = pixel;
     // The next point that is missing; else the same stays.
-    for (int i = 1; i < pointCount; ++i)
-        if (!points[(point + i) % pointCount].isPicked) {
-            SelectPoint((point + i) % pointCount);
-            break;
-        }
+    SelectMissingPoint(point);
     ShowPoints();
     return true;
 }
 
+void CalibrationPane::TakeFields() {
+    CalibrationDraft& draft = document->calibrationDraft;
+    for (int i = 0; i < pointCount; ++i) {
+        draft.points[i].worldX = Text(IDC_CAL_WORLD_X_1 + i);
+        draft.points[i].worldY = Text(IDC_CAL_WORLD_Y_1 + i);
+    }
+    draft.unit = Text(IDC_CAL_UNIT);
+}
+
 void CalibrationPane::Apply() {
+    const auto& points = document->calibrationDraft.points;
     tagPoints image[pointCount], world[pointCount];
     for (int i = 0; i < pointCount; ++i) {
         if (!points[i].isPicked) {
@@ -108,24 +123,31 @@ void CalibrationPane::Apply() {
                        i + 1));
             return;
         }
-        const auto x = Number(IDC_CAL_WORLD_X_FIRST + i), y = Number(IDC_CAL_WORLD_Y_FIRST + i);
+        const auto x = Number(IDC_CAL_WORLD_X_1 + i), y = Number(IDC_CAL_WORLD_Y_1 + i);
         if (!x || !y) {
             ShowError(main, Format("Point %d needs two numbers as its world position.", i + 1));
-            SetFocus(Item((x ? IDC_CAL_WORLD_Y_FIRST : IDC_CAL_WORLD_X_FIRST) + i));
+            SetFocus(Item((x ? IDC_CAL_WORLD_Y_1 : IDC_CAL_WORLD_X_1) + i));
             return;
         }
         image[i] = {static_cast<float>(points[i].pixel.x), static_cast<float>(points[i].pixel.y)};
         world[i] = {static_cast<float>(*x), static_cast<float>(*y)};
     }
-    Busy busy("Calibrating");
-    std::unique_ptr<CcCalibration> calibration(new CcCalibration);
+    const std::string unit = Text(IDC_CAL_UNIT);
+    if (unit.empty() || CutToBytes(unit, KEST_UNITS_SIZE) != unit) {
+        ShowError(main, unit.empty() ? "Type the unit of the world positions, for example mm."
+                                     : "This unit is too long. Type a short one, for example mm.");
+        SetFocus(Item(IDC_CAL_UNIT));
+        return;
+    }
     const SIZE size = document->Size();
-    calibration->SetUnitsOfMeasure(Text(IDC_CAL_UNIT).c_str());
+    const Busy busy("Calibrating", 4LL * size.cx * size.cy);
+    std::unique_ptr<CcCalibration> calibration(new CcCalibration);
+    calibration->SetUnitsOfMeasure(unit.c_str());
     if (calibration->DoCalibration(image, world, pointCount, size.cx, size.cy) < 0) {
         ShowError(main, "These four points do not determine a calibration: no three of them may lie on one line.");
         return;
     }
-    calibration->SetName(document->Name().substr(0, 49).c_str());
+    calibration->SetName(CutForStreams(document->Name()).c_str());
     document->SetCalibration(std::move(calibration), "");
 }
 
@@ -160,7 +182,8 @@ bool CalibrationPane::SaveFile() {
 }
 
 void CalibrationPane::PaintOver(HDC dc) const {
-    if (!isInFront) return;
+    if (!isInFront || !document) return;
+    const auto& points = document->calibrationDraft.points;
     const int arm = MulDiv(9, DpiOf(window), 96);
     SetBkMode(dc, TRANSPARENT);
     for (int i = 0; i < pointCount; ++i) {
@@ -185,8 +208,9 @@ void CalibrationPane::PaintOver(HDC dc) const {
     }
 }
 
-bool CalibrationPane::OnCommand(int id, int) {
+bool CalibrationPane::OnCommand(int id, int code) {
     if (!document || isFilling) return true;
+    if (code == EN_CHANGE) TakeFields();
     switch (id) {
         case IDC_CAL_APPLY:
             Apply();

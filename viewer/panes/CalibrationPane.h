@@ -20,19 +20,17 @@ public:
 private:
     void OnInit() override;
     bool OnCommand(int id, int code) override;
-    bool Pick(POINT pixel);
+    bool Pick(POINT pixel, bool isOnRoi);
+    void TakeFields();
     void Apply();
     void TakeFromDocument();
     void SelectPoint(int point);
+    /// From this one on, cyclically; false when all four have their places.
+    bool SelectMissingPoint(int first);
     int SelectedPoint() const;
     void ShowPoints();
 
-    struct Point {
-        bool isPicked = false;
-        POINT pixel = {};
-    };
     bool isInFront = false;
-    Point points[4];
 };
 
 }  // namespace kestview

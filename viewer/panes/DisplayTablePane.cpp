@@ -25,6 +25,15 @@ constexpr TableCurve colourCurves[] = {
     {"Red", 1, RGB(220, 0, 0)}, {"Green", 2, RGB(0, 150, 0)}, {"Blue", 3, RGB(0, 0, 220)}};
 constexpr TableCurve grayCurve = {"Gray", 0, RGB(60, 60, 60)};
 
+/// Five points from black to white over a range of input values.
+std::vector<tagPoints> StraightCurve(const tagPoints& range) {
+    std::vector<tagPoints> points;
+    for (int i = 0; i <= 4; ++i)
+        points.push_back(
+            {range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
+    return points;
+}
+
 }  // namespace
 
 void DisplayTablePane::OnInit() {
@@ -77,14 +86,10 @@ void DisplayTablePane::Update() {
         return;
     }
     const auto add = [&](const TableCurve& curve) {
-        std::vector<tagPoints>& points = document->TableCurve(table, curve.channel);
-        if (points.empty()) {
-            const tagPoints range = InputRange();
-            for (int i = 0; i <= 4; ++i)
-                points.push_back(
-                    {range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
-        }
-        graph.AddCurve(curve.name, points, PS_SOLID, curve.colour, 2);
+        const auto edited = document->TableCurves().find({table, curve.channel});
+        graph.AddCurve(curve.name,
+                       edited == document->TableCurves().end() ? StraightCurve(InputRange()) : edited->second, PS_SOLID,
+                       curve.colour, 2);
         Send(IDC_TABLE_CHANNEL, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(curve.name));
     };
     if (table == 101)
@@ -106,14 +111,14 @@ void DisplayTablePane::OnDragged(int curve, int index) {
     if (index >= static_cast<int>(points.size())) return;
     tagPoints& point = points[static_cast<std::size_t>(index)];
     const bool isFirst = index == 0, isLast = index == static_cast<int>(points.size()) - 1;
-    const std::vector<tagPoints>& before = document->TableCurve(document->DisplayTable(), Channel(curve));
     point.y = std::clamp(point.y, 0.0f, topLevel);
     // The points keep their order. The ends stand at the ends of the input values; of wide pictures they may be moved,
     // which moves the range that is shown.
-    const float step = (InputRange().y - InputRange().x) / 255;
+    const tagPoints range = InputRange();
+    const float step = (range.y - range.x) / 255;
     const auto at = static_cast<std::size_t>(index);
     if ((isFirst || isLast) && !document->Class().isWide) {
-        point.x = before[at].x;
+        point.x = isFirst ? range.x : range.y;
     } else {
         if (!isFirst) point.x = std::max(point.x, points[at - 1].x + step);
         if (!isLast) point.x = std::min(point.x, points[at + 1].x - step);
@@ -124,28 +129,31 @@ void DisplayTablePane::OnDragged(int curve, int index) {
 void DisplayTablePane::Apply(int curve) {
     const int table = document->DisplayTable(), channel = Channel(curve);
     document->SetTableCurve(table, channel, graph.Points(curve));
+    ShowAtOnce();
+}
+
+void DisplayTablePane::ShowAtOnce() {
     main.View().Refresh(DisplayChanged);
     UpdateWindow(main.View().Canvas());
 }
 
-void DisplayTablePane::Reset(bool isInverted) {
+void DisplayTablePane::Reset() {
     const int curve = graph.SelectedCurve();
     if (curve < 0) return;
-    std::vector<tagPoints>& points = graph.Points(curve);
-    if (isInverted) {
-        for (tagPoints& point : points)
-            point.y = topLevel - point.y;
-    } else {
-        // Wide pictures show their whole range again.
-        document->Image().SetAutoUpdateDisplay(1);
-        main.View().Refresh(DisplayChanged);
-        UpdateWindow(main.View().Canvas());
-        const tagPoints range = InputRange();
-        points.clear();
-        for (int i = 0; i <= 4; ++i)
-            points.push_back(
-                {range.x + (range.y - range.x) * static_cast<float>(i) / 4, topLevel * static_cast<float>(i) / 4});
-    }
+    // Wide pictures show their whole range again.
+    document->Image().SetAutoUpdateDisplay(1);
+    ShowAtOnce();
+    graph.Points(curve) = StraightCurve(InputRange());
+    document->ResetTableCurve(document->DisplayTable(), Channel(curve), graph.Points(curve));
+    graph.PointsResized(curve);
+    ShowAtOnce();
+}
+
+void DisplayTablePane::Invert() {
+    const int curve = graph.SelectedCurve();
+    if (curve < 0) return;
+    for (tagPoints& point : graph.Points(curve))
+        point.y = topLevel - point.y;
     graph.PointsResized(curve);
     Apply(curve);
 }
@@ -185,10 +193,10 @@ bool DisplayTablePane::OnCommand(int id, int code) {
             if (code == CBN_SELCHANGE) graph.SelectCurve(static_cast<int>(Send(IDC_TABLE_CHANNEL, CB_GETCURSEL)));
             break;
         case IDC_TABLE_RESET:
-            Reset(false);
+            Reset();
             break;
         case IDC_TABLE_INVERT:
-            Reset(true);
+            Invert();
             break;
         case IDC_TABLE_ADD:
             AddPoint();

@@ -17,7 +17,9 @@ private:
     void OnDragged(int curve, int point);
     /// Gives the curve to the picture's display table.
     void Apply(int curve);
-    void Reset(bool isInverted);
+    void Reset();
+    void Invert();
+    void ShowAtOnce();
     void AddPoint();
     void RemovePoint();
     int Channel(int curve) const;

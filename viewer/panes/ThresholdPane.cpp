@@ -67,7 +67,7 @@ void ThresholdPane::OnSize(int width, int) {
 void ThresholdPane::OnShown(bool isShown) {
     isInFront = isShown;
     if (!document) return;
-    if (isShown && document->Bands().empty() && ThresholdPreview::IsPossible(document->Image())) AddBand();
+    if (isShown && document->Bands().empty() && ThresholdPreview::IsPossible(document->Image())) AddBand(false);
     document->PreviewBands(isShown && IsChecked(IDC_BAND_SHOW), main.View().Canvas());
     Refresh(EverythingChanged);
 }
@@ -76,7 +76,7 @@ void ThresholdPane::Refresh(unsigned change) {
     if (!isInFront) return;
     if (change == EverythingChanged) {
         if (document && ThresholdPreview::IsPossible(document->Image())) {
-            if (document->Bands().empty()) AddBand();
+            if (document->Bands().empty()) AddBand(false);
             document->PreviewBands(IsChecked(IDC_BAND_SHOW), main.View().Canvas());
         }
         FillChannels();
@@ -152,14 +152,14 @@ void ThresholdPane::FillSliders() {
     if (GetFocus() != Item(IDC_BAND_HIGH_TEXT)) SetNumber(IDC_BAND_HIGH_TEXT, static_cast<double>(band.fHigh));
 }
 
-void ThresholdPane::AddBand() {
+void ThresholdPane::AddBand(bool isEdit) {
     std::vector<ThresholdTag> bands = document->Bands();
     if (bands.size() >= mostBands) return;
     const COLORREF colour = bandColours[bands.size()];
     const float low = bands.empty() ? 128.0f : 0.0f, high = bands.empty() ? 255.0f : 64.0f;
     bands.push_back({low, high, GetRValue(colour), GetGValue(colour), GetBValue(colour)});
     selectedBand = bands.size() - 1;
-    document->SetBands(std::move(bands));
+    document->SetBands(std::move(bands), isEdit);
 }
 
 void ThresholdPane::ChangeBand(float low, float high) {
@@ -171,12 +171,18 @@ void ThresholdPane::ChangeBand(float low, float high) {
     document->SetBands(std::move(bands));
 }
 
+long long ThresholdPane::PixelCount() const {
+    const SIZE size = document->Size();
+    return static_cast<long long>(size.cx) * size.cy;
+}
+
 void ThresholdPane::ShowCount() {
     if (!document || document->Bands().empty() || !ThresholdPreview::IsPossible(document->Image())) {
         SetText(IDC_BAND_COUNT, "");
         return;
     }
-    const Busy busy("Counting");
+    // The picture is drawn twice, and compared.
+    const Busy busy("Counting", 8 * PixelCount());
     CcRoiBase* roi = document->SelectedRoi();
     const BandCount count = CountInBands(*document, document->BandMask(), roi);
     std::string text = Format("In the bands: %lld pixels", count.pixels);
@@ -188,7 +194,7 @@ void ThresholdPane::ShowCount() {
 
 void ThresholdPane::MakeMask() {
     if (!document || document->Bands().empty()) return;
-    Busy busy("Making the mask");
+    const Busy busy("Making the mask", 8 * PixelCount());
     const std::vector<std::uint8_t> pixels = document->BandMask();
     const SIZE size = document->Size();
     auto mask = MakeImage(KEST_IMAGE_BINARY, size.cy, size.cx, document->Name() + "-mask");
@@ -208,7 +214,7 @@ bool ThresholdPane::OnCommand(int id, int code) {
     const int selected = SelectedBand();
     switch (id) {
         case IDC_BAND_ADD:
-            AddBand();
+            AddBand(true);
             break;
         case IDC_BAND_REMOVE: {
             std::vector<ThresholdTag> bands = document->Bands();

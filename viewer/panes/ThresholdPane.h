@@ -22,8 +22,10 @@ private:
     void FillChannels();
     void FillBands();
     void FillSliders();
-    void AddBand();
+    /// The first band comes by itself, which is no edit.
+    void AddBand(bool isEdit);
     void ChangeBand(float low, float high);
+    long long PixelCount() const;
     void ShowCount();
     int SelectedBand() const;
 

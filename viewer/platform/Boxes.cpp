@@ -6,9 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "Resource.h"
-#include "platform/Pane.h"
-#include "platform/Text.h"
+#include "platform/Program.h"
 
 namespace kestview {
 namespace {
@@ -33,32 +31,6 @@ struct FileQuestion {
         // The current folder must not follow the dialog: a relative path on the command line stays what it was.
         record.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
     }
-};
-
-class TextQuestion : public Pane {
-public:
-    TextQuestion(const char* newTitle, const char* newLabel, std::string present)
-        : text(std::move(present)), title(newTitle), label(newLabel) {}
-    std::string text;
-
-private:
-    void OnInit() override {
-        SetWindowTextA(window, title);
-        SetText(IDC_TEXT_LABEL, label);
-        SetText(IDC_TEXT_FIELD, text);
-        Send(IDC_TEXT_FIELD, EM_LIMITTEXT, 49);
-        Send(IDC_TEXT_FIELD, EM_SETSEL, 0, -1);
-    }
-    bool OnCommand(int id, int) override {
-        if (id == IDC_TEXT_FIELD) Enable(IDOK, !Text(IDC_TEXT_FIELD).empty());
-        if (id != IDOK && id != IDCANCEL) return false;
-        text = Text(IDC_TEXT_FIELD);
-        EndDialog(window, id);
-        return true;
-    }
-
-    const char* title;
-    const char* label;
 };
 
 }  // namespace
@@ -102,21 +74,14 @@ std::optional<std::string> AskSavePath(HWND owner, const char* title, const char
 }
 
 std::optional<COLORREF> AskColour(HWND owner, COLORREF present) {
-    static COLORREF ownColours[16] = {};  // the dialog's row of colours that the user mixed
     CHOOSECOLORA record = {};
     record.lStructSize = sizeof record;
     record.hwndOwner = owner;
     record.rgbResult = present;
-    record.lpCustColors = ownColours;
+    record.lpCustColors = RunningProgram()->mixedColours;
     record.Flags = CC_RGBINIT | CC_FULLOPEN;
     if (!ChooseColorA(&record)) return std::nullopt;
     return record.rgbResult;
-}
-
-std::optional<std::string> AskText(HWND owner, const char* title, const char* label, const std::string& present) {
-    TextQuestion question(title, label, present);
-    if (question.RunModal(IDD_TEXT, owner) != IDOK || question.text.empty()) return std::nullopt;
-    return question.text;
 }
 
 }  // namespace kestview

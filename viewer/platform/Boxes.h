@@ -19,7 +19,5 @@ std::optional<std::string> AskOpenPath(HWND owner, const char* title, const char
 std::optional<std::string> AskSavePath(HWND owner, const char* title, const char* filters, const char* extension,
                                        const std::string& suggestion);
 std::optional<COLORREF> AskColour(HWND owner, COLORREF present);
-/// One line of text; none when the user cancels or leaves it empty.
-std::optional<std::string> AskText(HWND owner, const char* title, const char* label, const std::string& present);
 
 }  // namespace kestview

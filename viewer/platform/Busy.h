@@ -1,29 +1,30 @@
-// A wait cursor while work goes on, and its progress in the status bar when it takes longer than half a second.
+// A wait cursor and progress in the status bar, for work that takes longer than half a second.
 #pragma once
 
 #include <windows.h>
 
-#include <functional>
 #include <string>
 
 namespace kestview {
 
 class Busy {
 public:
-    explicit Busy(std::string what);
+    /// `bytesAtOnce`: how much is handled by one call that cannot report; where that will take its time, the cursor and
+    /// the text come at once.
+    explicit Busy(std::string what, long long bytesAtOnce = 0);
     ~Busy();
     Busy(const Busy&) = delete;
     Busy& operator=(const Busy&) = delete;
 
-    /// How much is done, as a part of the whole.
+    /// How much is done, as a part of the whole. Shown once the work has gone on for half a second.
     void Report(long long done, long long all);
 
-    /// Shows a text and a part from 0 to 1, or takes both away for a part below 0. Set by the main window.
-    static std::function<void(const std::string& text, double part)> show;
-
 private:
+    void Show(double part);
+
     std::string text;
-    HCURSOR oldCursor;
+    HCURSOR oldCursor = nullptr;
+    bool isShown = false;
     ULONGLONG started;
     ULONGLONG lastShown = 0;
 };

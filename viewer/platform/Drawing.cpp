@@ -16,6 +16,23 @@ void Font::Make(int dpi) {
     font = CreateFontIndirectA(&metrics.lfMessageFont);
 }
 
+DibSection::DibSection(SIZE size, int bitsPerPixel) : dc(CreateCompatibleDC(nullptr)) {
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size.cx;
+    info.bmiHeader.biHeight = size.cy;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = static_cast<WORD>(bitsPerPixel);
+    bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    old = SelectObject(dc, bitmap);
+}
+
+DibSection::~DibSection() {
+    SelectObject(dc, old);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+}
+
 BackBuffer::BackBuffer(HDC target, SIZE newSize)
     : dc(CreateCompatibleDC(target)),
       size(newSize),

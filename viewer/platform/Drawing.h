@@ -36,6 +36,28 @@ private:
     HGDIOBJ old;
 };
 
+/// A bitmap whose pixels can be read, bottom row first, rows padded to four bytes; it is selected into a device context
+/// of its own.
+class DibSection {
+public:
+    DibSection(SIZE size, int bitsPerPixel);
+    ~DibSection();
+    DibSection(const DibSection&) = delete;
+    DibSection& operator=(const DibSection&) = delete;
+
+    /// False when memory is short.
+    explicit operator bool() const { return bits != nullptr; }
+    operator HDC() const { return dc; }
+    /// What is drawn is there after GdiFlush.
+    const unsigned char* Bits() const { return static_cast<const unsigned char*>(bits); }
+
+private:
+    HDC dc;
+    void* bits = nullptr;
+    HBITMAP bitmap;
+    HGDIOBJ old;
+};
+
 /// A bitmap in memory that is drawn first and shown at once.
 class BackBuffer {
 public:

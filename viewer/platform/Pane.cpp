@@ -1,6 +1,8 @@
 // A dialog from a template: a modal one, or a pane that is a child of another window.
 #include "platform/Pane.h"
 
+#include <commctrl.h>
+
 #include <cmath>
 #include <cstdlib>
 
@@ -32,6 +34,7 @@ INT_PTR CALLBACK Pane::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM
         self->window = window;
         const Filling filling(self->isFilling);
         self->OnInit();
+        self->AddTips();
         return TRUE;
     }
     auto* self = reinterpret_cast<Pane*>(GetWindowLongPtrA(window, DWLP_USER));
@@ -56,6 +59,26 @@ INT_PTR CALLBACK Pane::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM
             if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORDLG || message == WM_CTLCOLORBTN) return result;
             SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
             return TRUE;
+    }
+}
+
+void Pane::AddTips() {
+    // Deleted with the window that owns it.
+    const HWND tips =
+        CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window, nullptr, ProgramInstance(), nullptr);
+    for (HWND control = GetWindow(window, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
+        const int id = GetDlgCtrlID(control);
+        char text[2];
+        if (id <= 0 || LoadStringA(ProgramInstance(), static_cast<UINT>(id), text, sizeof text) == 0) continue;
+        TOOLINFOA tool = {};
+        tool.cbSize = TTTOOLINFOA_V2_SIZE;
+        tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+        tool.hwnd = window;
+        tool.uId = reinterpret_cast<UINT_PTR>(control);
+        tool.hinst = ProgramInstance();
+        tool.lpszText = MAKEINTRESOURCEA(id);
+        SendMessageA(tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }
 

@@ -31,6 +31,8 @@ protected:
     /// Any other message; true with a result when it was handled.
     virtual bool OnOther(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
 
+    /// Gives the controls the tooltips that the resources have under their numbers.
+    void AddTips();
     HWND Item(int id) const { return GetDlgItem(window, id); }
     std::string Text(int id) const;
     /// Sets the text when it differs, so that nothing flickers.

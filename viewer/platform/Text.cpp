@@ -110,13 +110,20 @@ std::string LastErrorText() {
     return message;
 }
 
-std::string CutForStreams(const std::string& name) {
-    constexpr std::size_t longest = 49;
-    if (name.size() <= longest) return name;
-    const auto continuesCharacter = [&](std::size_t at) { return (static_cast<unsigned char>(name[at]) & 0xC0) == 0x80; };
+std::string CutToBytes(const std::string& text, std::size_t longest) {
+    if (text.size() <= longest) return text;
+    const auto continuesCharacter = [&](std::size_t at) {
+        return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
+    };
     std::size_t end = longest;
-    while (end > 0 && continuesCharacter(end)) --end;
-    return name.substr(0, end);
+    while (end > 0 && continuesCharacter(end))
+        --end;
+    return text.substr(0, end);
+}
+
+std::string CutForStreams(const std::string& name) {
+    constexpr std::size_t longestName = 49;
+    return CutToBytes(name, longestName);
 }
 
 }  // namespace kestview

@@ -30,7 +30,9 @@ bool FileExists(const std::string& path);
 /// Why the last system call failed, in the user's language.
 std::string LastErrorText();
 
-/// A name of at most 49 bytes, as object streams take them; cut between two characters.
+/// At most so many bytes of a text, cut between two characters.
+std::string CutToBytes(const std::string& text, std::size_t longest);
+/// A name of at most 49 bytes, as object streams take them.
 std::string CutForStreams(const std::string& name);
 
 }  // namespace kestview

@@ -1,0 +1,87 @@
+// Draws a document's ROIs and their names over its picture.
+#include "RoiPainting.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "Application.h"
+#include "platform/Drawing.h"
+#include "platform/Window.h"
+
+namespace kestview {
+namespace {
+
+void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint) {
+    const auto scaled = [&](int length) { return static_cast<LONG>(MulDiv(length, paint.dpi, 96)); };
+    SetBkMode(dc, TRANSPARENT);
+    SetTextAlign(dc, TA_LEFT | TA_BOTTOM);
+    for (int i = 0; i < document.RoiCount(); ++i) {
+        CcRoiBase& roi = document.Roi(i);
+        // A point writes its name itself.
+        if (&roi == paint.hidden || roi.GetROIType() == KEST_ROI_POINT) continue;
+        const RECT* bounds = roi.GetCurrentBoundingRect();
+        if (!bounds) continue;
+        POINT corner = ShownPoint(area, document.Size(), shown, bounds->left, std::max(bounds->top, bounds->bottom));
+        corner.y = std::max(corner.y - scaled(2), scaled(16));
+        SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
+        TextOutA(dc, corner.x, corner.y, roi.GetName(), lstrlenA(roi.GetName()));
+    }
+    SetTextAlign(dc, TA_LEFT | TA_TOP);
+}
+
+}  // namespace
+
+POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y) {
+    const double magnification =
+        shown.mode == 1 ? shown.zoom : static_cast<double>(area.cx) / std::max<long>(picture.cx, 1);
+    return {static_cast<LONG>(std::floor((x + 0.5 - shown.xOffset) * magnification)),
+            static_cast<LONG>(std::floor((picture.cy - 0.5 - y - shown.yOffset) * magnification))};
+}
+
+void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint) {
+    if (document.RoiCount() == 0) return;
+    constexpr int asItIs = -1, asUnselected = 0;
+    App().ApplyRoiLook(document.Roi(0), shown.penZoom);
+    RECT place = {0, 0, area.cx, area.cy};
+    for (int i = 0; i < document.RoiCount(); ++i) {
+        CcRoiBase& roi = document.Roi(i);
+        if (&roi == paint.hidden) continue;
+        SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
+        roi.ShowROI(dc, &place, shown.xOffset, shown.yOffset, shown.mode, &document.Image(), shown.zoom,
+                    paint.marksSelected ? asItIs : asUnselected);
+    }
+    if (paint.showsNames) PaintNames(dc, area, document, shown, paint);
+}
+
+std::unique_ptr<CcImage> DrawnWithRois(Document& document, bool showsNames) {
+    const SIZE size = document.Size();
+    auto drawn = MakeImage(KEST_IMAGE_RGB, size.cy, size.cx, document.Name());
+    DibSection pixels(size, 24);
+    if (!drawn || !pixels) return nullptr;
+    RECT all = {0, 0, size.cx, size.cy};
+    document.Image().Show(pixels, &all, document.ShownTable(), 1, 0, 0, 1);
+    // Lines and letters that are seen when the whole picture fills a page.
+    constexpr int pixelsAcrossPage = 1000;
+    const int scale = 1 + static_cast<int>(std::max(size.cx, size.cy)) / pixelsAcrossPage;
+    Shown shown;
+    shown.penZoom = 4 * (scale - 1);
+    RoiPaint paint;
+    paint.showsNames = showsNames;
+    paint.marksSelected = false;
+    paint.dpi = 96 * scale;
+    {
+        Font font;
+        font.Make(paint.dpi);
+        const Selected selectedFont(pixels, font);
+        PaintRois(pixels, size, document, shown, paint);
+    }
+    GdiFlush();
+    const std::size_t rowBytes = 3 * static_cast<std::size_t>(size.cx), stride = (rowBytes + 3) / 4 * 4;
+    auto* to = static_cast<unsigned char*>(drawn->GetBitMapImageData());
+    for (std::size_t row = 0; row < static_cast<std::size_t>(size.cy); ++row)
+        std::memcpy(to + row * rowBytes, pixels.Bits() + row * stride, rowBytes);
+    return drawn;
+}
+
+}  // namespace kestview

@@ -1,0 +1,30 @@
+// Draws a document's ROIs and their names over its picture: on the screen, and into pictures for printing and copying.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "RoiMouse.h"
+#include "document/Document.h"
+
+namespace kestview {
+
+struct RoiPaint {
+    const CcRoiBase* hidden = nullptr;  ///< is left out
+    bool showsNames = true;
+    bool marksSelected = true;  ///< selected ones in their own colour and with handles
+    int dpi = 96;               ///< for the distance of names
+};
+
+/// `area` is the size of the drawn area, as the client area of a window is; the names are written in the font of the
+/// device context.
+void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint);
+
+/// The middle of a picture pixel in the drawn area.
+POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y);
+
+/// A colour picture, of the picture's size, of what is shown with the ROIs drawn in. Null when memory is short.
+std::unique_ptr<CcImage> DrawnWithRois(Document& document, bool showsNames);
+
+}  // namespace kestview
