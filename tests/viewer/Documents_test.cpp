@@ -78,6 +78,9 @@ TEST(Session, BringsBackEveryClassWithItsValuesRegionsAndCalibration) {
         document->RenameRoi(document->Roi(0), "a region");
         document->SetBands({{10, 20, 1, 2, 3}, {30, 40, 4, 5, 6}});
         document->SetDisplayTable(103);
+        const bool hasTables = type != KEST_IMAGE_BINARY && !document->Class().isColour;
+        if (hasTables) document->SetTableCurve(103, 0, {{0, 255}, {60, 10}, {250, 0}});
+        document->SetChannel(document->Channel() + 1);
         tagPoints image[4] = {{0, 0}, {10, 0}, {10, 9}, {0, 9}}, world[4] = {{0, 0}, {5, 0}, {5, 4.5f}, {0, 4.5f}};
         std::unique_ptr<CcCalibration> calibration(new CcCalibration);
         ASSERT_EQ(calibration->DoCalibration(image, world, 4, columns, rows), 0);
@@ -99,6 +102,12 @@ TEST(Session, BringsBackEveryClassWithItsValuesRegionsAndCalibration) {
         EXPECT_TRUE(EqualRect(loaded->Roi(0).GetBoundingRect(), document->Roi(0).GetBoundingRect()));
         EXPECT_EQ(loaded->Bands().size(), 2u);
         EXPECT_EQ(loaded->DisplayTable(), 103);
+        EXPECT_EQ(loaded->Channel(), document->Channel());
+        EXPECT_EQ(loaded->TableCurves().size(), hasTables);
+        tagPoints entries[2][128] = {};
+        document->Image().GetDisplayLUT(103, 0, entries[0]);
+        loaded->Image().GetDisplayLUT(103, 0, entries[1]);
+        EXPECT_EQ(std::memcmp(entries[0], entries[1], sizeof entries[0]), 0);
         ASSERT_TRUE(loaded->Calibration());
         EXPECT_FLOAT_EQ(loaded->Calibration()->GetAreaOfPixel(4, 4), 0.25f);
         EXPECT_FALSE(loaded->IsModified());
@@ -203,7 +212,8 @@ TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
 }
 
 TEST(PictureFiles, SavedPicturesOpenAsTheSameClass) {
-    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB}) {
+    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB,
+                           KEST_IMAGE_BINARY}) {
         SCOPED_TRACE(type);
         std::string error;
         auto document = MakeDocument(type);
@@ -214,7 +224,58 @@ TEST(PictureFiles, SavedPicturesOpenAsTheSameClass) {
         ASSERT_TRUE(opened) << error;
         EXPECT_EQ(opened->GetImageType(), type);
         EXPECT_EQ(PixelBytes(*opened), PixelBytes(document->Image()));
+
+        // A picture that cannot be written leaves the one that was there.
+        const std::vector<std::uint8_t> whole = file.Content();
+        const HANDLE inUse =
+            CreateFileA(file.Path(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        EXPECT_FALSE(SavePicture(document->Image(), file.Path(), error));
+        EXPECT_EQ(file.Content(), whole);
+        CloseHandle(inUse);
+        EXPECT_FALSE(FileExists("saved.new.bmp"));
     }
+}
+
+/// A BMP file of one row of four pixels with these values.
+Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vector<unsigned>& values) {
+    const auto pixelsAt = static_cast<long long>(54 + 4 * palette.size());
+    Bytes file;
+    file.Text("BM", 2)
+        .I32(pixelsAt + 4)
+        .I32(0)
+        .I32(pixelsAt)
+        .I32(40)
+        .I32(4)
+        .I32(1)
+        .U16(1)
+        .U16(static_cast<unsigned>(bits));
+    file.I32(0).I32(4).I32(0).I32(0).I32(static_cast<long long>(palette.size())).I32(0);
+    for (const unsigned colour : palette)
+        file.I32(colour);
+    for (const unsigned value : values)
+        file.U8(value);
+    return file;
+}
+
+TEST(PictureFiles, PalettesDecideAboutTheClass) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    std::string error;
+    std::vector<unsigned> colours(256);
+    for (unsigned i = 0; i < 256; ++i)
+        colours[i] = i * 0x010101;
+    colours[7] = 0xFF8000;
+    const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
+    auto image = OpenPicture(coloured.Path(), error);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
+    EXPECT_EQ(PixelBytes(*image), std::string("\0\0\0\x00\x80\xFF\xFF\xFF\xFF\x00\x80\xFF", 12)) << "blue, green, red";
+
+    const TemporaryFile twoLevels("two-levels.bmp", PaletteBmp(1, {0x000000, 0xFFFFFF}, {0x50, 0, 0, 0}));
+    image = OpenPicture(twoLevels.Path(), error);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_BINARY);
+    EXPECT_EQ(PixelBytes(*image), std::string("\1\0\1\0", 4)) << "1 is black";
+    CoUninitialize();
 }
 
 TEST(Conversion, TakesValuesOverOrShowsThem) {
@@ -295,10 +356,16 @@ TEST(Results, AreATableThatOtherProgramsRead) {
 TEST(Graphs, CountAndFollowTheRegion) {
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
     auto rect = MakeRect({0, 1, 3, 0});
-    const Histogram histogram = MakeHistogram(*document, rect.get());
+    Histogram histogram = MakeHistogram(*document, rect.get());
     EXPECT_EQ(histogram.pixels, 8);
     for (const int value : {0, 7, 14, 21, 91, 98, 105, 112})
         EXPECT_EQ(histogram.channels[0].counts[static_cast<std::size_t>(value)], 1);
+    auto colours = MakeDocument(KEST_IMAGE_HSL);
+    histogram = MakeHistogram(*colours, nullptr);
+    std::vector<long long> hues(256);
+    for (int i = 0; i < rows * columns; ++i)
+        ++hues[static_cast<BYTE*>(static_cast<Cc24BitHSLImage&>(colours->Image()).GetBitMapImageDataHSL())[3 * i + 2]];
+    EXPECT_TRUE(std::equal(hues.begin(), hues.end(), histogram.channels[0].counts.begin())) << "hue, not red";
 
     std::unique_ptr<CcRoiBase> line(new CcRoiLine);
     int ends[4] = {1, 2, 9, 2};

@@ -1,6 +1,8 @@
 // Runs KestView and works with it as a person does.
 #include "viewer/Driver.h"
 
+#include <shlobj.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
@@ -38,6 +40,17 @@ std::wstring TextOfWindow(HWND window) {
     wchar_t text[1024] = {};
     DWORD_PTR length = 0;
     SendMessageTimeoutW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 3000, &length);
+    return text;
+}
+
+std::wstring ClipboardText() {
+    std::wstring text;
+    if (!OpenClipboard(nullptr)) return text;
+    if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
+        text = static_cast<const wchar_t*>(GlobalLock(block));
+        GlobalUnlock(block);
+    }
+    CloseClipboard();
     return text;
 }
 
@@ -154,7 +167,7 @@ void Driver::Click(HWND window, POINT at, bool isRight) {
     Settle();
 }
 
-void Driver::Drag(HWND window, std::initializer_list<POINT> path) {
+void Driver::Drag(HWND window, std::initializer_list<POINT> path, WORD keyAtEnd) {
     constexpr int stepPixels = 12;
     POINT at = *path.begin(), screen = at;
     MoveTo(window, at);
@@ -167,9 +180,24 @@ void Driver::Drag(HWND window, std::initializer_list<POINT> path) {
         MoveTo(window, corner);
         at = corner;
     }
+    if (keyAtEnd) Press({keyAtEnd});
     screen = at;
     ClientToScreen(window, &screen);
     SendMouse(MOUSEEVENTF_LEFTUP, screen);
+    Settle();
+}
+
+void Driver::Drop(const std::wstring& path) {
+    // The list of files must lie in the program's own memory.
+    DROPFILES header = {};
+    header.pFiles = sizeof header;
+    header.fWide = TRUE;
+    const std::size_t textBytes = (path.size() + 1) * sizeof(wchar_t);
+    void* there = VirtualAllocEx(process.hProcess, nullptr, sizeof header + textBytes + sizeof(wchar_t), MEM_COMMIT,
+                                 PAGE_READWRITE);
+    WriteProcessMemory(process.hProcess, there, &header, sizeof header, nullptr);
+    WriteProcessMemory(process.hProcess, static_cast<char*>(there) + sizeof header, path.c_str(), textBytes, nullptr);
+    PostMessageW(main, WM_DROPFILES, reinterpret_cast<WPARAM>(there), 0);
     Settle();
 }
 

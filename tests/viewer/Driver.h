@@ -37,8 +37,11 @@ public:
     // Mouse, in client pixels of a window
     void MoveTo(HWND window, POINT at);
     void Click(HWND window, POINT at, bool isRight = false);
-    void Drag(HWND window, std::initializer_list<POINT> path);
+    /// `keyAtEnd` is pressed before the button is released.
+    void Drag(HWND window, std::initializer_list<POINT> path, WORD keyAtEnd = 0);
     void Wheel(HWND window, POINT at, int notches);
+    /// Drops a file on the program.
+    void Drop(const std::wstring& path);
     /// Clicks the middle of a control.
     void ClickControl(int id);
 
@@ -67,5 +70,6 @@ private:
 };
 
 std::wstring TextOfWindow(HWND window);
+std::wstring ClipboardText();
 
 }  // namespace test

@@ -45,19 +45,22 @@ bool IsOneOf(const GUID& format, std::initializer_list<const GUID*> formats) {
 }
 
 Target TargetOf(const GUID& format, bool hasGrayPalette) {
+    const GUID* const anyColours = &GUID_WICPixelFormat32bppBGRA;  // the form that every converter knows
     if (IsOneOf(format, {&GUID_WICPixelFormatBlackWhite}) ||
         (IsOneOf(format, {&GUID_WICPixelFormat1bppIndexed}) && hasGrayPalette))
-        return {KEST_IMAGE_BINARY, &GUID_WICPixelFormat8bppGray, 1};
-    if (IsOneOf(format, {&GUID_WICPixelFormat2bppGray, &GUID_WICPixelFormat4bppGray, &GUID_WICPixelFormat8bppGray}) ||
-        hasGrayPalette)
-        return {KEST_IMAGE_GRAY256, &GUID_WICPixelFormat8bppGray, 1};
+        return {KEST_IMAGE_BINARY, anyColours, 4};
+    if (IsOneOf(format, {&GUID_WICPixelFormat2bppGray, &GUID_WICPixelFormat4bppGray}) || hasGrayPalette)
+        return {KEST_IMAGE_GRAY256, anyColours, 4};
+    if (IsOneOf(format, {&GUID_WICPixelFormat8bppGray})) return {KEST_IMAGE_GRAY256, &GUID_WICPixelFormat8bppGray, 1};
     if (IsOneOf(format, {&GUID_WICPixelFormat16bppGray})) return {KEST_IMAGE_INT16, &GUID_WICPixelFormat16bppGray, 2};
     // Not every converter knows this one, so its upper bytes are taken here.
     if (IsOneOf(format, {&GUID_WICPixelFormat48bppRGB})) return {KEST_IMAGE_RGB, &GUID_WICPixelFormat48bppRGB, 6};
     if (IsOneOf(format, {&GUID_WICPixelFormat32bppGrayFloat, &GUID_WICPixelFormat16bppGrayHalf,
                          &GUID_WICPixelFormat16bppGrayFixedPoint, &GUID_WICPixelFormat32bppGrayFixedPoint}))
         return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
-    return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
+    if (IsOneOf(format, {&GUID_WICPixelFormat24bppBGR})) return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
+    // What is transparent is taken as if it were not.
+    return {KEST_IMAGE_RGB, anyColours, 4};
 }
 
 bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, const GUID& format) {
@@ -78,8 +81,10 @@ bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, c
 /// Copies the decoder's rows, top row first, into the image's, bottom row first and unpadded.
 bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Busy& busy) {
     const SIZE size = SizeOf(image);
+    const auto bytesPerPixel = static_cast<std::size_t>(target.bytesPerPixel),
+               components = static_cast<std::size_t>(image.SizeOf());  // bytes of the image's pixels
     const auto sourceBytes = static_cast<UINT>(size.cx * target.bytesPerPixel);
-    const std::size_t rowBytes = static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(image.SizeOf());
+    const std::size_t rowBytes = static_cast<std::size_t>(size.cx) * components;
     // Decoders want rows that begin at multiples of four bytes.
     const UINT stride = (sourceBytes + 3) & ~3u;
     constexpr int rowsAtOnce = 64;
@@ -92,11 +97,14 @@ bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Bu
         for (int i = 0; i < count; ++i) {
             unsigned char* to = pixels + static_cast<std::size_t>(size.cy - 1 - top - i) * rowBytes;
             const unsigned char* from = rows.data() + static_cast<std::size_t>(i) * stride;
-            if (target.bytesPerPixel == 6)
-                for (std::size_t at = 0; at < rowBytes; ++at)
-                    to[at] = from[at / 3 * 6 + (2 - at % 3) * 2 + 1];
-            else
+            if (components == bytesPerPixel)
                 std::memcpy(to, from, rowBytes);
+            else
+                for (std::size_t at = 0; at < rowBytes; ++at) {
+                    const std::size_t pixel = at / components, component = at % components;
+                    // Of red, green and blue with 16 bits each the upper bytes; else the first bytes of a pixel.
+                    to[at] = from[pixel * bytesPerPixel + (bytesPerPixel == 6 ? (2 - component) * 2 + 1 : component)];
+                }
             // A binary picture's value 1 is its black.
             if (target.type == KEST_IMAGE_BINARY)
                 std::transform(to, to + rowBytes, to, [](unsigned char level) { return level < 128 ? 1 : 0; });

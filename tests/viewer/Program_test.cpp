@@ -1,0 +1,130 @@
+// KestView as a program: how files reach it, what it remembers, and the ROI work that the tour leaves out.
+#include <gtest/gtest.h>
+
+#include <shlobj.h>
+
+#include "KestApi.h"
+#include "Resource.h"
+#include "support/Bytes.h"
+#include "viewer/Driver.h"
+
+namespace test {
+namespace {
+
+constexpr int width = 320, height = 240;
+
+/// A picture whose values rise from left to right.
+class Ramp {
+public:
+    explicit Ramp(const char* path) : file(path) {
+        CcGrayImage256 image;
+        image.MakeBlankBMP(height, width, 0, "ramp");
+        auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
+        for (int i = 0; i < width * height; ++i)
+            pixels[i] = static_cast<unsigned char>(i % width * 255 / (width - 1));
+        image.SaveBMPFile(file.Path());
+    }
+
+private:
+    TemporaryFile file;
+};
+
+void Close(Driver& view) {
+    PostMessageA(view.Main(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Driver::WaitFor([&] { return !view.IsRunning(); }));
+}
+
+std::wstring FullPath(const wchar_t* name) {
+    wchar_t path[MAX_PATH] = {};
+    GetFullPathNameW(name, MAX_PATH, path, nullptr);
+    return path;
+}
+
+TEST(Files, ComeFromTheCommandLineByDragAndDropAndFromTheRecentOnes) {
+    const Ramp first("first.bmp"), second("second.bmp");
+    {
+        Driver view(L"first.bmp missing.bmp");
+        ASSERT_TRUE(view.Main());
+        EXPECT_EQ(view.AnswerBox(VK_RETURN).substr(0, 17), L"There is no file\n") << "in plain words";
+        EXPECT_EQ(view.Title(), L"first - KestView");
+        view.Drop(FullPath(L"second.bmp"));
+        EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"second - KestView"; })) << "dropped on the window";
+        // The bar between picture and panes.
+        RECT before, after;
+        GetWindowRect(view.Control(IDC_SIDE_TABS), &before);
+        POINT bar = {before.left - 3, before.top};
+        ScreenToClient(view.Main(), &bar);
+        view.Drag(view.Main(), {bar, {bar.x - 60, bar.y}});
+        GetWindowRect(view.Control(IDC_SIDE_TABS), &after);
+        EXPECT_EQ(after.left, before.left - 60) << "panes can be made wider";
+        Close(view);
+    }
+    Driver view(L"", true);
+    ASSERT_TRUE(view.Main());
+    view.Press({VK_MENU, 'F'});
+    view.Press({'2'});
+    EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"first - KestView"; })) << "the last but one";
+    RECT window, tabs;
+    GetWindowRect(view.Main(), &window);
+    GetWindowRect(view.Control(IDC_SIDE_TABS), &tabs);
+    EXPECT_GT(window.right - tabs.left, 352 + 40) << "as wide as it was left";
+    Close(view);
+}
+
+TEST(Rois, AreSelectedRenamedCancelledDeletedAndBroughtBack) {
+    const Ramp ramp("ramp.bmp");
+    Driver view(L"ramp.bmp");
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"ramp - KestView"; }));
+    view.Press({VK_CONTROL, '1'});
+    const HWND canvas = view.Canvas();
+    view.Press({VK_CONTROL, VK_SHIFT, '3'});
+    view.Drag(canvas, {{40, 40}, {100, 90}});
+    view.Press({VK_CONTROL, VK_SHIFT, '2'});
+    view.Drag(canvas, {{20, 200}, {300, 200}});
+    view.Press({VK_ESCAPE});
+    const auto table = [&] {
+        view.Press({VK_CONTROL, VK_SHIFT, 'C'});
+        return ClipboardText();
+    };
+    const std::wstring whole = table();
+    EXPECT_NE(whole.find(L"\nRect.1\tRectangle\t"), std::wstring::npos);
+
+    // The line's profile, by the list.
+    const HWND list = view.Control(IDC_ROI_LIST);
+    view.Click(list, {30, 40});
+    view.Press({VK_CONTROL, 'L'});
+    EXPECT_TRUE(
+        Driver::WaitFor([&] { return TextOfWindow(view.Control(IDC_GRAPH_NOTE)) == L"281 samples over 280 pixels"; }));
+
+    // A move that is given up leaves everything as it was, the step that could be redone too.
+    view.Press({VK_CONTROL, 'Z'});
+    view.Drag(canvas, {{70, 60}, {130, 120}}, VK_ESCAPE);
+    view.Press({VK_CONTROL, 'Y'});
+    EXPECT_EQ(table(), whole);
+
+    view.Click(canvas, {70, 60}, true);
+    view.Press({VK_ESCAPE});
+    view.Press({VK_F2});
+    ASSERT_TRUE(view.WaitForDialog(L"Rename ROI")) << "selected by the right button";
+    view.Type(L"Fläche");
+    view.Press({VK_RETURN});
+    EXPECT_NE(table().find(L"\nFläche\tRectangle\t"), std::wstring::npos);
+    view.Press({VK_DELETE});
+    EXPECT_EQ(table().find(L"Rectangle"), std::wstring::npos);
+    view.Press({VK_CONTROL, 'Z'});
+    EXPECT_NE(table().find(L"\nFläche\tRectangle\t"), std::wstring::npos);
+
+    // What a user could lose is asked about: a tool has changed pixels of a picture that was saved.
+    view.Press({VK_CONTROL, 'S'});
+    const TemporaryFile session("ramp.kvs");
+    ASSERT_TRUE(view.AnswerFileDialog(L"Save Session", FullPath(L"ramp.kvs")));
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"ramp - KestView"; }));
+    SendMessageA(view.Main(), KEST_TOOL_PIXELS_CHANGED, 0, 0);
+    EXPECT_EQ(view.Title(), L"ramp * - KestView");
+    view.Press({VK_CONTROL, 'W'});
+    EXPECT_EQ(view.AnswerBox('N'), L"Save the changes to ramp in a session?");
+    Close(view);
+}
+
+}  // namespace
+}  // namespace test
