@@ -20,7 +20,7 @@ namespace {
 constexpr UINT_PTR measureTimer = 1;
 constexpr UINT measureDelayMilliseconds = 30;
 constexpr int shownDigits = 6;
-constexpr int columnWidths[resultColumnCount] = {82, 92, 55, 95, 122, 58, 65, 68, 68, 136};
+constexpr int columnWidths[resultColumnCount] = {78, 88, 52, 90, 118, 56, 62, 66, 66, 130};
 
 }  // namespace
 
