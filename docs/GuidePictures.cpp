@@ -36,6 +36,9 @@ void Take(Driver& view, HWND window, const char* name, bool hasFrame = true) {
         GetClientRect(window, &part);
         MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&part), 2);
     }
+    // Away from the buttons, whose tooltips go.
+    view.MoveTo(view.Main(), {2, 2});
+    Sleep(300);
     Save(view.Screen(), part, name);
 }
 
