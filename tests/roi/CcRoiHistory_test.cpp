@@ -86,6 +86,17 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     EXPECT_EQ(NamesOf(list), "a2 b ");
     while (history.Redo() == 0) continue;
     EXPECT_EQ(NamesOf(list), "b a4 ");
+    // An edit that is given up leaves what could be redone.
+    history.Undo();
+    EXPECT_EQ(history.Cancel(), -1);
+    history.Remember();
+    list.DeleteAtIndex(1);
+    EXPECT_EQ(history.CanRedo(), 0);
+    EXPECT_EQ(history.Cancel(), 0);
+    EXPECT_EQ(NamesOf(list), "a4 b ");
+    EXPECT_EQ(history.Cancel(), -1) << "nothing is begun any more";
+    EXPECT_EQ(history.Redo(), 0);
+    EXPECT_EQ(NamesOf(list), "b a4 ");
     // A new edit ends what could be redone.
     history.Undo();
     history.Remember();
