@@ -6,6 +6,7 @@
 
 #include "CcCurve.h"
 #include "core/GdiGuards.h"
+#include "core/TextDrawing.h"
 #include "core/kernel/TextField.h"
 #include "graph/kernel/AxisLabels.h"
 #include "graph/kernel/CurvePath.h"
@@ -36,12 +37,12 @@ int FontHeight(HDC dc) {
 void DrawAxisText(HDC dc, IntPoint place, const char* text, int size, int exponent) {
     const int length = static_cast<int>(FieldLength(text, static_cast<std::size_t>(size)));
     if (exponent == 0) {
-        TextOutA(dc, place.x, place.y, text, length);
+        DrawProcessText(dc, place.x, place.y, text, length);
         return;
     }
     char scaled[256];
     const int scaledLength = std::snprintf(scaled, sizeof scaled, "%.*s *(E%d)", length, text, exponent);
-    TextOutA(dc, place.x, place.y, scaled, scaledLength);
+    DrawProcessText(dc, place.x, place.y, scaled, scaledLength);
 }
 
 /// In logical units; a pen that does not tell counts as wide.
@@ -85,7 +86,7 @@ struct MarkedAxis {
         const int length = WriteLabel(text, value, axis.exponent, axis.precision);
         const int low = across.Logical(otherAxis.minimum) - labelGap;
         const IntPoint place = At(along.Logical(value) + (isX ? 0 : fontHeight / 2), low);
-        if (length > 0) TextOutA(dc, place.x, place.y, text, length);
+        if (length > 0) DrawProcessText(dc, place.x, place.y, text, length);
     }
 
     void Draw(HPEN solid, HPEN dotted) const {

@@ -94,6 +94,7 @@ void CcRoiHistory::Clear() {
 }
 
 int CcRoiHistory::Remember() {
+    bCanCancel = false;
     Snapshot* snapshot = Take();
     if (!snapshot) return KEST_FAILED;
     DeleteAll(pRedoBefore);

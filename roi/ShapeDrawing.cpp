@@ -3,6 +3,7 @@
 
 #include "KestTypes.h"
 #include "core/GdiGuards.h"
+#include "core/TextDrawing.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/TextField.h"
 
@@ -37,8 +38,8 @@ void DrawName(HDC dc, const IntRect& place, const char* name) {
     const BackgroundModeGuard background(dc, TRANSPARENT);
     const TextAlignGuard align(dc, TA_BOTTOM);
     const TextColourGuard colour(dc, pen.lopnColor);
-    TextOutA(dc, Saturate(Size64{place.left} + 8), Saturate(Size64{place.top} - 8), name,
-             static_cast<int>(FieldLength(name, KEST_NAME_SIZE)));
+    DrawProcessText(dc, Saturate(Size64{place.left} + 8), Saturate(Size64{place.top} - 8), name,
+                    static_cast<int>(FieldLength(name, KEST_NAME_SIZE)));
 }
 
 void DrawEdgeHandles(HDC dc, const IntRect& place) {

@@ -18,11 +18,12 @@ constexpr const char* section = "KestView";
 
 struct LayoutSetting {
     const char* key;
-    int WindowLayout::*length;
+    int WindowLayout::*value;
 };
-constexpr LayoutSetting layoutSettings[] = {{"SideWidth", &WindowLayout::sideWidth},
-                                            {"RoiListHeight", &WindowLayout::roiListHeight},
-                                            {"ResultsHeight", &WindowLayout::resultsHeight}};
+constexpr LayoutSetting layoutSettings[] = {
+    {"SideWidth", &WindowLayout::sideWidth},         {"RoiListHeight", &WindowLayout::roiListHeight},
+    {"ResultsHeight", &WindowLayout::resultsHeight}, {"SideShown", &WindowLayout::isSideShown},
+    {"ResultsShown", &WindowLayout::isResultsShown}, {"RoiNames", &WindowLayout::showsRoiNames}};
 
 /// Text fields use these keys themselves.
 bool IsEditKey(const MSG& message) {
@@ -124,7 +125,7 @@ void Application::LoadSettings() {
     layout.place = {number("Left", 0), number("Top", 0), number("Right", 0), number("Bottom", 0)};
     layout.isMaximized = number("Maximized", 0) == 1;
     for (const LayoutSetting& setting : layoutSettings)
-        layout.*setting.length = number(setting.key, layout.*setting.length);
+        layout.*setting.value = number(setting.key, layout.*setting.value);
 }
 
 void Application::SaveSettings() const {
@@ -142,7 +143,7 @@ void Application::SaveSettings() const {
     write("Bottom", Format("%ld", layout.place.bottom));
     write("Maximized", layout.isMaximized ? "1" : "0");
     for (const LayoutSetting& setting : layoutSettings)
-        write(setting.key, Format("%d", layout.*setting.length));
+        write(setting.key, Format("%d", layout.*setting.value));
 }
 
 }  // namespace kestview

@@ -19,6 +19,9 @@ struct WindowLayout {
     int sideWidth = 352;
     int roiListHeight = 222;
     int resultsHeight = 190;
+    int isSideShown = 1;
+    int isResultsShown = 1;
+    int showsRoiNames = 1;
 };
 
 class Application : public Program {
@@ -44,9 +47,11 @@ public:
     /// "C:\Programs\KestView\": where the program lies.
     std::string ProgramFolder() const;
 
+    /// Also done at the end, and whenever a file is noted.
+    void SaveSettings() const;
+
 private:
     void LoadSettings();
-    void SaveSettings() const;
 
     std::unique_ptr<MainWindow> mainWindow;
     std::vector<std::string> recentFiles;

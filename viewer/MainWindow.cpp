@@ -24,18 +24,18 @@ constexpr int sideTemplates[sidePageCount] = {IDD_THRESHOLD, IDD_DISPLAY_TABLE, 
 constexpr const char* sideTips[sidePageCount] = {
     "Colour bands of values, and make masks of them", "Change how values become gray levels on the screen",
     "How often each value occurs", "The values along the selected ROI", "Measure in a unit of your own"};
-constexpr int roiMenuPosition = 4, toolsMenuPosition = 8;
+constexpr int toolsMenuPosition = 8;
 constexpr SIZE smallestWindow = {900, 680};
-constexpr int smallestPicture = 200, smallestSide = 280, smallestRoiList = 110, smallestPage = 250,
+// A page and the side hold their controls.
+constexpr int smallestPicture = 200, smallestSide = 330, smallestRoiList = 110, smallestPage = 430,
               smallestResults = 90;
 constexpr int barThickness = 5;
 
-/// The part of the window's monitor that programs may cover.
-RECT WorkAreaOf(HWND window) {
+MONITORINFO MonitorOf(HWND window) {
     MONITORINFO monitor = {};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcWork;
+    return monitor;
 }
 
 HWND CreateTabs(HWND parent, int id, DWORD style) {
@@ -77,7 +77,8 @@ bool MainWindow::Create(int showCommand) {
     const WindowLayout& layout = App().Layout();
     // The monitor of the last run may be gone.
     if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) place = layout.place;
-    if (layout.isMaximized && showCommand == SW_SHOWDEFAULT) showCommand = SW_SHOWMAXIMIZED;
+    if (layout.isMaximized && (showCommand == SW_SHOWDEFAULT || showCommand == SW_SHOWNORMAL))
+        showCommand = SW_SHOWMAXIMIZED;
     if (!Window::Create(look, nullptr, place)) return false;
     SetMenu(window, LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN)));
     OnCreate();
@@ -104,8 +105,9 @@ void MainWindow::OnCreate() {
     view.onContextMenu = [this] {
         POINT mouse;
         GetCursorPos(&mouse);
-        const HMENU roiMenu = GetSubMenu(GetMenu(window), roiMenuPosition);
-        TrackPopupMenu(roiMenu, TPM_RIGHTBUTTON, mouse.x, mouse.y, 0, window, nullptr);
+        const HMENU menu = LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_ROI_CONTEXT));
+        TrackPopupMenu(GetSubMenu(menu, 0), TPM_RIGHTBUTTON, mouse.x, mouse.y, 0, window, nullptr);
+        DestroyMenu(menu);
     };
     roiListPane.Create(IDD_ROI_LIST, window);
     resultsPane.Create(IDD_RESULTS, window);
@@ -117,8 +119,11 @@ void MainWindow::OnCreate() {
     tools.Load(App().ProgramFolder() + "tools\\");
     tools.AddTo(GetSubMenu(GetMenu(window), toolsMenuPosition), toolbar);
 
+    isSideShown = App().Layout().isSideShown != 0;
+    isResultsShown = App().Layout().isResultsShown != 0;
+    view.showsRoiNames = App().Layout().showsRoiNames != 0;
     OnDpiChanged({});
-    ShowSidePage(HistogramPage);
+    if (isSideShown) ShowSidePage(HistogramPage);
     Activate(nullptr);
 }
 
@@ -208,17 +213,23 @@ void MainWindow::Arrange() {
     place(tabs, {room.left, room.top, room.right, picture.top});
     ShowWindow(tabs, documents.empty() ? SW_HIDE : SW_SHOWNA);
     place(view, picture);
+    statusBar.ShowPicture(active, view.Magnification());
 }
 
 void MainWindow::NoteLayout() {
     WINDOWPLACEMENT placement = {};
     placement.length = sizeof placement;
     if (!GetWindowPlacement(window, &placement)) return;
-    RECT work = WorkAreaOf(window);
-    // The placement counts from the work area.
-    OffsetRect(&placement.rcNormalPosition, work.left, work.top);
-    App().Layout().place = placement.rcNormalPosition;
-    App().Layout().isMaximized = placement.showCmd == SW_SHOWMAXIMIZED;
+    // The placement leaves out what the taskbar takes at the left and the top.
+    const MONITORINFO monitor = MonitorOf(window);
+    OffsetRect(&placement.rcNormalPosition, monitor.rcWork.left - monitor.rcMonitor.left,
+               monitor.rcWork.top - monitor.rcMonitor.top);
+    WindowLayout& layout = App().Layout();
+    layout.place = placement.rcNormalPosition;
+    layout.isMaximized = placement.showCmd == SW_SHOWMAXIMIZED;
+    layout.isSideShown = isSideShown;
+    layout.isResultsShown = isResultsShown;
+    layout.showsRoiNames = view.showsRoiNames;
 }
 
 bool MainWindow::OnSplitterMessage(UINT message, LPARAM lParam) {
@@ -254,6 +265,13 @@ void MainWindow::AddDocument(std::unique_ptr<Document> document) {
     Arrange();
 }
 
+void MainWindow::AddNewPicture(std::unique_ptr<CcImage> image, Document* like) {
+    auto document = std::make_unique<Document>(std::move(image));
+    if (like) document->CalibrateLike(*like);
+    document->SetModified(true);
+    AddDocument(std::move(document));
+}
+
 void MainWindow::Activate(Document* document) {
     if (active && active != document) active->PreviewBands(false, nullptr);
     active = document;
@@ -266,6 +284,7 @@ void MainWindow::Activate(Document* document) {
     UpdateTabs();
     UpdateTitle();
     UpdateCommands();
+    statusBar.ShowMessage("");
     statusBar.ShowPixel(nullptr, nullptr);
     statusBar.ShowPicture(active, view.Magnification());
 }
@@ -296,10 +315,15 @@ void MainWindow::Discard(Document& document) {
     Arrange();
 }
 
-bool MainWindow::CloseAll() {
-    // Nothing is lost when the last question is answered with Cancel: first all are asked about, then all go.
+bool MainWindow::MayCloseAll() {
     for (std::size_t i = documents.size(); i-- > 0;)
         if (!MayClose(*documents[i])) return false;
+    return true;
+}
+
+bool MainWindow::CloseAll() {
+    // Nothing is lost when the last question is answered with Cancel: first all are asked about, then all go.
+    if (!MayCloseAll()) return false;
     while (!documents.empty())
         Discard(*documents.back());
     return true;
@@ -310,7 +334,7 @@ void MainWindow::OpenFile(const std::string& path) {
     std::unique_ptr<Document> document;
     if (IsSessionFile(path)) {
         document = OpenSession(path, error, warning);
-    } else if (auto image = OpenPicture(path, error)) {
+    } else if (auto image = OpenPicture(path, error, warning)) {
         document = std::make_unique<Document>(std::move(image));
         document->picturePath = path;
     }
@@ -414,6 +438,22 @@ void MainWindow::SetRoiTool(int roiType) {
 }
 
 bool MainWindow::IsPaneMessage(MSG& message) {
+    // Tab goes from the picture into the panes, Esc from there back.
+    const bool isTab = message.message == WM_KEYDOWN && message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0;
+    if (isTab && message.hwnd == view) {
+        const HWND pane = GetKeyState(VK_SHIFT) < 0 ? static_cast<HWND>(resultsPane) : PageOf(sidePage);
+        const HWND first = IsWindowVisible(pane) ? GetNextDlgTabItem(pane, nullptr, FALSE) : nullptr;
+        if (first) SetFocus(first);
+        return true;
+    }
+    // An open list and a name that is being edited take Esc themselves.
+    const HWND parent = GetParent(message.hwnd);
+    const bool isInPane = parent == resultsPane || parent == roiListPane || parent == PageOf(sidePage);
+    if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && isInPane &&
+        !SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0)) {
+        SetFocus(view);
+        return true;
+    }
     if (IsChild(resultsPane, message.hwnd)) return IsDialogMessageA(resultsPane, &message) != 0;
     if (IsChild(roiListPane, message.hwnd)) return IsDialogMessageA(roiListPane, &message) != 0;
     DocumentPane& page = PageOf(sidePage);
@@ -487,7 +527,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETMINMAXINFO: {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
-            const RECT work = WorkAreaOf(window);
+            const RECT work = MonitorOf(window).rcWork;
             limits.ptMinTrackSize = {std::min(Scaled(smallestWindow.cx), WidthOf(work)),
                                      std::min(Scaled(smallestWindow.cy), HeightOf(work))};
             return 0;
@@ -510,6 +550,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_DPICHANGED:
             OnDpiChanged(*reinterpret_cast<RECT*>(lParam));
+            return 0;
+        case WM_ACTIVATE:
+            // Back from another program, keys go where they went before.
+            if (LOWORD(wParam) == WA_INACTIVE)
+                lastFocus = IsChild(window, GetFocus()) ? GetFocus() : nullptr;
+            else if (!HIWORD(wParam))
+                SetFocus(lastFocus && IsChild(window, lastFocus) && IsWindowVisible(lastFocus) ? lastFocus : view);
             return 0;
         case WM_SETFOCUS:
             SetFocus(view);
@@ -536,7 +583,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             DestroyWindow(window);
             return 0;
         case WM_QUERYENDSESSION:
-            return CloseAll();
+            return MayCloseAll();
+        case WM_ENDSESSION:
+            if (wParam) {
+                NoteLayout();
+                App().SaveSettings();
+            }
+            return 0;
         case WM_DESTROY:
             PostQuitMessage(0);
             return 0;

@@ -40,6 +40,9 @@ public:
     const std::vector<std::unique_ptr<Document>>& Documents() const { return documents; }
     /// Takes a new document over and brings it to the front.
     void AddDocument(std::unique_ptr<Document> document);
+    /// The same with a picture that was made here. `like`: a document of the same size whose calibration holds for it
+    /// too, or null.
+    void AddNewPicture(std::unique_ptr<CcImage> image, Document* like);
     void Activate(Document* document);
     /// Asks about unsaved work first; false when the user cancels.
     bool CloseDocument(Document& document);
@@ -50,7 +53,6 @@ public:
 
     PictureView& View() { return view; }
     ResultsPane& Results() { return resultsPane; }
-    RoiListPane& RoiList() { return roiListPane; }
     ThresholdPane& Threshold() { return thresholdPane; }
     DisplayTablePane& DisplayTable() { return displayTablePane; }
     CalibrationPane& Calibration() { return calibrationPane; }
@@ -74,6 +76,7 @@ public:
 
 private:
     bool MayClose(Document& document);
+    bool MayCloseAll();
     void Discard(Document& document);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCreate();
@@ -110,6 +113,7 @@ private:
     ProfilePane profilePane;
     CalibrationPane calibrationPane;
     SidePage sidePage = HistogramPage;
+    HWND lastFocus = nullptr;  ///< the control with the focus when another program came to the front
     bool isSideShown = true;
     bool isResultsShown = true;
 };

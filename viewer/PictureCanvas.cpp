@@ -97,9 +97,7 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
                 return 0;
             } else {
                 POINT pixel;
-                if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) &&
-                    onPick(pixel, roiMouse.IsOnRoi(shown, mouse)))
-                    return 0;
+                if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) && onPick(pixel)) return 0;
                 roiMouse.Press(shown, mouse, (wParam & (MK_CONTROL | MK_SHIFT)) != 0);
                 return 0;
             }
@@ -153,7 +151,7 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
             POINT point;
             GetCursorPos(&point);
             ScreenToClient(canvas, &point);
-            const bool picks = onPick && roiMouse.Tool() == selectTool && !roiMouse.IsOnRoi(shown, point);
+            const bool picks = picksPoints && picksPoints() && roiMouse.Tool() == selectTool;
             SetCursor(
                 LoadCursorA(nullptr, picks ? reinterpret_cast<LPCSTR>(IDC_CROSS) : roiMouse.CursorAt(shown, point)));
             return TRUE;

@@ -71,7 +71,9 @@ void PictureView::Arrange() {
     SIZE room = all, shown = {0, 0};
     bool hasBar[2] = {};  // horizontal, vertical
     if (zoom > 0) {
-        const int barWidth = GetSystemMetrics(SM_CXVSCROLL), barHeight = GetSystemMetrics(SM_CYHSCROLL);
+        const auto dpi = static_cast<UINT>(DpiOf(window));
+        const int barWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi),
+                  barHeight = GetSystemMetricsForDpi(SM_CYHSCROLL, dpi);
         for (int pass = 0; pass < 2; ++pass) {
             hasBar[0] = hasBar[0] || picture.cx * zoom > room.cx;
             room.cy = all.cy - (hasBar[0] ? barHeight : 0);

@@ -43,8 +43,10 @@ public:
     std::function<void(const POINT* pixel)> onHover;  ///< null: the mouse has left
     std::function<void()> onToolChanged;
     std::function<void()> onContextMenu;
-    /// A click with the select tool, maybe on a ROI; true when it was taken (the calibration pane picks points).
-    std::function<bool(POINT pixel, bool isOnRoi)> onPick;
+    /// A click with the select tool; true when it was taken (the calibration pane picks points).
+    std::function<bool(POINT pixel)> onPick;
+    /// Whether the next click would be taken.
+    std::function<bool()> picksPoints;
     /// Draws over picture and ROIs.
     std::function<void(HDC dc)> onPaintOver;
 

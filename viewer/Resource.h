@@ -3,6 +3,7 @@
 
 #define IDI_KESTVIEW 1
 #define IDR_MAIN 100
+#define IDR_ROI_CONTEXT 101
 
 // Dialogs and panes
 #define IDD_TEXT 110
@@ -184,6 +185,5 @@
 #define IDC_CAL_SAVE 2100
 #define IDC_CAL_REMOVE 2101
 #define IDC_CAL_STATE 2102
-#define IDC_CAL_PICK 2103
 #define IDC_KEYS_LIST 2110
 #define IDC_ABOUT_VERSION 2120

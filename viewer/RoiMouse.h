@@ -44,7 +44,6 @@ public:
     /// The ROI that the drag itself draws, so that the picture leaves it out.
     const CcRoiBase* Hidden() const { return isDragging && !drawn ? grabbed : nullptr; }
     LPCSTR CursorAt(const Shown& shown, POINT mouse);
-    bool IsOnRoi(const Shown& shown, POINT mouse) { return document && HitAt(shown, mouse).roi; }
     /// Selects the ROI under the mouse, if there is one that is not selected yet.
     void SelectAt(const Shown& shown, POINT mouse);
 

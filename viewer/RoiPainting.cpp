@@ -4,13 +4,33 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <string>
 
 #include "Application.h"
+#include "platform/Busy.h"
 #include "platform/Drawing.h"
+#include "platform/Text.h"
 #include "platform/Window.h"
 
 namespace kestview {
 namespace {
+
+/// Takes a ROI's name away while it is drawn: points write theirs themselves.
+class Nameless {
+public:
+    Nameless(CcRoiBase& newRoi, bool isOn) : roi(newRoi), name(isOn ? newRoi.GetName() : "") {
+        if (!name.empty()) roi.SetName("");
+    }
+    ~Nameless() {
+        if (!name.empty()) roi.SetName(name.c_str());
+    }
+    Nameless(const Nameless&) = delete;
+    Nameless& operator=(const Nameless&) = delete;
+
+private:
+    CcRoiBase& roi;
+    std::string name;
+};
 
 void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint) {
     const auto scaled = [&](int length) { return static_cast<LONG>(MulDiv(length, paint.dpi, 96)); };
@@ -25,7 +45,9 @@ void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const
         POINT corner = ShownPoint(area, document.Size(), shown, bounds->left, std::max(bounds->top, bounds->bottom));
         corner.y = std::max(corner.y - scaled(2), scaled(16));
         SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
-        TextOutA(dc, corner.x, corner.y, roi.GetName(), lstrlenA(roi.GetName()));
+        // The letters of the names are those of any language.
+        const std::wstring name = Wide(roi.GetName());
+        TextOutW(dc, corner.x, corner.y, name.c_str(), static_cast<int>(name.size()));
     }
     SetTextAlign(dc, TA_LEFT | TA_TOP);
 }
@@ -48,24 +70,25 @@ void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const 
         CcRoiBase& roi = document.Roi(i);
         if (&roi == paint.hidden) continue;
         SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
+        const Nameless nameless(roi, !paint.showsNames);
         roi.ShowROI(dc, &place, shown.xOffset, shown.yOffset, shown.mode, &document.Image(), shown.zoom,
                     paint.marksSelected ? asItIs : asUnselected);
     }
     if (paint.showsNames) PaintNames(dc, area, document, shown, paint);
 }
 
-std::unique_ptr<CcImage> DrawnWithRois(Document& document, bool showsNames) {
-    const SIZE size = document.Size();
-    auto drawn = MakeImage(KEST_IMAGE_RGB, size.cy, size.cx, document.Name());
-    DibSection pixels(size, 24);
+std::unique_ptr<CcImage> DrawnWithRois(Document& document, Shown shown, SIZE area, bool showsNames) {
+    const Busy busy("Drawing", 8LL * area.cx * area.cy);
+    auto drawn = MakeImage(KEST_IMAGE_RGB, area.cy, area.cx, document.Name());
+    DibSection pixels(area, 24);
     if (!drawn || !pixels) return nullptr;
-    RECT all = {0, 0, size.cx, size.cy};
-    document.Image().Show(pixels, &all, document.ShownTable(), 1, 0, 0, 1);
-    // Lines and letters that are seen when the whole picture fills a page.
+    RECT all = {0, 0, area.cx, area.cy};
+    document.Image().Show(pixels, &all, document.ShownTable(), 1, shown.xOffset, shown.yOffset, shown.zoom);
+    // Lines and letters that are seen when all of it fills a page.
     constexpr int pixelsAcrossPage = 1000;
-    const int scale = 1 + static_cast<int>(std::max(size.cx, size.cy)) / pixelsAcrossPage;
-    Shown shown;
-    shown.penZoom = 4 * (scale - 1);
+    const int scale = 1 + static_cast<int>(std::max(area.cx, area.cy)) / pixelsAcrossPage;
+    shown.mode = 1;
+    shown.penZoom = std::max(shown.zoom, 4 * (scale - 1));
     RoiPaint paint;
     paint.showsNames = showsNames;
     paint.marksSelected = false;
@@ -74,12 +97,12 @@ std::unique_ptr<CcImage> DrawnWithRois(Document& document, bool showsNames) {
         Font font;
         font.Make(paint.dpi);
         const Selected selectedFont(pixels, font);
-        PaintRois(pixels, size, document, shown, paint);
+        PaintRois(pixels, area, document, shown, paint);
     }
     GdiFlush();
-    const std::size_t rowBytes = 3 * static_cast<std::size_t>(size.cx), stride = (rowBytes + 3) / 4 * 4;
+    const std::size_t rowBytes = 3 * static_cast<std::size_t>(area.cx), stride = (rowBytes + 3) / 4 * 4;
     auto* to = static_cast<unsigned char*>(drawn->GetBitMapImageData());
-    for (std::size_t row = 0; row < static_cast<std::size_t>(size.cy); ++row)
+    for (std::size_t row = 0; row < static_cast<std::size_t>(area.cy); ++row)
         std::memcpy(to + row * rowBytes, pixels.Bits() + row * stride, rowBytes);
     return drawn;
 }

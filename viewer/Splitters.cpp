@@ -22,7 +22,9 @@ void Splitters::Press(HWND window, POINT mouse) {
     dragged = BarAt(mouse);
     if (dragged < 0) return;
     pressed = mouse;
-    pressedLength = *bars[static_cast<std::size_t>(dragged)].length;
+    // What is shown of a length that there is no room for.
+    const Bar& bar = bars[static_cast<std::size_t>(dragged)];
+    pressedLength = std::clamp(*bar.length, bar.least, std::max(bar.least, bar.most));
     SetCapture(window);
 }
 

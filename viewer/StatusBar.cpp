@@ -76,7 +76,7 @@ void StatusBar::ShowPixel(Document* document, const POINT* pixel) {
         return;
     }
     SetPart(PixelPart, Format("x %ld, y %ld", pixel->x, pixel->y));
-    SetPart(ValuePart, ValueText(document->Image(), pixel->x, pixel->y));
+    SetPart(ValuePart, ValueText(*document, pixel->x, pixel->y));
     SetPart(WorldPart, WorldText(document->Image(), pixel->x, pixel->y));
 }
 

@@ -47,7 +47,9 @@ void Tools::AddTo(HMENU menu, Toolbar& toolbar) {
 
 std::string Tools::TextOf(int command) {
     CLOADDLL* tool = list->GetAt(command - ID_TOOLS_FIRST);
-    return tool ? tool->GetMenuText() : "";
+    std::string text = tool ? tool->GetMenuText() : "";
+    std::erase(text, '&');
+    return text;
 }
 
 void Tools::Run(int command, HWND mainWindow) {

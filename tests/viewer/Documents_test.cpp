@@ -9,10 +9,12 @@
 #include "document/Histogram.h"
 #include "document/PictureFiles.h"
 #include "document/Profile.h"
+#include "document/Region.h"
 #include "document/ResultsTable.h"
 #include "document/RoiFiles.h"
 #include "document/RoiKinds.h"
 #include "document/Session.h"
+#include "platform/Drawing.h"
 #include "platform/Text.h"
 #include "support/Bytes.h"
 
@@ -116,6 +118,35 @@ TEST(Session, BringsBackEveryClassWithItsValuesRegionsAndCalibration) {
     }
 }
 
+TEST(Session, KeepsTheRangeThatAWidePictureShows) {
+    for (const int type : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT}) {
+        SCOPED_TRACE(type);
+        auto document = MakeDocument(type);
+        const DibSection screen({columns, rows}, 32);
+        RECT all = {0, 0, columns, rows};
+        const auto show = [&](Document& shown) { shown.Image().Show(screen, &all, 102, 1, 0, 0, 1); };
+        show(*document);
+        const tagPoints whole = ShownRange(document->Image());
+        const float third = (whole.y - whole.x) / 3;
+        document->SetTableCurve(102, 0, {{whole.x + third, 0}, {whole.y - third, 255}});
+        document->SetBands({{128, 255, 1, 2, 3}});
+        show(*document);
+        const tagPoints chosen = ShownRange(document->Image());
+        EXPECT_NEAR(chosen.x, whole.x + third, 1e-5 * third);
+        EXPECT_NEAR(chosen.y, whole.y - third, 1e-5 * third);
+        const std::vector<std::uint8_t> mask = document->BandMask();
+        const TemporaryFile file("range.kvs");
+        std::string error, warning;
+        ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
+        auto loaded = OpenSession(file.Path(), error, warning);
+        ASSERT_TRUE(loaded) << error;
+        show(*loaded);
+        EXPECT_EQ(ShownRange(loaded->Image()).x, chosen.x);
+        EXPECT_EQ(ShownRange(loaded->Image()).y, chosen.y);
+        EXPECT_EQ(loaded->BandMask(), mask);
+    }
+}
+
 TEST(Session, RefusesWhatIsCutOffOrSomethingElse) {
     const TemporaryFile whole("session-whole.kvs");
     std::string error, warning;
@@ -141,7 +172,7 @@ TEST(Session, RefusesWhatIsCutOffOrSomethingElse) {
 
 TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    std::string error;
+    std::string error, warning;
     // 24-bit BMP, three columns: its rows are padded to twelve bytes.
     Bytes padded;
     padded.Text("BM", 2)
@@ -163,7 +194,7 @@ TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
         for (int i = 0; i < 12; ++i)
             padded.U8(static_cast<unsigned>(row * 100 + i));
     const TemporaryFile bmp("padded.bmp", padded);
-    auto image = OpenPicture(bmp.Path(), error);
+    auto image = OpenPicture(bmp.Path(), error, warning);
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
     EXPECT_STREQ(image->GetName(), "padded");
@@ -180,7 +211,7 @@ TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     entry(277, 3, 1), entry(278, 3, 2), entry(279, 4, 12);
     tiff.I32(0);
     const TemporaryFile gray("gray.tif", tiff);
-    image = OpenPicture(gray.Path(), error);
+    image = OpenPicture(gray.Path(), error, warning);
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_INT16);
     EXPECT_EQ((*image)(0, 1), 1.0f);
@@ -201,12 +232,12 @@ TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     deepEntry(279, 4, 1, 12);
     deep.I32(0);
     const TemporaryFile colour("deep.tif", deep);
-    image = OpenPicture(colour.Path(), error);
+    image = OpenPicture(colour.Path(), error, warning);
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(PixelBytes(*image), std::string("\xFF\2\1\0\x09\x80", 6)) << "blue, green, red";
 
     const TemporaryFile text("text.png", Bytes().Text("this is no picture", 18));
-    EXPECT_FALSE(OpenPicture(text.Path(), error));
+    EXPECT_FALSE(OpenPicture(text.Path(), error, warning));
     EXPECT_EQ(error, "text.png is not a picture that this system can decode, or it is damaged.");
     CoUninitialize();
 }
@@ -215,24 +246,37 @@ TEST(PictureFiles, SavedPicturesOpenAsTheSameClass) {
     for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB,
                            KEST_IMAGE_BINARY}) {
         SCOPED_TRACE(type);
-        std::string error;
+        std::string error, warning;
         auto document = MakeDocument(type);
         const char* suffix = document->Class().rawSuffix;
         const TemporaryFile file("saved.bmp"), samples(std::string("saved") + (suffix ? suffix : ".none"));
         ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
-        auto opened = OpenPicture(file.Path(), error);
+        auto opened = OpenPicture(file.Path(), error, warning);
         ASSERT_TRUE(opened) << error;
         EXPECT_EQ(opened->GetImageType(), type);
         EXPECT_EQ(PixelBytes(*opened), PixelBytes(document->Image()));
 
-        // A picture that cannot be written leaves the one that was there.
-        const std::vector<std::uint8_t> whole = file.Content();
+        // A picture that cannot be written leaves the one that was there, with its samples.
+        const std::vector<std::uint8_t> whole = file.Content(), wholeSamples = samples.Content();
+        (*document).Image()(3, 3);
+        document->Image() = 1.0f;
         const HANDLE inUse =
             CreateFileA(file.Path(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
         EXPECT_FALSE(SavePicture(document->Image(), file.Path(), error));
         EXPECT_EQ(file.Content(), whole);
+        EXPECT_EQ(samples.Content(), wholeSamples);
         CloseHandle(inUse);
-        EXPECT_FALSE(FileExists("saved.new.bmp"));
+        EXPECT_FALSE(FileExists("saved.new1.bmp") || FileExists(std::string("saved.new1") + (suffix ? suffix : "")));
+        // Samples of another picture are left aside, and said so.
+        if (suffix) {
+            std::vector<std::uint8_t> other = wholeSamples;
+            other[4]++;  // the height
+            const TemporaryFile damaged(std::string("saved") + suffix, other);
+            opened = OpenPicture(file.Path(), error, warning);
+            ASSERT_TRUE(opened);
+            EXPECT_EQ(opened->GetImageType(), KEST_IMAGE_GRAY256);
+            EXPECT_NE(warning, "");
+        }
     }
 }
 
@@ -259,19 +303,19 @@ Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vect
 
 TEST(PictureFiles, PalettesDecideAboutTheClass) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    std::string error;
+    std::string error, warning;
     std::vector<unsigned> colours(256);
     for (unsigned i = 0; i < 256; ++i)
         colours[i] = i * 0x010101;
     colours[7] = 0xFF8000;
     const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
-    auto image = OpenPicture(coloured.Path(), error);
+    auto image = OpenPicture(coloured.Path(), error, warning);
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
     EXPECT_EQ(PixelBytes(*image), std::string("\0\0\0\x00\x80\xFF\xFF\xFF\xFF\x00\x80\xFF", 12)) << "blue, green, red";
 
     const TemporaryFile twoLevels("two-levels.bmp", PaletteBmp(1, {0x000000, 0xFFFFFF}, {0x50, 0, 0, 0}));
-    image = OpenPicture(twoLevels.Path(), error);
+    image = OpenPicture(twoLevels.Path(), error, warning);
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_BINARY);
     EXPECT_EQ(PixelBytes(*image), std::string("\1\0\1\0", 4)) << "1 is black";
@@ -289,6 +333,13 @@ TEST(Conversion, TakesValuesOverOrShowsThem) {
     const auto limited = ConvertImage(negative->Image(), KEST_IMAGE_INT16);
     EXPECT_EQ((*limited)(0, 0), 0.0f);
     EXPECT_EQ((*limited)(columns - 1, rows - 1), 65535.0f);
+
+    // A gray stays the gray that it is, on the way to colours and back.
+    auto ramp = MakeImage(KEST_IMAGE_GRAY256, 1, 256, "ramp");
+    for (int i = 0; i < 256; ++i)
+        static_cast<unsigned char*>(ramp->GetBitMapImageData())[i] = static_cast<unsigned char>(i);
+    const auto grays = ConvertImage(*ramp, KEST_IMAGE_RGB);
+    EXPECT_EQ(PixelBytes(*ConvertImage(*grays, KEST_IMAGE_GRAY256)), PixelBytes(*ramp));
 
     auto colour = MakeDocument(KEST_IMAGE_RGB);
     const auto hsl = ConvertImage(colour->Image(), KEST_IMAGE_HSL);
@@ -375,6 +426,22 @@ TEST(Graphs, CountAndFollowTheRegion) {
     for (int i = 0; i < 9; ++i) {
         EXPECT_EQ(profile[static_cast<std::size_t>(i)].x, i);
         EXPECT_EQ(profile[static_cast<std::size_t>(i)].y, static_cast<unsigned char>((2 * columns + 1 + i) * 7));
+    }
+}
+
+TEST(Region, KeepsTheSamples) {
+    for (const int type : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_BINARY}) {
+        SCOPED_TRACE(type);
+        auto document = MakeDocument(type);
+        auto rect = MakeRect({2, 8, 6, 3});
+        const auto region = CutOut(*document, *rect);
+        ASSERT_TRUE(region);
+        ASSERT_EQ(region->GetImageType(), type);
+        ASSERT_EQ(SizeOf(*region).cx, 4);
+        ASSERT_EQ(SizeOf(*region).cy, 5);
+        for (int y = 0; y < 5; ++y)
+            for (int x = 0; x < 4; ++x)
+                EXPECT_EQ(static_cast<float>((*region)(x, y)), static_cast<float>(document->Image()(x + 2, y + 3)));
     }
 }
 

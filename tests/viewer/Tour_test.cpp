@@ -183,9 +183,9 @@ public:
         view->Click(canvas, OnPlate(40.1, 28.9));
         view->Press({VK_RETURN});
         Tool(8);
-        view->Click(canvas, OnPlate(78, 10));
-        view->Click(canvas, OnPlate(94, 10));
-        view->Click(canvas, OnPlate(94, 26), true);
+        view->Click(canvas, OnPlate(38, 69));
+        view->Click(canvas, OnPlate(54, 72));
+        view->Click(canvas, OnPlate(70, 69), true);
 
         // Around the ring and around the square.
         Tool(3);
@@ -194,6 +194,12 @@ public:
         view->Drag(canvas, {OnPlate(77, 27), OnPlate(96, 27), OnPlate(96, 9), OnPlate(77, 9), OnPlate(77, 26)});
         view->Press({VK_ESCAPE});
         Show("03-regions");
+    }
+
+    /// The colour of a plate pixel that is shown as it is.
+    unsigned Gray(POINT at) {
+        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
+        return pixels[(plateHeight - 1 - at.y) * plateWidth + at.x] * 0x010101u;
     }
 
     void EditAndCutOut() {
@@ -226,6 +232,23 @@ public:
         CloseClipboard();
         EXPECT_EQ(copied.bmWidth, plateWidth);
         EXPECT_EQ(copied.bmHeight, plateHeight);
+        // With the ROIs: the long line is in it, the disc inside the rectangle is as it was.
+        view->Press({VK_CONTROL, VK_SHIFT, 'R'});
+        const kestview::DibSection drawn({plateWidth, plateHeight}, 32);
+        const HDC memory = CreateCompatibleDC(nullptr);
+        ASSERT_TRUE(OpenClipboard(nullptr));
+        const HGDIOBJ old = SelectObject(memory, GetClipboardData(CF_BITMAP));
+        BitBlt(drawn, 0, 0, plateWidth, plateHeight, memory, 0, 0, SRCCOPY);
+        SelectObject(memory, old);
+        CloseClipboard();
+        DeleteDC(memory);
+        const Picture withRois = PictureOf(drawn, plateWidth, plateHeight);
+        const POINT onLine = OnPlate(50, 0);
+        int linePixels = 0;
+        for (int y = -2; y <= 2; ++y)
+            linePixels += withRois.At(onLine.x, onLine.y + y) == 0x00C800;
+        EXPECT_EQ(linePixels, 1);
+        EXPECT_EQ(withRois.At(middle.x, middle.y), Gray(middle));
     }
 
     void Calibrate() {
@@ -328,7 +351,7 @@ public:
         EXPECT_NEAR(table.Number("Rect.2", inBands) / known(2), 1, 0.01) << "the ring";
         EXPECT_NEAR(table.Number("Freehand.2", inBands) / known(5), 1, 0.01) << "the square";
         EXPECT_NEAR(table.Number("Line.1", length), 100, 0.5);
-        EXPECT_NEAR(table.Number("PolyLine.1", length), 32, 0.5);
+        EXPECT_NEAR(table.Number("PolyLine.1", length), 2 * std::hypot(16, 3), 0.5);
         // The rectangle's pixels, summed up here. Released where it was drawn last, a rectangle reaches one pixel
         // further.
         const POINT from = OnPlate(5, 35), to = OnPlate(36, 4);
@@ -400,6 +423,10 @@ public:
         Show("12-menu");
         view->Press({VK_ESCAPE});
         view->Press({VK_ESCAPE});
+        view->Click(view->Canvas(), OnPlate(20, 20), true);
+        Show("12-context-menu");
+        view->Press({VK_ESCAPE});
+        view->Press({VK_CONTROL, 'D'});
         view->Press({VK_MENU, 'T'});
         view->Press({VK_RETURN});
         HWND tool = nullptr;
@@ -428,16 +455,15 @@ public:
         view->Type(L"ch");  // Convert To, HSL
         ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Farben (24-bit HSL) * - KestView"; }));
         view->Press({VK_CONTROL, 'T'});
-        for (const auto& [field, level] :
-             {std::pair{IDC_BAND_HIGH_TEXT, L"170"}, std::pair{IDC_BAND_LOW_TEXT, L"150"}}) {
+        for (const auto& [field, level] : {std::pair{IDC_BAND_HIGH_TEXT, L"90"}, std::pair{IDC_BAND_LOW_TEXT, L"70"}}) {
             view->ClickControl(field);
             view->Press({VK_CONTROL, 'A'});
             view->Type(level);
         }
-        const auto countedBlue = [&] {
+        const auto countedGreen = [&] {
             return TextOfWindow(view->Control(IDC_BAND_COUNT)) == L"In the bands: 4800 pixels\nof the whole picture.";
         };
-        EXPECT_TRUE(Driver::WaitFor(countedBlue));
+        EXPECT_TRUE(Driver::WaitFor(countedGreen));
         Show("13-hue-threshold");
         view->Press({VK_CONTROL, 'H'});
         view->Press({VK_MENU, 'I'});

@@ -22,7 +22,7 @@ void CalibrateSave(MainWindow& main, int) {
 }
 
 void CalibrateRemove(MainWindow& main, int) {
-    main.Active()->RemoveCalibration();
+    main.Calibration().Remove();
 }
 
 bool IsCalibrated(MainWindow& main, int) {

@@ -4,6 +4,7 @@
 #include "commands/Commands.h"
 #include "platform/Boxes.h"
 #include "platform/Text.h"
+#include "platform/WholeFile.h"
 
 namespace kestview {
 
@@ -50,6 +51,7 @@ void GraphSettings(MainWindow& main, int id) {
     GraphWindow& window = *main.ShownGraph();
     CcGraph& graph = window.Graph();
     constexpr const char* filters = "Graph appearances (*.gra)|*.gra|All files (*.*)|*.*|";
+    constexpr long long appearanceBytes = 3560;
     // The dialogs are modal to the window with the focus.
     SetFocus(main.View());
     switch (id) {
@@ -67,11 +69,14 @@ void GraphSettings(MainWindow& main, int id) {
             break;
         case ID_GRAPH_SAVE:
             if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra"))
-                graph.SaveAppearance(path->c_str());  // tells itself when it cannot
+                if (!WriteWhole(*path, [&](const std::string& newPath) {
+                        return graph.SaveAppearance(newPath.c_str()) == 0 && BytesOfFile(newPath) == appearanceBytes;
+                    }))
+                    ShowError(main, "The appearance could not be written to\n" + *path);
             break;
         case ID_GRAPH_RESTORE:
             if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra"))
-                if (graph.RestoreAppearance(path->c_str()) < 0)
+                if (BytesOfFile(*path) != appearanceBytes || graph.RestoreAppearance(path->c_str()) < 0)
                     ShowError(main, FileNameOf(*path) + " is not a graph appearance, or it is damaged.");
             break;
         default:

@@ -48,7 +48,7 @@ void EditCopy(MainWindow& main, int) {
 }
 
 void EditCopyWithRois(MainWindow& main, int) {
-    const auto drawn = DrawnWithRois(*main.Active(), main.View().showsRoiNames);
+    const auto drawn = DrawnWithRois(*main.Active(), {}, main.Active()->Size(), main.View().showsRoiNames);
     constexpr unsigned short colours = 100;
     if (drawn)
         Copy(main, *drawn, colours, nullptr);

@@ -39,12 +39,12 @@ void FillRecentFiles(HMENU menu) {
 }
 
 bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
-    if (document.Calibration() && document.calibrationPath.empty() &&
-        AskYesNo(
+    if (document.Calibration() && document.calibrationPath.empty()) {
+        const int answer = AskYesNoCancel(
             main,
-            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?") &&
-        !main.Calibration().SaveFile())
-        return false;
+            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?");
+        if (answer == IDCANCEL || (answer == IDYES && !main.Calibration().SaveFile())) return false;
+    }
     std::string path = document.sessionPath;
     if (path.empty() || isPathAsked) {
         const auto asked = AskSavePath(main, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|",
@@ -76,11 +76,22 @@ void FileSavePicture(MainWindow& main, int) {
                                   document.Name() + ".bmp");
     if (!path) return;
     const PlainPixels plain(document);
+    for (const std::string& samples : ForeignSamples(document.Image(), *path)) {
+        if (!AskYesNo(main, FileNameOf(samples) +
+                                " holds the samples of another picture of this name, and would be taken "
+                                "for the samples of this one.\n\nDelete it?"))
+            return;
+        DeleteFileA(samples.c_str());
+    }
     std::string error;
     if (!SavePicture(document.Image(), *path, error)) {
         ShowError(main, error);
         return;
     }
+    document.picturePath = *path;
+    // Nothing is lost when the file holds all there is.
+    const bool isAll = document.RoiCount() == 0 && !document.Calibration() && document.Class().type != KEST_IMAGE_HSL;
+    if (isAll && document.sessionPath.empty()) document.SetModified(false);
     if (document.Size().cx * document.Image().SizeOf() % 4 != 0 && !document.Class().isWide)
         ShowNote(main, Format("The picture is %ld columns wide. Its file has rows without padding, which KestView "
                               "reads; some other programs "
@@ -90,10 +101,16 @@ void FileSavePicture(MainWindow& main, int) {
 
 void FilePrint(MainWindow& main, int) {
     Document& document = *main.Active();
-    const Shown shown = main.View().GetShown();
+    Shown shown = main.View().GetShown();
     std::unique_ptr<CcImage> drawn;
     if (document.RoiCount() > 0) {
-        drawn = DrawnWithRois(document, main.View().showsRoiNames);
+        // The whole picture in its own size, or the part of it that is seen at this zoom.
+        const bool isWhole = shown.mode == 0;
+        RECT seen;
+        GetClientRect(shown.canvas, &seen);
+        drawn = DrawnWithRois(document, isWhole ? Shown() : shown,
+                              isWhole ? document.Size() : SIZE{seen.right, seen.bottom}, main.View().showsRoiNames);
+        shown.mode = 0;
         if (!drawn) {
             ShowError(main, "There is not enough memory to print the picture with its ROIs.");
             return;

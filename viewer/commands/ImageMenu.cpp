@@ -3,34 +3,20 @@
 #include "Resource.h"
 #include "commands/Commands.h"
 #include "document/Conversion.h"
+#include "document/Region.h"
 #include "platform/Boxes.h"
-#include "platform/Busy.h"
 
 namespace kestview {
-namespace {
-
-/// `like`: a document of the same size whose calibration holds for the picture too, or null.
-void AddPicture(MainWindow& main, std::unique_ptr<CcImage> image, Document* like) {
-    auto document = std::make_unique<Document>(std::move(image));
-    if (like) document->CalibrateLike(*like);
-    document->SetModified(true);
-    main.AddDocument(std::move(document));
-}
-
-}  // namespace
 
 /// The pixels under the selected ROI as a picture of their own.
 void ImageRegion(MainWindow& main, int) {
     Document& document = *main.Active();
-    const PlainPixels plain(document);
-    const Busy busy("Cutting out", SampleBytes(document.Image()));
-    std::unique_ptr<CcImage> region(document.Image().GetRegion(document.SelectedRoi(), 0, 0));
-    const SIZE size = region ? SizeOf(*region) : SIZE{0, 0};
-    if (size.cx < 1 || size.cy < 1) {
+    std::unique_ptr<CcImage> region = CutOut(document, *document.SelectedRoi());
+    if (!region) {
         ShowError(main, "There is no area under this ROI that could be a picture.");
         return;
     }
-    AddPicture(main, std::move(region), nullptr);
+    main.AddNewPicture(std::move(region), nullptr);
 }
 
 void ImageConvert(MainWindow& main, int id) {
@@ -46,7 +32,7 @@ void ImageConvert(MainWindow& main, int id) {
     std::string name = document.Name();
     if (name.ends_with(suffix(document.Image()))) name.resize(name.size() - suffix(document.Image()).size());
     converted->SetName((name.substr(0, 200) + suffix(*converted)).c_str());
-    AddPicture(main, std::move(converted), &document);
+    main.AddNewPicture(std::move(converted), &document);
 }
 
 bool CanConvert(MainWindow& main, int id) {

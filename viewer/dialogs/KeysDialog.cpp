@@ -35,6 +35,7 @@ constexpr Key keys[] = {
     {"Ctrl + C", "copies the picture, or the part under the selected ROI"},
     {"Ctrl + Tab", "the next picture"},
     {"F4", "the select tool"},
+    {"Tab, Shift + Tab; Esc", "from the picture into the pane at the side, the results table; back"},
     {"F6, F7", "hides and shows the results table, the panes at the side"},
 };
 

@@ -25,7 +25,8 @@ void WriteSamples(void* pixels, std::size_t first, const std::vector<double>& va
     constexpr double low = static_cast<double>(std::numeric_limits<Sample>::lowest());
     constexpr double high = static_cast<double>(std::numeric_limits<Sample>::max());
     for (std::size_t i = 0; i < values.size(); ++i)
-        samples[i] = std::isnan(values[i]) ? Sample{} : static_cast<Sample>(std::clamp(values[i], low, high));
+        samples[i] =
+            std::isnan(values[i]) ? Sample{} : static_cast<Sample>(std::clamp(std::nearbyint(values[i]), low, high));
 }
 
 void ReadRow(CcImage& image, const void* pixels, std::size_t first, std::vector<double>& values) {
@@ -43,7 +44,8 @@ void ReadRow(CcImage& image, const void* pixels, std::size_t first, std::vector<
         case KEST_IMAGE_HSL: {
             const unsigned char* pixel = static_cast<const unsigned char*>(pixels) + 3 * first;
             for (double& value : values) {
-                value = 0.299 * pixel[2] + 0.587 * pixel[1] + 0.114 * pixel[0];
+                // Whole weights: a gray's luminance is its own level.
+                value = (299 * pixel[2] + 587 * pixel[1] + 114 * pixel[0]) / 1000.0;
                 pixel += 3;
             }
             return;
@@ -72,7 +74,8 @@ void WriteRow(CcImage& image, void* pixels, std::size_t first, const std::vector
         case KEST_IMAGE_HSL: {
             unsigned char* pixel = static_cast<unsigned char*>(pixels) + 3 * first;
             for (const double value : values) {
-                std::memset(pixel, static_cast<int>(std::clamp(value, 0.0, 255.0)), 3);
+                std::memset(pixel,
+                            std::isnan(value) ? 0 : static_cast<int>(std::nearbyint(std::clamp(value, 0.0, 255.0))), 3);
                 pixel += 3;
             }
             return;
@@ -101,15 +104,15 @@ std::unique_ptr<CcImage> ConvertImage(CcImage& source, int type) {
     } else {
         // What is shown of wide samples, for the classes that hold no more than 8 bits.
         const bool isShown = ImageClassOf(source).isWide && !ImageClassOf(*target).isWide && type != KEST_IMAGE_BINARY;
-        const double low = isShown ? static_cast<double>(source.GetMinPixelValue()) : 0;
-        const double high = isShown ? static_cast<double>(source.GetMaxPixelValue()) : 0;
+        const tagPoints range = ShownRange(source);
+        const double low = static_cast<double>(range.x), high = static_cast<double>(range.y);
         std::vector<double> values(static_cast<std::size_t>(size.cx));
         for (int row = 0; row < size.cy; ++row) {
             const std::size_t first = static_cast<std::size_t>(row) * values.size();
             ReadRow(source, from, first, values);
             if (isShown)
                 for (double& value : values)
-                    value = high > low ? (value - low) * 255 / (high - low) : 0;
+                    value = high > low ? std::floor(std::clamp((value - low) * 255 / (high - low), 0.0, 255.0)) : 0;
             if (type == KEST_IMAGE_BINARY)
                 for (double& value : values)
                     value = value != 0;

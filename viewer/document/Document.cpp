@@ -2,7 +2,9 @@
 #include "document/Document.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "platform/Busy.h"
 #include "platform/Text.h"
 
 namespace kestview {
@@ -11,8 +13,10 @@ namespace {
 /// Moves a curve to another range of input values.
 void Spread(std::vector<tagPoints>& curve, float low, float high) {
     const float oldLow = curve.front().x, oldSpan = curve.back().x - oldLow;
-    for (tagPoints& point : curve)
-        point.x = low + (point.x - oldLow) / oldSpan * (high - low);
+    if (oldSpan > 0)
+        for (tagPoints& point : curve)
+            point.x = low + (point.x - oldLow) / oldSpan * (high - low);
+    curve.front().x = low;
     curve.back().x = high;
 }
 
@@ -22,6 +26,8 @@ Document::Document(std::unique_ptr<CcImage> newImage)
     : image(std::move(newImage)), history(new CcRoiHistory(image->GetListROI())), preview(*image) {
     // The list deletes what an edit or an undo takes out.
     image->GetListROI()->SetDestructionType(1);
+    // Wide samples are gone through now: later their own range would take the place of one that was chosen.
+    if (Class().isWide) image->GetMinPixelValue();
 }
 
 int Document::IndexOf(const CcRoiBase* roi) {
@@ -86,7 +92,8 @@ void Document::Redo() {
 }
 
 void Document::CancelRoiEdit() {
-    if (history->Cancel() == 0) Changed(RoisChanged);
+    history->Cancel();
+    Changed(RoisChanged);
 }
 
 void Document::SetDisplayTable(unsigned short table) {
@@ -104,7 +111,9 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
     for (std::size_t i = 0; i < count; ++i) {
         // Wide images take the ends of the list as the range that they show.
         if (Class().isWide)
-            entries[i].x = points.front().x + (points.back().x - points.front().x) * static_cast<float>(i) / last;
+            entries[i].x = i + 1 == count
+                               ? points.back().x
+                               : points.front().x + (points.back().x - points.front().x) * static_cast<float>(i) / last;
         const float x = entries[i].x;
         while (right + 1 < points.size() && points[right].x < x)
             ++right;
@@ -112,12 +121,20 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
         const float part = b.x > a.x ? std::clamp((x - a.x) / (b.x - a.x), 0.0f, 1.0f) : 1.0f;
         entries[i].y = a.y + (b.y - a.y) * part;
     }
+    const tagPoints oldRange = ShownRange(*image);
     image->SetDisplayLUT(table, channel, entries.data());
+    tableCurves[{table, channel}] = points;
+    // The library does not take every range; what it lists of one it took is rounded. All tables show the same.
+    tagPoints range = ShownRange(*image);
+    const float rounding = 1e-4f * (range.y - range.x);
+    if (std::abs(range.x - points.front().x) <= rounding) range.x = points.front().x;
+    if (std::abs(range.y - points.back().x) <= rounding) range.y = points.back().x;
     if (Class().isWide)
         for (auto& [place, curve] : tableCurves)
-            Spread(curve, points.front().x, points.back().x);
-    tableCurves[{table, channel}] = points;
+            Spread(curve, range.x, range.y);
     SetModified(true);
+    // Levels mean other values now.
+    if (range.x != oldRange.x || range.y != oldRange.y) Changed(DisplayChanged, true);
 }
 
 void Document::ResetTableCurve(int table, int channel, const std::vector<tagPoints>& straight) {
@@ -129,14 +146,20 @@ bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, con
     if (image->SetCalibrationObject(newCalibration.get()) < 0) return false;
     calibration = std::move(newCalibration);
     calibrationPath = path;
-    for (std::size_t i = 0; i < std::size(calibrationDraft.points); ++i) {
+    calibrationDraft = {};
+    calibrationDraft.unit = calibration->GetUnitsOfMeasure();
+    // Files of the first version come without their points.
+    const tagPoints* worldPoints = calibration->GetWorldPoints();
+    const bool hasPoints = std::any_of(worldPoints, worldPoints + std::size(calibrationDraft.points),
+                                       [](const tagPoints& point) { return point.x != 0 || point.y != 0; });
+    for (std::size_t i = 0; hasPoints && i < std::size(calibrationDraft.points); ++i) {
         const tagPoints pixel = calibration->GetImagePoints()[i], world = calibration->GetWorldPoints()[i];
         calibrationDraft.points[i] = {true,
                                       {static_cast<LONG>(pixel.x), static_cast<LONG>(pixel.y)},
                                       Format("%.6g", static_cast<double>(world.x)),
                                       Format("%.6g", static_cast<double>(world.y))};
     }
-    calibrationDraft.unit = calibration->GetUnitsOfMeasure();
+    appliedDraft = calibrationDraft;
     Changed(CalibrationChanged, true);
     return true;
 }
@@ -144,6 +167,7 @@ bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, con
 void Document::CalibrateLike(const Document& other) {
     if (!other.calibration) return;
     const SIZE size = Size();
+    const Busy busy("Calibrating", 4LL * size.cx * size.cy);
     std::unique_ptr<CcCalibration> same(new CcCalibration);
     same->SetUnitsOfMeasure(other.calibration->GetUnitsOfMeasure());
     // Calibrations of old files come without their points; those are read again.

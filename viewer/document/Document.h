@@ -32,9 +32,14 @@ struct CalibrationDraft {
         bool isPicked = false;
         POINT pixel = {};
         std::string worldX, worldY;  ///< as typed
+        bool operator==(const Point& other) const {
+            return isPicked == other.isPicked && pixel.x == other.pixel.x && pixel.y == other.pixel.y &&
+                   worldX == other.worldX && worldY == other.worldY;
+        }
     };
     Point points[4];
     std::string unit = "mm";
+    bool operator==(const CalibrationDraft&) const = default;
 };
 
 struct ViewState {
@@ -108,6 +113,8 @@ public:
     void CalibrateLike(const Document& other);
     std::string calibrationPath;
     CalibrationDraft calibrationDraft;
+    /// False when the draft is what the picture is calibrated by.
+    bool IsDraftChanged() const { return calibration && calibrationDraft != appliedDraft; }
 
     // Threshold bands
     const std::vector<ThresholdTag>& Bands() const { return bands; }
@@ -116,6 +123,11 @@ public:
     /// Shows the bands in their colours over the picture in `canvas`.
     void PreviewBands(bool isShown, HWND canvas);
     bool IsPreviewing() const { return preview.IsOn(); }
+    /// Blue, green and red of an RGB picture's pixels, also while bands are shown over them.
+    const unsigned char* Colours() {
+        const unsigned char* plain = preview.PlainColours();
+        return plain ? plain : static_cast<const unsigned char*>(image->GetBitMapImageData());
+    }
     /// Like the preview: a byte a pixel, 1 in a band.
     std::vector<std::uint8_t> BandMask() { return preview.Mask(bands); }
     /// What a colour image's pixel operators and thresholds see, see SetAccess; -1 for the other images.
@@ -135,6 +147,7 @@ private:
     std::unique_ptr<CcCalibration> calibration;  // outlives the image, which refers to it
     std::unique_ptr<CcImage> image;
     std::unique_ptr<CcRoiHistory> history;
+    CalibrationDraft appliedDraft;
     ThresholdPreview preview;
     std::vector<ThresholdTag> bands;
     unsigned short displayTable = 102;

@@ -49,6 +49,13 @@ SIZE SizeOf(CcImage& image) {
     return {width, height};
 }
 
+tagPoints ShownRange(CcImage& image) {
+    constexpr int table = 102, last = 255;
+    tagPoints points[last + 1];
+    if (!ImageClassOf(image).isWide || image.GetDisplayLUT(table, 0, points) < 0) return {0, last};
+    return {points[0].x, points[last].x};
+}
+
 long long SampleBytes(CcImage& image) {
     const SIZE size = SizeOf(image);
     return static_cast<long long>(size.cx) * size.cy * image.SizeOf();

@@ -8,6 +8,7 @@
 
 #include "document/WicPictures.h"
 #include "platform/Busy.h"
+#include "platform/Drawing.h"
 #include "platform/Text.h"
 #include "platform/WholeFile.h"
 
@@ -15,6 +16,8 @@ namespace kestview {
 namespace {
 
 constexpr int fileHeaderBytes = 14, infoHeaderBytes = 40, paletteBytes = 1024;
+/// What the name of a file that is being written has more than the last one.
+constexpr std::size_t longestAddition = 12;
 constexpr int wideTypes[] = {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT};
 
 std::uint32_t U32(const unsigned char* bytes) {
@@ -40,6 +43,17 @@ KestImageType ClassOfColours(const unsigned char (&palette)[paletteBytes]) {
     return KEST_IMAGE_NONE;
 }
 
+/// Whether the samples of that class beside a picture are the picture's own: their file begins with class, height and
+/// width.
+bool HasSamples(const std::string& path, int wideType, long long width, long long height) {
+    const std::string samplesPath = SamplesPath(path, wideType);
+    std::int32_t header[3] = {};
+    std::ifstream(samplesPath, std::ios::binary).read(reinterpret_cast<char*>(header), sizeof header);
+    const long long bytesPerSample = wideType == KEST_IMAGE_INT16 ? 2 : 4;
+    return header[0] == wideType && header[1] == height && header[2] == width &&
+           BytesOfFile(samplesPath) >= static_cast<long long>(sizeof header) + width * height * bytesPerSample;
+}
+
 /// The class that reads the file; KEST_IMAGE_NONE when the library does not.
 KestImageType LibraryClassOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -52,12 +66,16 @@ KestImageType LibraryClassOf(const std::string& path) {
     const long long pixelsAt = U32(header + 10), width = static_cast<std::int32_t>(U32(info + 4)),
                     height = static_cast<std::int32_t>(U32(info + 8));
     const int bits = info[14] | info[15] << 8;
-    if (U32(info) != infoHeaderBytes || U32(info + 16) != 0 || width < 1 || height < 1) return KEST_IMAGE_NONE;
-    if (U32(header + 2) != fileBytes || fileBytes - pixelsAt != width * height * (bits / 8)) return KEST_IMAGE_NONE;
+    if (U32(info) != infoHeaderBytes || U32(info + 16) != 0 || width < 1 || height < 1 || bits < 8)
+        return KEST_IMAGE_NONE;
+    const long long rowBytes = width * (bits / 8);
+    if (U32(header + 2) != fileBytes || fileBytes < pixelsAt || (fileBytes - pixelsAt) % rowBytes != 0 ||
+        (fileBytes - pixelsAt) / rowBytes != height)
+        return KEST_IMAGE_NONE;
     const std::uint32_t colours = U32(info + 32);
     if (bits == 8 && pixelsAt == fileHeaderBytes + infoHeaderBytes + paletteBytes && (colours == 0 || colours == 256)) {
         for (const int wide : wideTypes)
-            if (FileExists(SamplesPath(path, wide))) return static_cast<KestImageType>(wide);
+            if (HasSamples(path, wide, width, height)) return static_cast<KestImageType>(wide);
         unsigned char palette[paletteBytes] = {};
         file.seekg(fileHeaderBytes + infoHeaderBytes);
         file.read(reinterpret_cast<char*>(palette), sizeof palette);
@@ -67,6 +85,16 @@ KestImageType LibraryClassOf(const std::string& path) {
     return KEST_IMAGE_NONE;
 }
 
+/// Whether a file could be replaced now: there is none, or nobody uses it.
+bool MayBeReplaced(const std::string& path) {
+    if (!FileExists(path)) return true;
+    if (GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY) return false;
+    const HANDLE file = CreateFileA(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    CloseHandle(file);
+    return true;
+}
+
 }  // namespace
 
 const char* const openFilters =
@@ -74,13 +102,19 @@ const char* const openFilters =
     "Pictures|*.bmp;*.png;*.jpg;*.jpeg;*.tif;*.tiff;*.gif|"
     "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|";
 
-std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error) {
+std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning) {
     if (!FileExists(path)) {
         error = "There is no file\n" + path;
         return nullptr;
     }
-    const KestImageType type = LibraryClassOf(path);
+    // The library takes paths of that many bytes; the decoders take any.
+    const KestImageType type = path.size() < KEST_NAME_SIZE ? LibraryClassOf(path) : KEST_IMAGE_NONE;
     if (type == KEST_IMAGE_NONE) return DecodePicture(path, error);
+    if (!ImageClassOf(type)->isWide)
+        for (const int wide : wideTypes)
+            if (FileExists(SamplesPath(path, wide)))
+                warning = "The samples in " + FileNameOf(SamplesPath(path, wide)) +
+                          " are not this picture's, or are damaged.\n\nThe picture was opened without them.";
     const Busy busy("Opening " + FileNameOf(path), BytesOfFile(path));
     auto image = MakeImage(type);
     if (!image) {
@@ -88,41 +122,49 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
         return nullptr;
     }
     // A refusal shows the library's own box, and needs no second one.
-    return image->OpenBMPFile(path.c_str()) == 0 ? std::move(image) : nullptr;
+    if (image->OpenBMPFile(path.c_str()) < 0) return nullptr;
+    image->SetName(FileTitleOf(path).c_str());
+    return image;
 }
 
 bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
     const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
     // The colour table in the file is that of the last drawing: drawing with the gray or the file's own colours puts a
     // proper one there.
-    const HDC dc = CreateCompatibleDC(nullptr);
+    const DibSection screen({1, 1}, 24);
     RECT pixel = {0, 0, 1, 1};
-    image.Show(dc, &pixel, 100, 1, 0, 0, 1);
-    DeleteDC(dc);
-    const bool replacesPicture = FileExists(path);
+    image.Show(screen, &pixel, 100, 1, 0, 0, 1);
     const SIZE size = SizeOf(image);
     const long long pixels = static_cast<long long>(size.cx) * size.cy;
     const ImageClass& imageClass = ImageClassOf(image);
-    const bool isWritten = WriteWhole(path, [&](const std::string& newPath) {
-        // The result is 0 also when the disk is full.
-        if (image.SaveBMPFile(newPath.c_str()) < 0) return false;
-        if (!imageClass.isWide) return BytesOfFile(newPath) > SampleBytes(image);
-        const std::string newSamples = SamplesPath(newPath, imageClass.type);
-        const bool isWhole = BytesOfFile(newPath) > pixels && BytesOfFile(newSamples) > SampleBytes(image);
-        if (isWhole &&
-            MoveFileExA(newSamples.c_str(), SamplesPath(path, imageClass.type).c_str(), MOVEFILE_REPLACE_EXISTING))
-            return true;
-        DeleteFileA(newSamples.c_str());
-        return false;
-    });
+    // The result is 0 also when the disk is full.
+    const bool isWritten =
+        path.size() + longestAddition < KEST_NAME_SIZE && WriteWhole(path, [&](const std::string& newPath) {
+            if (image.SaveBMPFile(newPath.c_str()) < 0) return false;
+            if (!imageClass.isWide) return BytesOfFile(newPath) > SampleBytes(image);
+            const std::string newSamples = SamplesPath(newPath, imageClass.type),
+                              samples = SamplesPath(path, imageClass.type);
+            // Picture and samples take their places together, or not at all.
+            const bool isWhole = BytesOfFile(newPath) > pixels && BytesOfFile(newSamples) > SampleBytes(image) &&
+                                 WriteWhole(samples, [&](const std::string& place) {
+                                     return MoveFileExA(newSamples.c_str(), place.c_str(), 0) && MayBeReplaced(path);
+                                 });
+            if (!isWhole) DeleteFileA(newSamples.c_str());
+            return isWhole;
+        });
     if (!isWritten) {
         error = "The picture could not be written to\n" + path;
         return false;
     }
-    // The replaced picture's samples would be taken for this one's. Other files of that name are not touched.
-    for (const int wide : wideTypes)
-        if (replacesPicture && wide != imageClass.type) DeleteFileA(SamplesPath(path, wide).c_str());
     return true;
+}
+
+std::vector<std::string> ForeignSamples(CcImage& image, const std::string& path) {
+    std::vector<std::string> found;
+    for (const int wide : wideTypes)
+        if (wide != image.GetImageType() && FileExists(SamplesPath(path, wide)))
+            found.push_back(SamplesPath(path, wide));
+    return found;
 }
 
 }  // namespace kestview

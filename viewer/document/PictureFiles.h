@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "document/ImageClasses.h"
 
@@ -13,11 +14,14 @@ namespace kestview {
 /// BMP files that the library reads (256 colours or 24 bits, uncompressed, rows without padding) are read by it, when
 /// their colours are those of a gray or a binary picture, or a file of wide samples is beside them (".i16", ".i32",
 /// ".flt"). Everything else goes to the imaging component.
-std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error);
+/// A warning tells what was left aside.
+std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning);
 
 /// Writes a BMP file, for wide images with the samples beside it. What was there is replaced when the new file is
 /// whole.
 bool SavePicture(CcImage& image, const std::string& path, std::string& error);
+/// Files beside `path` that would be taken for the samples of a picture saved there, but are not this one's.
+std::vector<std::string> ForeignSamples(CcImage& image, const std::string& path);
 
 /// "Pictures (*.bmp, ...)|*.bmp;...|..." for the open dialog; sessions included.
 extern const char* const openFilters;

@@ -6,14 +6,15 @@
 
 namespace kestview {
 
-std::string ValueText(CcImage& image, long x, long y) {
+std::string ValueText(Document& document, long x, long y) {
+    CcImage& image = document.Image();
     const int column = static_cast<int>(x), row = static_cast<int>(y);
     const SIZE size = SizeOf(image);
     if (x < 0 || y < 0 || x >= size.cx || y >= size.cy) return "";
     const std::size_t index =
         static_cast<std::size_t>(y) * static_cast<std::size_t>(size.cx) + static_cast<std::size_t>(x);
     if (image.GetImageType() == KEST_IMAGE_RGB) {
-        const auto* pixel = static_cast<const unsigned char*>(image.GetBitMapImageData()) + 3 * index;
+        const unsigned char* pixel = document.Colours() + 3 * index;
         return Format("R %d  G %d  B %d", pixel[2], pixel[1], pixel[0]);
     }
     if (image.GetImageType() == KEST_IMAGE_HSL) {
@@ -23,7 +24,9 @@ std::string ValueText(CcImage& image, long x, long y) {
         pixel += 3 * index;
         return Format("H %d  S %d  L %d", pixel[2], pixel[1], pixel[0]);
     }
-    return Format("%g", static_cast<double>(image(column, row)));
+    if (image.GetImageType() == KEST_IMAGE_INT32)
+        return Format("%d", static_cast<const int*>(image.GetBitMapImageData())[index]);
+    return Format("%.6g", static_cast<double>(image(column, row)));
 }
 
 std::string WorldText(CcImage& image, long x, long y) {

@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "KestApi.h"
+#include "document/Document.h"
 
 namespace kestview {
 
 /// "128", "R 12  G 40  B 200", "H 120  S 240  L 60", "1.25e-3".
-std::string ValueText(CcImage& image, long x, long y);
+std::string ValueText(Document& document, long x, long y);
 /// "12.5, 3.75 mm"; empty without a calibration.
 std::string WorldText(CcImage& image, long x, long y);
 /// The unit's name, or "pixels" without a calibration.

@@ -1,6 +1,8 @@
 // The measurements of a document's ROIs, as a table and as comma-separated text.
 #include "document/ResultsTable.h"
 
+#include <algorithm>
+
 #include "document/BandCount.h"
 #include "document/PixelText.h"
 #include "document/RoiKinds.h"
@@ -39,11 +41,22 @@ std::string Quoted(const std::string& text, char separator) {
     return quoted + '"';
 }
 
+/// Of the bands, for which the whole picture is drawn twice, and of the ROIs' bounding rectangles.
+long long BytesToMeasure(Document& document) {
+    const SIZE size = document.Size();
+    long long pixels = document.RoiCount() > 0 && !document.Bands().empty() ? 8LL * size.cx * size.cy : 0;
+    for (int i = 0; i < document.RoiCount(); ++i)
+        if (const RECT* bounds = document.Roi(i).GetCurrentBoundingRect())
+            pixels += std::min<long long>(size.cx, bounds->right - bounds->left) *
+                      std::min<long long>(size.cy, bounds->top - bounds->bottom);
+    return pixels;
+}
+
 }  // namespace
 
 ResultsTable MeasureRois(Document& document) {
     const PlainPixels plain(document);
-    Busy busy("Measuring");
+    Busy busy("Measuring", BytesToMeasure(document));
     ResultsTable table;
     table.units = UnitOf(document.Image());
     const int count = document.RoiCount();

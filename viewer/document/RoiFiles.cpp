@@ -11,7 +11,10 @@
 namespace kestview {
 
 bool SaveRoi(CcRoiBase& roi, const std::string& path) {
-    return WriteWhole(path, [&](const std::string& newPath) { return roi.Save(newPath.c_str()) == 0; });
+    // Save does not tell of a full disk.
+    return WriteWhole(path, [&](const std::string& newPath) {
+        return roi.Save(newPath.c_str()) == 0 && RestoreRoi(newPath) != nullptr;
+    });
 }
 
 std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {

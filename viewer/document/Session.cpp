@@ -18,8 +18,9 @@ constexpr int formatVersion = 1;
 constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::iImageType",
                      *nameKey = "KestView::szName", *pictureKey = "KestView::szPicturePath",
                      *calibrationKey = "KestView::szCalibrationFile", *tableKey = "KestView::iDisplayTable",
-                     *zoomKey = "KestView::iZoom", *samplesKey = "KestView::cSamples",
-                     *channelKey = "KestView::iChannel", *bandsKey = "KestView::stBands";
+                     *zoomKey = "KestView::iZoom", *xKey = "KestView::iXOffset", *yKey = "KestView::iYOffset",
+                     *samplesKey = "KestView::cSamples", *channelKey = "KestView::iChannel",
+                     *bandsKey = "KestView::stBands";
 constexpr int pathSize = 4 * MAX_PATH;
 constexpr int editedTables[] = {101, 102, 103, 104}, mostChannels = 4;
 
@@ -69,7 +70,7 @@ std::vector<ThresholdTag> BandsIn(CcPropertyBag& bag) {
     std::vector<ThresholdTag> bands(static_cast<std::size_t>(bytes / bandBytes));
     if (bag.GetBlob(bandsKey, bands.data(), bytes) < 0) return {};
     for (const ThresholdTag& band : bands)
-        if (!(band.fLow >= 0 && band.fLow <= band.fHigh && band.fHigh <= 255)) return {};
+        if (!(band.fLow >= 0 && band.fLow < 255 && band.fLow <= band.fHigh && band.fHigh <= 255)) return {};
     return bands;
 }
 
@@ -117,6 +118,8 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
     bag->PutInt(typeKey, image.GetImageType());
     bag->PutInt(tableKey, document.DisplayTable());
     bag->PutInt(zoomKey, document.view.zoom);
+    bag->PutInt(xKey, document.view.xOffset);
+    bag->PutInt(yKey, document.view.yOffset);
     bag->PutInt(channelKey, document.Channel());
     for (const auto& [key, text] : {std::pair<const char*, std::string>{nameKey, document.Name()},
                                     {pictureKey, document.picturePath},
@@ -180,6 +183,8 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
     document->picturePath = StringIn(*bag, pictureKey);
     document->sessionPath = path;
     document->view.zoom = std::clamp(IntIn(*bag, zoomKey, 0), 0, largestZoom);
+    document->view.xOffset = IntIn(*bag, xKey, 0);
+    document->view.yOffset = IntIn(*bag, yKey, 0);
     document->SetChannel(IntIn(*bag, channelKey, -1));
     for (const int table : editedTables)
         for (int channel = 0; channel < mostChannels; ++channel)

@@ -1,24 +1,37 @@
 // Bands of values shown in colours over the picture, and the mask of the pixels in them.
 #include "document/ThresholdPreview.h"
 
+#include <algorithm>
+
 #include "document/ImageClasses.h"
 #include "platform/Drawing.h"
 
 namespace kestview {
 namespace {
 
-constexpr int thresholdTable = 101, tablePoints = 256;
+constexpr unsigned short thresholdTable = 101;
+constexpr int tablePoints = 256;
 
-/// What a table shows of the whole image: 0x00RRGGBB a pixel, bottom row first.
-std::vector<unsigned> Draw(CcImage& image, unsigned short table) {
+/// Draws the whole image in strips, and calls visit(index of the strip's first pixel, count, pixels) for each: pixels
+/// are 0x00RRGGBB, bottom row first. False when memory is short.
+template <class Visit>
+bool DrawStrips(CcImage& image, Visit visit) {
+    constexpr long stripRows = 128;
     const SIZE size = SizeOf(image);
-    DibSection drawn(size, 32);
-    if (!drawn) return {};
-    RECT all = {0, 0, size.cx, size.cy};
-    image.Show(drawn, &all, table, 1, 0, 0, 1);
-    GdiFlush();
-    const auto* first = reinterpret_cast<const unsigned*>(drawn.Bits());
-    return {first, first + static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy)};
+    const DibSection drawn({size.cx, std::min<long>(size.cy, stripRows)}, 32);
+    if (!drawn) return false;
+    const auto width = static_cast<std::size_t>(size.cx);
+    for (long top = 0; top < size.cy; top += stripRows) {
+        const long rows = std::min(stripRows, size.cy - top);
+        RECT strip = {0, 0, size.cx, rows};
+        image.Show(drawn, &strip, thresholdTable, 1, 0, static_cast<int>(top), 1);
+        GdiFlush();
+        // The strip is drawn at the bitmap's top.
+        const auto* pixels = reinterpret_cast<const unsigned*>(drawn.Bits()) +
+                             static_cast<std::size_t>(std::min<long>(size.cy, stripRows) - rows) * width;
+        visit(static_cast<std::size_t>(size.cy - top - rows) * width, static_cast<std::size_t>(rows) * width, pixels);
+    }
+    return true;
 }
 
 }  // namespace
@@ -31,6 +44,7 @@ bool ThresholdPreview::Begin(HWND canvas) {
     if (isOn || !IsPossible(image)) return isOn;
     window = canvas;
     SaveTables();
+    KeepColours();
     isOn = image.BeginThresholding(window, thresholdTable) == 0;
     return isOn;
 }
@@ -48,7 +62,14 @@ void ThresholdPreview::End() {
     if (!isOn) return;
     image.EndThresholding();
     RestoreTables();
+    colours = {};
     isOn = false;
+}
+
+void ThresholdPreview::KeepColours() {
+    if (image.GetImageType() != KEST_IMAGE_RGB) return;
+    const auto* first = static_cast<const unsigned char*>(image.GetBitMapImageData());
+    colours.assign(first, first + SampleBytes(image));
 }
 
 void ThresholdPreview::SaveTables() {
@@ -70,24 +91,29 @@ std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<ThresholdTag>
     const bool wasOn = isOn;
     if (!isOn && !Begin(window)) return {};
     std::vector<ThresholdTag> marked = bands;
-    const auto drawIn = [&](int red, int green, int blue) {
+    const auto paint = [&](int red, int blue) {
         for (ThresholdTag& band : marked) {
             band.iRed = red;
-            band.iGreen = green;
+            band.iGreen = 0;
             band.iBlue = blue;
         }
         Apply(marked);
-        return Draw(image, thresholdTable);
     };
-    const std::vector<unsigned> inRed = drawIn(255, 0, 0), inBlue = drawIn(0, 0, 255);
+    const SIZE size = SizeOf(image);
+    std::vector<std::uint8_t> mask(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 1);
+    bool isWhole = true;
+    for (const unsigned colour : {0xFF0000u, 0x0000FFu}) {
+        paint(colour >> 16 & 255, colour & 255);
+        isWhole = isWhole && DrawStrips(image, [&](std::size_t first, std::size_t count, const unsigned* pixels) {
+                      for (std::size_t i = 0; i < count; ++i)
+                          mask[first + i] &= (pixels[i] & 0xFFFFFF) == colour;
+                  });
+    }
     if (wasOn)
         Apply(bands);
     else
         End();
-    if (inRed.empty() || inRed.size() != inBlue.size()) return {};
-    std::vector<std::uint8_t> mask(inRed.size());
-    for (std::size_t i = 0; i < mask.size(); ++i)
-        mask[i] = inRed[i] != inBlue[i];
+    if (!isWhole) mask.clear();
     return mask;
 }
 

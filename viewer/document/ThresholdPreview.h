@@ -28,10 +28,14 @@ public:
     HWND Window() const { return window; }
 
     /// A byte a pixel, bottom row first: 1 in a band. A pixel counts exactly when the preview colours it: it is found
-    /// by drawing the preview in two colours and comparing. Empty when memory is short.
+    /// by drawing the preview in two colours. Empty when memory is short.
     std::vector<std::uint8_t> Mask(const std::vector<ThresholdTag>& bands);
 
+    /// The colours of an RGB image as they are without the bands; null while nothing is shown over them.
+    const unsigned char* PlainColours() const { return colours.empty() ? nullptr : colours.data(); }
+
 private:
+    void KeepColours();
     void SaveTables();
     void RestoreTables();
     void Apply(const std::vector<ThresholdTag>& bands);
@@ -39,6 +43,7 @@ private:
     CcImage& image;
     HWND window = nullptr;
     bool isOn = false;
+    std::vector<unsigned char> colours;
     std::vector<tagPoints> savedTables[3];
 };
 

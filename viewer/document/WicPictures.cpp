@@ -63,7 +63,8 @@ Target TargetOf(const GUID& format, bool hasGrayPalette) {
     return {KEST_IMAGE_RGB, anyColours, 4};
 }
 
-bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, const GUID& format) {
+/// `middle`: the level between the lightest and the darkest.
+bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, const GUID& format, int& middle) {
     if (!IsOneOf(format, {&GUID_WICPixelFormat1bppIndexed, &GUID_WICPixelFormat2bppIndexed,
                           &GUID_WICPixelFormat4bppIndexed, &GUID_WICPixelFormat8bppIndexed}))
         return false;
@@ -73,13 +74,16 @@ bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, c
     if (factory->CreatePalette(&palette) < 0 || frame->CopyPalette(palette) < 0 ||
         palette->GetColors(256, colours, &count) < 0)
         return false;
+    const auto [darkest, lightest] =
+        std::minmax_element(colours, colours + count, [](WICColor a, WICColor b) { return (a & 255) < (b & 255); });
+    if (count > 0) middle = static_cast<int>((*darkest & 255) + (*lightest & 255) + 1) / 2;
     return std::all_of(colours, colours + count, [](WICColor colour) {
         return (colour & 255) == (colour >> 8 & 255) && (colour & 255) == (colour >> 16 & 255);
     });
 }
 
 /// Copies the decoder's rows, top row first, into the image's, bottom row first and unpadded.
-bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Busy& busy) {
+bool TakeRows(IWICBitmapSource* source, const Target& target, int middle, CcImage& image, Busy& busy) {
     const SIZE size = SizeOf(image);
     const auto bytesPerPixel = static_cast<std::size_t>(target.bytesPerPixel),
                components = static_cast<std::size_t>(image.SizeOf());  // bytes of the image's pixels
@@ -105,9 +109,9 @@ bool TakeRows(IWICBitmapSource* source, const Target& target, CcImage& image, Bu
                     // Of red, green and blue with 16 bits each the upper bytes; else the first bytes of a pixel.
                     to[at] = from[pixel * bytesPerPixel + (bytesPerPixel == 6 ? (2 - component) * 2 + 1 : component)];
                 }
-            // A binary picture's value 1 is its black.
+            // A binary picture's value 1 is its black, or its darker gray.
             if (target.type == KEST_IMAGE_BINARY)
-                std::transform(to, to + rowBytes, to, [](unsigned char level) { return level < 128 ? 1 : 0; });
+                std::transform(to, to + rowBytes, to, [&](unsigned char level) { return level < middle ? 1 : 0; });
         }
         busy.Report(top + count, size.cy);
     }
@@ -133,7 +137,9 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
                                            &decoder) < 0 ||
         decoder->GetFrame(0, &frame) < 0 || frame->GetPixelFormat(&format) < 0 || frame->GetSize(&width, &height) < 0)
         return nullptr;
-    const Target target = TargetOf(format, HasGrayPalette(factory, frame, format));
+    int middle = 128;
+    const bool hasGrayPalette = HasGrayPalette(factory, frame, format, middle);
+    const Target target = TargetOf(format, hasGrayPalette);
     Com<IWICFormatConverter> converter;
     IWICBitmapSource* source = frame;
     if (!IsEqualGUID(format, *target.format)) {
@@ -153,7 +159,7 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
         error = "There is not enough memory for " + FileNameOf(path) + ".";
         return nullptr;
     }
-    if (!TakeRows(source, target, *image, busy)) return nullptr;
+    if (!TakeRows(source, target, middle, *image, busy)) return nullptr;
     image->ReScaleImageOnShow();
     error.clear();
     return image;

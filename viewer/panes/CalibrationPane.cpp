@@ -7,7 +7,9 @@
 #include "Resource.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
+#include "platform/Drawing.h"
 #include "platform/Text.h"
+#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
@@ -23,10 +25,12 @@ void CalibrationPane::OnInit() {
 
 void CalibrationPane::OnShown(bool isShown) {
     isInFront = isShown;
-    if (isShown)
-        main.View().onPick = [this](POINT pixel, bool isOnRoi) { return Pick(pixel, isOnRoi); };
-    else
-        main.View().onPick = nullptr;
+    main.View().onPick = nullptr;
+    main.View().picksPoints = nullptr;
+    if (isShown) {
+        main.View().onPick = [this](POINT pixel) { return Pick(pixel); };
+        main.View().picksPoints = [this] { return PicksPoints(); };
+    }
     if (isShown) {
         // Clicks now pick points; a drawing tool would draw instead.
         main.SetRoiTool(selectTool);
@@ -48,11 +52,8 @@ void CalibrationPane::TakeFromDocument() {
         SetText(IDC_CAL_WORLD_Y_1 + i, draft.points[i].worldY);
     }
     SetText(IDC_CAL_UNIT, draft.unit);
-    std::string state = "The picture is not calibrated.";
-    if (calibration)
-        state = document->calibrationPath.empty() ? "Calibrated; not saved in a file yet."
-                                                  : "Calibrated by " + FileNameOf(document->calibrationPath) + ".";
-    SetText(IDC_CAL_STATE, state);
+    isPointChosen = false;
+    ShowState();
     SelectMissingPoint(0);
     for (const int id : {IDC_CAL_SAVE, IDC_CAL_REMOVE})
         Enable(id, calibration != nullptr);
@@ -88,18 +89,25 @@ void CalibrationPane::ShowPoints() {
     main.View().Refresh(DisplayChanged);
 }
 
-bool CalibrationPane::Pick(POINT pixel, bool isOnRoi) {
+/// Once all are set, clicks select ROIs again, until a point is chosen to be set anew.
+bool CalibrationPane::PicksPoints() const {
+    if (!document) return false;
+    const auto& points = document->calibrationDraft.points;
+    return isPointChosen ||
+           !std::all_of(std::begin(points), std::end(points), [](const auto& point) { return point.isPicked; });
+}
+
+bool CalibrationPane::Pick(POINT pixel) {
+    if (!PicksPoints()) return false;
+    isPointChosen = false;
     auto& points = document->calibrationDraft.points;
-    const bool isComplete =
-        std::all_of(std::begin(points), std::end(points), [](const auto& point) { return point.isPicked; });
-    // ROIs can be selected and moved once there is nothing to pick any more.
-    if (isComplete && isOnRoi) return false;
     const int point = SelectedPoint();
     points[point].isPicked = true;
     points[point].pixel = pixel;
     // The next point that is missing; else the same stays.
     SelectMissingPoint(point);
     ShowPoints();
+    ShowState();
     return true;
 }
 
@@ -110,6 +118,28 @@ void CalibrationPane::TakeFields() {
         draft.points[i].worldY = Text(IDC_CAL_WORLD_Y_1 + i);
     }
     draft.unit = Text(IDC_CAL_UNIT);
+    ShowState();
+}
+
+void CalibrationPane::ShowState() {
+    CcCalibration* calibration = document ? document->Calibration() : nullptr;
+    std::string state = "The picture is not calibrated.";
+    if (calibration)
+        state = document->calibrationPath.empty() ? "Calibrated; not saved in a file yet."
+                                                  : "Calibrated by " + FileNameOf(document->calibrationPath) + ".";
+    if (calibration && document->IsDraftChanged())
+        state += "\nThe points above have changed: press Calibrate to use them.";
+    SetText(IDC_CAL_STATE, state);
+}
+
+/// A calibration that is in no file would be lost.
+bool CalibrationPane::MayReplace() {
+    return !document->Calibration() || !document->calibrationPath.empty() ||
+           AskYesNo(main, "The picture's calibration is in no file yet.\n\nGive it up?");
+}
+
+void CalibrationPane::Remove() {
+    if (document && document->Calibration() && MayReplace()) document->RemoveCalibration();
 }
 
 void CalibrationPane::Apply() {
@@ -154,7 +184,7 @@ void CalibrationPane::Apply() {
 void CalibrationPane::OpenFile() {
     if (!document) return;
     const auto path = AskOpenPath(main, "Open Calibration", fileFilters, "cal");
-    if (!path) return;
+    if (!path || !MayReplace()) return;
     std::unique_ptr<CcCalibration> calibration(new CcCalibration);
     if (calibration->Open(path->c_str()) < 0) {
         ShowError(main, FileNameOf(*path) + " is not a calibration file, or it is damaged.");
@@ -163,7 +193,9 @@ void CalibrationPane::OpenFile() {
     int width = 0, height = 0;
     calibration->GetSizeOfImage(&width, &height);
     const SIZE size = document->Size();
-    if (!document->SetCalibration(std::move(calibration), *path))
+    if (width < 1 || height < 1)
+        ShowError(main, FileNameOf(*path) + " holds a calibration that was never made by four points.");
+    else if (!document->SetCalibration(std::move(calibration), *path))
         ShowError(main, Format("This calibration was made for pictures of %d x %d pixels; this one has %ld x %ld.",
                                width, height, size.cx, size.cy));
 }
@@ -172,7 +204,12 @@ bool CalibrationPane::SaveFile() {
     if (!document || !document->Calibration()) return false;
     const auto path = AskSavePath(main, "Save Calibration", fileFilters, "cal", document->Name() + ".cal");
     if (!path) return false;
-    if (document->Calibration()->Save(path->c_str()) < 0) {
+    // Save does not tell of a full disk: the area of every pixel stands in the file.
+    const SIZE size = document->Size();
+    const long long areaBytes = 4LL * size.cx * size.cy;
+    if (!WriteWhole(*path, [&](const std::string& newPath) {
+            return document->Calibration()->Save(newPath.c_str()) == 0 && BytesOfFile(newPath) > areaBytes;
+        })) {
         ShowError(main, "The calibration could not be written to\n" + *path);
         return false;
     }
@@ -191,14 +228,12 @@ void CalibrationPane::PaintOver(HDC dc) const {
         const POINT at = main.View().PointOf(points[i].pixel.x, points[i].pixel.y);
         // A dark line under a bright one is seen on any picture.
         for (const bool isBright : {false, true}) {
-            const HPEN pen = CreatePen(PS_SOLID, isBright ? 1 : 3, isBright ? RGB(255, 230, 0) : RGB(0, 0, 0));
-            const HGDIOBJ old = SelectObject(dc, pen);
+            const GdiObject pen(CreatePen(PS_SOLID, isBright ? 1 : 3, isBright ? RGB(255, 230, 0) : RGB(0, 0, 0)));
+            const Selected selected(dc, pen);
             MoveToEx(dc, at.x - arm, at.y, nullptr);
             LineTo(dc, at.x + arm + 1, at.y);
             MoveToEx(dc, at.x, at.y - arm, nullptr);
             LineTo(dc, at.x, at.y + arm + 1);
-            SelectObject(dc, old);
-            DeleteObject(pen);
         }
         const std::string number = Format("%d", i + 1);
         for (const POINT shadow : {POINT{1, 1}, POINT{0, 0}}) {
@@ -222,7 +257,13 @@ bool CalibrationPane::OnCommand(int id, int code) {
             SaveFile();
             break;
         case IDC_CAL_REMOVE:
-            document->RemoveCalibration();
+            Remove();
+            break;
+        case IDC_CAL_POINT_1:
+        case IDC_CAL_POINT_2:
+        case IDC_CAL_POINT_3:
+        case IDC_CAL_POINT_4:
+            isPointChosen = true;
             break;
         default:
             break;

@@ -12,6 +12,8 @@ public:
     void OnShown(bool isShown) override;
 
     void OpenFile();
+    /// Asks first when it is in no file.
+    void Remove();
     /// False when it was cancelled or failed.
     bool SaveFile();
     /// Marks the picked points over the picture.
@@ -20,7 +22,10 @@ public:
 private:
     void OnInit() override;
     bool OnCommand(int id, int code) override;
-    bool Pick(POINT pixel, bool isOnRoi);
+    bool PicksPoints() const;
+    bool Pick(POINT pixel);
+    bool MayReplace();
+    void ShowState();
     void TakeFields();
     void Apply();
     void TakeFromDocument();
@@ -31,6 +36,7 @@ private:
     void ShowPoints();
 
     bool isInFront = false;
+    bool isPointChosen = false;  ///< by the user, to be set anew
 };
 
 }  // namespace kestview

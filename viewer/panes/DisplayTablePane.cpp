@@ -47,22 +47,17 @@ void DisplayTablePane::OnInit() {
 }
 
 void DisplayTablePane::Refresh(unsigned change) {
-    if (change != EverythingChanged) return;
-    graph.FollowRanges();
-    UpdateSoon();
+    if (change == EverythingChanged) graph.FollowRanges();
+    if (change & PictureChanged) UpdateSoon();
 }
 
 int DisplayTablePane::Channel(int curve) const {
     return document && document->DisplayTable() == 101 ? colourCurves[curve].channel : 0;
 }
 
-tagPoints DisplayTablePane::InputRange() const {
-    tagPoints range = {0, topLevel};
-    std::vector<tagPoints> points(256);
-    const int table = document->DisplayTable();
-    if (document->Class().isWide && document->Image().GetDisplayLUT(table, table == 101 ? 1 : 0, points.data()) == 0)
-        range = {points.front().x, table == 103 ? points[127].x : table == 104 ? points[63].x : points[255].x};
-    return range;
+std::vector<tagPoints> DisplayTablePane::CurveOf(int channel) const {
+    const auto edited = document->TableCurves().find({document->DisplayTable(), channel});
+    return edited == document->TableCurves().end() ? StraightCurve(ShownRange(document->Image())) : edited->second;
 }
 
 void DisplayTablePane::Update() {
@@ -86,10 +81,7 @@ void DisplayTablePane::Update() {
         return;
     }
     const auto add = [&](const TableCurve& curve) {
-        const auto edited = document->TableCurves().find({table, curve.channel});
-        graph.AddCurve(curve.name,
-                       edited == document->TableCurves().end() ? StraightCurve(InputRange()) : edited->second, PS_SOLID,
-                       curve.colour, 2);
+        graph.AddCurve(curve.name, CurveOf(curve.channel), PS_SOLID, curve.colour, 2);
         Send(IDC_TABLE_CHANNEL, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(curve.name));
     };
     if (table == 101)
@@ -114,7 +106,7 @@ void DisplayTablePane::OnDragged(int curve, int index) {
     point.y = std::clamp(point.y, 0.0f, topLevel);
     // The points keep their order. The ends stand at the ends of the input values; of wide pictures they may be moved,
     // which moves the range that is shown.
-    const tagPoints range = InputRange();
+    const tagPoints range = ShownRange(document->Image());
     const float step = (range.y - range.x) / 255;
     const auto at = static_cast<std::size_t>(index);
     if ((isFirst || isLast) && !document->Class().isWide) {
@@ -129,7 +121,16 @@ void DisplayTablePane::OnDragged(int curve, int index) {
 void DisplayTablePane::Apply(int curve) {
     const int table = document->DisplayTable(), channel = Channel(curve);
     document->SetTableCurve(table, channel, graph.Points(curve));
+    TakeCurves();
     ShowAtOnce();
+}
+
+/// The range that the picture has come to show is that of all curves.
+void DisplayTablePane::TakeCurves() {
+    for (int curve = 0; document->Class().isWide && curve < graph.CurveCount(); ++curve) {
+        graph.Points(curve) = CurveOf(Channel(curve));
+        graph.PointsResized(curve);
+    }
 }
 
 void DisplayTablePane::ShowAtOnce() {
@@ -143,9 +144,10 @@ void DisplayTablePane::Reset() {
     // Wide pictures show their whole range again.
     document->Image().SetAutoUpdateDisplay(1);
     ShowAtOnce();
-    graph.Points(curve) = StraightCurve(InputRange());
+    graph.Points(curve) = StraightCurve(ShownRange(document->Image()));
     document->ResetTableCurve(document->DisplayTable(), Channel(curve), graph.Points(curve));
     graph.PointsResized(curve);
+    TakeCurves();
     ShowAtOnce();
 }
 

@@ -23,8 +23,9 @@ private:
     void AddPoint();
     void RemovePoint();
     int Channel(int curve) const;
-    /// First and last input value of the table.
-    tagPoints InputRange() const;
+    /// As it was edited, else straight.
+    std::vector<tagPoints> CurveOf(int channel) const;
+    void TakeCurves();
 
     int pickedPoint = -1;
 };

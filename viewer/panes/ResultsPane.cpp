@@ -13,6 +13,7 @@
 #include "platform/Boxes.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
+#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
@@ -109,11 +110,15 @@ void ResultsPane::ExportTable() {
     const auto path = AskSavePath(main, "Export Results", "Comma-separated values (*.csv)|*.csv|All files (*.*)|*.*|",
                                   "csv", document ? document->Name() + ".csv" : "");
     if (!path) return;
-    std::ofstream file(*path, std::ios::binary);
     // The mark tells spreadsheet programs that the text is UTF-8.
-    file << "\xEF\xBB\xBF" << ResultsAsText(Table(), ',');
-    file.close();
-    if (!file) ShowError(main, "The table could not be written to\n" + *path);
+    const std::string text = "\xEF\xBB\xBF" + ResultsAsText(Table(), ',');
+    const bool isWritten = WriteWhole(*path, [&](const std::string& newPath) {
+        std::ofstream file(newPath, std::ios::binary);
+        file << text;
+        file.close();
+        return !file.fail();
+    });
+    if (!isWritten) ShowError(main, "The table could not be written to\n" + *path);
 }
 
 bool ResultsPane::OnCommand(int id, int) {
@@ -123,7 +128,10 @@ bool ResultsPane::OnCommand(int id, int) {
 }
 
 LRESULT ResultsPane::OnNotify(NMHDR& header) {
-    if (header.idFrom != IDC_RESULTS_LIST || header.code != LVN_ITEMCHANGED || isFilling || !document) return 0;
+    if (header.idFrom != IDC_RESULTS_LIST || isFilling || !document) return 0;
+    if (header.code == LVN_KEYDOWN && reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_DELETE)
+        document->DeleteSelectedRois();
+    if (header.code != LVN_ITEMCHANGED) return 0;
     const auto& item = reinterpret_cast<const NMLISTVIEW&>(header);
     if (!(item.uChanged & LVIF_STATE) || !((item.uOldState ^ item.uNewState) & LVIS_SELECTED)) return 0;
     if (item.iItem >= 0 && item.iItem < document->RoiCount())

@@ -9,6 +9,7 @@
 #include "Resource.h"
 #include "document/RoiKinds.h"
 #include "platform/ListView.h"
+#include "platform/Text.h"
 
 namespace kestview {
 
@@ -81,11 +82,11 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
             const LVITEMA& item = reinterpret_cast<const NMLVDISPINFOA&>(header).item;
             if (!item.pszText || !*item.pszText || item.iItem >= document->RoiCount()) return FALSE;
             document->RenameRoi(document->Roi(item.iItem), item.pszText);
-            return TRUE;
+            // A name that was cut has been written by the refresh.
+            return CutForStreams(item.pszText) == item.pszText;
         }
         case LVN_KEYDOWN:
             if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_DELETE) document->DeleteSelectedRois();
-            if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_F2) EditName();
             return 0;
         default:
             return 0;

@@ -12,6 +12,7 @@
 #include "document/BandCount.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
+#include "platform/Drawing.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
 
@@ -106,9 +107,9 @@ void ThresholdPane::FillChannels() {
     Enable(IDC_BAND_CHANNEL, present >= 0);
     std::string units = "Levels 0 to 255.";
     if (document && document->Class().isWide)
-        units = Format("Levels of the display: 0 is %g, 255 is %g.",
-                       static_cast<double>(document->Image().GetMinPixelValue()),
-                       static_cast<double>(document->Image().GetMaxPixelValue()));
+        units =
+            Format("Levels of the display: 0 is %g, 255 is %g.", static_cast<double>(ShownRange(document->Image()).x),
+                   static_cast<double>(ShownRange(document->Image()).y));
     if (document && document->Class().type == KEST_IMAGE_HSL)
         units = "Hue 0 to 239 stands for 0 to 360 degrees; the others 0 to 240.";
     if (document && !ThresholdPreview::IsPossible(document->Image())) units = "A binary picture has only two values.";
@@ -203,10 +204,7 @@ void ThresholdPane::MakeMask() {
         return;
     }
     std::copy(pixels.begin(), pixels.end(), static_cast<unsigned char*>(mask->GetBitMapImageData()));
-    auto masked = std::make_unique<Document>(std::move(mask));
-    masked->CalibrateLike(*document);
-    masked->SetModified(true);
-    main.AddDocument(std::move(masked));
+    main.AddNewPicture(std::move(mask), document);
 }
 
 bool ThresholdPane::OnCommand(int id, int code) {
@@ -284,9 +282,8 @@ LRESULT ThresholdPane::OnNotify(NMHDR& header) {
             SendMessageA(header.hwndFrom, LVM_GETITEMRECT, draw.nmcd.dwItemSpec, reinterpret_cast<LPARAM>(&cell));
             cell.right = cell.left + static_cast<LONG>(SendMessageA(header.hwndFrom, LVM_GETCOLUMNWIDTH, 0, 0));
             InflateRect(&cell, -4, -3);
-            const HBRUSH brush = CreateSolidBrush(RGB(band.iRed, band.iGreen, band.iBlue));
-            FillRect(draw.nmcd.hdc, &cell, brush);
-            DeleteObject(brush);
+            const GdiObject brush(CreateSolidBrush(RGB(band.iRed, band.iGreen, band.iBlue)));
+            FillRect(draw.nmcd.hdc, &cell, static_cast<HBRUSH>(static_cast<HGDIOBJ>(brush)));
         }
     }
     return 0;
@@ -299,14 +296,18 @@ bool ThresholdPane::OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
         return true;
     }
     if (message != WM_HSCROLL || !document || isFilling) return false;
-    float low = static_cast<float>(std::min<LRESULT>(Send(IDC_BAND_LOW, TBM_GETPOS), highestLow));
-    float high = static_cast<float>(Send(IDC_BAND_HIGH, TBM_GETPOS));
-    // The slider that is not moved gives way.
-    if (low > high && reinterpret_cast<HWND>(lParam) == Item(IDC_BAND_LOW)) high = low;
-    if (low > high) low = high;
     const int selected = SelectedBand();
     if (selected < 0) return true;
     const ThresholdTag& band = document->Bands()[static_cast<std::size_t>(selected)];
+    float low = band.fLow, high = band.fHigh;
+    // The bound whose slider is not moved gives way.
+    if (reinterpret_cast<HWND>(lParam) == Item(IDC_BAND_LOW)) {
+        low = static_cast<float>(std::min<LRESULT>(Send(IDC_BAND_LOW, TBM_GETPOS), highestLow));
+        high = std::max(low, high);
+    } else {
+        high = static_cast<float>(Send(IDC_BAND_HIGH, TBM_GETPOS));
+        low = std::min(low, high);
+    }
     if (low != band.fLow || high != band.fHigh) ChangeBand(low, high);
     return true;
 }

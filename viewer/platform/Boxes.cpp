@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "platform/Program.h"
+#include "platform/Text.h"
 
 namespace kestview {
 namespace {
@@ -39,6 +40,10 @@ void ShowError(HWND owner, const std::string& text) {
     MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONWARNING);
 }
 
+void TellMemoryIsShort(HWND window) {
+    ShowError(GetAncestor(window, GA_ROOT), "There is not enough memory for this.");
+}
+
 void ShowNote(HWND owner, const std::string& text) {
     MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONINFORMATION);
 }
@@ -51,10 +56,21 @@ bool AskYesNo(HWND owner, const std::string& question) {
     return MessageBoxA(owner, question.c_str(), programName, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
+namespace {
+
+/// The user has cancelled, or the dialog did not come up.
+std::optional<std::string> NoPath(HWND owner) {
+    if (const DWORD code = CommDlgExtendedError())
+        ShowError(owner, Format("The file dialog could not be shown (error %lu).", code));
+    return std::nullopt;
+}
+
+}  // namespace
+
 std::optional<std::string> AskOpenPath(HWND owner, const char* title, const char* filters, const char* extension) {
     FileQuestion question(owner, title, filters, extension);
     question.record.Flags |= OFN_FILEMUSTEXIST;
-    if (!GetOpenFileNameA(&question.record)) return std::nullopt;
+    if (!GetOpenFileNameA(&question.record)) return NoPath(owner);
     return question.path;
 }
 
@@ -69,7 +85,7 @@ std::optional<std::string> AskSavePath(HWND owner, const char* title, const char
     if (!isWholePath)
         for (char* c = question.path; *c; ++c)
             if (std::strchr("\\/:*?\"<>|", *c)) *c = '_';
-    if (!GetSaveFileNameA(&question.record)) return std::nullopt;
+    if (!GetSaveFileNameA(&question.record)) return NoPath(owner);
     return question.path;
 }
 

@@ -9,6 +9,8 @@
 namespace kestview {
 
 void ShowError(HWND owner, const std::string& text);
+/// For work that was given up because of it.
+void TellMemoryIsShort(HWND window);
 void ShowNote(HWND owner, const std::string& text);
 /// Yes, no, or cancel: IDYES, IDNO, IDCANCEL.
 int AskYesNoCancel(HWND owner, const std::string& question);

@@ -23,6 +23,19 @@ private:
     HFONT font = nullptr;
 };
 
+/// A pen, brush or bitmap that is deleted with its holder.
+class GdiObject {
+public:
+    explicit GdiObject(HGDIOBJ newObject) : object(newObject) {}
+    ~GdiObject() { DeleteObject(object); }
+    GdiObject(const GdiObject&) = delete;
+    GdiObject& operator=(const GdiObject&) = delete;
+    operator HGDIOBJ() const { return object; }
+
+private:
+    HGDIOBJ object;
+};
+
 /// Selects an object into a device context for as long as the guard lives.
 class Selected {
 public:

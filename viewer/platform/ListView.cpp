@@ -31,9 +31,12 @@ void ListView::SetColumnTitle(int column, const std::string& title) const {
     SendMessageA(list, LVM_SETCOLUMNA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
 }
 
-void ListView::RemoveColumns() const {
-    while (SendMessageA(list, LVM_DELETECOLUMN, 0, 0)) {
-    }
+void ListView::ScaleColumns(int newDpi, int oldDpi) const {
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const auto count = static_cast<WPARAM>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
+    for (WPARAM column = 0; column < count; ++column)
+        SendMessageA(list, LVM_SETCOLUMNWIDTH, column,
+                     MulDiv(static_cast<int>(SendMessageA(list, LVM_GETCOLUMNWIDTH, column, 0)), newDpi, oldDpi));
 }
 
 int ListView::RowCount() const {

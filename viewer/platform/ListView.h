@@ -15,7 +15,7 @@ public:
     /// `width` is for 96 dots an inch; numbers are aligned to the right.
     void AddColumn(const char* title, int width, bool isNumber = false) const;
     void SetColumnTitle(int column, const std::string& title) const;
-    void RemoveColumns() const;
+    void ScaleColumns(int newDpi, int oldDpi) const;
     int RowCount() const;
     /// Adds or takes away rows at the end.
     void SetRowCount(int count) const;

@@ -3,9 +3,10 @@
 
 #include <commctrl.h>
 
-#include <cmath>
-#include <cstdlib>
+#include <new>
 
+#include "platform/Boxes.h"
+#include "platform/ListView.h"
 #include "platform/Text.h"
 #include "platform/Window.h"
 
@@ -33,33 +34,57 @@ INT_PTR CALLBACK Pane::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM
         SetWindowLongPtrA(window, DWLP_USER, lParam);
         self->window = window;
         const Filling filling(self->isFilling);
+        self->dpi = DpiOf(window);
         self->OnInit();
         self->AddTips();
         return TRUE;
     }
     auto* self = reinterpret_cast<Pane*>(GetWindowLongPtrA(window, DWLP_USER));
     if (!self) return FALSE;
+    try {
+        return self->OnMessage(message, wParam, lParam);
+    } catch (const std::bad_alloc&) {
+        TellMemoryIsShort(window);
+        return TRUE;
+    }
+}
+
+INT_PTR Pane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     switch (message) {
         case WM_COMMAND:
-            return self->OnCommand(LOWORD(wParam), HIWORD(wParam));
+            return OnCommand(LOWORD(wParam), HIWORD(wParam));
         case WM_NOTIFY:
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, self->OnNotify(*reinterpret_cast<NMHDR*>(lParam)));
+            SetWindowLongPtrA(window, DWLP_MSGRESULT, OnNotify(*reinterpret_cast<NMHDR*>(lParam)));
             return TRUE;
         case WM_SIZE:
-            self->OnSize(LOWORD(lParam), HIWORD(lParam));
+            OnSize(LOWORD(lParam), HIWORD(lParam));
             return TRUE;
         case WM_NCDESTROY:
             SetWindowLongPtrA(window, DWLP_USER, 0);
-            self->window = nullptr;
+            window = nullptr;
             return FALSE;
+        case WM_DPICHANGED_AFTERPARENT:
+            OnDpiChanged();
+            return TRUE;
         default:
-            if (!self->OnOther(message, wParam, lParam, result)) return FALSE;
+            if (!OnOther(message, wParam, lParam, result)) return FALSE;
             // These messages take their result directly.
             if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORDLG || message == WM_CTLCOLORBTN) return result;
             SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
             return TRUE;
     }
+}
+
+/// The system scales the controls, but not the columns of lists.
+void Pane::OnDpiChanged() {
+    const int newDpi = DpiOf(window);
+    for (HWND control = GetWindow(window, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
+        char className[32] = {};
+        GetClassNameA(control, className, sizeof className);
+        if (lstrcmpiA(className, WC_LISTVIEWA) == 0) ListView(control).ScaleColumns(newDpi, dpi);
+    }
+    dpi = newDpi;
 }
 
 void Pane::AddTips() {

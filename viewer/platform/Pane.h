@@ -55,6 +55,10 @@ protected:
     bool isFilling = false;  ///< the program writes the controls: their notifications are not the user's
 
 private:
+    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnDpiChanged();
+    int dpi = 96;  ///< that the list columns have been made for
+
     static INT_PTR CALLBACK Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 };
 

@@ -98,18 +98,6 @@ bool FileExists(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-std::string LastErrorText() {
-    char text[512] = {};
-    const DWORD code = GetLastError();
-    if (!FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0, text, sizeof text,
-                        nullptr))
-        return Format("error %lu", code);
-    std::string message = text;
-    while (!message.empty() && (message.back() == '\n' || message.back() == '\r' || message.back() == '.'))
-        message.pop_back();
-    return message;
-}
-
 std::string CutToBytes(const std::string& text, std::size_t longest) {
     if (text.size() <= longest) return text;
     const auto continuesCharacter = [&](std::size_t at) {

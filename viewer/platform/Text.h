@@ -27,9 +27,6 @@ std::string WithoutExtension(const std::string& path);
 std::string FullPathOf(const std::string& path);
 bool FileExists(const std::string& path);
 
-/// Why the last system call failed, in the user's language.
-std::string LastErrorText();
-
 /// At most so many bytes of a text, cut between two characters.
 std::string CutToBytes(const std::string& text, std::size_t longest);
 /// A name of at most 49 bytes, as object streams take them.

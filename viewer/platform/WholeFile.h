@@ -10,6 +10,10 @@ namespace kestview {
 /// one is deleted and `path` is as it was.
 bool WriteWhole(const std::string& path, const std::function<bool(const std::string& newPath)>& write);
 
+/// A name beside `path`, with its extension, that no file has; also not with another extension, as that decides about
+/// the names of files that are written along.
+std::string UnusedPath(const std::string& path);
+
 /// -1 when there is no such file.
 long long BytesOfFile(const std::string& path);
 

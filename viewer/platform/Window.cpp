@@ -1,6 +1,10 @@
 // A window whose messages arrive at a virtual function of a C++ object.
 #include "platform/Window.h"
 
+#include <new>
+
+#include "platform/Boxes.h"
+
 namespace kestview {
 
 Window::~Window() {
@@ -41,7 +45,12 @@ LRESULT CALLBACK Window::Dispatch(HWND window, UINT message, WPARAM wParam, LPAR
         self->window = nullptr;
         return DefWindowProcA(window, message, wParam, lParam);
     }
-    return self->OnMessage(message, wParam, lParam);
+    try {
+        return self->OnMessage(message, wParam, lParam);
+    } catch (const std::bad_alloc&) {
+        TellMemoryIsShort(window);
+        return 0;
+    }
 }
 
 LRESULT Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
