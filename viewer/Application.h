@@ -18,7 +18,7 @@ struct WindowLayout {
     bool isMaximized = false;
     int sideWidth = 352;
     int roiListHeight = 222;
-    int resultsHeight = 190;
+    int resultsHeight = 202;
     int isSideShown = 1;
     int isResultsShown = 1;
     int showsRoiNames = 1;
