@@ -87,6 +87,7 @@ private:
     void OnInitMenu(HMENU menu);
     void Arrange();
     void NoteLayout();
+    void LimitSize(MINMAXINFO& limits) const;
     bool OnSplitterMessage(UINT message, LPARAM lParam);
     std::string TabTip(int tab) const;
     void UpdateTabs();

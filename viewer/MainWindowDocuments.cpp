@@ -1,0 +1,148 @@
+// The open documents of the main window: their tabs, opening and closing.
+#include "MainWindow.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "Application.h"
+#include "commands/Commands.h"
+#include "document/PictureFiles.h"
+#include "document/Session.h"
+#include "platform/Boxes.h"
+
+namespace kestview {
+
+void MainWindow::AddDocument(std::unique_ptr<Document> document) {
+    Document& added = *document;
+    added.onChange = [this, &added](unsigned change) { OnDocumentChanged(added, change); };
+    documents.push_back(std::move(document));
+    UpdateTabs();
+    Activate(&added);
+    Arrange();
+}
+
+void MainWindow::AddNewPicture(std::unique_ptr<CcImage> image, Document* like) {
+    auto document = std::make_unique<Document>(std::move(image));
+    if (like) document->CalibrateLike(*like);
+    document->SetModified(true);
+    AddDocument(std::move(document));
+}
+
+void MainWindow::Activate(Document* document) {
+    if (active && active != document) active->PreviewBands(false, nullptr);
+    active = document;
+    view.SetDocument(document);
+    roiListPane.SetDocument(document);
+    resultsPane.SetDocument(document);
+    for (int page = 0; page < sidePageCount; ++page)
+        PageOf(static_cast<SidePage>(page)).SetDocument(document);
+    tools.SetCurrentImage(document ? &document->Image() : nullptr);
+    UpdateTabs();
+    UpdateTitle();
+    UpdateCommands();
+    statusBar.ShowMessage("");
+    statusBar.ShowPixel(nullptr, nullptr);
+    statusBar.ShowPicture(active, view.Magnification());
+}
+
+bool MainWindow::MayClose(Document& document) {
+    if (!document.IsModified()) return true;
+    Activate(&document);
+    const int answer = AskYesNoCancel(window, "Save the changes to " + document.Name() + " in a session?");
+    return answer == IDNO || (answer == IDYES && SaveSessionOf(*this, document, false));
+}
+
+bool MainWindow::CloseDocument(Document& document) {
+    if (!MayClose(document)) return false;
+    Discard(document);
+    return true;
+}
+
+void MainWindow::Discard(Document& document) {
+    const auto at =
+        std::find_if(documents.begin(), documents.end(), [&](const auto& held) { return held.get() == &document; });
+    const auto index = static_cast<std::size_t>(at - documents.begin());
+    // First the others let go of it, then it is deleted.
+    std::unique_ptr<Document> closed = std::move(*at);
+    documents.erase(at);
+    if (active == closed.get())
+        Activate(documents.empty() ? nullptr : documents[std::min(index, documents.size() - 1)].get());
+    UpdateTabs();
+    Arrange();
+}
+
+bool MainWindow::MayCloseAll() {
+    for (std::size_t i = documents.size(); i-- > 0;)
+        if (!MayClose(*documents[i])) return false;
+    return true;
+}
+
+bool MainWindow::CloseAll() {
+    // Nothing is lost when the last question is answered with Cancel: first all are asked about, then all go.
+    if (!MayCloseAll()) return false;
+    while (!documents.empty())
+        Discard(*documents.back());
+    return true;
+}
+
+void MainWindow::OpenFile(const std::string& path) {
+    std::string error, warning;
+    std::unique_ptr<Document> document;
+    if (IsSessionFile(path)) {
+        document = OpenSession(path, error, warning);
+    } else if (auto image = OpenPicture(path, error, warning)) {
+        document = std::make_unique<Document>(std::move(image));
+        document->picturePath = path;
+    }
+    if (!document) {
+        if (!error.empty()) ShowError(window, error);
+        return;
+    }
+    App().NoteRecentFile(path);
+    AddDocument(std::move(document));
+    if (!warning.empty()) ShowNote(window, warning);
+}
+
+void MainWindow::OnDocumentChanged(Document& document, unsigned change) {
+    if (change & TitleChanged) {
+        UpdateTabs();
+        UpdateTitle();
+    }
+    if (&document != active) return;
+    view.Refresh(change);
+    roiListPane.Refresh(change);
+    resultsPane.Refresh(change);
+    for (int page = 0; page < sidePageCount; ++page)
+        PageOf(static_cast<SidePage>(page)).Refresh(change);
+    if (change & PictureChanged) tools.PixelsChanged();
+    if (change & (ViewChanged | PictureChanged)) statusBar.ShowPicture(active, view.Magnification());
+    UpdateCommands();
+}
+
+void MainWindow::UpdateTabs() {
+    const int count = static_cast<int>(documents.size());
+    for (int i = static_cast<int>(SendMessageA(tabs, TCM_GETITEMCOUNT, 0, 0)); i > count; --i)
+        SendMessageA(tabs, TCM_DELETEITEM, static_cast<WPARAM>(i - 1), 0);
+    for (int i = 0; i < count; ++i) {
+        Document& document = *documents[static_cast<std::size_t>(i)];
+        std::string text = document.Name() + (document.IsModified() ? " *" : "");
+        TCITEMA item = {};
+        item.mask = TCIF_TEXT;
+        item.pszText = text.data();
+        const bool isPresent = i < SendMessageA(tabs, TCM_GETITEMCOUNT, 0, 0);
+        SendMessageA(tabs, isPresent ? TCM_SETITEMA : TCM_INSERTITEMA, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(&item));
+        if (&document == active) SendMessageA(tabs, TCM_SETCURSEL, static_cast<WPARAM>(i), 0);
+    }
+}
+
+void MainWindow::UpdateTitle() {
+    const std::string title =
+        active ? active->Name() + (active->IsModified() ? " * - KestView" : " - KestView") : "KestView";
+    if (TextOf(window) != title) SetWindowTextA(window, title.c_str());
+}
+
+}  // namespace kestview

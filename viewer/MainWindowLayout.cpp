@@ -1,0 +1,203 @@
+// The main window's places and sizes: of itself, of its parts, and of the bars between them.
+#include "MainWindow.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "Application.h"
+#include "Resource.h"
+
+namespace kestview {
+namespace {
+
+constexpr SIZE smallestWindow = {900, 680};
+// A page and the side hold their controls.
+constexpr int smallestPicture = 200, smallestSide = 330, smallestRoiList = 110, smallestPage = 430,
+              smallestResults = 90;
+constexpr int barThickness = 5;
+
+MONITORINFO MonitorOf(HWND window) {
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor;
+}
+
+}  // namespace
+
+bool MainWindow::Create(int showCommand) {
+    Look look = {"KestViewMain", "KestView"};
+    look.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+    look.extendedStyle = WS_EX_ACCEPTFILES;
+    look.background = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    RECT desk;
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    const int width = std::min(MulDiv(1240, dpi, 96), WidthOf(desk)),
+              height = std::min(MulDiv(940, dpi, 96), HeightOf(desk));
+    const int left = static_cast<int>(desk.left) + (WidthOf(desk) - width) / 2,
+              top = static_cast<int>(desk.top) + (HeightOf(desk) - height) / 2;
+    RECT place = {left, top, left + width, top + height};
+    const WindowLayout& layout = App().Layout();
+    // The monitor of the last run may be gone.
+    if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) place = layout.place;
+    if (layout.isMaximized && (showCommand == SW_SHOWDEFAULT || showCommand == SW_SHOWNORMAL))
+        showCommand = SW_SHOWMAXIMIZED;
+    if (!Window::Create(look, nullptr, place)) return false;
+    SetMenu(window, LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN)));
+    OnCreate();
+    ShowWindow(window, showCommand);
+    SetFocus(view);
+    return true;
+}
+
+void MainWindow::LimitSize(MINMAXINFO& limits) const {
+    const RECT work = MonitorOf(window).rcWork;
+    limits.ptMinTrackSize = {std::min(Scaled(smallestWindow.cx), WidthOf(work)),
+                             std::min(Scaled(smallestWindow.cy), HeightOf(work))};
+}
+
+void MainWindow::OnDpiChanged(const RECT& place) {
+    font.Make(DpiOf(window));
+    for (const HWND tabControl : {tabs, sideTabs})
+        SendMessageA(tabControl, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(font)), TRUE);
+    toolbar.MakePictures();
+    if (!IsRectEmpty(&place))
+        SetWindowPos(window, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    Arrange();
+}
+
+void MainWindow::Arrange() {
+    if (!view) return;
+    SendMessageA(toolbar, TB_AUTOSIZE, 0, 0);
+    statusBar.Arrange();
+    RECT room, status;
+    GetClientRect(window, &room);
+    GetWindowRect(statusBar, &status);
+    room.top += toolbar.Height();
+    room.bottom -= HeightOf(status);
+    const auto place = [](HWND child, const RECT& at) {
+        SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    WindowLayout& layout = App().Layout();
+    const auto unscaled = [this](int length) { return MulDiv(length, 96, DpiOf(window)); };
+    const int bar = Scaled(barThickness), mostSide = unscaled(WidthOf(room)) - smallestPicture,
+              mostResults = unscaled(HeightOf(room)) - smallestPicture,
+              mostList = unscaled(HeightOf(room)) - smallestPage;
+    // Lengths that the user chose, as far as there is room for them now.
+    const auto chosen = [this](int length, int least, int most) {
+        return Scaled(std::clamp(length, least, std::max(least, most)));
+    };
+    std::vector<Splitters::Bar> bars;
+    RECT side = room;
+    side.left = std::max<LONG>(room.left, room.right - chosen(layout.sideWidth, smallestSide, mostSide));
+    if (isSideShown) {
+        room.right = side.left - bar;
+        bars.push_back(
+            {{room.right, room.top, side.left, room.bottom}, true, &layout.sideWidth, -1, smallestSide, mostSide});
+    }
+    RECT results = room;
+    results.top = std::max<LONG>(room.top, room.bottom - chosen(layout.resultsHeight, smallestResults, mostResults));
+    if (isResultsShown) {
+        room.bottom = results.top - bar;
+        bars.push_back({{room.left, room.bottom, room.right, results.top},
+                        false,
+                        &layout.resultsHeight,
+                        -1,
+                        smallestResults,
+                        mostResults});
+    }
+    place(resultsPane, results);
+    ShowWindow(resultsPane, isResultsShown ? SW_SHOWNA : SW_HIDE);
+
+    RECT list = side, pages = side;
+    list.bottom = std::min<LONG>(side.top + chosen(layout.roiListHeight, smallestRoiList, mostList), side.bottom);
+    pages.top = std::min<LONG>(list.bottom + bar, side.bottom);
+    if (isSideShown)
+        bars.push_back({{side.left, list.bottom, side.right, pages.top},
+                        false,
+                        &layout.roiListHeight,
+                        1,
+                        smallestRoiList,
+                        mostList});
+    splitters.SetBars(std::move(bars));
+    place(roiListPane, list);
+    place(sideTabs, pages);
+    RECT inner = {0, 0, WidthOf(pages), HeightOf(pages)};
+    SendMessageA(sideTabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inner));
+    OffsetRect(&inner, pages.left, pages.top);
+    for (int page = 0; page < sidePageCount; ++page) {
+        DocumentPane& pane = PageOf(static_cast<SidePage>(page));
+        SetWindowPos(pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner), SWP_NOACTIVATE);
+        ShowWindow(pane, isSideShown && page == sidePage ? SW_SHOWNA : SW_HIDE);
+    }
+    for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs})
+        ShowWindow(child, isSideShown ? SW_SHOWNA : SW_HIDE);
+
+    RECT tabRow = {0, 0, WidthOf(room), HeightOf(room)};
+    SendMessageA(tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&tabRow));
+    RECT picture = room;
+    picture.top += documents.empty() ? 0 : tabRow.top;
+    place(tabs, {room.left, room.top, room.right, picture.top});
+    ShowWindow(tabs, documents.empty() ? SW_HIDE : SW_SHOWNA);
+    place(view, picture);
+    statusBar.ShowPicture(active, view.Magnification());
+}
+
+void MainWindow::NoteLayout() {
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(window, &placement)) return;
+    // The placement leaves out what the taskbar takes at the left and the top.
+    const MONITORINFO monitor = MonitorOf(window);
+    OffsetRect(&placement.rcNormalPosition, monitor.rcWork.left - monitor.rcMonitor.left,
+               monitor.rcWork.top - monitor.rcMonitor.top);
+    WindowLayout& layout = App().Layout();
+    layout.place = placement.rcNormalPosition;
+    layout.isMaximized = placement.showCmd == SW_SHOWMAXIMIZED;
+    layout.isSideShown = isSideShown;
+    layout.isResultsShown = isResultsShown;
+    layout.showsRoiNames = view.showsRoiNames;
+}
+
+bool MainWindow::OnSplitterMessage(UINT message, LPARAM lParam) {
+    POINT mouse = MousePosition(lParam);
+    switch (message) {
+        case WM_SETCURSOR:
+            GetCursorPos(&mouse);
+            ScreenToClient(window, &mouse);
+            return LOWORD(lParam) == HTCLIENT && splitters.ShowCursor(mouse);
+        case WM_LBUTTONDOWN:
+            splitters.Press(window, mouse);
+            return true;
+        case WM_MOUSEMOVE:
+            if (splitters.Drag(mouse, DpiOf(window))) {
+                Arrange();
+                UpdateWindow(window);
+            }
+            return true;
+        default:
+            splitters.Release();
+            return true;
+    }
+}
+
+void MainWindow::ToggleSide() {
+    isSideShown = !isSideShown;
+    PageOf(sidePage).OnShown(isSideShown);
+    Arrange();
+}
+
+void MainWindow::ToggleResults() {
+    isResultsShown = !isResultsShown;
+    Arrange();
+}
+
+}  // namespace kestview
