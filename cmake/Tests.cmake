@@ -40,7 +40,7 @@ foreach(part IN LISTS KEST_PARTS)
     target_link_libraries(test_${part} PRIVATE kest_test_support)
     target_precompile_headers(test_${part} REUSE_FROM kest_test_support)
     add_test(NAME win${bits}.${part} COMMAND test_${part} WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-    set_tests_properties(win${bits}.${part} PROPERTIES TIMEOUT 200 RUN_SERIAL ON)
+    set_tests_properties(win${bits}.${part} PROPERTIES TIMEOUT 400 RUN_SERIAL ON)
   endif()
 endforeach()
 
@@ -50,7 +50,7 @@ add_executable(test_viewer ${sources})
 target_link_libraries(test_viewer PRIVATE kest_test_support kestview_documents kest_example)
 add_dependencies(test_viewer KestView)
 add_test(NAME win${bits}.viewer COMMAND test_viewer WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set_tests_properties(win${bits}.viewer PROPERTIES TIMEOUT 200 RUN_SERIAL ON)
+set_tests_properties(win${bits}.viewer PROPERTIES TIMEOUT 500 RUN_SERIAL ON)
 
 # Tool libraries, good and hostile ones, beside the test program that loads them.
 foreach(library RecordingTool EndlessText NoEntry)

@@ -43,9 +43,13 @@ std::wstring TextOfWindow(HWND window) {
     return text;
 }
 
+bool OpenFreeClipboard() {
+    return Driver::WaitFor([] { return OpenClipboard(nullptr) != FALSE; });
+}
+
 std::wstring ClipboardText() {
     std::wstring text;
-    if (!OpenClipboard(nullptr)) return text;
+    if (!OpenFreeClipboard()) return text;
     if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
         text = static_cast<const wchar_t*>(GlobalLock(block));
         GlobalUnlock(block);
@@ -103,10 +107,15 @@ HWND Driver::Control(int id) const {
 
 void Driver::Settle(DWORD milliseconds) {
     Sleep(milliseconds);
-    // A sent message is answered between two of the queue; the second one comes after what the input posted.
-    for (int i = 0; i < 2; ++i) {
+    // A sent message is answered between two of the queue. Once some are answered at once, one after another, the
+    // program waits for input again, also on a machine that is busy.
+    constexpr DWORD atOnceMilliseconds = 15, pauseMilliseconds = 4;
+    const DWORD start = GetTickCount();
+    for (int quick = 0; quick < 3 && GetTickCount() - start < 5000; Sleep(pauseMilliseconds)) {
+        const DWORD sent = GetTickCount();
         DWORD_PTR result;
         SendMessageTimeoutA(main, WM_NULL, 0, 0, SMTO_NORMAL, 5000, &result);
+        quick = GetTickCount() - sent < atOnceMilliseconds ? quick + 1 : 0;
     }
 }
 
@@ -125,6 +134,13 @@ void Driver::Press(std::initializer_list<WORD> keys) {
     for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
         add(*key, KEYEVENTF_KEYUP);
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    Settle();
+}
+
+void Driver::PressToCopy(std::initializer_list<WORD> keys) {
+    const DWORD before = GetClipboardSequenceNumber();
+    Press(keys);
+    WaitFor([&] { return GetClipboardSequenceNumber() != before; });
     Settle();
 }
 

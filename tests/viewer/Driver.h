@@ -33,6 +33,8 @@ public:
     // Keys: virtual key codes, held down one after another and released.
     void Press(std::initializer_list<WORD> keys);
     void Type(const std::wstring& text);
+    /// Keys that copy: waits until the clipboard has another content.
+    void PressToCopy(std::initializer_list<WORD> keys);
 
     // Mouse, in client pixels of a window
     void MoveTo(HWND window, POINT at);
@@ -47,13 +49,13 @@ public:
 
     /// Waits until the program has handled its input; it may be showing a dialog.
     void Settle(DWORD milliseconds = 40);
-    /// Waits for a dialog of the program with this title; null after five seconds.
+    /// Waits for a dialog of the program with this title; null after a while.
     HWND WaitForDialog(const std::wstring& title);
     /// Types a path into the file dialog with this title and accepts it. False when there is none.
     bool AnswerFileDialog(const std::wstring& title, const std::wstring& path);
     /// The text of a message box of the program, which is answered by a key.
     std::wstring AnswerBox(WORD key);
-    static bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = 5000);
+    static bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = 15000);
 
     /// The whole screen, or a window's client area as it is on the screen, once the program has painted.
     Picture Screen();
@@ -71,5 +73,7 @@ private:
 
 std::wstring TextOfWindow(HWND window);
 std::wstring ClipboardText();
+/// Opens the clipboard once no other program has it open.
+bool OpenFreeClipboard();
 
 }  // namespace test

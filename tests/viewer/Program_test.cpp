@@ -83,7 +83,7 @@ TEST(Rois, AreSelectedRenamedCancelledDeletedAndBroughtBack) {
     view.Drag(canvas, {{20, 200}, {300, 200}});
     view.Press({VK_ESCAPE});
     const auto table = [&] {
-        view.Press({VK_CONTROL, VK_SHIFT, 'C'});
+        view.PressToCopy({VK_CONTROL, VK_SHIFT, 'C'});
         return ClipboardText();
     };
     const std::wstring whole = table();

@@ -225,18 +225,18 @@ public:
         view->Press({VK_CONTROL, 'Z'});
 
         view->Press({VK_CONTROL, 'D'});
-        view->Press({VK_CONTROL, 'C'});
+        view->PressToCopy({VK_CONTROL, 'C'});
         BITMAP copied = {};
-        ASSERT_TRUE(OpenClipboard(nullptr));
+        ASSERT_TRUE(OpenFreeClipboard());
         GetObjectA(GetClipboardData(CF_BITMAP), sizeof copied, &copied);
         CloseClipboard();
         EXPECT_EQ(copied.bmWidth, plateWidth);
         EXPECT_EQ(copied.bmHeight, plateHeight);
         // With the ROIs: the long line is in it, the disc inside the rectangle is as it was.
-        view->Press({VK_CONTROL, VK_SHIFT, 'R'});
+        view->PressToCopy({VK_CONTROL, VK_SHIFT, 'R'});
         const kestview::DibSection drawn({plateWidth, plateHeight}, 32);
         const HDC memory = CreateCompatibleDC(nullptr);
-        ASSERT_TRUE(OpenClipboard(nullptr));
+        ASSERT_TRUE(OpenFreeClipboard());
         const HGDIOBJ old = SelectObject(memory, GetClipboardData(CF_BITMAP));
         BitBlt(drawn, 0, 0, plateWidth, plateHeight, memory, 0, 0, SRCCOPY);
         SelectObject(memory, old);

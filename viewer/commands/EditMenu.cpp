@@ -5,6 +5,7 @@
 #include "dialogs/TextDialog.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
+#include "platform/Clipboard.h"
 
 namespace kestview {
 namespace {
@@ -12,7 +13,7 @@ namespace {
 /// Null copies all.
 void Copy(MainWindow& main, CcImage& image, unsigned short table, RECT* part) {
     const Busy busy("Copying", SampleBytes(image));
-    if (image.CopyToClipboard(main, table, part) < 0)
+    if (!WaitForClipboard(main) || image.CopyToClipboard(main, table, part) < 0)
         ShowError(main, "The picture could not be copied: another program is using the clipboard, or memory is short.");
 }
 

@@ -5,12 +5,12 @@
 
 #include <commctrl.h>
 
-#include <cstring>
 #include <fstream>
 
 #include "MainWindow.h"
 #include "Resource.h"
 #include "platform/Boxes.h"
+#include "platform/Clipboard.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
 #include "platform/WholeFile.h"
@@ -88,22 +88,8 @@ void ResultsPane::Measure() {
 }
 
 void ResultsPane::CopyTable() {
-    const std::wstring text = Wide(ResultsAsText(Table(), '\t'));
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
-    if (!block) return;
-    std::memcpy(GlobalLock(block), text.c_str(), bytes);
-    GlobalUnlock(block);
-    bool isTaken = false;
-    if (OpenClipboard(main)) {
-        EmptyClipboard();
-        isTaken = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
-        CloseClipboard();
-    }
-    if (!isTaken) {
-        GlobalFree(block);
+    if (!CopyText(main, ResultsAsText(Table(), '\t')))
         ShowError(main, "The table could not be copied: another program is using the clipboard.");
-    }
 }
 
 void ResultsPane::ExportTable() {
