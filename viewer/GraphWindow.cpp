@@ -167,7 +167,7 @@ LRESULT GraphWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             Drag(MousePosition(lParam));
             return 0;
         case WM_LBUTTONUP:
-            if (draggedPoint >= 0) ReleaseCapture();
+            if (GetCapture() == window) ReleaseCapture();
             return 0;
         case WM_CAPTURECHANGED:
             draggedPoint = -1;

@@ -81,6 +81,7 @@ void MainWindow::OnCreate() {
     isResultsShown = App().Layout().isResultsShown != 0;
     view.showsRoiNames = App().Layout().showsRoiNames != 0;
     OnDpiChanged({});
+    SendMessageA(sideTabs, TCM_SETCURSEL, sidePage, 0);
     if (isSideShown) ShowSidePage(HistogramPage);
     Activate(nullptr);
 }
@@ -91,6 +92,13 @@ DocumentPane& MainWindow::PageOf(SidePage page) {
     DocumentPane* const pages[sidePageCount] = {&thresholdPane, &displayTablePane, &histogramPane, &profilePane,
                                                 &calibrationPane};
     return *pages[page];
+}
+
+std::vector<DocumentPane*> MainWindow::AllPanes() {
+    std::vector<DocumentPane*> panes = {&roiListPane, &resultsPane};
+    for (int page = 0; page < sidePageCount; ++page)
+        panes.push_back(&PageOf(static_cast<SidePage>(page)));
+    return panes;
 }
 
 void MainWindow::ShowSidePage(SidePage page) {
@@ -125,27 +133,43 @@ void MainWindow::SetRoiTool(int roiType) {
     UpdateCommands();
 }
 
+void MainWindow::FocusNextPart() {
+    const HWND parts[] = {view, roiListPane, PageOf(sidePage), resultsPane};
+    const int count = static_cast<int>(std::size(parts));
+    const HWND focus = GetFocus();
+    int present = 0;
+    while (present < count && parts[present] != focus && !IsChild(parts[present], focus))
+        ++present;
+    for (int i = 1; i <= count; ++i) {
+        const HWND part = parts[(present + i) % count];
+        const HWND control = part == view ? part : GetNextDlgTabItem(part, nullptr, FALSE);
+        if (!IsWindowVisible(part) || !control || !IsWindowEnabled(control) ||
+            !(GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP))
+            continue;
+        SetFocus(control);
+        return;
+    }
+}
+
 bool MainWindow::IsPaneMessage(MSG& message) {
-    // Tab goes from the picture into the panes, Esc from there back.
-    const bool isTab = message.message == WM_KEYDOWN && message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0;
-    if (isTab && message.hwnd == view) {
-        const HWND pane = GetKeyState(VK_SHIFT) < 0 ? static_cast<HWND>(resultsPane) : PageOf(sidePage);
-        const HWND first = IsWindowVisible(pane) ? GetNextDlgTabItem(pane, nullptr, FALSE) : nullptr;
-        if (first) SetFocus(first);
+    const bool isKey = message.message == WM_KEYDOWN && GetKeyState(VK_CONTROL) >= 0;
+    const bool isTabInPicture = isKey && message.wParam == VK_TAB && message.hwnd == view;
+    if (isTabInPicture || (isKey && message.wParam == VK_F8)) {
+        // While something is dragged, the keys stay with the picture.
+        if (!view.Mouse().IsDragging()) FocusNextPart();
         return true;
     }
     // An open list and a name that is being edited take Esc themselves.
     const HWND parent = GetParent(message.hwnd);
     const bool isInPane = parent == resultsPane || parent == roiListPane || parent == PageOf(sidePage);
-    if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && isInPane &&
-        !SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0)) {
+    if (isKey && message.wParam == VK_ESCAPE && isInPane && !SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0)) {
         SetFocus(view);
         return true;
     }
-    if (IsChild(resultsPane, message.hwnd)) return IsDialogMessageA(resultsPane, &message) != 0;
-    if (IsChild(roiListPane, message.hwnd)) return IsDialogMessageA(roiListPane, &message) != 0;
-    DocumentPane& page = PageOf(sidePage);
-    return IsChild(page, message.hwnd) && IsDialogMessageA(page, &message) != 0;
+    for (DocumentPane* pane :
+         {static_cast<DocumentPane*>(&resultsPane), static_cast<DocumentPane*>(&roiListPane), &PageOf(sidePage)})
+        if (IsChild(*pane, message.hwnd)) return IsDialogMessageA(*pane, &message) != 0;
+    return false;
 }
 
 // Commands
@@ -227,10 +251,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case KEST_TOOL_PIXELS_CHANGED:
             // A tool has changed the picture in front.
-            if (active) {
-                active->Image().ReScaleImageOnShow();
-                active->Changed(PictureChanged, true);
-            }
+            if (active) active->PixelsReplaced();
             return 0;
         case WM_DPICHANGED:
             OnDpiChanged(*reinterpret_cast<RECT*>(lParam));

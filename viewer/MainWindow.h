@@ -93,6 +93,9 @@ private:
     void UpdateTabs();
     void UpdateTitle();
     DocumentPane& PageOf(SidePage page);
+    std::vector<DocumentPane*> AllPanes();
+    /// Picture, list of ROIs, page at the side, results, and the picture again.
+    void FocusNextPart();
 
     std::vector<std::unique_ptr<Document>> documents;
     Document* active = nullptr;

@@ -20,8 +20,9 @@ void MainWindow::AddDocument(std::unique_ptr<Document> document) {
     added.onChange = [this, &added](unsigned change) { OnDocumentChanged(added, change); };
     documents.push_back(std::move(document));
     UpdateTabs();
-    Activate(&added);
+    // The row of tabs takes its room before the picture is scrolled to its place.
     Arrange();
+    Activate(&added);
 }
 
 void MainWindow::AddNewPicture(std::unique_ptr<CcImage> image, Document* like) {
@@ -34,12 +35,13 @@ void MainWindow::AddNewPicture(std::unique_ptr<CcImage> image, Document* like) {
 void MainWindow::Activate(Document* document) {
     if (active && active != document) active->PreviewBands(false, nullptr);
     active = document;
+    // All let go of the old document before any of them does something that could fail.
+    for (DocumentPane* pane : AllPanes())
+        pane->SetDocument(document);
     view.SetDocument(document);
-    roiListPane.SetDocument(document);
-    resultsPane.SetDocument(document);
-    for (int page = 0; page < sidePageCount; ++page)
-        PageOf(static_cast<SidePage>(page)).SetDocument(document);
     tools.SetCurrentImage(document ? &document->Image() : nullptr);
+    for (DocumentPane* pane : AllPanes())
+        pane->Refresh(EverythingChanged);
     UpdateTabs();
     UpdateTitle();
     UpdateCommands();
@@ -113,10 +115,11 @@ void MainWindow::OnDocumentChanged(Document& document, unsigned change) {
     }
     if (&document != active) return;
     view.Refresh(change);
-    roiListPane.Refresh(change);
-    resultsPane.Refresh(change);
-    for (int page = 0; page < sidePageCount; ++page)
-        PageOf(static_cast<SidePage>(page)).Refresh(change);
+    for (DocumentPane* pane : AllPanes())
+        pane->Refresh(change);
+    // Tools get no picture whose pixels hold the colours of bands.
+    const bool isPainted = document.IsPreviewing() && document.Class().isColour;
+    tools.SetCurrentImage(isPainted ? nullptr : &document.Image());
     if (change & PictureChanged) tools.PixelsChanged();
     if (change & (ViewChanged | PictureChanged)) statusBar.ShowPicture(active, view.Magnification());
     UpdateCommands();

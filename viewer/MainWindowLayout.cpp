@@ -45,7 +45,18 @@ bool MainWindow::Create(int showCommand) {
     RECT place = {left, top, left + width, top + height};
     const WindowLayout& layout = App().Layout();
     // The monitor of the last run may be gone.
-    if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) place = layout.place;
+    if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) {
+        place = layout.place;
+        // The title bar can be taken hold of.
+        constexpr int least = 100;
+        MONITORINFO monitor = {};
+        monitor.cbSize = sizeof monitor;
+        GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
+        const RECT& work = monitor.rcWork;
+        OffsetRect(&place,
+                   std::clamp<int>(place.left, work.left + least - WidthOf(place), work.right - least) - place.left,
+                   std::clamp<int>(place.top, work.top, work.bottom - least) - place.top);
+    }
     if (layout.isMaximized && (showCommand == SW_SHOWDEFAULT || showCommand == SW_SHOWNORMAL))
         showCommand = SW_SHOWMAXIMIZED;
     if (!Window::Create(look, nullptr, place)) return false;
@@ -184,7 +195,7 @@ bool MainWindow::OnSplitterMessage(UINT message, LPARAM lParam) {
             }
             return true;
         default:
-            splitters.Release();
+            splitters.Release(window);
             return true;
     }
 }

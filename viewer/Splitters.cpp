@@ -39,10 +39,9 @@ bool Splitters::Drag(POINT mouse, int dpi) {
     return true;
 }
 
-void Splitters::Release() {
-    if (dragged < 0) return;
+void Splitters::Release(HWND window) {
     dragged = -1;
-    ReleaseCapture();
+    if (GetCapture() == window) ReleaseCapture();
 }
 
 }  // namespace kestview

@@ -24,7 +24,8 @@ public:
     void Press(HWND window, POINT mouse);
     /// True when a length has changed.
     bool Drag(POINT mouse, int dpi);
-    void Release();
+    /// The button was released, or the mouse was taken away.
+    void Release(HWND window);
 
 private:
     int BarAt(POINT mouse) const;

@@ -167,7 +167,7 @@ void Viewer::Cancel(POINT mouse) {
         delete roi;  // a ROI that is deleted in the middle of a drag gives the mouse back
     } else {
         roi->StopMouseDrag(window, display.column, display.row, display.mode, &image, mouse);
-        history.Undo();
+        history.Cancel();
     }
     isNew = false;
     Redraw();

@@ -76,22 +76,24 @@ void FileSavePicture(MainWindow& main, int) {
                                   document.Name() + ".bmp");
     if (!path) return;
     const PlainPixels plain(document);
-    for (const std::string& samples : ForeignSamples(document.Image(), *path)) {
+    const std::vector<std::string> foreign = ForeignSamples(document.Image(), *path);
+    for (const std::string& samples : foreign)
         if (!AskYesNo(main, FileNameOf(samples) +
                                 " holds the samples of another picture of this name, and would be taken "
-                                "for the samples of this one.\n\nDelete it?"))
+                                "for the samples of this one.\n\nReplace or delete it?"))
             return;
-        DeleteFileA(samples.c_str());
-    }
     std::string error;
     if (!SavePicture(document.Image(), *path, error)) {
         ShowError(main, error);
         return;
     }
+    for (const std::string& samples : foreign)
+        if (ExtensionOf(samples) != (document.Class().isWide ? document.Class().rawSuffix : ""))
+            DeleteFileA(samples.c_str());
     document.picturePath = *path;
     // Nothing is lost when the file holds all there is.
-    const bool isAll = document.RoiCount() == 0 && !document.Calibration() && document.Class().type != KEST_IMAGE_HSL;
-    if (isAll && document.sessionPath.empty()) document.SetModified(false);
+    if (!document.HasEdits() && document.RoiCount() == 0 && document.Class().type != KEST_IMAGE_HSL)
+        document.SetModified(false);
     if (document.Size().cx * document.Image().SizeOf() % 4 != 0 && !document.Class().isWide)
         ShowNote(main, Format("The picture is %ld columns wide. Its file has rows without padding, which KestView "
                               "reads; some other programs "

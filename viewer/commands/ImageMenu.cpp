@@ -21,8 +21,11 @@ void ImageRegion(MainWindow& main, int) {
 
 void ImageConvert(MainWindow& main, int id) {
     Document& document = *main.Active();
-    const PlainPixels plain(document);
-    auto converted = ConvertImage(document.Image(), id - ID_IMAGE_CONVERT_GRAY256);
+    std::unique_ptr<CcImage> converted;
+    {
+        const PlainPixels plain(document);
+        converted = ConvertImage(document.Image(), id - ID_IMAGE_CONVERT_GRAY256);
+    }
     if (!converted) {
         ShowError(main, "There is not enough memory for the converted picture.");
         return;

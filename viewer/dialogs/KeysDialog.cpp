@@ -35,7 +35,7 @@ constexpr Key keys[] = {
     {"Ctrl + C", "copies the picture, or the part under the selected ROI"},
     {"Ctrl + Tab", "the next picture"},
     {"F4", "the select tool"},
-    {"Tab, Shift + Tab; Esc", "from the picture into the pane at the side, the results table; back"},
+    {"F8, Esc", "to the list, the pane at the side, the results and the picture; back to the picture"},
     {"F6, F7", "hides and shows the results table, the panes at the side"},
 };
 

@@ -102,36 +102,52 @@ void Document::SetDisplayTable(unsigned short table) {
     Changed(DisplayChanged, true);
 }
 
-void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints>& points) {
+/// As many points as the table has, interpolated. Wide images take the ends of the list as the range that they show.
+std::vector<tagPoints> Document::PointsFor(int table, const std::vector<tagPoints>& curve) {
+    const int channel = table == 101 ? 1 : 0;
     const std::size_t count = table == 103 ? 128 : table == 104 ? 64 : 256;
     std::vector<tagPoints> entries(count);
-    if (points.size() < 2 || image->GetDisplayLUT(table, channel, entries.data()) < 0) return;
+    if (curve.size() < 2 || image->GetDisplayLUT(table, channel, entries.data()) < 0) return {};
     const auto last = static_cast<float>(count - 1);
     std::size_t right = 1;
     for (std::size_t i = 0; i < count; ++i) {
-        // Wide images take the ends of the list as the range that they show.
         if (Class().isWide)
             entries[i].x = i + 1 == count
-                               ? points.back().x
-                               : points.front().x + (points.back().x - points.front().x) * static_cast<float>(i) / last;
+                               ? curve.back().x
+                               : curve.front().x + (curve.back().x - curve.front().x) * static_cast<float>(i) / last;
         const float x = entries[i].x;
-        while (right + 1 < points.size() && points[right].x < x)
+        while (right + 1 < curve.size() && curve[right].x < x)
             ++right;
-        const tagPoints &a = points[right - 1], &b = points[right];
+        const tagPoints &a = curve[right - 1], &b = curve[right];
         const float part = b.x > a.x ? std::clamp((x - a.x) / (b.x - a.x), 0.0f, 1.0f) : 1.0f;
         entries[i].y = a.y + (b.y - a.y) * part;
     }
+    return entries;
+}
+
+void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints>& points) {
+    std::vector<tagPoints> entries = PointsFor(table, points);
+    if (entries.empty()) return;
     const tagPoints oldRange = ShownRange(*image);
     image->SetDisplayLUT(table, channel, entries.data());
     tableCurves[{table, channel}] = points;
-    // The library does not take every range; what it lists of one it took is rounded. All tables show the same.
-    tagPoints range = ShownRange(*image);
-    const float rounding = 1e-4f * (range.y - range.x);
-    if (std::abs(range.x - points.front().x) <= rounding) range.x = points.front().x;
-    if (std::abs(range.y - points.back().x) <= rounding) range.y = points.back().x;
-    if (Class().isWide)
+    tagPoints range = oldRange;
+    if (Class().isWide) {
+        // Another table tells what the library took of the range: not every one, and it lists it rounded.
+        range = ShownRange(*image, table == 102 ? 103 : 102);
+        const float rounding = 1e-4f * (range.y - range.x);
+        if (std::abs(range.x - points.front().x) <= rounding) range.x = points.front().x;
+        if (std::abs(range.y - points.back().x) <= rounding) range.y = points.back().x;
+        // All tables show the same range.
         for (auto& [place, curve] : tableCurves)
             Spread(curve, range.x, range.y);
+        if (range.x != points.front().x || range.y != points.back().x) {
+            entries = PointsFor(table, tableCurves[{table, channel}]);
+            image->SetDisplayLUT(table, channel, entries.data());
+        }
+        preview.SetShownRange(range);
+    }
+    hasEdits = true;
     SetModified(true);
     // Levels mean other values now.
     if (range.x != oldRange.x || range.y != oldRange.y) Changed(DisplayChanged, true);
@@ -154,10 +170,8 @@ bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, con
                                        [](const tagPoints& point) { return point.x != 0 || point.y != 0; });
     for (std::size_t i = 0; hasPoints && i < std::size(calibrationDraft.points); ++i) {
         const tagPoints pixel = calibration->GetImagePoints()[i], world = calibration->GetWorldPoints()[i];
-        calibrationDraft.points[i] = {true,
-                                      {static_cast<LONG>(pixel.x), static_cast<LONG>(pixel.y)},
-                                      Format("%.6g", static_cast<double>(world.x)),
-                                      Format("%.6g", static_cast<double>(world.y))};
+        calibrationDraft.points[i] = {
+            true, {static_cast<LONG>(pixel.x), static_cast<LONG>(pixel.y)}, NumberText(world.x), NumberText(world.y)};
     }
     appliedDraft = calibrationDraft;
     Changed(CalibrationChanged, true);
@@ -232,7 +246,27 @@ void Document::SetModified(bool isNowModified) {
     if (onChange) onChange(TitleChanged);
 }
 
+const unsigned char* Document::Colours() {
+    if (const unsigned char* plain = preview.PlainColours()) return plain;
+    auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get());
+    const void* planes = hsl ? hsl->GetBitMapImageDataHSL() : Class().isColour ? image->GetBitMapImageData() : nullptr;
+    return static_cast<const unsigned char*>(planes);
+}
+
+void Document::PixelsReplaced() {
+    image->ReScaleImageOnShow();
+    if (Class().isWide) {
+        image->GetMinPixelValue();
+        // The samples' own range has taken the place of a chosen one.
+        const auto curves = tableCurves;
+        for (const auto& [place, points] : curves)
+            SetTableCurve(place.first, place.second, points);
+    }
+    Changed(PictureChanged, true);
+}
+
 void Document::Changed(unsigned change, bool isEdit) {
+    hasEdits = hasEdits || isEdit;
     if (isEdit && !isModified) {
         isModified = true;
         change |= TitleChanged;

@@ -113,6 +113,8 @@ public:
     void CalibrateLike(const Document& other);
     std::string calibrationPath;
     CalibrationDraft calibrationDraft;
+    /// Keeps the numbers as they were typed, once they have been applied.
+    void KeepDraft(const CalibrationDraft& typed) { calibrationDraft = appliedDraft = typed; }
     /// False when the draft is what the picture is calibrated by.
     bool IsDraftChanged() const { return calibration && calibrationDraft != appliedDraft; }
 
@@ -123,11 +125,9 @@ public:
     /// Shows the bands in their colours over the picture in `canvas`.
     void PreviewBands(bool isShown, HWND canvas);
     bool IsPreviewing() const { return preview.IsOn(); }
-    /// Blue, green and red of an RGB picture's pixels, also while bands are shown over them.
-    const unsigned char* Colours() {
-        const unsigned char* plain = preview.PlainColours();
-        return plain ? plain : static_cast<const unsigned char*>(image->GetBitMapImageData());
-    }
+    /// Blue, green and red of an RGB picture's pixels, or lightness, saturation and hue of an HSL picture's, also while
+    /// bands are shown over them. Null for other pictures.
+    const unsigned char* Colours();
     /// Like the preview: a byte a pixel, 1 in a band.
     std::vector<std::uint8_t> BandMask() { return preview.Mask(bands); }
     /// What a colour image's pixel operators and thresholds see, see SetAccess; -1 for the other images.
@@ -140,6 +140,10 @@ public:
     /// Called after every change.
     std::function<void(unsigned change)> onChange;
     void Changed(unsigned change, bool isEdit = false);
+    /// The image's samples are others now: what depends on them is brought in step.
+    void PixelsReplaced();
+    /// True after an edit of anything beside the pixels.
+    bool HasEdits() const { return hasEdits; }
 
 private:
     friend class PlainPixels;
@@ -152,7 +156,9 @@ private:
     std::vector<ThresholdTag> bands;
     unsigned short displayTable = 102;
     std::map<std::pair<int, int>, std::vector<tagPoints>> tableCurves;
+    std::vector<tagPoints> PointsFor(int table, const std::vector<tagPoints>& curve);
     bool isModified = false;
+    bool hasEdits = false;
 };
 
 /// Takes the threshold preview away for as long as the guard lives: saving, measuring and converting work on the

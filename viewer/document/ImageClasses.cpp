@@ -49,11 +49,11 @@ SIZE SizeOf(CcImage& image) {
     return {width, height};
 }
 
-tagPoints ShownRange(CcImage& image) {
-    constexpr int table = 102, last = 255;
-    tagPoints points[last + 1];
-    if (!ImageClassOf(image).isWide || image.GetDisplayLUT(table, 0, points) < 0) return {0, last};
-    return {points[0].x, points[last].x};
+tagPoints ShownRange(CcImage& image, int table) {
+    constexpr int topLevel = 255;
+    tagPoints points[topLevel + 1];
+    if (!ImageClassOf(image).isWide || image.GetDisplayLUT(table, 0, points) < 0) return {0, topLevel};
+    return {points[0].x, points[table == 103 ? 127 : table == 104 ? 63 : topLevel].x};
 }
 
 long long SampleBytes(CcImage& image) {

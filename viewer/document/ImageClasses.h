@@ -27,8 +27,9 @@ std::unique_ptr<CcImage> MakeImage(int type);
 std::unique_ptr<CcImage> MakeImage(int type, int height, int width, const std::string& name);
 
 SIZE SizeOf(CcImage& image);
-/// Of a wide image the sample values that are shown black (x) and white (y); 0 and 255 of the others.
-tagPoints ShownRange(CcImage& image);
+/// Of a wide image the sample values that are shown black (x) and white (y), as the list of a gray table (102 to 104)
+/// has them; 0 and 255 of the others.
+tagPoints ShownRange(CcImage& image, int table = 102);
 /// Bytes of all samples, as GetBitMapImageData gives them.
 long long SampleBytes(CcImage& image);
 

@@ -40,7 +40,12 @@ KestImageType ClassOfColours(const unsigned char (&palette)[paletteBytes]) {
     };
     if (isAllOf([](int value) { return value; })) return KEST_IMAGE_GRAY256;
     if (isAllOf([](int value) { return value == 1 ? 0 : 255; })) return KEST_IMAGE_BINARY;
-    return KEST_IMAGE_NONE;
+    // A gray image that was saved just after it had been shown through a table of grays has 256 indices of two bytes
+    // where its colours were.
+    bool isIndices = palette[0] == 0;
+    for (int i = 0; i < 256; ++i)
+        isIndices = isIndices && palette[2 * i + 1] == 0 && (i == 0 || palette[2 * i] >= palette[2 * i - 2]);
+    return isIndices ? KEST_IMAGE_GRAY256 : KEST_IMAGE_NONE;
 }
 
 /// Whether the samples of that class beside a picture are the picture's own: their file begins with class, height and
@@ -54,8 +59,9 @@ bool HasSamples(const std::string& path, int wideType, long long width, long lon
            BytesOfFile(samplesPath) >= static_cast<long long>(sizeof header) + width * height * bytesPerSample;
 }
 
-/// The class that reads the file; KEST_IMAGE_NONE when the library does not.
-KestImageType LibraryClassOf(const std::string& path) {
+/// The class that reads the file; KEST_IMAGE_NONE when the library does not. `ownColours`: blue, green, red and a spare
+/// byte of each value, of an 8-bit file whose values mean colours.
+KestImageType LibraryClassOf(const std::string& path, std::vector<unsigned char>& ownColours) {
     std::ifstream file(path, std::ios::binary);
     unsigned char header[fileHeaderBytes + infoHeaderBytes] = {};
     if (!file.read(reinterpret_cast<char*>(header), sizeof header) || header[0] != 'B' || header[1] != 'M')
@@ -79,10 +85,24 @@ KestImageType LibraryClassOf(const std::string& path) {
         unsigned char palette[paletteBytes] = {};
         file.seekg(fileHeaderBytes + infoHeaderBytes);
         file.read(reinterpret_cast<char*>(palette), sizeof palette);
-        return ClassOfColours(palette);
+        const KestImageType type = ClassOfColours(palette);
+        if (type == KEST_IMAGE_NONE) ownColours.assign(std::begin(palette), std::end(palette));
+        return type == KEST_IMAGE_NONE ? KEST_IMAGE_GRAY256 : type;
     }
     if (bits == 24 && pixelsAt == fileHeaderBytes + infoHeaderBytes && colours == 0) return KEST_IMAGE_RGB;
     return KEST_IMAGE_NONE;
+}
+
+/// The colours that the file means by its values.
+std::unique_ptr<CcImage> InColours(CcImage& values, const std::vector<unsigned char>& colours) {
+    const SIZE size = SizeOf(values);
+    auto coloured = MakeImage(KEST_IMAGE_RGB, size.cy, size.cx, values.GetName());
+    if (!coloured) return nullptr;
+    const auto* from = static_cast<const unsigned char*>(values.GetBitMapImageData());
+    auto* to = static_cast<unsigned char*>(coloured->GetBitMapImageData());
+    for (long long i = 0; i < static_cast<long long>(size.cx) * size.cy; ++i)
+        to = std::copy_n(&colours[4 * static_cast<std::size_t>(*from++)], 3, to);
+    return coloured;
 }
 
 /// Whether a file could be replaced now: there is none, or nobody uses it.
@@ -108,7 +128,8 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
         return nullptr;
     }
     // The library takes paths of that many bytes; the decoders take any.
-    const KestImageType type = path.size() < KEST_NAME_SIZE ? LibraryClassOf(path) : KEST_IMAGE_NONE;
+    std::vector<unsigned char> ownColours;
+    const KestImageType type = path.size() < KEST_NAME_SIZE ? LibraryClassOf(path, ownColours) : KEST_IMAGE_NONE;
     if (type == KEST_IMAGE_NONE) return DecodePicture(path, error);
     if (!ImageClassOf(type)->isWide)
         for (const int wide : wideTypes)
@@ -123,7 +144,9 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
     }
     // A refusal shows the library's own box, and needs no second one.
     if (image->OpenBMPFile(path.c_str()) < 0) return nullptr;
-    image->SetName(FileTitleOf(path).c_str());
+    if (!ownColours.empty() && !(image = InColours(*image, ownColours)))
+        error = "There is not enough memory for " + FileNameOf(path) + ".";
+    if (image) image->SetName(FileTitleOf(path).c_str());
     return image;
 }
 
@@ -161,9 +184,12 @@ bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
 
 std::vector<std::string> ForeignSamples(CcImage& image, const std::string& path) {
     std::vector<std::string> found;
-    for (const int wide : wideTypes)
-        if (wide != image.GetImageType() && FileExists(SamplesPath(path, wide)))
-            found.push_back(SamplesPath(path, wide));
+    if (ImageClassOf(image).isColour) return found;
+    for (const int wide : wideTypes) {
+        // A picture's own samples are saved over with it.
+        const bool isOwn = wide == image.GetImageType() && FileExists(path);
+        if (!isOwn && FileExists(SamplesPath(path, wide))) found.push_back(SamplesPath(path, wide));
+    }
     return found;
 }
 

@@ -18,8 +18,7 @@ std::string ValueText(Document& document, long x, long y) {
         return Format("R %d  G %d  B %d", pixel[2], pixel[1], pixel[0]);
     }
     if (image.GetImageType() == KEST_IMAGE_HSL) {
-        const auto* pixel =
-            static_cast<const unsigned char*>(static_cast<Cc24BitHSLImage&>(image).GetBitMapImageDataHSL());
+        const unsigned char* pixel = document.Colours();
         if (!pixel) return "";
         pixel += 3 * index;
         return Format("H %d  S %d  L %d", pixel[2], pixel[1], pixel[0]);

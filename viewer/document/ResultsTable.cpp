@@ -64,8 +64,8 @@ ResultsTable MeasureRois(Document& document) {
     if (count > 0 && !document.Bands().empty()) mask = document.BandMask();
     for (int i = 0; i < count; ++i) {
         CcRoiBase& roi = document.Roi(i);
-        ResultRow row = {roi.GetName(), KindLabel(roi), {}, -1};
-        KestMeasureRoi(&document.Image(), &roi, &row.values);
+        ResultRow row = {roi.GetName(), KindLabel(roi), {}, true, -1};
+        row.isMeasured = KestMeasureRoi(&document.Image(), &roi, &row.values) == 0;
         if (!mask.empty()) row.areaInBands = CountInBands(document, mask, &roi).area;
         table.rows.push_back(row);
         busy.Report(i + 1, count);
@@ -88,6 +88,7 @@ bool IsNumberColumn(int column) {
 std::string ResultText(const ResultRow& row, int column, int digits) {
     if (column == 0) return row.name;
     if (column == 1) return row.kind;
+    if (!row.isMeasured) return "not measured";
     if (column == 2) return Format("%lld", row.values.llPixels);
     if (!columns[column].value) return row.areaInBands < 0 ? "" : Format("%.*g", digits, row.areaInBands);
     return Format("%.*g", digits, row.values.*columns[column].value);

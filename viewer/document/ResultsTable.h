@@ -12,6 +12,7 @@ struct ResultRow {
     std::string name;
     std::string kind;
     KestRoiMeasurement values;
+    bool isMeasured;     ///< false when memory was short
     double areaInBands;  ///< of the pixels under the ROI that are in the threshold bands; -1 without bands
 };
 

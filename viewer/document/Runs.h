@@ -2,13 +2,14 @@
 #pragma once
 
 #include <algorithm>
+#include <vector>
 
 #include "document/Document.h"
 
 namespace kestview {
 
-/// Calls visit(index of the first pixel, count) for runs of neighbouring pixels; indices count row by row from the
-/// bottom left corner. Null visits the whole picture, row by row.
+/// Calls visit(index of the first pixel, count) for runs of neighbouring pixels, each pixel once; indices count row by
+/// row from the bottom left corner. Null visits the whole picture, row by row.
 template <class Visit>
 void ForEachRun(Document& document, CcRoiBase* roi, Visit visit) {
     const SIZE size = document.Size();
@@ -22,13 +23,20 @@ void ForEachRun(Document& document, CcRoiBase* roi, Visit visit) {
     if (!bounds) return;
     const int bottom = std::max<int>(bounds->bottom, 0), top = std::min<int>(bounds->top, size.cy - 1);
     CcRoiRows rows(roi);
+    std::vector<KestSpan> spans;
     for (int row = bottom; row <= top; ++row) {
         int count = 0;
-        const KestSpan* spans = rows.GetSpans(row, &count);
-        for (int i = 0; i < count; ++i) {
-            const int first = std::max(spans[i].iFirst, 0), last = std::min<int>(spans[i].iLast, size.cx - 1);
-            if (first <= last)
-                visit(static_cast<std::size_t>(row) * width + static_cast<std::size_t>(first), last - first + 1);
+        const KestSpan* listed = rows.GetSpans(row, &count);
+        if (!listed) continue;
+        // Lines that cross themselves list pixels twice.
+        spans.assign(listed, listed + count);
+        std::sort(spans.begin(), spans.end(), [](const KestSpan& a, const KestSpan& b) { return a.iFirst < b.iFirst; });
+        int next = 0;
+        for (const KestSpan& span : spans) {
+            const int first = std::max(span.iFirst, next), last = std::min<int>(span.iLast, size.cx - 1);
+            if (first > last) continue;
+            visit(static_cast<std::size_t>(row) * width + static_cast<std::size_t>(first), last - first + 1);
+            next = last + 1;
         }
     }
 }

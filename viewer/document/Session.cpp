@@ -114,29 +114,30 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
     const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
     std::unique_ptr<CcPropertyBag> bag(new CcPropertyBag);
     bag->SetName("KestView session");
-    bag->PutInt(versionKey, formatVersion);
-    bag->PutInt(typeKey, image.GetImageType());
-    bag->PutInt(tableKey, document.DisplayTable());
-    bag->PutInt(zoomKey, document.view.zoom);
-    bag->PutInt(xKey, document.view.xOffset);
-    bag->PutInt(yKey, document.view.yOffset);
-    bag->PutInt(channelKey, document.Channel());
-    for (const auto& [key, text] : {std::pair<const char*, std::string>{nameKey, document.Name()},
-                                    {pictureKey, document.picturePath},
-                                    {calibrationKey, document.calibrationPath}})
-        if (!text.empty()) bag->PutString(key, text.c_str());
-    if (!document.Bands().empty())
-        bag->PutBlob(bandsKey, document.Bands().data(),
-                     static_cast<long>(document.Bands().size() * sizeof(ThresholdTag)));
-    for (const auto& [place, points] : document.TableCurves())
-        if (!points.empty())
-            bag->PutBlob(CurveKey(place.first, place.second).c_str(), points.data(),
-                         static_cast<long>(points.size() * sizeof(tagPoints)));
     bool isWhole = true;
-    if (document.Class().isWide)
-        isWhole = SampleBytes(image) <= LONG_MAX &&
-                  bag->PutBlob(samplesKey, image.GetBitMapImageData(), static_cast<long>(SampleBytes(image))) == 0;
-
+    const auto number = [&](const char* key, int value) { isWhole = bag->PutInt(key, value) == 0 && isWhole; };
+    const auto text = [&](const char* key, const std::string& value) {
+        if (!value.empty()) isWhole = bag->PutString(key, value.c_str()) == 0 && isWhole;
+    };
+    const auto block = [&](const std::string& key, const void* bytes, long long count) {
+        isWhole = isWhole && count <= LONG_MAX && bag->PutBlob(key.c_str(), bytes, static_cast<long>(count)) == 0;
+    };
+    number(versionKey, formatVersion);
+    number(typeKey, image.GetImageType());
+    number(tableKey, document.DisplayTable());
+    number(zoomKey, document.view.zoom);
+    number(xKey, document.view.xOffset);
+    number(yKey, document.view.yOffset);
+    number(channelKey, document.Channel());
+    text(nameKey, document.Name());
+    text(pictureKey, document.picturePath);
+    text(calibrationKey, document.calibrationPath);
+    const auto& bands = document.Bands();
+    if (!bands.empty()) block(bandsKey, bands.data(), static_cast<long long>(bands.size() * sizeof(ThresholdTag)));
+    for (const auto& [place, points] : document.TableCurves())
+        block(CurveKey(place.first, place.second), points.data(),
+              static_cast<long long>(points.size() * sizeof(tagPoints)));
+    if (document.Class().isWide) block(samplesKey, image.GetBitMapImageData(), SampleBytes(image));
     const bool isWritten = isWhole && WriteWhole(path, [&](const std::string& newPath) {
                                CcFileObjectStorage stream;
                                const ShortName shortName(image);
@@ -198,9 +199,12 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
         std::unique_ptr<CcCalibration> calibration(new CcCalibration);
         const std::string beside = FolderOf(path) + FileNameOf(calibrationPath);
         const std::string found = FileExists(calibrationPath) ? calibrationPath : beside;
-        if (calibration->Open(found.c_str()) < 0 || !document->SetCalibration(std::move(calibration), found))
+        if (calibration->Open(found.c_str()) < 0 || !document->SetCalibration(std::move(calibration), found)) {
+            // It may be there again the next time.
+            document->calibrationPath = calibrationPath;
             warning = "The session's calibration could not be opened:\n" + calibrationPath +
                       "\n\nLengths and areas are in pixels now.";
+        }
     }
     document->SetModified(false);
     error.clear();

@@ -2,6 +2,7 @@
 #include "document/ThresholdPreview.h"
 
 #include <algorithm>
+#include <new>
 
 #include "document/ImageClasses.h"
 #include "platform/Drawing.h"
@@ -43,9 +44,16 @@ bool ThresholdPreview::IsPossible(CcImage& image) {
 bool ThresholdPreview::Begin(HWND canvas) {
     if (isOn || !IsPossible(image)) return isOn;
     window = canvas;
-    SaveTables();
-    KeepColours();
+    // Guards begin the preview again at their end, where nothing may be thrown.
+    try {
+        SaveTables();
+        KeepColours();
+    } catch (const std::bad_alloc&) {
+        colours = {};
+        return false;
+    }
     isOn = image.BeginThresholding(window, thresholdTable) == 0;
+    if (!isOn) colours = {};
     return isOn;
 }
 
@@ -67,9 +75,11 @@ void ThresholdPreview::End() {
 }
 
 void ThresholdPreview::KeepColours() {
-    if (image.GetImageType() != KEST_IMAGE_RGB) return;
-    const auto* first = static_cast<const unsigned char*>(image.GetBitMapImageData());
-    colours.assign(first, first + SampleBytes(image));
+    const void* first = nullptr;
+    if (image.GetImageType() == KEST_IMAGE_RGB) first = image.GetBitMapImageData();
+    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(&image)) first = hsl->GetBitMapImageDataHSL();
+    const auto* bytes = static_cast<const unsigned char*>(first);
+    if (bytes) colours.assign(bytes, bytes + SampleBytes(image));
 }
 
 void ThresholdPreview::SaveTables() {
@@ -83,11 +93,19 @@ void ThresholdPreview::SaveTables() {
 
 void ThresholdPreview::RestoreTables() {
     for (int channel = 0; channel < 3; ++channel)
-        if (!savedTables[channel].empty())
+        if (!savedTables[channel].empty()) {
+            // What the library lists of the range is rounded, and would be taken for another one.
+            if (exactRange) {
+                savedTables[channel].front().x = exactRange->x;
+                savedTables[channel].back().x = exactRange->y;
+            }
             image.SetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data());
+        }
 }
 
 std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<ThresholdTag>& bands) {
+    const SIZE size = SizeOf(image);
+    std::vector<std::uint8_t> mask(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 1);
     const bool wasOn = isOn;
     if (!isOn && !Begin(window)) return {};
     std::vector<ThresholdTag> marked = bands;
@@ -99,8 +117,6 @@ std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<ThresholdTag>
         }
         Apply(marked);
     };
-    const SIZE size = SizeOf(image);
-    std::vector<std::uint8_t> mask(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 1);
     bool isWhole = true;
     for (const unsigned colour : {0xFF0000u, 0x0000FFu}) {
         paint(colour >> 16 & 255, colour & 255);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "KestApi.h"
@@ -31,7 +32,10 @@ public:
     /// by drawing the preview in two colours. Empty when memory is short.
     std::vector<std::uint8_t> Mask(const std::vector<ThresholdTag>& bands);
 
-    /// The colours of an RGB image as they are without the bands; null while nothing is shown over them.
+    /// The range that a wide image shows, exactly; the preview leaves it.
+    void SetShownRange(const tagPoints& range) { exactRange = range; }
+    /// The colours of an RGB image, or the planes of an HSL image, as they are without the bands; null while nothing is
+    /// shown over them.
     const unsigned char* PlainColours() const { return colours.empty() ? nullptr : colours.data(); }
 
 private:
@@ -43,6 +47,7 @@ private:
     CcImage& image;
     HWND window = nullptr;
     bool isOn = false;
+    std::optional<tagPoints> exactRange;
     std::vector<unsigned char> colours;
     std::vector<tagPoints> savedTables[3];
 };

@@ -178,7 +178,10 @@ void CalibrationPane::Apply() {
         return;
     }
     calibration->SetName(CutForStreams(document->Name()).c_str());
-    document->SetCalibration(std::move(calibration), "");
+    const CalibrationDraft typed = document->calibrationDraft;
+    if (!document->SetCalibration(std::move(calibration), "")) return;
+    document->KeepDraft(typed);
+    TakeFromDocument();
 }
 
 void CalibrationPane::OpenFile() {

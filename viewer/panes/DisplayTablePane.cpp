@@ -148,6 +148,7 @@ void DisplayTablePane::Reset() {
     document->ResetTableCurve(document->DisplayTable(), Channel(curve), graph.Points(curve));
     graph.PointsResized(curve);
     TakeCurves();
+    document->Changed(DisplayChanged, true);
     ShowAtOnce();
 }
 

@@ -12,11 +12,8 @@ class DocumentPane : public Pane {
 public:
     explicit DocumentPane(MainWindow& newMain) : main(newMain) {}
 
-    /// Another document is active; null for none.
-    void SetDocument(Document* newDocument) {
-        document = newDocument;
-        Refresh(EverythingChanged);
-    }
+    /// Another document is active; null for none. To be followed by Refresh, once all panes know it.
+    void SetDocument(Document* newDocument) { document = newDocument; }
     /// Shows what has changed in the document.
     virtual void Refresh(unsigned change) = 0;
     /// The pane has been brought to the front, or another one has.

@@ -65,8 +65,8 @@ const ResultsTable& ResultsPane::Table() {
 }
 
 void ResultsPane::Measure() {
-    isStale = false;
     table = document ? MeasureRois(*document) : ResultsTable{"pixels", {}};
+    isStale = false;
     const Filling filling(isFilling);
     const ListView list(Item(IDC_RESULTS_LIST));
     for (int column = 0; column < resultColumnCount; ++column)

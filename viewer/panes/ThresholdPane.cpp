@@ -147,8 +147,10 @@ void ThresholdPane::FillSliders() {
     const int selected = SelectedBand();
     if (selected < 0) return;
     const ThresholdTag& band = document->Bands()[static_cast<std::size_t>(selected)];
-    Send(IDC_BAND_LOW, TBM_SETPOS, TRUE, static_cast<LPARAM>(band.fLow));
-    Send(IDC_BAND_HIGH, TBM_SETPOS, TRUE, static_cast<LPARAM>(band.fHigh));
+    // A slider that is being dragged stays with the mouse.
+    for (const auto& [slider, level] : {std::pair{IDC_BAND_LOW, band.fLow}, std::pair{IDC_BAND_HIGH, band.fHigh}})
+        if (Send(slider, TBM_GETPOS) != static_cast<LRESULT>(level))
+            Send(slider, TBM_SETPOS, TRUE, static_cast<LPARAM>(level));
     if (GetFocus() != Item(IDC_BAND_LOW_TEXT)) SetNumber(IDC_BAND_LOW_TEXT, static_cast<double>(band.fLow));
     if (GetFocus() != Item(IDC_BAND_HIGH_TEXT)) SetNumber(IDC_BAND_HIGH_TEXT, static_cast<double>(band.fHigh));
 }
@@ -185,7 +187,12 @@ void ThresholdPane::ShowCount() {
     // The picture is drawn twice, and compared.
     const Busy busy("Counting", 8 * PixelCount());
     CcRoiBase* roi = document->SelectedRoi();
-    const BandCount count = CountInBands(*document, document->BandMask(), roi);
+    const std::vector<std::uint8_t> mask = document->BandMask();
+    if (mask.empty()) {
+        SetText(IDC_BAND_COUNT, "There is not enough memory to count.");
+        return;
+    }
+    const BandCount count = CountInBands(*document, mask, roi);
     std::string text = Format("In the bands: %lld pixels", count.pixels);
     if (document->Calibration())
         text += Format(",\n%.6g square %s", count.area, document->Calibration()->GetUnitsOfMeasure());

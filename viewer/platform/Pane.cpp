@@ -107,6 +107,13 @@ void Pane::AddTips() {
     }
 }
 
+void Pane::Enable(int id, bool isEnabled) const {
+    const bool hadFocus = GetFocus() == Item(id);
+    EnableWindow(Item(id), isEnabled);
+    // Keys would go nowhere.
+    if (hadFocus && !isEnabled) SetFocus(GetAncestor(window, GA_ROOT));
+}
+
 std::string Pane::Text(int id) const {
     return TextOf(Item(id));
 }

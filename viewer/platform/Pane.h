@@ -37,7 +37,7 @@ protected:
     std::string Text(int id) const;
     /// Sets the text when it differs, so that nothing flickers.
     void SetText(int id, const std::string& text) const;
-    void Enable(int id, bool isEnabled) const { EnableWindow(Item(id), isEnabled); }
+    void Enable(int id, bool isEnabled) const;
     /// The number in a field; none when it holds anything else.
     std::optional<double> Number(int id) const;
     void SetNumber(int id, double value, int significantDigits = 6) const;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
@@ -33,6 +34,12 @@ std::string Format(const char* format, ...) {
     if (length > 0) std::vsnprintf(text.data(), text.size() + 1, format, again);
     va_end(again);
     return text;
+}
+
+std::string NumberText(float value) {
+    char digits[32] = {};
+    std::to_chars(digits, digits + sizeof digits - 1, value);
+    return digits;
 }
 
 std::optional<double> ParseNumber(std::string text) {

@@ -10,6 +10,8 @@ namespace kestview {
 
 [[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
 
+/// As few digits as tell the number from every other one.
+std::string NumberText(float value);
 /// The number that the whole text is; none for anything else or a number that is not finite. A comma counts as the
 /// decimal point.
 std::optional<double> ParseNumber(std::string text);
