@@ -37,7 +37,9 @@ void Take(Driver& view, HWND window, const char* name, bool hasFrame = true) {
         MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&part), 2);
     }
     // Away from the buttons, whose tooltips go.
-    view.MoveTo(view.Main(), {2, 2});
+    RECT client;
+    GetClientRect(view.Main(), &client);
+    view.MoveTo(view.Main(), {client.right / 3, client.bottom - 5});
     Sleep(300);
     Save(view.Screen(), part, name);
 }

@@ -35,7 +35,7 @@ constexpr Key keys[] = {
     {"Ctrl + C", "copies the picture, or the part under the selected ROI"},
     {"Ctrl + Tab", "the next picture"},
     {"F4", "the select tool"},
-    {"F8, Esc", "to the list, the pane at the side, the results and the picture; back to the picture"},
+    {"F8; Esc", "the next of list, pane, results and picture; the picture"},
     {"F6, F7", "hides and shows the results table, the panes at the side"},
 };
 
