@@ -9,11 +9,14 @@
 namespace kestview {
 namespace {
 
+// Marks with numbers on each axis, and small ones between two of them.
+constexpr int marks = 5, marksBetween = 1;
+
 int DecimalsFor(float low, float high) {
     const double span = std::fabs(static_cast<double>(high) - low);
     if (!(span > 0)) return 0;
-    // Three marks an axis: half the span must be told apart.
-    return std::clamp(static_cast<int>(std::ceil(1 - std::log10(span / 2))), 0, 5);
+    // The numbers at neighbouring marks must be told apart.
+    return std::clamp(static_cast<int>(std::ceil(1 - std::log10(span / (marks - 1)))), 0, 5);
 }
 
 /// A device context of the window, given back at the end.
@@ -36,6 +39,8 @@ bool GraphWindow::Create(HWND parent, const RECT& place) {
     Look look = {"KestGraph"};
     look.extendedStyle = WS_EX_CLIENTEDGE;
     graph.SetCurveList(&list);
+    // Short marks: lines across the plot would be taken for curves.
+    graph.SetGridMarkings(marks, marks, marksBetween, marksBetween, 0, 0, 0, 0);
     return Window::Create(look, parent, place);
 }
 

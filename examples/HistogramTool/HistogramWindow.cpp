@@ -166,10 +166,12 @@ HWND Open(HINSTANCE module, HWND parent, CcImage** current) {
     // An owned window: it stays above the host's and goes with it.
     constexpr DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
     RECT host = {}, frame = {0, 0, 2 * margin + 2 * Histogram::steps, 2 * margin + textHeight + 200};
-    if (parent) GetWindowRect(parent, &host);
     AdjustWindowRectEx(&frame, style, FALSE, WS_EX_TOOLWINDOW);
-    window = CreateWindowExA(WS_EX_TOOLWINDOW, className, "Histogram", style, host.left + 40, host.top + 40,
-                             frame.right - frame.left, frame.bottom - frame.top, parent, nullptr, module, nullptr);
+    const int width = frame.right - frame.left, height = frame.bottom - frame.top;
+    if (!parent || !GetWindowRect(parent, &host)) host = {0, 0, width, height};
+    // In the middle of the host's window, clear of its menu and toolbar.
+    window = CreateWindowExA(WS_EX_TOOLWINDOW, className, "Histogram", style, (host.left + host.right - width) / 2,
+                             (host.top + host.bottom - height) / 2, width, height, parent, nullptr, module, nullptr);
     if (window) ShowWindow(window, SW_SHOW);
     return window;
 }
