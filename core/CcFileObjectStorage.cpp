@@ -152,7 +152,11 @@ int CcFileObjectStorage::Flush() {
 /// Sets the file's position back to the first byte that was read ahead and not handed out.
 void CcFileObjectStorage::DropReadAhead() {
     if (bTransferWrites) return;
-    if (lTransferTaken < lTransferUsed)
-        SetFilePointer(hFile, lTransferTaken - lTransferUsed, nullptr, FILE_CURRENT);
+    if (lTransferTaken < lTransferUsed) {
+        // Files may be longer than 32 bits tell.
+        LARGE_INTEGER back;
+        back.QuadPart = lTransferTaken - lTransferUsed;
+        SetFilePointerEx(hFile, back, nullptr, FILE_CURRENT);
+    }
     lTransferUsed = lTransferTaken = 0;
 }

@@ -63,7 +63,8 @@ int CcObjectStorage::PutObject(CcHLObject* pObject) {
     if (file) file->BeginWholeObject();
     const int put = PutRecord(*pObject);
     const int ended = file ? file->EndWholeObject() : KEST_OK;
-    return put < 0 ? put : ended;
+    // What could not be written had been handed over before the object itself failed.
+    return ended < 0 ? ended : put;
 }
 
 int CcObjectStorage::PutRecord(CcHLObject& object) {

@@ -154,16 +154,4 @@ private:
     bool hadOld;
 };
 
-class TextColourGuard : Guard {
-public:
-    TextColourGuard(HDC target, COLORREF colour) : dc(target), old(SetTextColor(target, colour)) {}
-    ~TextColourGuard() {
-        if (old != CLR_INVALID) SetTextColor(dc, old);
-    }
-
-private:
-    HDC dc;
-    COLORREF old;
-};
-
 }  // namespace kest

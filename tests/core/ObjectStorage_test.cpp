@@ -184,6 +184,12 @@ TEST(CcFileObjectStorage, OpeningAndResultCodes) {
     EXPECT_EQ(stream.Write(bytes, 1), -11);
     CcPropertyBag bag;
     EXPECT_EQ(stream.PutObject(&bag), -11);
+    // The list's header that cannot be written counts before its member, which cannot be stored at all.
+    CcString text;
+    CcList list;
+    list.InsertTail(&text);
+    EXPECT_EQ(stream.PutObject(&text), -1);
+    EXPECT_EQ(stream.PutObject(&list), -11);
     EXPECT_EQ(stream.Read(bytes, 4), 0);
     EXPECT_EQ(stream.Read(bytes, 1), -10);
 }
