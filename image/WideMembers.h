@@ -182,9 +182,14 @@ struct KestWideMembers {
     }
 
     /// Runs an operation of the 8-bit image that colours levels. The lists that it puts back only show other levels:
-    /// where the display range begins and ends is not theirs to say.
+    /// where the display range begins and ends is not theirs to say. Lists that cover another range, because the image was
+    /// not shown yet or updates nothing by itself, are spread over it first: their points are the levels then.
     template <class Operation>
     static int Threshold(Image& image, Operation operation) {
+        if (!ListsCoverDisplayRange(image)) {
+            Normalise(image);
+            SpreadAllLists(image);
+        }
         image.bKeepsDisplayRange = true;
         const int result = operation();
         image.bKeepsDisplayRange = false;
@@ -255,11 +260,25 @@ private:
         kest::MapSamples(samples, mapping, bytes);
     }
 
-    /// Takes a bound that is moved by more than a tenth of a sample unit; false when it stays.
+    /// By more than a tenth of a sample unit.
+    static bool IsMoved(float bound, float moved) { return std::abs(double{moved} - bound) > 0.1; }
+
+    /// Takes a bound that is moved; false when it stays.
     static bool TakeBound(float& bound, float moved, bool keeps) {
-        if (keeps || !(std::abs(double{moved} - bound) > 0.1)) return false;
+        if (keeps || !IsMoved(bound, moved)) return false;
         bound = moved;
         return true;
+    }
+
+    /// The last point of a spread list carries the rounding of 255 steps.
+    static bool ListsCoverDisplayRange(Image& image) {
+        const double rounding = 1e-4 * std::abs(double{image.fDisplayMax} - image.fDisplayMin);
+        return std::all_of(std::begin(lists), std::end(lists), [&](const ListName& list) {
+            int count = 0;
+            const tagPoints* points = image.PointsOf(list.lut, list.channel, &count);
+            return !IsMoved(image.fDisplayMin, points[0].x) &&
+                   std::abs(double{image.fDisplayMax} - points[count - 1].x) <= std::max(0.1, rounding);
+        });
     }
 
     static void SpreadAllLists(Image& image) {

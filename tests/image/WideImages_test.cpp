@@ -426,4 +426,16 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(fresh.fDisplayMax, 3000.0F);
     EXPECT_EQ(fresh.Through(101).At(3, 0), 0x010203u);
     EXPECT_EQ(fresh.Through(101).At(0, 0), 0u);
+
+    // Nor do they when a range is not to follow the samples: the bounds are levels all the same.
+    Open16 fixed;
+    fixed.Fill(1, 4, {0, 390, 600, 1000});
+    EXPECT_EQ(fixed.GetMaxPixelValue(), 1000.0F);
+    fixed.SetAutoUpdateDisplay(0);
+    const test::Picture before = fixed.Through(101);
+    EXPECT_EQ(fixed.ThresholdImage(nullptr, 90.0F, 110.0F, 255, 0, 0), 0);
+    const test::Picture after = fixed.Through(101);
+    EXPECT_EQ(after.At(1, 0), 0xFF0000u);
+    EXPECT_NEAR(fixed.List(101, 1)[100].x, 392.157F, 0.01F);
+    for (const int x : {0, 3}) EXPECT_EQ(after.At(x, 0), before.At(x, 0)) << x;
 }
