@@ -93,7 +93,8 @@ public:
     /// Ends the drag and releases the mouse. The application then draws the ROI with ShowROI.
     virtual int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                               POINT stMouse);                                                       // slot 12
-    /// The bounding rectangle (top above bottom), without preparing queries.
+    /// The bounding rectangle (top above bottom), without preparing queries; a line's is from its start (left, top) to its
+    /// end.
     virtual RECT* GetCurrentBoundingRect();                                                         // slot 13
     /// @name Showing
     /// iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null device
@@ -160,8 +161,13 @@ protected:
     KestWorkBlock hBoundary;     ///< the block behind it
     int iBoundarySize;           ///< entries in the work buffer, if there is one
 
-    /// The work buffer; null in a copy, whose piBoundary names its source's until it makes its own.
-    int* Boundary() const { return piBoundary == hBoundary.Get() ? piBoundary : nullptr; }
+    /// The work buffer; null in a copy, whose members tell of its source's until it makes its own. A block of the source
+    /// that is freed meanwhile can come back here: the size tells them apart.
+    int* Boundary() const {
+        const bool isOwn = piBoundary == hBoundary.Get() &&
+                           hBoundary.Size() == static_cast<long long>(iBoundarySize) * static_cast<long long>(sizeof(int));
+        return isOwn ? piBoundary : nullptr;
+    }
     /// Makes a copy of a ROI that answers boundary queries answer them, too.
     void PrepareCopy() {
         if (piBoundary && !Boundary()) GetBoundingRect();

@@ -64,7 +64,9 @@ struct KestShapeTraits<CcRoiLine> {
     /// None in a copy, whose count is its source's, until its own list is made.
     static std::span<kest::IntPoint> Pixels(CcRoiLine& shape) {
         auto* pixels = static_cast<kest::IntPoint*>(shape.hLinePixels.Get());
-        return {pixels, pixels && shape.Boundary() ? static_cast<std::size_t>(shape.iLinePixels) : 0};
+        const kest::Size64 bytes = shape.iLinePixels * static_cast<kest::Size64>(sizeof(kest::IntPoint));
+        const bool areOwn = pixels && shape.Boundary() && bytes <= shape.hLinePixels.Size();
+        return {pixels, areOwn ? static_cast<std::size_t>(shape.iLinePixels) : 0};
     }
 
     static int HitTest(CcRoiLine& shape, const kest::View& view, kest::IntPoint mouse) {

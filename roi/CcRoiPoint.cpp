@@ -60,9 +60,9 @@ struct KestShapeTraits<CcRoiPoint> {
     static void FinishCreation(kest::IntRect& place, kest::IntPoint mouse) { FollowCreation(place, mouse); }
 
     static bool PrepareQueries(CcRoiPoint&) { return true; }
-    /// The zoom counts whatever the display mode; below 1 there is none.
+    /// The zoom counts whatever the display mode: at 0 the point is under every mouse position, below 0 under none.
     static int HitTest(CcRoiPoint& shape, const kest::View& view, kest::IntPoint mouse) {
-        const double tolerance = 5.0 / std::max(view.zoom, 1);
+        const double tolerance = 5.0 / view.zoom;
         return kest::IsNear(Position(shape), kest::WindowToImageExact(view, mouse), tolerance) ? 0 : -1;
     }
     static int* ListEntry(CcRoiPoint& shape, bool isHit, int entry, int* count) {

@@ -71,14 +71,15 @@ struct KestOutlineMembers {
 
     // Drawing and moving with the mouse
 
-    static int StartDrag(Roi& roi, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase*) {
+    /// An outline has no rectangle to take from `source`, which mode 0 needs all the same.
+    static int StartDrag(Roi& roi, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
         kest::TakeMouse(window, roi.hDragDC);
         roi.iZoom = display.zoom;
         roi.iDragMode = mode;
         kest::View view;
         const bool hasView = display.MakeView(window, view);
         kest::IntRect range = kest::ClientOnScreen(window);
-        const bool isMove = mode == KEST_DRAG_CONVERT || mode == KEST_DRAG_MOVE;
+        const bool isMove = (mode == KEST_DRAG_CONVERT && source) || mode == KEST_DRAG_MOVE;
         const RECT* bounds = isMove ? roi.GetBoundingRect() : nullptr;
         if ((!isMove && mode != KEST_DRAG_CREATE) || (isMove && !bounds)) {
             roi.iDragMode = -1;
@@ -189,19 +190,15 @@ struct KestOutlineMembers {
 
     static RECT* Bounds(Roi& roi) {
         roi.stQueries.iSortedPoints = 0;
-        roi.stQueries.bColumnsSorted = false;
         const std::span<const kest::IntPoint> pixels = Pixels(roi);
         if (pixels.empty()) return nullptr;
-        roi.stBoundingRect = roi.stQueries.stBounds = kest::FromRect(kest::OutlineBounds(pixels));
+        roi.stBoundingRect = kest::FromRect(kest::OutlineBounds(pixels));
         if (!roi.SizeBoundary() || !SizeWorkArrays(static_cast<int>(pixels.size()))) return nullptr;
-        const RECT& bounds = roi.stBoundingRect;
-        if (!Sort(pixels, kest::Axis::Rows, bounds.bottom, bounds.top, roi.stQueries.cRows)) return nullptr;
-        roi.stQueries.iSortedPoints = static_cast<int>(pixels.size());
-        return &roi.stBoundingRect;
+        return SortRows(roi, roi.stBoundingRect) ? &roi.stBoundingRect : nullptr;
     }
 
     static int* ListRow(Roi& roi, int row, int* count) {
-        if (!Roi::stXCommonPerimPoints || roi.stQueries.iSortedPoints == 0) return roi.ListNothing(count);
+        if (!Roi::stXCommonPerimPoints || !SortRows(roi)) return roi.ListNothing(count);
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cRows);
         NoteRow(Roi::stXCommonPerimPoints, index->PixelsOfRow(row), [row](auto& record, int column) {
             record.x = column;
@@ -211,8 +208,7 @@ struct KestOutlineMembers {
     }
 
     static int* ListColumn(Roi& roi, int column, int* count) {
-        if (!Roi::stYCommonPerimPoints || roi.stQueries.iSortedPoints == 0 || !SortColumns(roi))
-            return roi.ListNothing(count);
+        if (!Roi::stYCommonPerimPoints || !SortColumns(roi)) return roi.ListNothing(count);
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cColumns);
         NoteRow(Roi::stYCommonPerimPoints, index->PixelsOfRow(column), [column](auto& record, int row) {
             record.x = column;
@@ -224,7 +220,7 @@ struct KestOutlineMembers {
     /// The runs of a row, without the lists.
     static int SpansOfRow(Roi& roi, int row, KestHeapBlock& block) {
         roi.PrepareCopy();
-        if (roi.stQueries.iSortedPoints == 0) return 0;
+        if (!SortRows(roi)) return 0;
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cRows);
         const auto pixels = static_cast<long long>(index->PixelsOfRow(row).size());
         if (pixels == 0 || !block.Reserve(pixels * static_cast<long long>(sizeof(KestSpan)))) return 0;
@@ -256,7 +252,8 @@ struct KestOutlineMembers {
         PixelGroupTag record = {};
         record.iNumOfPoints = file.count;
         record.stPOINTS = reinterpret_cast<POINT*>(file.record.Get());
-        if (roi.SetRoiImageCord(&record) < 0) return KEST_FAILED;
+        // The file of an outline without points brings its name.
+        if (file.count > 0 && roi.SetRoiImageCord(&record) < 0) return KEST_FAILED;
         roi.SetName(file.name);
         return KEST_OK;
     }
@@ -345,6 +342,7 @@ private:
         const POINT image = ImagePoint(view, mouse);
         const kest::Size64 dx = kest::Size64{image.x} - roi.stLastMouseImg.x;
         const kest::Size64 dy = kest::Size64{image.y} - roi.stLastMouseImg.y;
+        roi.stQueries.iSortedPoints = 0;
         POINT* points = roi.stImageFreeHand.stPOINTS;
         for (std::size_t i = 0, count = Pixels(roi).size(); i < count; ++i) {
             points[i].x = kest::Saturate(points[i].x + dx);
@@ -410,8 +408,26 @@ private:
         return true;
     }
 
+    static bool SortRows(Roi& roi, const RECT& bounds) {
+        KestOutlineQueries& queries = roi.stQueries;
+        const std::span<const kest::IntPoint> pixels = Pixels(roi);
+        queries.stBounds = bounds;
+        queries.bColumnsSorted = false;
+        if (!Sort(pixels, kest::Axis::Rows, bounds.bottom, bounds.top, queries.cRows)) return false;
+        queries.iSortedPoints = static_cast<int>(pixels.size());
+        return true;
+    }
+
+    /// Points that changed since GetBoundingRect are sorted when they are asked for.
+    static bool SortRows(Roi& roi) {
+        if (roi.stQueries.iSortedPoints > 0) return true;
+        if (!roi.Boundary() || Pixels(roi).empty()) return false;
+        return SortRows(roi, kest::FromRect(kest::OutlineBounds(Pixels(roi))));
+    }
+
     /// Columns are sorted when the first of them is asked for.
     static bool SortColumns(Roi& roi) {
+        if (!SortRows(roi)) return false;
         KestOutlineQueries& queries = roi.stQueries;
         if (!queries.bColumnsSorted)
             queries.bColumnsSorted = Sort(Pixels(roi), kest::Axis::Columns, queries.stBounds.left,

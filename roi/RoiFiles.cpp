@@ -46,10 +46,11 @@ bool ReadRoiFile(const char* path, int roiType, int bytesPerCount, RoiFile& roi)
     reader.Read(storedType);
     reader.Read(roi.count);
     reader.ReadBytes(storedName, sizeof storedName);
-    if (version != formatVersion || storedType != roiType || roi.count < 1) return false;
+    if (version != formatVersion || storedType != roiType || roi.count < 0) return false;
     CopyField(roi.name, storedName, sizeof storedName);
 
     const Size64 recordBytes = Product(roi.count, bytesPerCount);
+    if (recordBytes == 0) return true;
     return recordBytes <= BytesLeft(file) && roi.record.Reserve(recordBytes) &&
            ReadExactly(file, roi.record.Get(), recordBytes);
 }

@@ -33,11 +33,8 @@ void DrawPointMark(HDC dc, const IntRect& place) {
 }
 
 void DrawName(HDC dc, const IntRect& place, const char* name) {
-    LOGPEN pen = {};
-    GetObjectA(GetCurrentObject(dc, OBJ_PEN), sizeof pen, &pen);
     const BackgroundModeGuard background(dc, TRANSPARENT);
     const TextAlignGuard align(dc, TA_BOTTOM);
-    const TextColourGuard colour(dc, pen.lopnColor);
     DrawProcessText(dc, Saturate(Size64{place.left} + 8), Saturate(Size64{place.top} - 8), name,
                     static_cast<int>(FieldLength(name, KEST_NAME_SIZE)));
 }

@@ -185,7 +185,7 @@ struct KestShapeMembers {
     }
 
     static RECT* CurrentBounds(Shape& shape) {
-        shape.stCurrentBoundingRect = kest::FromRect(kest::ImageBounds(Traits::CornersOf(shape), Traits::isNormalised));
+        shape.stCurrentBoundingRect = kest::FromRect(Traits::CornersOf(shape));
         return &shape.stCurrentBoundingRect;
     }
 

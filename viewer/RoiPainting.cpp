@@ -42,7 +42,8 @@ void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const
         if (&roi == paint.hidden || roi.GetROIType() == KEST_ROI_POINT) continue;
         const RECT* bounds = roi.GetCurrentBoundingRect();
         if (!bounds) continue;
-        POINT corner = ShownPoint(area, document.Size(), shown, bounds->left, std::max(bounds->top, bounds->bottom));
+        POINT corner = ShownPoint(area, document.Size(), shown, std::min(bounds->left, bounds->right),
+                                  std::max(bounds->top, bounds->bottom));
         corner.y = std::max(corner.y - scaled(2), scaled(16));
         SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
         // The letters of the names are those of any language.

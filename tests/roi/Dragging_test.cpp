@@ -293,6 +293,17 @@ TEST(Dragging, EdgesOfTheProtocol) {
     EXPECT_EQ(start(2), 0);
     EXPECT_EQ(roi.StopMouseDrag(host.window, 0, 0, 1, &host.image, at), 0);
     EXPECT_TRUE(Passes(roi, {50, 59}));
+    // An outline takes no other's place, so mode 0 moves it, but not without another.
+    EXPECT_EQ(start(0), -1);
+    // Queries follow a move.
+    EXPECT_EQ(start(1), 0);
+    EXPECT_EQ(roi.DoMouseDrag(host.window, 0, 0, 1, &host.image, {53, 44}, 0), 0);
+    int count = 0;
+    const int* columns = roi.GetXBoundary(55, &count);
+    ASSERT_GE(count, 1);
+    EXPECT_EQ(columns[0], 53);
+    EXPECT_EQ(roi.GetXBoundary(59, &count), nullptr);
+    EXPECT_EQ(roi.StopMouseDrag(host.window, 0, 0, 1, &host.image, at), 0);
     // A copy takes no part in a drag that runs.
     EXPECT_EQ(start(2), 0);
     { const Open<CcRoiFreeHand> copy(roi); }

@@ -179,6 +179,14 @@ TEST(RoiRecords, EmptyOutlines) {
         const auto full = Make(kind);
         EXPECT_EQ(test::LoadRecord(*full, test::StoredBytes(*empty)), 0);
         EXPECT_EQ(full->GetBoundingRect(), nullptr);
+        // Its file brings the name alone.
+        empty->SetName("nothing");
+        const test::TemporaryFile file("empty.roi", Bytes());
+        EXPECT_EQ(empty->Save(file.Path()), 0);
+        const auto other = Make(kind);
+        EXPECT_EQ(other->Restore(file.Path()), 0);
+        EXPECT_STREQ(other->GetName(), "nothing");
+        EXPECT_EQ(RecordBytes(kind, *other), ExpectedRecord(kind));
     }
 }
 
@@ -296,6 +304,31 @@ TYPED_TEST(Copies, AnswerQueriesFromBuffersOfTheirOwn) {
     EXPECT_EQ(RowOf(assigned, 0), expected);
 }
 
+TEST(Copies, ForgottenBlocksAreNotTakenForTheirOwn) {
+    // The copy tells of a buffer of 800,000 entries whose block is freed, and the next one can lie at its place.
+    auto source = std::make_unique<CcRoiRect>();
+    RECT wide = {0, 2, 400000, 0}, narrow = {0, 2, 180000, 0};
+    source->SetRoiImageCord(&wide);
+    ASSERT_NE(source->GetBoundingRect(), nullptr);
+    const CcRoiRect copy(*source);
+    source.reset();
+    CcRoiRect other;
+    other.SetRoiImageCord(&narrow);
+    ASSERT_NE(other.GetBoundingRect(), nullptr);
+    other = copy;
+    ASSERT_NE(other.GetBoundingRect(), nullptr);
+    EXPECT_EQ(RowOf(other, 1).size(), 400001u);
+}
+
+TEST(CcRoiLine, BoundsInTheDirectionDrawnAndInOrder) {
+    CcRoiLine line;
+    tagROILINE record = {40, 50, 10, 90};
+    line.SetRoiImageCord(&record);
+    const RECT drawn = *line.GetCurrentBoundingRect(), inOrder = *line.GetBoundingRect();
+    EXPECT_TRUE(drawn.left == 40 && drawn.top == 50 && drawn.right == 10 && drawn.bottom == 90);
+    EXPECT_TRUE(inOrder.left == 10 && inOrder.top == 90 && inOrder.right == 40 && inOrder.bottom == 50);
+}
+
 TEST(FreehandQueries, RunsEndWhereTheListIsFull) {
     // Twelve pixels on the lower row of a box that has room for four.
     std::vector<POINT> scribble(12);
@@ -337,6 +370,16 @@ TEST(FreehandQueries, RoisOfOneClassDoNotDisturbEachOther) {
     int count;
     const int* rows = a.GetYBoundary(1, &count);
     EXPECT_EQ(std::vector<int>(rows, rows + count), (std::vector<int>{0, 1, 2}));
+
+    // A new outline is seen at once, as far as the work buffer reaches.
+    POINT third[] = {{4, 7}, {5, 7}, {6, 7}, {7, 7}, {8, 7}};
+    record = {0, 0, 0, 5, third, nullptr};
+    b.SetRoiImageCord(&record);
+    EXPECT_EQ(RowOf(b, 1).size(), 0u);
+    EXPECT_EQ(RowOf(b, 7), (std::vector<int>{4, 5, 6, 7}));
+    record = {0, 0, 0, 3, second, nullptr};
+    b.SetRoiImageCord(&record);
+    b.GetBoundingRect();
 
     // A moved pixel is seen by the next GetBoundingRect.
     auto& outline = *static_cast<PixelGroupTag*>(b.GetRoiImageCord());
@@ -419,6 +462,8 @@ TEST(ShownRois, PixelsOfEveryKind) {
         host.roi.SetName("P.8");
         host.Show(1);
         const test::Picture with = host.window.Snapshot();
+        // The device context's own colour, black.
+        EXPECT_NE(std::find(with.pixels.begin(), with.pixels.end(), 0u), with.pixels.end());
         int left = 999, bottom = 0;
         for (int i = 0; i < with.width * with.height; ++i)
             if (with.pixels[i] != without.pixels[i]) {

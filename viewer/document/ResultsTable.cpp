@@ -2,6 +2,7 @@
 #include "document/ResultsTable.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "document/BandCount.h"
 #include "document/PixelText.h"
@@ -47,8 +48,8 @@ long long BytesToMeasure(Document& document) {
     long long pixels = document.RoiCount() > 0 && !document.Bands().empty() ? 8LL * size.cx * size.cy : 0;
     for (int i = 0; i < document.RoiCount(); ++i)
         if (const RECT* bounds = document.Roi(i).GetCurrentBoundingRect())
-            pixels += std::min<long long>(size.cx, bounds->right - bounds->left) *
-                      std::min<long long>(size.cy, bounds->top - bounds->bottom);
+            pixels += std::min<long long>(size.cx, std::abs(1LL * bounds->right - bounds->left)) *
+                      std::min<long long>(size.cy, std::abs(1LL * bounds->top - bounds->bottom));
     return pixels;
 }
 

@@ -24,7 +24,7 @@ std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
     const RoiKind* kind = RoiKindOf(header[1]);
     if (!kind) return nullptr;
     std::unique_ptr<CcRoiBase> roi = kind->make();
-    if (!roi || roi->Restore(path.c_str()) < 0) return nullptr;
+    if (!roi || roi->Restore(path.c_str()) < 0 || !roi->GetCurrentBoundingRect()) return nullptr;
     roi->SetName(CutForStreams(roi->GetName()).c_str());
     return roi;
 }
