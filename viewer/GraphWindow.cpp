@@ -48,7 +48,10 @@ void GraphWindow::ClearCurves() {
     for (const auto& curve : curves) {
         Style present = {};
         curve->curve.GetCurveStyle(&present.style, &present.colour, &present.width);
-        if (present != curve->programStyle) userStyles[curve->curve.GetName()] = present;
+        if (present != curve->programStyle)
+            userStyles[curve->curve.GetName()] = present;
+        else
+            userStyles.erase(curve->curve.GetName());
     }
     while (list.GetNumberOfObjects() > 0)
         list.DeleteTail();

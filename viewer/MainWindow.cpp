@@ -102,13 +102,14 @@ std::vector<DocumentPane*> MainWindow::AllPanes() {
 }
 
 void MainWindow::ShowSidePage(SidePage page) {
-    if (!isSideShown) ToggleSide();
     if (page != sidePage && active) active->PreviewBands(false, nullptr);
-    PageOf(sidePage).OnShown(false);
+    if (isSideShown) PageOf(sidePage).OnShown(false);
     sidePage = page;
     SendMessageA(sideTabs, TCM_SETCURSEL, page, 0);
     for (int i = 0; i < sidePageCount; ++i)
         ShowWindow(PageOf(static_cast<SidePage>(i)), i == page ? SW_SHOWNA : SW_HIDE);
+    isSideShown = true;
+    Arrange();
     PageOf(page).OnShown(true);
     UpdateCommands();
 }
@@ -194,6 +195,14 @@ void MainWindow::OnInitMenu(HMENU menu) {
     }
 }
 
+/// A command is at work on the document in front, and waits for an answer: nothing else may take the document away. The
+/// dialog comes to the front.
+bool MainWindow::IsInDialog() const {
+    if (IsWindowEnabled(window)) return false;
+    SetForegroundWindow(GetLastActivePopup(window));
+    return true;
+}
+
 void MainWindow::OnDrop(HDROP drop) {
     const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
     std::vector<std::string> paths;
@@ -203,6 +212,7 @@ void MainWindow::OnDrop(HDROP drop) {
         paths.push_back(Utf8(path.c_str()));
     }
     DragFinish(drop);
+    if (IsInDialog()) return;
     for (const std::string& path : paths)
         OpenFile(path);
 }
@@ -282,13 +292,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnDrop(reinterpret_cast<HDROP>(wParam));
             return 0;
         case WM_CLOSE:
-            if (!CloseAll()) return 0;
+            if (IsInDialog() || !CloseAll()) return 0;
             tools.CloseAll();
             NoteLayout();
             DestroyWindow(window);
             return 0;
         case WM_QUERYENDSESSION:
-            return MayCloseAll();
+            return !IsInDialog() && MayCloseAll();
         case WM_ENDSESSION:
             if (wParam) {
                 NoteLayout();

@@ -77,6 +77,7 @@ public:
 private:
     bool MayClose(Document& document);
     bool MayCloseAll();
+    bool IsInDialog() const;
     void Discard(Document& document);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCreate();

@@ -118,7 +118,7 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
                          panOffset.y - (mouse.y - panStart.y) / shown.zoom);
                 return 0;
             }
-            roiMouse.Move(shown, mouse);
+            roiMouse.Move(shown, mouse, (wParam & MK_LBUTTON) != 0);
             return 0;
         case WM_LBUTTONUP:
         case WM_MBUTTONUP:

@@ -39,8 +39,8 @@ Shown PictureView::GetShown() const {
     shown.canvas = canvas;
     if (!document) return shown;
     const ViewState& view = document->view;
-    shown.mode = view.zoom > 0 ? 1 : 0;
-    shown.zoom = std::max(view.zoom, 1);
+    shown.mode = shownZoom > 0 ? 1 : 0;
+    shown.zoom = std::max(shownZoom, 1);
     shown.xOffset = view.xOffset;
     shown.yOffset = view.yOffset;
     shown.penZoom = std::max(1, static_cast<int>(std::lround(Magnification())));
@@ -49,15 +49,13 @@ Shown PictureView::GetShown() const {
 
 double PictureView::Magnification() const {
     if (!document) return 1;
-    return document->view.zoom > 0
-               ? document->view.zoom
-               : static_cast<double>(canvas.ClientSize().cx) / std::max<long>(document->Size().cx, 1);
+    return shownZoom > 0 ? shownZoom
+                         : static_cast<double>(canvas.ClientSize().cx) / std::max<long>(document->Size().cx, 1);
 }
 
 SIZE PictureView::VisiblePixels() const {
     const SIZE client = canvas.ClientSize();
-    const int zoom = document->view.zoom;
-    return zoom > 0 ? SIZE{client.cx / zoom, client.cy / zoom} : document->Size();
+    return shownZoom > 0 ? SIZE{client.cx / shownZoom, client.cy / shownZoom} : document->Size();
 }
 
 void PictureView::Arrange() {
@@ -67,7 +65,11 @@ void PictureView::Arrange() {
     GetWindowRect(window, &frame);
     const SIZE all = {WidthOf(frame), HeightOf(frame)};
     const SIZE picture = document ? document->Size() : SIZE{0, 0};
-    const int zoom = document ? document->view.zoom : 0;
+    int zoom = document ? document->view.zoom : 0;
+    // Enlarged, a pixel has a whole number of screen pixels: what is clicked is what is seen.
+    if (zoom == 0 && picture.cx > 0 && picture.cy > 0)
+        zoom = static_cast<int>(std::min({all.cx / picture.cx, all.cy / picture.cy, static_cast<LONG>(largestZoom)}));
+    shownZoom = zoom;
     SIZE room = all, shown = {0, 0};
     bool hasBar[2] = {};  // horizontal, vertical
     if (zoom > 0) {
@@ -86,8 +88,8 @@ void PictureView::Arrange() {
         document->view.xOffset = std::clamp<int>(document->view.xOffset, 0, picture.cx - shown.cx / zoom);
         document->view.yOffset = std::clamp<int>(document->view.yOffset, 0, picture.cy - shown.cy / zoom);
     } else if (picture.cx > 0 && picture.cy > 0) {
-        const double scale = std::min({static_cast<double>(room.cx) / picture.cx,
-                                       static_cast<double>(room.cy) / picture.cy, static_cast<double>(largestZoom)});
+        const double scale =
+            std::min(static_cast<double>(room.cx) / picture.cx, static_cast<double>(room.cy) / picture.cy);
         shown.cx = std::max(1L, std::lround(picture.cx * scale));
         shown.cy = std::max(1L, std::lround(picture.cy * scale));
         document->view.xOffset = document->view.yOffset = 0;
@@ -269,7 +271,9 @@ bool PictureView::OnKey(WPARAM key) {
         default:
             break;
     }
-    if (isControl || key < '0' || key > '9') return false;
+    if (isControl) return false;
+    if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9) key += '0' - VK_NUMPAD0;
+    if (key < '0' || key > '9') return false;
     SetZoom(static_cast<int>(key - '0'));
     return true;
 }

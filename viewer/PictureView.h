@@ -21,7 +21,8 @@ public:
     /// Shows what has changed.
     void Refresh(unsigned change);
 
-    // Zoom: 1 to 16, 0 fits. The picture point at `anchor` (client pixels of the canvas) stays where it is.
+    // Zoom: 1 to 16, 0 fits: at the largest zoom at which all is seen, or smaller than 1. The picture point at `anchor`
+    // (client pixels of the canvas) stays where it is.
     void SetZoom(int zoom, const POINT* anchor = nullptr);
     void ZoomIn(const POINT* anchor = nullptr);
     void ZoomOut(const POINT* anchor = nullptr);
@@ -77,6 +78,7 @@ private:
     CanvasWindow canvas;
     RoiMouse roiMouse;
     bool isArranging = false;
+    int shownZoom = 0;  ///< 0: the whole picture is shown smaller than its pixels
     bool isPanning = false;
     bool isHovering = false;
     int wheelRest = 0;  ///< turned since the last whole step

@@ -89,7 +89,9 @@ void RoiMouse::StartMoving(const Shown& shown, POINT mouse) {
         Cancel();
 }
 
-void RoiMouse::Move(const Shown& shown, POINT mouse) {
+void RoiMouse::Move(const Shown& shown, POINT mouse, bool isHeld) {
+    // The button was released where this window did not see it: outside, or in a menu.
+    if (!isDragging && !isHeld) grabbed = nullptr;
     if (!isDragging && grabbed) {
         // It may have been deleted by a key while the button was held.
         if (document->IndexOf(grabbed) < 0) {

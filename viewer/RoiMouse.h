@@ -30,7 +30,8 @@ public:
 
     // Mouse messages; positions are client pixels of the canvas.
     void Press(const Shown& shown, POINT mouse, bool isAdding);
-    void Move(const Shown& shown, POINT mouse);
+    /// `isHeld`: with the left button down.
+    void Move(const Shown& shown, POINT mouse, bool isHeld);
     void Release(const Shown& shown, POINT mouse);
 
     bool IsDragging() const { return isDragging; }

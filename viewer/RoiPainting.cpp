@@ -84,11 +84,10 @@ std::unique_ptr<CcImage> DrawnWithRois(Document& document, Shown shown, SIZE are
     DibSection pixels(area, 24);
     if (!drawn || !pixels) return nullptr;
     RECT all = {0, 0, area.cx, area.cy};
-    document.Image().Show(pixels, &all, document.ShownTable(), 1, shown.xOffset, shown.yOffset, shown.zoom);
+    document.Image().Show(pixels, &all, document.ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
     // Lines and letters that are seen when all of it fills a page.
     constexpr int pixelsAcrossPage = 1000;
     const int scale = 1 + static_cast<int>(std::max(area.cx, area.cy)) / pixelsAcrossPage;
-    shown.mode = 1;
     shown.penZoom = std::max(shown.zoom, 4 * (scale - 1));
     RoiPaint paint;
     paint.showsNames = showsNames;

@@ -24,8 +24,8 @@ void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const 
 /// The middle of a picture pixel in the drawn area.
 POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y);
 
-/// A colour picture of `area` pixels: the part of the picture from the offsets of `shown` on, at its zoom, with the
-/// ROIs drawn in. Null when memory is short.
+/// A colour picture of `area` pixels with the ROIs drawn in: the part of the picture from the offsets of `shown` on, at
+/// its zoom, or all of it where `shown` is stretched. Null when memory is short.
 std::unique_ptr<CcImage> DrawnWithRois(Document& document, Shown shown, SIZE area, bool showsNames);
 
 }  // namespace kestview

@@ -71,6 +71,59 @@ TEST(Files, ComeFromTheCommandLineByDragAndDropAndFromTheRecentOnes) {
     Close(view);
 }
 
+TEST(Pictures, AreEditedOneByOne) {
+    const Ramp first("first.bmp"), second("second.bmp");
+    Driver view(L"first.bmp second.bmp");
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"second - KestView"; }));
+    const auto results = [&] {
+        view.PressToCopy({VK_CONTROL, VK_SHIFT, 'C'});
+        return ClipboardText();
+    };
+    // Fitted in, as pictures open: the point is where the mouse is.
+    const HWND canvas = view.Canvas();
+    RECT client;
+    GetClientRect(canvas, &client);
+    EXPECT_EQ(client.right % width, 0) << "whole screen pixels a pixel";
+    const int zoom = client.right / width;
+    view.Press({VK_CONTROL, VK_SHIFT, '1'});
+    view.Click(canvas, {300 * zoom + zoom - 1, 20 * zoom});
+    EXPECT_NE(results().find(L"\nP.1\tPoint\t1\t0\t1\t" + std::to_wstring(300 * 255 / (width - 1)) + L"\t"),
+              std::wstring::npos);
+
+    // A name that is not finished stays with its picture.
+    view.Press({VK_CONTROL, VK_TAB});
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"first - KestView"; }));
+    view.Press({VK_CONTROL, VK_SHIFT, '1'});
+    view.Click(canvas, {10, 10});
+    view.ClickControl(IDC_ROI_RENAME);
+    view.Type(L"name");
+    view.Press({VK_CONTROL, VK_TAB});
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"second * - KestView"; }));
+    view.Press({VK_RETURN});
+    EXPECT_NE(results().find(L"\nP.1\t"), std::wstring::npos);
+
+    // A bound is typed digit by digit; the other one gives way only as long as it must.
+    view.Press({VK_CONTROL, 'T'});
+    const HWND high = view.Control(IDC_BAND_HIGH_TEXT);
+    ASSERT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L"255"; }));
+    view.Click(high, {5, 5});
+    view.Press({VK_CONTROL, 'A'});
+    view.Type(L"180");
+    EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(view.Control(IDC_BAND_LOW_TEXT)) == L"128"; }));
+    view.Press({VK_CONTROL, VK_TAB});
+    EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L"255"; })) << "the other picture's band";
+
+    // While a question waits, the program is not closed under it.
+    view.Press({VK_CONTROL, 'W'});
+    ASSERT_TRUE(Driver::WaitFor([&] { return !IsWindowEnabled(view.Main()); }));
+    PostMessageA(view.Main(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(view.AnswerBox('N'), L"Save the changes to first in a session?");
+    EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"second * - KestView"; }));
+    view.Press({VK_CONTROL, 'W'});
+    view.AnswerBox('N');
+    Close(view);
+}
+
 TEST(Rois, AreSelectedRenamedCancelledDeletedAndBroughtBack) {
     const Ramp ramp("ramp.bmp");
     Driver view(L"ramp.bmp");

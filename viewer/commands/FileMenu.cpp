@@ -3,6 +3,9 @@
 
 #include <commdlg.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include "Application.h"
 #include "MainWindow.h"
 #include "Resource.h"
@@ -43,7 +46,8 @@ bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
         const int answer = AskYesNoCancel(
             main,
             "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?");
-        if (answer == IDCANCEL || (answer == IDYES && !main.Calibration().SaveFile())) return false;
+        if (answer != IDYES && answer != IDNO) return false;
+        if (answer == IDYES && !main.Calibration().SaveFile()) return false;
     }
     std::string path = document.sessionPath;
     if (path.empty() || isPathAsked) {
@@ -101,22 +105,53 @@ void FileSavePicture(MainWindow& main, int) {
                               document.Size().cx));
 }
 
+namespace {
+
+/// Pixels of the default printer's page; none without a printer.
+SIZE DefaultPage() {
+    PRINTDLGA dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.Flags = PD_RETURNDEFAULT | PD_RETURNDC | PD_NOWARNING;
+    if (!PrintDlgA(&dialog)) return {0, 0};
+    const SIZE page = {GetDeviceCaps(dialog.hDC, HORZRES), GetDeviceCaps(dialog.hDC, VERTRES)};
+    DeleteDC(dialog.hDC);
+    if (dialog.hDevMode) GlobalFree(dialog.hDevMode);
+    if (dialog.hDevNames) GlobalFree(dialog.hDevNames);
+    return page;
+}
+
+}  // namespace
+
 void FilePrint(MainWindow& main, int) {
     Document& document = *main.Active();
     Shown shown = main.View().GetShown();
-    std::unique_ptr<CcImage> drawn;
-    if (document.RoiCount() > 0) {
-        // The whole picture in its own size, or the part of it that is seen at this zoom.
-        const bool isWhole = shown.mode == 0;
+    // The whole picture, or the part of it that is seen at this zoom.
+    const bool isWhole = document.view.zoom == 0;
+    SIZE area = document.Size();
+    bool isReduced = false;
+    if (isWhole) {
+        const SIZE page = DefaultPage();
+        const double scale = std::min(static_cast<double>(page.cx) / area.cx, static_cast<double>(page.cy) / area.cy);
+        isReduced = scale > 0 && scale < 1;
+        if (isReduced)
+            area = {std::max(1L, std::lround(std::floor(area.cx * scale))),
+                    std::max(1L, std::lround(std::floor(area.cy * scale)))};
+        shown.mode = 0;
+    } else {
         RECT seen;
         GetClientRect(shown.canvas, &seen);
-        drawn = DrawnWithRois(document, isWhole ? Shown() : shown,
-                              isWhole ? document.Size() : SIZE{seen.right, seen.bottom}, main.View().showsRoiNames);
-        shown.mode = 0;
+        area = {seen.right, seen.bottom};
+    }
+    std::unique_ptr<CcImage> drawn;
+    if (document.RoiCount() > 0 || isReduced) {
+        if (isWhole && !isReduced) shown = {};
+        drawn = DrawnWithRois(document, shown, area, main.View().showsRoiNames);
         if (!drawn) {
-            ShowError(main, "There is not enough memory to print the picture with its ROIs.");
+            ShowError(main, "There is not enough memory to draw the picture for the page.");
             return;
         }
+        shown = main.View().GetShown();
+        shown.mode = 0;
     }
     CcImage& printed = drawn ? *drawn : document.Image();
     // The library's dialog is modal to the window with the focus.

@@ -104,15 +104,15 @@ std::unique_ptr<CcImage> ConvertImage(CcImage& source, int type) {
     } else {
         // What is shown of wide samples, for the classes that hold no more than 8 bits.
         const bool isShown = ImageClassOf(source).isWide && !ImageClassOf(*target).isWide && type != KEST_IMAGE_BINARY;
-        const tagPoints range = ShownRange(source);
-        const double low = static_cast<double>(range.x), high = static_cast<double>(range.y);
+        const std::vector<std::uint8_t> levels = isShown ? ShownLevels(source) : std::vector<std::uint8_t>();
+        if (isShown && levels.empty()) return nullptr;
         std::vector<double> values(static_cast<std::size_t>(size.cx));
         for (int row = 0; row < size.cy; ++row) {
             const std::size_t first = static_cast<std::size_t>(row) * values.size();
-            ReadRow(source, from, first, values);
             if (isShown)
-                for (double& value : values)
-                    value = high > low ? std::floor(std::clamp((value - low) * 255 / (high - low), 0.0, 255.0)) : 0;
+                ReadSamples<std::uint8_t>(levels.data(), first, values);
+            else
+                ReadRow(source, from, first, values);
             if (type == KEST_IMAGE_BINARY)
                 for (double& value : values)
                     value = value != 0;

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/Busy.h"
+#include "platform/Drawing.h"
 #include "platform/Text.h"
 
 namespace kestview {
@@ -26,8 +27,18 @@ Document::Document(std::unique_ptr<CcImage> newImage)
     : image(std::move(newImage)), history(new CcRoiHistory(image->GetListROI())), preview(*image) {
     // The list deletes what an edit or an undo takes out.
     image->GetListROI()->SetDestructionType(1);
-    // Wide samples are gone through now: later their own range would take the place of one that was chosen.
-    if (Class().isWide) image->GetMinPixelValue();
+    TakeWholeRange();
+}
+
+/// Goes through wide samples and draws one of them, as the library spreads its point lists over their range when it
+/// draws. Later drawings leave a range that was chosen.
+void Document::TakeWholeRange() {
+    if (!Class().isWide) return;
+    shownRange = {image->GetMinPixelValue(), image->GetMaxPixelValue()};
+    const DibSection screen({1, 1}, 24);
+    RECT pixel = {0, 0, 1, 1};
+    if (screen) image->Show(screen, &pixel, 100, 1, 0, 0, 1);
+    preview.SetShownRange(shownRange);
 }
 
 int Document::IndexOf(const CcRoiBase* roi) {
@@ -119,8 +130,13 @@ std::vector<tagPoints> Document::PointsFor(int table, const std::vector<tagPoint
         while (right + 1 < curve.size() && curve[right].x < x)
             ++right;
         const tagPoints &a = curve[right - 1], &b = curve[right];
-        const float part = b.x > a.x ? std::clamp((x - a.x) / (b.x - a.x), 0.0f, 1.0f) : 1.0f;
-        entries[i].y = a.y + (b.y - a.y) * part;
+        const double part = b.x > a.x ? std::clamp((static_cast<double>(x) - static_cast<double>(a.x)) /
+                                                       (static_cast<double>(b.x) - static_cast<double>(a.x)),
+                                                   0.0, 1.0)
+                                      : 1.0;
+        const double level = static_cast<double>(a.y) + static_cast<double>(b.y - a.y) * part;
+        // Tables cut fractions off: a whole level is not to fall short of itself by rounding.
+        entries[i].y = static_cast<float>(std::abs(level - std::round(level)) < 1e-3 ? std::round(level) : level);
     }
     return entries;
 }
@@ -128,34 +144,39 @@ std::vector<tagPoints> Document::PointsFor(int table, const std::vector<tagPoint
 void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints>& points) {
     std::vector<tagPoints> entries = PointsFor(table, points);
     if (entries.empty()) return;
-    const tagPoints oldRange = ShownRange(*image);
+    const tagPoints oldRange = shownRange;
     image->SetDisplayLUT(table, channel, entries.data());
     tableCurves[{table, channel}] = points;
-    tagPoints range = oldRange;
     if (Class().isWide) {
-        // Another table tells what the library took of the range: not every one, and it lists it rounded.
-        range = ShownRange(*image, table == 102 ? 103 : 102);
-        const float rounding = 1e-4f * (range.y - range.x);
-        if (std::abs(range.x - points.front().x) <= rounding) range.x = points.front().x;
-        if (std::abs(range.y - points.back().x) <= rounding) range.y = points.back().x;
+        // As the library takes it; what it lists of the range is rounded.
+        const auto taken = [](float bound, float moved) {
+            return std::abs(static_cast<double>(moved) - static_cast<double>(bound)) > 0.1 ? moved : bound;
+        };
+        shownRange = {taken(oldRange.x, points.front().x), taken(oldRange.y, points.back().x)};
         // All tables show the same range.
         for (auto& [place, curve] : tableCurves)
-            Spread(curve, range.x, range.y);
-        if (range.x != points.front().x || range.y != points.back().x) {
+            Spread(curve, shownRange.x, shownRange.y);
+        if (shownRange.x != points.front().x || shownRange.y != points.back().x) {
             entries = PointsFor(table, tableCurves[{table, channel}]);
             image->SetDisplayLUT(table, channel, entries.data());
         }
-        preview.SetShownRange(range);
+        preview.SetShownRange(shownRange);
     }
     hasEdits = true;
     SetModified(true);
     // Levels mean other values now.
-    if (range.x != oldRange.x || range.y != oldRange.y) Changed(DisplayChanged, true);
+    if (shownRange.x != oldRange.x || shownRange.y != oldRange.y) Changed(DisplayChanged, true);
 }
 
-void Document::ResetTableCurve(int table, int channel, const std::vector<tagPoints>& straight) {
-    SetTableCurve(table, channel, straight);
+void Document::ResetTableCurve(int table, int channel) {
+    if (Class().isWide) {
+        const PlainPixels plain(*this);
+        image->SetAutoUpdateDisplay(1);
+        TakeWholeRange();
+    }
+    SetTableCurve(table, channel, {{shownRange.x, 0}, {shownRange.y, 255}});
     tableCurves.erase({table, channel});
+    Changed(DisplayChanged, true);
 }
 
 bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, const std::string& path) {
@@ -170,8 +191,7 @@ bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, con
                                        [](const tagPoints& point) { return point.x != 0 || point.y != 0; });
     for (std::size_t i = 0; hasPoints && i < std::size(calibrationDraft.points); ++i) {
         const tagPoints pixel = calibration->GetImagePoints()[i], world = calibration->GetWorldPoints()[i];
-        calibrationDraft.points[i] = {
-            true, {static_cast<LONG>(pixel.x), static_cast<LONG>(pixel.y)}, NumberText(world.x), NumberText(world.y)};
+        calibrationDraft.points[i] = {true, pixel, NumberText(world.x), NumberText(world.y)};
     }
     appliedDraft = calibrationDraft;
     Changed(CalibrationChanged, true);
@@ -254,13 +274,16 @@ const unsigned char* Document::Colours() {
 }
 
 void Document::PixelsReplaced() {
-    image->ReScaleImageOnShow();
     if (Class().isWide) {
-        image->GetMinPixelValue();
+        const PlainPixels plain(*this);
+        image->ReScaleImageOnShow();
+        TakeWholeRange();
         // The samples' own range has taken the place of a chosen one.
         const auto curves = tableCurves;
         for (const auto& [place, points] : curves)
             SetTableCurve(place.first, place.second, points);
+    } else {
+        image->ReScaleImageOnShow();
     }
     Changed(PictureChanged, true);
 }

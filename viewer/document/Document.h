@@ -30,7 +30,7 @@ enum Change : unsigned {
 struct CalibrationDraft {
     struct Point {
         bool isPicked = false;
-        POINT pixel = {};
+        tagPoints pixel = {};        ///< clicked ones are whole; those of a file can lie between pixels
         std::string worldX, worldY;  ///< as typed
         bool operator==(const Point& other) const {
             return isPicked == other.isPicked && pixel.x == other.pixel.x && pixel.y == other.pixel.y &&
@@ -98,11 +98,13 @@ public:
     /// The few points between which a display table's channel (see GetDisplayLUT) was interpolated, by table and
     /// channel; only of those that were edited.
     const std::map<std::pair<int, int>, std::vector<tagPoints>>& TableCurves() const { return tableCurves; }
+    /// Of a wide picture the sample values that are shown black (x) and white (y), exactly; 0 and 255 of the others.
+    tagPoints ShownRange() const { return shownRange; }
     /// Interpolates the table between these points, which are in ascending order. Of wide pictures the first and the
     /// last one are the range that all tables show.
     void SetTableCurve(int table, int channel, const std::vector<tagPoints>& points);
-    /// The same with a curve that counts as not edited.
-    void ResetTableCurve(int table, int channel, const std::vector<tagPoints>& straight);
+    /// The table is straight again, and counts as not edited. A wide picture shows its whole range.
+    void ResetTableCurve(int table, int channel);
 
     // Calibration: shared with the image, owned here.
     CcCalibration* Calibration() const { return calibration.get(); }
@@ -156,7 +158,9 @@ private:
     std::vector<ThresholdTag> bands;
     unsigned short displayTable = 102;
     std::map<std::pair<int, int>, std::vector<tagPoints>> tableCurves;
+    tagPoints shownRange = {0, 255};
     std::vector<tagPoints> PointsFor(int table, const std::vector<tagPoints>& curve);
+    void TakeWholeRange();
     bool isModified = false;
     bool hasEdits = false;
 };

@@ -49,11 +49,21 @@ SIZE SizeOf(CcImage& image) {
     return {width, height};
 }
 
-tagPoints ShownRange(CcImage& image, int table) {
-    constexpr int topLevel = 255;
-    tagPoints points[topLevel + 1];
-    if (!ImageClassOf(image).isWide || image.GetDisplayLUT(table, 0, points) < 0) return {0, topLevel};
-    return {points[0].x, points[table == 103 ? 127 : table == 104 ? 63 : topLevel].x};
+std::vector<std::uint8_t> ShownLevels(CcImage& image) {
+    const SIZE size = SizeOf(image);
+    std::vector<std::uint8_t> levels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+    const void* samples = image.GetBitMapImageData();
+    int result = -1;
+    if (auto* int16 = dynamic_cast<CcGrayImageInt16*>(&image))
+        result = int16->NormalizeInt16ToByteImage(static_cast<const unsigned short*>(samples), levels.data(), size.cy,
+                                                  size.cx, 0);
+    else if (auto* int32 = dynamic_cast<CcGrayImageInt32*>(&image))
+        result = int32->NormalizeInt32ToByteImage(static_cast<const int*>(samples), levels.data(), size.cy, size.cx, 0);
+    else if (auto* real = dynamic_cast<CcGrayImageFloat*>(&image))
+        result =
+            real->NormalizeFloatToByteImage(static_cast<const float*>(samples), levels.data(), size.cy, size.cx, 0);
+    if (result < 0) levels.clear();
+    return levels;
 }
 
 long long SampleBytes(CcImage& image) {

@@ -1,8 +1,10 @@
 // The image classes that the program offers, one line for each.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "KestApi.h"
 
@@ -27,9 +29,9 @@ std::unique_ptr<CcImage> MakeImage(int type);
 std::unique_ptr<CcImage> MakeImage(int type, int height, int width, const std::string& name);
 
 SIZE SizeOf(CcImage& image);
-/// Of a wide image the sample values that are shown black (x) and white (y), as the list of a gray table (102 to 104)
-/// has them; 0 and 255 of the others.
-tagPoints ShownRange(CcImage& image, int table = 102);
+/// The levels at which the samples of a wide image are shown, bottom row first; none of the others, or when memory is
+/// short.
+std::vector<std::uint8_t> ShownLevels(CcImage& image);
 /// Bytes of all samples, as GetBitMapImageData gives them.
 long long SampleBytes(CcImage& image);
 

@@ -115,6 +115,15 @@ bool MayBeReplaced(const std::string& path) {
     return true;
 }
 
+/// The library shows a box of its own for a file that cannot be made.
+bool CanBeMade(const std::string& path) {
+    const HANDLE file =
+        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    CloseHandle(file);
+    return true;
+}
+
 }  // namespace
 
 const char* const openFilters =
@@ -163,7 +172,7 @@ bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
     // The result is 0 also when the disk is full.
     const bool isWritten =
         path.size() + longestAddition < KEST_NAME_SIZE && WriteWhole(path, [&](const std::string& newPath) {
-            if (image.SaveBMPFile(newPath.c_str()) < 0) return false;
+            if (!CanBeMade(newPath) || image.SaveBMPFile(newPath.c_str()) < 0) return false;
             if (!imageClass.isWide) return BytesOfFile(newPath) > SampleBytes(image);
             const std::string newSamples = SamplesPath(newPath, imageClass.type),
                               samples = SamplesPath(path, imageClass.type);

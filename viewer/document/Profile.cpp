@@ -77,6 +77,14 @@ std::vector<tagPoints> MakeProfile(Document& document, CcRoiBase& roi) {
             addSample(static_cast<double>(path[i - 1].x) + dx * step / steps,
                       static_cast<double>(path[i - 1].y) + dy * step / steps);
     }
+    // The way along an outline's pixels has stairs; its length is that of the lines that they stand for.
+    const double length =
+        document.Calibration() ? KestRoiLengthWorld(&roi, document.Calibration()) : KestRoiLengthPixels(&roi);
+    const bool isOutline = roi.GetROIType() == KEST_ROI_FREEHAND || roi.GetROIType() == KEST_ROI_FREEHANDLINE ||
+                           roi.GetROIType() == KEST_ROI_POLYLINE || roi.GetROIType() == KEST_ROI_POLYFREEHAND;
+    if (isOutline && distance > 0 && length > 0 && std::isfinite(length))
+        for (tagPoints& sample : profile)
+            sample.x = static_cast<float>(static_cast<double>(sample.x) * length / distance);
     return profile;
 }
 

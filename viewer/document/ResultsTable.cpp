@@ -96,7 +96,8 @@ std::string ResultText(const ResultRow& row, int column, int digits) {
 }
 
 std::string ResultsAsText(const ResultsTable& table, char separator) {
-    constexpr int exportDigits = 9;
+    // As many as samples of 32 bits have.
+    constexpr int exportDigits = 10;
     std::string text;
     const auto addLine = [&](const auto& cell) {
         for (int column = 0; column < resultColumnCount; ++column) {

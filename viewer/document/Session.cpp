@@ -5,6 +5,8 @@
 #include <climits>
 #include <cmath>
 #include <cstring>
+#include <fstream>
+#include <string_view>
 #include <vector>
 
 #include "platform/Busy.h"
@@ -105,7 +107,12 @@ bool HoldsOnlyRois(CcImage& image) {
 }  // namespace
 
 bool IsSessionFile(const std::string& path) {
-    return ExtensionOf(path) == ".kvs";
+    if (ExtensionOf(path) == ".kvs") return true;
+    // Under another name, a session begins as object streams do.
+    constexpr std::string_view tag = "OST_OBJECTHEADER";
+    char first[tag.size()] = {};
+    std::ifstream(path, std::ios::binary).read(first, sizeof first);
+    return std::string_view(first, sizeof first) == tag;
 }
 
 bool SaveSession(Document& document, const std::string& path, std::string& error) {
@@ -199,6 +206,7 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
         std::unique_ptr<CcCalibration> calibration(new CcCalibration);
         const std::string beside = FolderOf(path) + FileNameOf(calibrationPath);
         const std::string found = FileExists(calibrationPath) ? calibrationPath : beside;
+        const Busy opening("Opening " + FileNameOf(found), BytesOfFile(found));
         if (calibration->Open(found.c_str()) < 0 || !document->SetCalibration(std::move(calibration), found)) {
             // It may be there again the next time.
             document->calibrationPath = calibrationPath;

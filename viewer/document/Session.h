@@ -12,6 +12,7 @@
 
 namespace kestview {
 
+/// By its extension, or by what it begins with.
 bool IsSessionFile(const std::string& path);
 bool SaveSession(Document& document, const std::string& path, std::string& error);
 /// Null, with the reason in plain words, when it cannot be opened. `warning` tells of a calibration that was not found.

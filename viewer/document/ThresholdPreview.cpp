@@ -95,10 +95,8 @@ void ThresholdPreview::RestoreTables() {
     for (int channel = 0; channel < 3; ++channel)
         if (!savedTables[channel].empty()) {
             // What the library lists of the range is rounded, and would be taken for another one.
-            if (exactRange) {
-                savedTables[channel].front().x = exactRange->x;
-                savedTables[channel].back().x = exactRange->y;
-            }
+            savedTables[channel].front().x = exactRange.x;
+            savedTables[channel].back().x = exactRange.y;
             image.SetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data());
         }
 }

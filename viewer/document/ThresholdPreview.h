@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "KestApi.h"
@@ -47,7 +46,7 @@ private:
     CcImage& image;
     HWND window = nullptr;
     bool isOn = false;
-    std::optional<tagPoints> exactRange;
+    tagPoints exactRange = {0, 255};
     std::vector<unsigned char> colours;
     std::vector<tagPoints> savedTables[3];
 };

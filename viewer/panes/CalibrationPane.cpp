@@ -84,7 +84,8 @@ bool CalibrationPane::SelectMissingPoint(int first) {
 void CalibrationPane::ShowPoints() {
     for (int i = 0; i < pointCount; ++i) {
         const auto point = document ? document->calibrationDraft.points[i] : CalibrationDraft::Point();
-        SetText(IDC_CAL_IMAGE_1 + i, point.isPicked ? Format("%ld, %ld", point.pixel.x, point.pixel.y) : "click");
+        SetText(IDC_CAL_IMAGE_1 + i,
+                point.isPicked ? NumberText(point.pixel.x) + ", " + NumberText(point.pixel.y) : "click");
     }
     main.View().Refresh(DisplayChanged);
 }
@@ -103,7 +104,7 @@ bool CalibrationPane::Pick(POINT pixel) {
     auto& points = document->calibrationDraft.points;
     const int point = SelectedPoint();
     points[point].isPicked = true;
-    points[point].pixel = pixel;
+    points[point].pixel = {static_cast<float>(pixel.x), static_cast<float>(pixel.y)};
     // The next point that is missing; else the same stays.
     SelectMissingPoint(point);
     ShowPoints();
@@ -159,7 +160,7 @@ void CalibrationPane::Apply() {
             SetFocus(Item((x ? IDC_CAL_WORLD_Y_1 : IDC_CAL_WORLD_X_1) + i));
             return;
         }
-        image[i] = {static_cast<float>(points[i].pixel.x), static_cast<float>(points[i].pixel.y)};
+        image[i] = points[i].pixel;
         world[i] = {static_cast<float>(*x), static_cast<float>(*y)};
     }
     const std::string unit = Text(IDC_CAL_UNIT);
@@ -188,6 +189,7 @@ void CalibrationPane::OpenFile() {
     if (!document) return;
     const auto path = AskOpenPath(main, "Open Calibration", fileFilters, "cal");
     if (!path || !MayReplace()) return;
+    const Busy busy("Opening " + FileNameOf(*path), BytesOfFile(*path));
     std::unique_ptr<CcCalibration> calibration(new CcCalibration);
     if (calibration->Open(path->c_str()) < 0) {
         ShowError(main, FileNameOf(*path) + " is not a calibration file, or it is damaged.");
@@ -210,6 +212,7 @@ bool CalibrationPane::SaveFile() {
     // Save does not tell of a full disk: the area of every pixel stands in the file.
     const SIZE size = document->Size();
     const long long areaBytes = 4LL * size.cx * size.cy;
+    const Busy busy("Saving " + FileNameOf(*path), areaBytes);
     if (!WriteWhole(*path, [&](const std::string& newPath) {
             return document->Calibration()->Save(newPath.c_str()) == 0 && BytesOfFile(newPath) > areaBytes;
         })) {
@@ -228,7 +231,8 @@ void CalibrationPane::PaintOver(HDC dc) const {
     SetBkMode(dc, TRANSPARENT);
     for (int i = 0; i < pointCount; ++i) {
         if (!points[i].isPicked) continue;
-        const POINT at = main.View().PointOf(points[i].pixel.x, points[i].pixel.y);
+        const POINT at =
+            main.View().PointOf(static_cast<double>(points[i].pixel.x), static_cast<double>(points[i].pixel.y));
         // A dark line under a bright one is seen on any picture.
         for (const bool isBright : {false, true}) {
             const GdiObject pen(CreatePen(PS_SOLID, isBright ? 1 : 3, isBright ? RGB(255, 230, 0) : RGB(0, 0, 0)));

@@ -40,9 +40,8 @@ void DisplayTablePane::OnInit() {
     GraphPane::OnInit();
     graph.onPointDragged = [this](int curve, int point) { OnDragged(curve, point); };
     graph.onPointPicked = [this](int curve, int point) {
-        pickedPoint = point;
         Send(IDC_TABLE_CHANNEL, CB_SETCURSEL, static_cast<WPARAM>(curve));
-        Enable(IDC_TABLE_REMOVE, graph.Points(curve).size() > 2);
+        NotePicked(point);
     };
 }
 
@@ -57,7 +56,7 @@ int DisplayTablePane::Channel(int curve) const {
 
 std::vector<tagPoints> DisplayTablePane::CurveOf(int channel) const {
     const auto edited = document->TableCurves().find({document->DisplayTable(), channel});
-    return edited == document->TableCurves().end() ? StraightCurve(ShownRange(document->Image())) : edited->second;
+    return edited == document->TableCurves().end() ? StraightCurve(document->ShownRange()) : edited->second;
 }
 
 void DisplayTablePane::Update() {
@@ -66,11 +65,10 @@ void DisplayTablePane::Update() {
         document && !document->Class().isColour && document->Class().type != KEST_IMAGE_BINARY && table > 100;
     const int selected = std::max(0, graph.SelectedCurve());
     graph.ClearCurves();
-    pickedPoint = -1;
+    NotePicked(-1);
     Send(IDC_TABLE_CHANNEL, CB_RESETCONTENT);
     for (const int id : {IDC_TABLE_CHANNEL, IDC_TABLE_RESET, IDC_TABLE_INVERT, IDC_TABLE_ADD})
         Enable(id, isEditable);
-    Enable(IDC_TABLE_REMOVE, false);
     if (!isEditable) {
         graph.SetTexts("Display table", "", "");
         graph.SetRanges(0, topLevel, 0, topLevel);
@@ -106,7 +104,7 @@ void DisplayTablePane::OnDragged(int curve, int index) {
     point.y = std::clamp(point.y, 0.0f, topLevel);
     // The points keep their order. The ends stand at the ends of the input values; of wide pictures they may be moved,
     // which moves the range that is shown.
-    const tagPoints range = ShownRange(document->Image());
+    const tagPoints range = document->ShownRange();
     const float step = (range.y - range.x) / 255;
     const auto at = static_cast<std::size_t>(index);
     if ((isFirst || isLast) && !document->Class().isWide) {
@@ -116,6 +114,17 @@ void DisplayTablePane::OnDragged(int curve, int index) {
         if (!isLast) point.x = std::min(point.x, points[at + 1].x - step);
     }
     Apply(curve);
+}
+
+/// The ends of a curve stay.
+bool DisplayTablePane::IsInner(int point) {
+    const int curve = graph.SelectedCurve();
+    return curve >= 0 && point > 0 && point < static_cast<int>(graph.Points(curve).size()) - 1;
+}
+
+void DisplayTablePane::NotePicked(int point) {
+    pickedPoint = point;
+    Enable(IDC_TABLE_REMOVE, IsInner(point));
 }
 
 void DisplayTablePane::Apply(int curve) {
@@ -141,14 +150,11 @@ void DisplayTablePane::ShowAtOnce() {
 void DisplayTablePane::Reset() {
     const int curve = graph.SelectedCurve();
     if (curve < 0) return;
-    // Wide pictures show their whole range again.
-    document->Image().SetAutoUpdateDisplay(1);
-    ShowAtOnce();
-    graph.Points(curve) = StraightCurve(ShownRange(document->Image()));
-    document->ResetTableCurve(document->DisplayTable(), Channel(curve), graph.Points(curve));
+    document->ResetTableCurve(document->DisplayTable(), Channel(curve));
+    graph.Points(curve) = CurveOf(Channel(curve));
     graph.PointsResized(curve);
+    NotePicked(-1);
     TakeCurves();
-    document->Changed(DisplayChanged, true);
     ShowAtOnce();
 }
 
@@ -172,6 +178,7 @@ void DisplayTablePane::AddPoint() {
     const tagPoints middle = {(points[widest].x + points[widest - 1].x) / 2,
                               (points[widest].y + points[widest - 1].y) / 2};
     points.insert(points.begin() + static_cast<std::ptrdiff_t>(widest), middle);
+    NotePicked(static_cast<int>(widest));
     graph.PointsResized(curve);
     Apply(curve);
 }
@@ -180,11 +187,9 @@ void DisplayTablePane::RemovePoint() {
     const int curve = graph.SelectedCurve();
     if (curve < 0) return;
     std::vector<tagPoints>& points = graph.Points(curve);
-    const bool isInner = pickedPoint > 0 && pickedPoint < static_cast<int>(points.size()) - 1;
-    if (!isInner) return;
+    if (!IsInner(pickedPoint)) return;
     points.erase(points.begin() + pickedPoint);
-    pickedPoint = -1;
-    Enable(IDC_TABLE_REMOVE, false);
+    NotePicked(-1);
     graph.PointsResized(curve);
     Apply(curve);
 }
@@ -193,7 +198,10 @@ bool DisplayTablePane::OnCommand(int id, int code) {
     if (!document) return true;
     switch (id) {
         case IDC_TABLE_CHANNEL:
-            if (code == CBN_SELCHANGE) graph.SelectCurve(static_cast<int>(Send(IDC_TABLE_CHANNEL, CB_GETCURSEL)));
+            if (code == CBN_SELCHANGE) {
+                graph.SelectCurve(static_cast<int>(Send(IDC_TABLE_CHANNEL, CB_GETCURSEL)));
+                NotePicked(-1);
+            }
             break;
         case IDC_TABLE_RESET:
             Reset();

@@ -26,6 +26,9 @@ private:
     /// As it was edited, else straight.
     std::vector<tagPoints> CurveOf(int channel) const;
     void TakeCurves();
+    bool IsInner(int point);
+    /// The point of the selected curve that Remove Point takes away; -1 for none.
+    void NotePicked(int point);
 
     int pickedPoint = -1;
 };

@@ -36,6 +36,8 @@ void GraphPane::UpdateSoon() {
 
 bool GraphPane::OnOther(UINT message, WPARAM wParam, LPARAM, LRESULT&) {
     if (message != WM_TIMER || wParam != updateTimer) return false;
+    // A dialog may be at work on the curves; the timer comes again.
+    if (!IsWindowEnabled(GetAncestor(window, GA_ROOT))) return true;
     KillTimer(window, updateTimer);
     Update();
     return true;

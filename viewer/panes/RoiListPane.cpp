@@ -32,6 +32,11 @@ void RoiListPane::OnSize(int, int height) {
 
 void RoiListPane::Refresh(unsigned change) {
     if (!(change & RoisChanged)) return;
+    // A name that is being typed belongs to the other picture.
+    if (change == EverythingChanged) {
+        renamedIn = nullptr;
+        Send(IDC_ROI_LIST, LVM_CANCELEDITLABEL);
+    }
     const Filling filling(isFilling);
     const ListView list(Item(IDC_ROI_LIST));
     const int count = document ? document->RoiCount() : 0;
@@ -78,9 +83,13 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
             if (!isFilling && isSelection) TakeSelection();
             return 0;
         }
+        case LVN_BEGINLABELEDITA:
+            renamedIn = document;
+            return FALSE;
         case LVN_ENDLABELEDITA: {
             const LVITEMA& item = reinterpret_cast<const NMLVDISPINFOA&>(header).item;
-            if (!item.pszText || !*item.pszText || item.iItem >= document->RoiCount()) return FALSE;
+            if (renamedIn != document || !item.pszText || !*item.pszText || item.iItem >= document->RoiCount())
+                return FALSE;
             document->RenameRoi(document->Roi(item.iItem), item.pszText);
             // A name that was cut has been written by the refresh.
             return CutForStreams(item.pszText) == item.pszText;

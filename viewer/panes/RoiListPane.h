@@ -18,6 +18,8 @@ private:
     bool OnCommand(int id, int code) override;
     LRESULT OnNotify(NMHDR& header) override;
     void TakeSelection();
+
+    const Document* renamedIn = nullptr;  ///< whose ROI's name is being typed
 };
 
 }  // namespace kestview

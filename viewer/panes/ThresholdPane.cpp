@@ -107,9 +107,8 @@ void ThresholdPane::FillChannels() {
     Enable(IDC_BAND_CHANNEL, present >= 0);
     std::string units = "Levels 0 to 255.";
     if (document && document->Class().isWide)
-        units =
-            Format("Levels of the display: 0 is %g, 255 is %g.", static_cast<double>(ShownRange(document->Image()).x),
-                   static_cast<double>(ShownRange(document->Image()).y));
+        units = Format("Levels of the display: 0 is %.9g, 255 is %.9g.", static_cast<double>(document->ShownRange().x),
+                       static_cast<double>(document->ShownRange().y));
     if (document && document->Class().type == KEST_IMAGE_HSL)
         units = "Hue 0 to 239 stands for 0 to 360 degrees; the others 0 to 240.";
     if (document && !ThresholdPreview::IsPossible(document->Image())) units = "A binary picture has only two values.";
@@ -151,8 +150,10 @@ void ThresholdPane::FillSliders() {
     for (const auto& [slider, level] : {std::pair{IDC_BAND_LOW, band.fLow}, std::pair{IDC_BAND_HIGH, band.fHigh}})
         if (Send(slider, TBM_GETPOS) != static_cast<LRESULT>(level))
             Send(slider, TBM_SETPOS, TRUE, static_cast<LPARAM>(level));
-    if (GetFocus() != Item(IDC_BAND_LOW_TEXT)) SetNumber(IDC_BAND_LOW_TEXT, static_cast<double>(band.fLow));
-    if (GetFocus() != Item(IDC_BAND_HIGH_TEXT)) SetNumber(IDC_BAND_HIGH_TEXT, static_cast<double>(band.fHigh));
+    if (!isTyping) bandAtRest = band;
+    for (const auto& [field, level] :
+         {std::pair{IDC_BAND_LOW_TEXT, band.fLow}, std::pair{IDC_BAND_HIGH_TEXT, band.fHigh}})
+        if (!isTyping || GetFocus() != Item(field)) SetNumber(field, static_cast<double>(level));
 }
 
 void ThresholdPane::AddBand(bool isEdit) {
@@ -258,12 +259,13 @@ bool ThresholdPane::OnCommand(int id, int code) {
             if (code != EN_CHANGE || selected < 0) break;
             const auto value = Number(id);
             if (!value || *value < 0 || *value > (id == IDC_BAND_LOW_TEXT ? highestLow : highestLevel)) break;
-            const ThresholdTag band = document->Bands()[static_cast<std::size_t>(selected)];
             const auto level = static_cast<float>(*value);
+            // The other bound gives way to the number as it stands, and comes back when the number goes on.
+            const Filling typing(isTyping);
             if (id == IDC_BAND_LOW_TEXT)
-                ChangeBand(level, std::max(level, band.fHigh));
+                ChangeBand(level, std::max(level, bandAtRest.fHigh));
             else
-                ChangeBand(std::min(level, band.fLow), level);
+                ChangeBand(std::min(level, bandAtRest.fLow), level);
             break;
         }
         default:

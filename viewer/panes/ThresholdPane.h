@@ -30,6 +30,8 @@ private:
     int SelectedBand() const;
 
     bool isInFront = false;
+    bool isTyping = false;         ///< in a field: what stands in it is the user's
+    ThresholdTag bandAtRest = {};  ///< the selected band before the number at hand was typed
     std::size_t selectedBand = 0;
 };
 
