@@ -6,6 +6,7 @@
 #include "KestApi.h"
 #include "Resource.h"
 #include "support/Bytes.h"
+#include "support/Printer.h"
 #include "viewer/Driver.h"
 
 namespace test {
@@ -121,6 +122,33 @@ TEST(Pictures, AreEditedOneByOne) {
     EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"second * - KestView"; }));
     view.Press({VK_CONTROL, 'W'});
     view.AnswerBox('N');
+    Close(view);
+}
+
+TEST(Pictures, LargerThanThePageArePrintedWhole) {
+    ASSERT_TRUE(InstallPrinter());
+    constexpr int columns = 3000, lines = 800, border = 30;
+    const TemporaryFile file("wide.bmp");
+    {
+        CcGrayImage256 image;
+        image.MakeBlankBMP(lines, columns, 0, "wide");
+        auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
+        for (int i = 0; i < lines * columns; ++i)
+            pixels[i] = i % columns >= columns - border ? 255 : 96;
+        image.SaveBMPFile(file.Path());
+    }
+    Driver view(L"wide.bmp");
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"wide - KestView"; }));
+    view.Press({VK_CONTROL, 'P'});
+    ASSERT_TRUE(view.WaitForDialog(L"Print"));
+    view.Press({VK_RETURN});
+    const Picture page = TakePrintedPage();
+    ASSERT_EQ(page.width, 2400);
+    EXPECT_EQ(page.At(1200, 320) & 0xFF, 96u);
+    EXPECT_EQ(page.At(2390, 320) & 0xFF, 255u) << "the border at the right";
+    EXPECT_EQ(page.At(2370, 320) & 0xFF, 96u);
+    EXPECT_EQ(page.At(1200, 630) & 0xFF, 96u);
+    EXPECT_EQ(page.At(1200, 650) & 0xFF, 255u) << "paper";
     Close(view);
 }
 
