@@ -110,7 +110,9 @@ int CcFileObjectStorage::Write(void* pBuffer, long lLength) {
     }
     const int flushed = Flush();
     if (flushed < 0) return flushed;
-    return WriteAll(hFile, pBuffer, lLength) ? KEST_OK : KEST_WRITE_FAILED;
+    if (WriteAll(hFile, pBuffer, lLength)) return KEST_OK;
+    bTransferFailed = iWholeObjects > 0;
+    return KEST_WRITE_FAILED;
 }
 
 int CcFileObjectStorage::SetPos(long lPosition) {

@@ -153,8 +153,9 @@ struct KestWideMembers {
         if (!own) return KEST_OK;
         if (!points) return KEST_FAILED;
         std::copy_n(points, count, own);
-        const bool isMaxNew = TakeBound(image.fDisplayMax, own[count - 1].x, image.bKeepsDisplayRange);
-        const bool isMinNew = TakeBound(image.fDisplayMin, own[0].x, image.bKeepsDisplayRange);
+        if (image.bKeepsDisplayRange) return ShowLevels(image, lut, channel, {own, static_cast<std::size_t>(count)});
+        const bool isMaxNew = TakeBound(image.fDisplayMax, own[count - 1].x);
+        const bool isMinNew = TakeBound(image.fDisplayMin, own[0].x);
         if (!isMaxNew && !isMinNew) return RebuildTable(image, lut, channel);
         Normalise(image);
         SpreadAllLists(image);
@@ -182,14 +183,9 @@ struct KestWideMembers {
     }
 
     /// Runs an operation of the 8-bit image that colours levels. The lists that it puts back only show other levels:
-    /// where the display range begins and ends is not theirs to say. Lists that cover another range, because the image was
-    /// not shown yet or updates nothing by itself, are spread over it first: their points are the levels then.
+    /// where the display range begins and ends is not theirs to say.
     template <class Operation>
     static int Threshold(Image& image, Operation operation) {
-        if (!ListsCoverDisplayRange(image)) {
-            Normalise(image);
-            SpreadAllLists(image);
-        }
         image.bKeepsDisplayRange = true;
         const int result = operation();
         image.bKeepsDisplayRange = false;
@@ -260,25 +256,24 @@ private:
         kest::MapSamples(samples, mapping, bytes);
     }
 
-    /// By more than a tenth of a sample unit.
-    static bool IsMoved(float bound, float moved) { return std::abs(double{moved} - bound) > 0.1; }
-
-    /// Takes a bound that is moved; false when it stays.
-    static bool TakeBound(float& bound, float moved, bool keeps) {
-        if (keeps || !IsMoved(bound, moved)) return false;
+    /// Takes a bound that is moved by more than a tenth of a sample unit; false when it stays.
+    static bool TakeBound(float& bound, float moved) {
+        if (!(std::abs(double{moved} - bound) > 0.1)) return false;
         bound = moved;
         return true;
     }
 
-    /// The last point of a spread list carries the rounding of 255 steps.
-    static bool ListsCoverDisplayRange(Image& image) {
-        const double rounding = 1e-4 * std::abs(double{image.fDisplayMax} - image.fDisplayMin);
-        return std::all_of(std::begin(lists), std::end(lists), [&](const ListName& list) {
-            int count = 0;
-            const tagPoints* points = image.PointsOf(list.lut, list.channel, &count);
-            return !IsMoved(image.fDisplayMin, points[0].x) &&
-                   std::abs(double{image.fDisplayMax} - points[count - 1].x) <= std::max(0.1, rounding);
-        });
+    /// Takes a colour list of thresholding into use. One that covers another range than the display, because the image was
+    /// not shown yet or updates nothing by itself, is spread over it: its points are the levels then.
+    static int ShowLevels(Image& image, int lut, int channel, std::span<const tagPoints> points) {
+        const double low = image.fDisplayMin, high = image.fDisplayMax;
+        // The last point of a spread list carries the rounding of its steps.
+        const double rounding = 0.1 + 0x1p-16 * std::max(std::abs(low), std::abs(high));
+        if (!(std::abs(low - points.front().x) <= 0.1) || !(std::abs(high - points.back().x) <= rounding)) {
+            Normalise(image);
+            SpreadList(image, channel - 1);
+        }
+        return RebuildTable(image, lut, channel);
     }
 
     static void SpreadAllLists(Image& image) {

@@ -40,7 +40,7 @@ public:
 
     /// Selects a tool, or none with a negative index. -1 for an index beyond the list.
     int SelectElement(int iIndex);
-    /// -1 when none is selected.
+    /// Negative when none is selected.
     int GetSelectedElement();
 
 protected:

@@ -89,8 +89,8 @@ public:
     /// KEST_CHANNEL_HUE at first.
     virtual int GetAccess();                                                                        // slot 31
     /// Paints the pixels of a box of hue, saturation and lightness, ends included, whatever the access channel. -1 when
-    /// a low end is not below its high end. Low ends are raised to 0, high ends lowered to 255, the colour cut to
-    /// 0..255.
+    /// a low end is not below its high end. Low ends are raised to 0, high ends lowered to 255; of each end its
+    /// low 8 bits count then. The colour is cut to 0..255.
     virtual int ThresholdImageHSL(HWND hWnd, int iHueLow, int iHueHigh, int iSatLow, int iSatHigh, int iLightLow,
                                   int iLightHigh, int iRed, int iGreen, int iBlue);                 // slot 32
 

@@ -53,7 +53,8 @@ public:
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
     /// 24-bit files without colour table whose rows need no padding. -1 after messages: the file's fault, then "Could
     /// not open DIB file"; for a file with a colour table "This type of Object only handles 24Bit RBG Color BitMaps".
-    /// The image then has no pixels. The name is the file's up to its first dot.
+    /// The image then has no pixels. A path of 260 or more characters gives -1 without a message. The name is the file's
+    /// up to its first dot.
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
     /// -1 without an image (after a message) and for a cancelled dialog. 0 also when the file cannot be created, after
     /// "Can't open file".
@@ -95,7 +96,8 @@ public:
     /// KEST_CHANNEL_LUMINANCE at first.
     virtual int GetAccess();                                                                        // slot 31
     /// Paints the pixels of a box of colours, ends included, whatever the access channel. -1 when a low end is not
-    /// below its high end. Low ends are raised to 0, high ends lowered to 255, the new colour cut to 0..255.
+    /// below its high end. Low ends are raised to 0, high ends lowered to 255; of each end its low 8 bits count
+    /// then. The new colour is cut to 0..255.
     virtual int ThresholdImageRGB(HWND hWnd, int iRedLow, int iRedHigh, int iGreenLow, int iGreenHigh, int iBlueLow,
                                   int iBlueHigh, int iNewRed, int iNewGreen, int iNewBlue);         // slot 32
 

@@ -49,9 +49,11 @@ public:
     /// clamped to 0..255 and truncated. Between the points the table is constant.
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
     /// -1 after a message: "Could not open DIB file", or for a file with other than 256 colours "This type of Object
-    /// only handles 256 Color BitMaps" (until the next image arrives this one then has no pixels).
+    /// only handles 256 Color BitMaps" (until the next image arrives this one then has no pixels). A path of 260 or more
+    /// characters gives -1 without one.
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
-    /// 0 also when the file cannot be created; -1 without an image (after a message) and for a cancelled dialog.
+    /// 0 also when the file cannot be created; -1 without an image (after a message), for a cancelled dialog, and for a path
+    /// of 260 or more characters.
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every pixel gets the low 8 bits of iValue. An image of that size already is refilled and keeps its colours.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16

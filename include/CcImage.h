@@ -44,7 +44,7 @@ enum KestImageType : int {
 /// stretches the whole image to the target. `usLUT` selects a display table, 100 to 104.
 ///
 /// Results: 0, or -1 for failure (-1.0 and null for floats and pointers). In this base class each operation of the
-/// interface beeps and shows "This is a Virtual Function".
+/// interface but GetRegion beeps and shows "This is a Virtual Function"; those for thresholding return 0 after it.
 ///
 /// A copy shares its source's blocks (see KestBlocks.h), its list members included.
 class KEST_API CcImage : public CcHLObject {
@@ -135,7 +135,7 @@ public:
     /// @name Overlay
     /// A byte a pixel in one block, rows of exactly the image's width, bottom row first. A byte selects one of the
     /// 20 system colours by its value modulo 20 (13 red, 14 green, 16 blue, 19 white); black, as 0, 20 and all from
-    /// 240 on, lets the image show. The overlay keeps its size when the image gets another one; make it anew then.
+    /// 240 on, lets the image show (Print paints every value but 0). The overlay keeps its size when the image gets another one; make it anew then.
     /// @{
 
     /// Replaces the overlay by an empty one of the image's size. -1 without an image, or after a message.

@@ -51,7 +51,7 @@ enum KestRoiType : int {
 
 /// The iDragMode argument of StartMouseDrag.
 enum KestDragMode : int {
-    KEST_DRAG_CONVERT = 0,  ///< take the place of another ROI, then move
+    KEST_DRAG_CONVERT = 0,  ///< take the place of another ROI, then move; a drawn outline moves from where it is
     KEST_DRAG_MOVE = 1,     ///< carry the whole ROI along
     KEST_DRAG_CREATE = 2,   ///< draw it
     KEST_DRAG_RESIZE = 3,   ///< by the handle that MouseHitTest found
@@ -84,7 +84,7 @@ public:
     /// The ROI's own coordinate record.
     virtual void* GetRoiImageCord();                                                                // slot 9
     /// Begins drawing, moving or resizing at the mouse position (client pixels) and captures the mouse. -1 for a mode
-    /// that the class does not have.
+    /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points.
     virtual int StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                                POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom);  // slot 10
     /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon.
@@ -114,7 +114,8 @@ public:
     /// The code of what lies under the mouse: -1 nothing, 0 the shape, above 0 one of its handles.
     virtual int MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                              POINT stMouse, int iTestZoom);                                         // slot 17
-    /// The bounding rectangle (top above bottom); prepares the boundary queries. Null when memory is short.
+    /// The bounding rectangle (top above bottom); prepares the boundary queries. Null for an outline without
+    /// points, or when memory is short.
     virtual RECT* GetBoundingRect();                                                                // slot 18
     /// The y values of the ROI on a column, `*piCount` of them; 0 when it misses the column. The buffer stays the ROI's
     /// and is overwritten by the next query. Call GetBoundingRect first.

@@ -28,7 +28,7 @@ public:
     /// Brings back what Undo replaced last.
     int Redo();
     /// To be called instead of finishing the edit that Remember was called for: all is as before that call, what could
-    /// be redone then can be again. -1 when Undo or Redo came in between.
+    /// be redone then can be again; only the oldest step of a full history is gone. -1 when Undo or Redo came in between.
     int Cancel();
     /// 1 when there is something to undo.
     int CanUndo() const { return pUndo != nullptr; }

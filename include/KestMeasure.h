@@ -47,7 +47,8 @@ struct KestRoiMeasurement {
 /// Measures a ROI of an image, with the image's calibration if it has one. The values are bytes of 8-bit and binary
 /// images, samples of the wide images, and the luminance 0.299 R + 0.587 G + 0.114 B of the colour images, all as the
 /// image holds them now (so recoloured while a colour image is being thresholded). Prepares the ROI's boundary queries.
-/// 0; -1, with `*pResult` zeroed, for a null pointer, an image without pixels, or without memory.
+/// 0; -1, with `*pResult` zeroed, for a null pointer, an image without pixels, an outline without points, or without
+/// memory.
 KEST_API int KestMeasureRoi(CcImage* pImage, CcRoiBase* pRoi, KestRoiMeasurement* pResult);
 
 /// Length in pixels of a ROI of any size and place; -1.0 for null or a shape of a host's own.

@@ -19,7 +19,7 @@ void DrawLine(HDC dc, const IntRect& place);
 /// A circle of radius 10 round left/top and a cross of 15 pixels each way.
 void DrawPointMark(HDC dc, const IntRect& place);
 
-/// A name right above a point mark, in the colour of the selected pen.
+/// A name right above a point mark, in the device context's text colour.
 void DrawName(HDC dc, const IntRect& place, const char* name);
 
 /// Four squares of 4 by 4 pixels, white, at the middles of the edges.

@@ -421,6 +421,8 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     Open16 fresh;
     fresh.Fill(1, 2, {1000, 3000});
     EXPECT_EQ(fresh.GetMinPixelValue(), 1000.0F);
+    EXPECT_EQ(fresh.ThresholdImage(nullptr, 150.0F, 100.0F, 1, 2, 3), -1);
+    EXPECT_EQ(fresh.List(101, 1)[255].x, 255.0F) << "nothing is changed by an empty band";
     EXPECT_EQ(fresh.BeginThresholding(nullptr, 101), 0);
     EXPECT_EQ(fresh.ThresholdImage(nullptr, 200.0F, 255.0F, 1, 2, 3), 0);
     EXPECT_EQ(fresh.fDisplayMax, 3000.0F);
@@ -437,5 +439,6 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     const test::Picture after = fixed.Through(101);
     EXPECT_EQ(after.At(1, 0), 0xFF0000u);
     EXPECT_NEAR(fixed.List(101, 1)[100].x, 392.157F, 0.01F);
+    EXPECT_EQ(fixed.List(102, 0)[100].x, 100.0F) << "the other tables stay";
     for (const int x : {0, 3}) EXPECT_EQ(after.At(x, 0), before.At(x, 0)) << x;
 }
