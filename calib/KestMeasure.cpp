@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <span>
 
 #include "CcCalibration.h"
 #include "CcImage.h"
@@ -89,13 +90,18 @@ void AddEllipse(Lengths& lengths, const RECT& record) {
     for (int i = 0; i < ellipseChords; ++i) lengths.Add(at(i), at(i + 1));
 }
 
-void AddOutline(Lengths& lengths, CcRoiBase& roi, bool isClosed) {
+/// The pixels of a drawn outline, in the order drawn.
+std::span<const kest::IntPoint> ChainOf(CcRoiBase& roi) {
     const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
-    if (!outline.stPOINTS || !outline.hPOINTS || outline.iNumOfPoints < 1) return;
+    if (!outline.stPOINTS || !outline.hPOINTS || outline.iNumOfPoints < 1) return {};
     static_assert(sizeof(POINT) == sizeof(kest::IntPoint));
     const std::size_t count = std::min<std::size_t>(static_cast<std::size_t>(outline.iNumOfPoints),
                                                     GlobalSize(outline.hPOINTS) / sizeof(POINT));
-    kest::VisitStraightLines({reinterpret_cast<const kest::IntPoint*>(outline.stPOINTS), count}, isClosed,
+    return {reinterpret_cast<const kest::IntPoint*>(outline.stPOINTS), count};
+}
+
+void AddOutline(Lengths& lengths, CcRoiBase& roi, bool isClosed) {
+    kest::VisitStraightLines(ChainOf(roi), isClosed,
                              [&lengths](kest::IntPoint from, kest::IntPoint to) {
                                  lengths.Add({static_cast<double>(from.x), static_cast<double>(from.y)},
                                              {static_cast<double>(to.x), static_cast<double>(to.y)});
@@ -255,6 +261,22 @@ bool AddPoints(Lengths& lengths, const tagPoints* points, int count, bool isClos
 }
 
 }  // namespace
+
+int KestOutlineCorners(CcRoiBase* pRoi, tagPoints* pCorners, int iMost) {
+    if (!pRoi) return KEST_FAILED;
+    if (!dynamic_cast<CcRoiFreeHand*>(pRoi) && !dynamic_cast<CcRoiPolyFreeHand*>(pRoi) &&
+        !dynamic_cast<CcRoiFreeHandLine*>(pRoi) && !dynamic_cast<CcRoiPolyLine*>(pRoi))
+        return 0;
+    const std::span<const kest::IntPoint> chain = ChainOf(*pRoi);
+    int count = 0;
+    const auto add = [&](kest::IntPoint corner) {
+        if (pCorners && count < iMost) pCorners[count] = {static_cast<float>(corner.x), static_cast<float>(corner.y)};
+        ++count;
+    };
+    if (!chain.empty()) add(chain.front());
+    kest::VisitStraightLines(chain, false, [&add](kest::IntPoint, kest::IntPoint to) { add(to); });
+    return count;
+}
 
 double KestLengthPixels(const tagPoints* pPoints, int iCount, int bClosed) {
     Lengths lengths(nullptr);

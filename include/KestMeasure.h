@@ -56,6 +56,11 @@ KEST_API double KestRoiLengthPixels(CcRoiBase* pRoi);
 /// The same in world units of the calibration. Not finite where the ROI meets the calibrated plane's horizon.
 KEST_API double KestRoiLengthWorld(CcRoiBase* pRoi, CcCalibration* pCalibration);
 
+/// The corners of a drawn outline: where the straight lines begin and end along which its length is measured, from the
+/// first pixel to the last; those of a closed outline go back to the first one. At most iMost of them are written to
+/// pCorners, which may be null for none. How many there are; 0 for another shape, -1 for a null ROI.
+KEST_API int KestOutlineCorners(CcRoiBase* pRoi, tagPoints* pCorners, int iMost);
+
 /// Length in pixels of the straight lines from point to point, and from the last to the first if bClosed is not 0.
 /// -1.0 for null or a count below 1.
 KEST_API double KestLengthPixels(const tagPoints* pPoints, int iCount, int bClosed);

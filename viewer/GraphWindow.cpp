@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "platform/Drawing.h"
 
@@ -81,6 +82,29 @@ void GraphWindow::PointsResized(int curve) {
     Invalidate();
 }
 
+void GraphWindow::NoteStyles() {
+    for (int i = 0; i < CurveCount(); ++i) {
+        CcCurve& curve = curves[static_cast<std::size_t>(i)]->curve;
+        tagCURVEAPPEARANCE appearance = {};
+        curve.GetCurveStyle(&appearance.iStyle, &appearance.ulColor, &appearance.iWidth);
+        std::strncpy(appearance.szName, curve.GetName(), sizeof appearance.szName - 1);
+        graph.SetCurveAppearance(i, &appearance);
+    }
+}
+
+void GraphWindow::TakeStyles() {
+    for (const auto& curve : curves)
+        for (int i = 0; i < KEST_GRAPH_CURVES; ++i) {
+            tagCURVEAPPEARANCE appearance;
+            if (graph.GetCurveAppearance(i, &appearance) < 0 ||
+                std::string(appearance.szName) != curve->curve.GetName())
+                continue;
+            curve->curve.SetCurveStyle(appearance.iStyle, appearance.ulColor, appearance.iWidth);
+            break;
+        }
+    Invalidate();
+}
+
 void GraphWindow::SelectCurve(int curve) {
     list.SelectObjectAtIndex(curve);
     Invalidate();
@@ -90,6 +114,7 @@ GraphWindow::Ranges GraphWindow::PresentRanges() {
     Ranges ranges = {};
     graph.GetMinMaxValues(&ranges.xMin, &ranges.xMax, &ranges.yMin, &ranges.yMax, &ranges.xExponent, &ranges.xDecimals,
                           &ranges.yExponent, &ranges.yDecimals);
+    graph.GetXYOriginCross(&ranges.xOrigin, &ranges.yOrigin);
     return ranges;
 }
 
@@ -101,6 +126,8 @@ GraphWindow::Texts GraphWindow::PresentTexts() {
 
 void GraphWindow::SetRanges(float xMin, float xMax, float yMin, float yMax) {
     if (programRanges && *programRanges != PresentRanges()) return;
+    for (const float bound : {xMin, xMax, yMin, yMax})
+        if (!std::isfinite(bound)) return;
     if (!(xMax > xMin)) xMax = xMin + 1;
     if (!(yMax > yMin)) yMax = yMin + 1;
     graph.SetMinMaxValues(xMin, xMax, yMin, yMax, 0, DecimalsFor(xMin, xMax), 0, DecimalsFor(yMin, yMax));

@@ -30,6 +30,9 @@ public:
     /// The curve whose points are marked; -1 for none.
     void SelectCurve(int curve);
     int SelectedCurve() { return list.GetSelectedObjectsIndex(); }
+    /// Gives the curves' styles to the graph, for its file; and takes those of the file for the curves of these names.
+    void NoteStyles();
+    void TakeStyles();
     /// Ranges with as many decimals as they need.
     void SetRanges(float xMin, float xMax, float yMin, float yMax);
     /// The program's ranges count again.
@@ -55,6 +58,7 @@ private:
     struct Ranges {
         float xMin, xMax, yMin, yMax;
         int xExponent, xDecimals, yExponent, yDecimals;
+        float xOrigin, yOrigin;
         bool operator==(const Ranges&) const = default;
     };
     struct Curve {

@@ -101,12 +101,24 @@ TEST(KestMeasure, RoisOfAllClasses) {
     for (int i = 0; i < 20; ++i) ring.push_back({10, 30 - i});
     ExpectListedPixels<CcRoiFreeHand>(Outline(ring), 21 * 21, 80);
     ExpectListedPixels<CcRoiPolyFreeHand>(Outline(ring), 21 * 21, 80);
+    CcRoiFreeHand square;
+    PixelGroupTag record = {0, 0, 0, static_cast<int>(ring.size()), ring.data(), nullptr};
+    square.SetRoiImageCord(&record);
+    tagPoints corners[5] = {};
+    EXPECT_EQ(KestOutlineCorners(&square, corners, 4), 5);
+    EXPECT_EQ(corners[2].x, 30);
+    EXPECT_EQ(corners[2].y, 30);
+    EXPECT_EQ(corners[4].x, 0) << "not written";
+    KestOutlineCorners(&square, corners, 5);
+    EXPECT_EQ(corners[4].y, 11);
     std::vector<POINT> folded = {{40, 40}, {41, 40}, {42, 40}, {43, 40}, {44, 40}, {43, 40}, {42, 40}, {43, 41}};
     ExpectListedPixels<CcRoiFreeHandLine>(Outline(folded), 6, 4 + 2 + std::sqrt(2.0));
     ExpectListedPixels<CcRoiPolyLine>(Outline(folded), 6, 4 + 2 + std::sqrt(2.0));
 
     CcRoiBase own;
     EXPECT_EQ(KestRoiLengthPixels(&own), -1.0);
+    EXPECT_EQ(KestOutlineCorners(&own, nullptr, 0), 0);
+    EXPECT_EQ(KestOutlineCorners(nullptr, nullptr, 0), -1);
     const tagPoints corner[] = {{0, 0}, {3, 0}, {3, 4}};
     EXPECT_DOUBLE_EQ(KestLengthPixels(corner, 3, 0), 7.0);
     EXPECT_DOUBLE_EQ(KestLengthPixels(corner, 3, 1), 12.0);

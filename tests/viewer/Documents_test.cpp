@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <memory>
 
 #include "document/Conversion.h"
@@ -187,6 +188,51 @@ TEST(WideDocuments, ShowTheirWholeRangeWhateverComesFirst) {
         loaded->ResetTableCurve(102, 0);
         EXPECT_EQ(levels(*loaded), whole);
     }
+}
+
+TEST(WideDocuments, ShowWhatIsANumber) {
+    auto document = MakeDocument(KEST_IMAGE_FLOAT);
+    auto* samples = static_cast<float*>(document->Image().GetBitMapImageData());
+    const float low = samples[1], high = samples[rows * columns - 2];
+    samples[0] = std::numeric_limits<float>::quiet_NaN();
+    for (const float last : {high, std::numeric_limits<float>::infinity()}) {
+        samples[rows * columns - 1] = last;
+        document->PixelsReplaced();
+        EXPECT_EQ(document->ShownRange().x, low);
+        EXPECT_EQ(document->ShownRange().y, high);
+        EXPECT_TRUE(std::isnan(samples[0])) << "the samples stay";
+        const auto shown = ConvertImage(document->Image(), KEST_IMAGE_GRAY256);
+        EXPECT_EQ((*shown)(1, 0), 0.0f);
+        EXPECT_EQ((*shown)(columns - 2, rows - 1), 255.0f);
+    }
+    // Any range can be had, however it was reached.
+    for (const float from : {0.5f, 0.08f, 0.05f})
+        document->SetTableCurve(102, 0, {{from, 0}, {1, 255}});
+    EXPECT_EQ(document->ShownRange().x, 0.05f);
+    samples[1] = 0.05f;
+    samples[2] = 0.05f + 0.95f / 2;
+    const auto shown = ConvertImage(document->Image(), KEST_IMAGE_GRAY256);
+    EXPECT_EQ((*shown)(1, 0), 0.0f);
+    EXPECT_EQ((*shown)(2, 0), 127.0f);
+}
+
+TEST(Session, KeepsTheColoursOfTheFile) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    const DibSection screen({columns, rows}, 32);
+    RECT all = {0, 0, columns, rows};
+    const auto drawn = [&](Document& shown) {
+        shown.Image().Show(screen, &all, 100, 1, 0, 0, 1);
+        GdiFlush();
+        return std::string(reinterpret_cast<const char*>(screen.Bits()), 4 * rows * columns);
+    };
+    const std::string before = drawn(*document);
+    document->Image().Show(screen, &all, 104, 1, 0, 0, 1);
+    const TemporaryFile file("gray.kvs");
+    std::string error, warning;
+    ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
+    auto loaded = OpenSession(file.Path(), error, warning);
+    ASSERT_TRUE(loaded) << error;
+    EXPECT_EQ(drawn(*loaded), before);
 }
 
 TEST(Session, RefusesWhatIsCutOffOrSomethingElse) {
@@ -473,12 +519,16 @@ TEST(Graphs, CountAndFollowTheRegion) {
         EXPECT_EQ(profile[static_cast<std::size_t>(i)].y, static_cast<unsigned char>((2 * columns + 1 + i) * 7));
     }
 
-    // The stairs of a slanted outline are no longer than the line that they stand for.
+    // The stairs of a slanted outline are no longer than the line that they stand for; what stands before them stays.
     auto polyline = RoiKindOf(KEST_ROI_POLYLINE)->make();
-    POINT stairs[] = {{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}, {5, 2}, {6, 3}, {7, 3}, {8, 4}};
-    PixelGroupTag outline = {0, 0, 0, 9, stairs, nullptr};
+    POINT stairs[] = {{0, 0}, {0, 1}, {0, 2}, {0, 3}, {0, 4}, {2, 5}, {3, 5}, {4, 6}, {5, 6}, {6, 7}, {7, 7}, {8, 8}};
+    stairs[5] = {1, 4};
+    PixelGroupTag outline = {0, 0, 0, 12, stairs, nullptr};
     polyline->SetRoiImageCord(&outline);
-    EXPECT_NEAR(MakeProfile(*document, *polyline).back().x, std::hypot(8, 4), 1e-3);
+    const std::vector<tagPoints> bent = MakeProfile(*document, *polyline);
+    EXPECT_NEAR(bent.back().x, KestRoiLengthPixels(polyline.get()), 1e-3);
+    EXPECT_EQ(bent[3].x, 3);
+    EXPECT_EQ(bent[3].y, static_cast<unsigned char>(3 * columns * 7));
 }
 
 TEST(Region, KeepsTheSamples) {

@@ -68,6 +68,7 @@ void GraphSettings(MainWindow& main, int id) {
             graph.ShowDLBLineStyle();
             break;
         case ID_GRAPH_SAVE:
+            window.NoteStyles();
             if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra"))
                 if (!WriteWhole(*path, [&](const std::string& newPath) {
                         return graph.SaveAppearance(newPath.c_str()) == 0 && BytesOfFile(newPath) == appearanceBytes;
@@ -75,9 +76,12 @@ void GraphSettings(MainWindow& main, int id) {
                     ShowError(main, "The appearance could not be written to\n" + *path);
             break;
         case ID_GRAPH_RESTORE:
-            if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra"))
+            if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra")) {
                 if (BytesOfFile(*path) != appearanceBytes || graph.RestoreAppearance(path->c_str()) < 0)
                     ShowError(main, FileNameOf(*path) + " is not a graph appearance, or it is damaged.");
+                else
+                    window.TakeStyles();
+            }
             break;
         default:
             break;

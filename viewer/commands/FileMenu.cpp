@@ -137,21 +137,25 @@ void FilePrint(MainWindow& main, int) {
             area = {std::max(1L, std::lround(std::floor(area.cx * scale))),
                     std::max(1L, std::lround(std::floor(area.cy * scale)))};
         shown.mode = 0;
+        shown.xOffset = shown.yOffset = 0;
+        shown.zoom = 1;
     } else {
         RECT seen;
         GetClientRect(shown.canvas, &seen);
         area = {seen.right, seen.bottom};
     }
     std::unique_ptr<CcImage> drawn;
-    if (document.RoiCount() > 0 || isReduced) {
-        if (isWhole && !isReduced) shown = {};
-        drawn = DrawnWithRois(document, shown, area, main.View().showsRoiNames);
+    // The library prints its 7-bit and 6-bit grays darker than it shows them.
+    if (document.RoiCount() > 0 || isReduced || document.ShownTable() >= 103) {
+        Shown drawing = shown;
+        if (isWhole && !isReduced) drawing.mode = 1;
+        drawn = DrawnWithRois(document, drawing, area, main.View().showsRoiNames);
         if (!drawn) {
             ShowError(main, "There is not enough memory to draw the picture for the page.");
             return;
         }
-        shown = main.View().GetShown();
         shown.mode = 0;
+        shown.zoom = 1;
     }
     CcImage& printed = drawn ? *drawn : document.Image();
     // The library's dialog is modal to the window with the focus.

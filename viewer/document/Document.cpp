@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "platform/Busy.h"
-#include "platform/Drawing.h"
 #include "platform/Text.h"
 
 namespace kestview {
@@ -21,6 +20,26 @@ void Spread(std::vector<tagPoints>& curve, float low, float high) {
     curve.back().x = high;
 }
 
+/// The smallest and the largest sample that are numbers; 0 and 1 without any.
+tagPoints FiniteRange(CcGrayImageFloat& image) {
+    const SIZE size = SizeOf(image);
+    const auto* samples = static_cast<const float*>(image.GetBitMapImageData());
+    tagPoints range = {0, 1};
+    bool isAny = false;
+    for (long long i = 0; i < static_cast<long long>(size.cx) * size.cy; ++i) {
+        if (!std::isfinite(samples[i])) continue;
+        range.x = isAny ? std::min(range.x, samples[i]) : samples[i];
+        range.y = isAny ? std::max(range.y, samples[i]) : samples[i];
+        isAny = true;
+    }
+    return range;
+}
+
+/// The library takes an end of a list as that of the range only when it has moved by more than a tenth.
+bool IsMovedTooLittle(float bound, float moved) {
+    return moved != bound && std::abs(static_cast<double>(moved) - static_cast<double>(bound)) <= 0.1;
+}
+
 }  // namespace
 
 Document::Document(std::unique_ptr<CcImage> newImage)
@@ -30,14 +49,27 @@ Document::Document(std::unique_ptr<CcImage> newImage)
     TakeWholeRange();
 }
 
-/// Goes through wide samples and draws one of them, as the library spreads its point lists over their range when it
-/// draws. Later drawings leave a range that was chosen.
+/// Goes through wide samples and shows their whole range. Later drawings leave a range that was chosen.
 void Document::TakeWholeRange() {
     if (!Class().isWide) return;
-    shownRange = {image->GetMinPixelValue(), image->GetMaxPixelValue()};
-    const DibSection screen({1, 1}, 24);
-    RECT pixel = {0, 0, 1, 1};
-    if (screen) image->Show(screen, &pixel, 100, 1, 0, 0, 1);
+    if (auto* real = dynamic_cast<CcGrayImageFloat*>(image.get())) {
+        wholeRange = FiniteRange(*real);
+        // A first sample that is no number would make the library's range none.
+        float& first = *static_cast<float*>(real->GetBitMapImageData());
+        const float kept = first;
+        if (std::isnan(first)) first = wholeRange.x;
+        shownRange = {image->GetMinPixelValue(), image->GetMaxPixelValue()};
+        first = kept;
+    } else {
+        wholeRange = shownRange = {image->GetMinPixelValue(), image->GetMaxPixelValue()};
+    }
+    DrawPlainly(*image);
+    // Infinite samples leave the library no range.
+    if (shownRange.x != wholeRange.x || shownRange.y != wholeRange.y) {
+        std::vector<tagPoints> straight = PointsFor(102, {{wholeRange.x, 0}, {wholeRange.y, 255}});
+        image->SetDisplayLUT(102, 0, straight.data());
+    }
+    shownRange = wholeRange;
     preview.SetShownRange(shownRange);
 }
 
@@ -145,23 +177,22 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
     std::vector<tagPoints> entries = PointsFor(table, points);
     if (entries.empty()) return;
     const tagPoints oldRange = shownRange;
-    image->SetDisplayLUT(table, channel, entries.data());
-    tableCurves[{table, channel}] = points;
     if (Class().isWide) {
-        // As the library takes it; what it lists of the range is rounded.
-        const auto taken = [](float bound, float moved) {
-            return std::abs(static_cast<double>(moved) - static_cast<double>(bound)) > 0.1 ? moved : bound;
-        };
-        shownRange = {taken(oldRange.x, points.front().x), taken(oldRange.y, points.back().x)};
+        // A small step is made by way of a larger one.
+        std::vector<tagPoints> detour = entries;
+        const bool isLowNear = IsMovedTooLittle(oldRange.x, points.front().x);
+        const bool isHighNear = IsMovedTooLittle(oldRange.y, points.back().x);
+        if (isLowNear) detour.front().x -= 10;
+        if (isHighNear) detour.back().x += 10;
+        if (isLowNear || isHighNear) image->SetDisplayLUT(table, channel, detour.data());
+        shownRange = {points.front().x, points.back().x};
         // All tables show the same range.
         for (auto& [place, curve] : tableCurves)
             Spread(curve, shownRange.x, shownRange.y);
-        if (shownRange.x != points.front().x || shownRange.y != points.back().x) {
-            entries = PointsFor(table, tableCurves[{table, channel}]);
-            image->SetDisplayLUT(table, channel, entries.data());
-        }
         preview.SetShownRange(shownRange);
     }
+    image->SetDisplayLUT(table, channel, entries.data());
+    tableCurves[{table, channel}] = points;
     hasEdits = true;
     SetModified(true);
     // Levels mean other values now.
@@ -276,10 +307,13 @@ const unsigned char* Document::Colours() {
 void Document::PixelsReplaced() {
     if (Class().isWide) {
         const PlainPixels plain(*this);
+        const bool wasWhole = shownRange.x == wholeRange.x && shownRange.y == wholeRange.y;
         image->ReScaleImageOnShow();
         TakeWholeRange();
         // The samples' own range has taken the place of a chosen one.
-        const auto curves = tableCurves;
+        auto curves = tableCurves;
+        for (auto& [place, points] : curves)
+            if (wasWhole) Spread(points, shownRange.x, shownRange.y);
         for (const auto& [place, points] : curves)
             SetTableCurve(place.first, place.second, points);
     } else {

@@ -159,6 +159,7 @@ private:
     unsigned short displayTable = 102;
     std::map<std::pair<int, int>, std::vector<tagPoints>> tableCurves;
     tagPoints shownRange = {0, 255};
+    tagPoints wholeRange = {0, 255};
     std::vector<tagPoints> PointsFor(int table, const std::vector<tagPoints>& curve);
     void TakeWholeRange();
     bool isModified = false;

@@ -1,6 +1,8 @@
 // The image classes that the program offers, one line for each.
 #include "document/ImageClasses.h"
 
+#include "platform/Drawing.h"
+
 namespace kestview {
 namespace {
 
@@ -64,6 +66,12 @@ std::vector<std::uint8_t> ShownLevels(CcImage& image) {
             real->NormalizeFloatToByteImage(static_cast<const float*>(samples), levels.data(), size.cy, size.cx, 0);
     if (result < 0) levels.clear();
     return levels;
+}
+
+void DrawPlainly(CcImage& image) {
+    const DibSection screen({1, 1}, 24);
+    RECT pixel = {0, 0, 1, 1};
+    if (screen) image.Show(screen, &pixel, 100, 1, 0, 0, 1);
 }
 
 long long SampleBytes(CcImage& image) {

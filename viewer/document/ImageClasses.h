@@ -32,6 +32,9 @@ SIZE SizeOf(CcImage& image);
 /// The levels at which the samples of a wide image are shown, bottom row first; none of the others, or when memory is
 /// short.
 std::vector<std::uint8_t> ShownLevels(CcImage& image);
+/// Draws one pixel with table 100. Files and streams take the colour table of the last drawing, which should be that of
+/// the grays or of the file; and wide images spread their point lists over their range when they are drawn.
+void DrawPlainly(CcImage& image);
 /// Bytes of all samples, as GetBitMapImageData gives them.
 long long SampleBytes(CcImage& image);
 

@@ -161,11 +161,7 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
 
 bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
     const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
-    // The colour table in the file is that of the last drawing: drawing with the gray or the file's own colours puts a
-    // proper one there.
-    const DibSection screen({1, 1}, 24);
-    RECT pixel = {0, 0, 1, 1};
-    image.Show(screen, &pixel, 100, 1, 0, 0, 1);
+    DrawPlainly(image);
     const SIZE size = SizeOf(image);
     const long long pixels = static_cast<long long>(size.cx) * size.cy;
     const ImageClass& imageClass = ImageClassOf(image);

@@ -37,9 +37,11 @@ std::vector<tagPoints> PathOf(CcRoiBase& roi) {
         case KEST_ROI_FREEHANDLINE:
         case KEST_ROI_POLYLINE:
         case KEST_ROI_POLYFREEHAND: {
-            const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
-            for (int i = 0; i < outline.iNumOfPoints; ++i)
-                path.push_back(at(outline.stPOINTS[i].x, outline.stPOINTS[i].y));
+            // Not the stairs of its pixels, but the lines that they stand for.
+            path.resize(static_cast<std::size_t>(std::max(0, KestOutlineCorners(&roi, nullptr, 0))));
+            KestOutlineCorners(&roi, path.data(), static_cast<int>(path.size()));
+            const bool isClosed = roi.GetROIType() == KEST_ROI_FREEHAND || roi.GetROIType() == KEST_ROI_POLYFREEHAND;
+            if (isClosed && !path.empty()) path.push_back(path.front());
             break;
         }
         default:
@@ -77,14 +79,6 @@ std::vector<tagPoints> MakeProfile(Document& document, CcRoiBase& roi) {
             addSample(static_cast<double>(path[i - 1].x) + dx * step / steps,
                       static_cast<double>(path[i - 1].y) + dy * step / steps);
     }
-    // The way along an outline's pixels has stairs; its length is that of the lines that they stand for.
-    const double length =
-        document.Calibration() ? KestRoiLengthWorld(&roi, document.Calibration()) : KestRoiLengthPixels(&roi);
-    const bool isOutline = roi.GetROIType() == KEST_ROI_FREEHAND || roi.GetROIType() == KEST_ROI_FREEHANDLINE ||
-                           roi.GetROIType() == KEST_ROI_POLYLINE || roi.GetROIType() == KEST_ROI_POLYFREEHAND;
-    if (isOutline && distance > 0 && length > 0 && std::isfinite(length))
-        for (tagPoints& sample : profile)
-            sample.x = static_cast<float>(static_cast<double>(sample.x) * length / distance);
     return profile;
 }
 

@@ -41,6 +41,8 @@ std::unique_ptr<CcImage> CutSamples(Document& document, CcRoiBase& roi, CcImage&
 std::unique_ptr<CcImage> CutOut(Document& document, CcRoiBase& roi) {
     const PlainPixels plain(document);
     CcImage& image = document.Image();
+    const RECT* bounds = roi.GetBoundingRect();
+    if (!bounds || bounds->right <= bounds->left || bounds->top <= bounds->bottom) return nullptr;
     const Busy busy("Cutting out", SampleBytes(image));
     std::unique_ptr<CcImage> region(image.GetRegion(&roi, 0, 0));
     const SIZE size = region ? SizeOf(*region) : SIZE{0, 0};

@@ -119,6 +119,7 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
     const PlainPixels plain(document);
     CcImage& image = document.Image();
     const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
+    DrawPlainly(image);
     std::unique_ptr<CcPropertyBag> bag(new CcPropertyBag);
     bag->SetName("KestView session");
     bool isWhole = true;

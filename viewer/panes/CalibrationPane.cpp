@@ -2,6 +2,7 @@
 #include "panes/CalibrationPane.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "MainWindow.h"
 #include "Resource.h"
@@ -85,7 +86,9 @@ void CalibrationPane::ShowPoints() {
     for (int i = 0; i < pointCount; ++i) {
         const auto point = document ? document->calibrationDraft.points[i] : CalibrationDraft::Point();
         SetText(IDC_CAL_IMAGE_1 + i,
-                point.isPicked ? NumberText(point.pixel.x) + ", " + NumberText(point.pixel.y) : "click");
+                point.isPicked ? Format("%.10g, %.10g", std::round(static_cast<double>(point.pixel.x) * 10) / 10,
+                                        std::round(static_cast<double>(point.pixel.y) * 10) / 10)
+                               : "click");
     }
     main.View().Refresh(DisplayChanged);
 }

@@ -2,6 +2,7 @@
 #include "panes/ProfilePane.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "Resource.h"
 #include "document/PixelText.h"
@@ -26,10 +27,16 @@ void ProfilePane::Update() {
         SetText(IDC_GRAPH_NOTE, "Select a line, a polyline or another outline.");
         return;
     }
-    const auto [lowest, highest] = std::minmax_element(
-        points.begin(), points.end(), [](const tagPoints& a, const tagPoints& b) { return a.y < b.y; });
-    float low = lowest->y, high = highest->y;
-    if (!document->Class().isWide) low = 0, high = 255;
+    float low = 0, high = 255;
+    if (document->Class().isWide) {
+        bool isAny = false;
+        for (const tagPoints& point : points) {
+            if (!std::isfinite(point.y)) continue;
+            low = isAny ? std::min(low, point.y) : point.y;
+            high = isAny ? std::max(high, point.y) : point.y;
+            isAny = true;
+        }
+    }
     const float length = points.back().x;
     const std::size_t count = points.size();
     graph.AddCurve("Profile", std::move(points), PS_SOLID, RGB(200, 0, 0));

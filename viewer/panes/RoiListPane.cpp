@@ -34,7 +34,7 @@ void RoiListPane::Refresh(unsigned change) {
     if (!(change & RoisChanged)) return;
     // A name that is being typed belongs to the other picture.
     if (change == EverythingChanged) {
-        renamedIn = nullptr;
+        renamed = nullptr;
         Send(IDC_ROI_LIST, LVM_CANCELEDITLABEL);
     }
     const Filling filling(isFilling);
@@ -83,16 +83,19 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
             if (!isFilling && isSelection) TakeSelection();
             return 0;
         }
-        case LVN_BEGINLABELEDITA:
-            renamedIn = document;
+        case LVN_BEGINLABELEDITA: {
+            const int row = reinterpret_cast<const NMLVDISPINFOA&>(header).item.iItem;
+            renamed = row >= 0 && row < document->RoiCount() ? &document->Roi(row) : nullptr;
             return FALSE;
+        }
         case LVN_ENDLABELEDITA: {
             const LVITEMA& item = reinterpret_cast<const NMLVDISPINFOA&>(header).item;
-            if (renamedIn != document || !item.pszText || !*item.pszText || item.iItem >= document->RoiCount())
-                return FALSE;
-            document->RenameRoi(document->Roi(item.iItem), item.pszText);
-            // A name that was cut has been written by the refresh.
-            return CutForStreams(item.pszText) == item.pszText;
+            // Rows can have moved meanwhile, or gone.
+            const int row = renamed ? document->IndexOf(renamed) : -1;
+            if (row < 0 || !item.pszText || !*item.pszText) return FALSE;
+            document->RenameRoi(document->Roi(row), item.pszText);
+            // A name that was cut, or that is another row's, has been written by the refresh.
+            return row == item.iItem && CutForStreams(item.pszText) == item.pszText;
         }
         case LVN_KEYDOWN:
             if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_DELETE) document->DeleteSelectedRois();

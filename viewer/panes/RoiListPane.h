@@ -19,7 +19,7 @@ private:
     LRESULT OnNotify(NMHDR& header) override;
     void TakeSelection();
 
-    const Document* renamedIn = nullptr;  ///< whose ROI's name is being typed
+    const CcRoiBase* renamed = nullptr;  ///< whose name is being typed
 };
 
 }  // namespace kestview

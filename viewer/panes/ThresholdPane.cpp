@@ -83,6 +83,7 @@ void ThresholdPane::Refresh(unsigned change) {
         FillChannels();
     }
     if (change & (DisplayChanged | PictureChanged)) {
+        ShowUnits();
         FillBands();
         FillSliders();
     }
@@ -105,6 +106,9 @@ void ThresholdPane::FillChannels() {
         std::for_each(std::begin(hslChannels), std::end(hslChannels), add);
     if (present < 0) add({present, "Gray level"});
     Enable(IDC_BAND_CHANNEL, present >= 0);
+}
+
+void ThresholdPane::ShowUnits() {
     std::string units = "Levels 0 to 255.";
     if (document && document->Class().isWide)
         units = Format("Levels of the display: 0 is %.9g, 255 is %.9g.", static_cast<double>(document->ShownRange().x),

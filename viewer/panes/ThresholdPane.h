@@ -20,6 +20,8 @@ private:
     LRESULT OnNotify(NMHDR& header) override;
     bool OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void FillChannels();
+    /// What the numbers of the bands mean.
+    void ShowUnits();
     void FillBands();
     void FillSliders();
     /// The first band comes by itself, which is no edit.
