@@ -114,6 +114,15 @@ public:
         view->Screen().SaveBmp(std::string(pictures) + "/" + name + ".bmp");
     }
 
+    /// After a click on a control, whose tooltip would come.
+    void ShowWithoutTip(const char* name) {
+        RECT client;
+        GetClientRect(view->Main(), &client);
+        view->MoveTo(view->Main(), {client.right / 3, client.bottom - 5});
+        view->Settle(300);
+        Show(name);
+    }
+
     void Open() {
         view->Press({VK_CONTROL, 'O'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Größe.bmp"));
@@ -267,7 +276,7 @@ public:
         }
         view->ClickControl(IDC_CAL_APPLY);
         EXPECT_EQ(TextOfWindow(view->Control(IDC_CAL_STATE)), L"Calibrated; not saved in a file yet.");
-        Show("05-calibrated");
+        ShowWithoutTip("05-calibrated");
         view->ClickControl(IDC_CAL_SAVE);
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Calibration", folder + L"plate.cal"));
         view->ClickControl(IDC_CAL_REMOVE);
@@ -290,7 +299,7 @@ public:
         view->ClickControl(IDC_BAND_LOW_TEXT);
         view->Press({VK_CONTROL, 'A'});
         view->Type(std::to_wstring(example::plateThreshold));
-        Show("06-threshold");
+        ShowWithoutTip("06-threshold");
         const Picture shown = view->ClientOf(view->Canvas());
         const POINT square = OnPlate(86, 18), ground = OnPlate(50, 2);
         EXPECT_EQ(shown.At(square.x, square.y), 0x286EE6u) << "in the band";
@@ -308,7 +317,7 @@ public:
         EXPECT_TRUE(isCounted(-1)) << "the first band";
         view->ClickControl(IDC_BAND_ADD);
         EXPECT_TRUE(isCounted(64)) << "both, the second from 0 to 64";
-        Show("06-two-bands");
+        ShowWithoutTip("06-two-bands");
         view->ClickControl(IDC_BAND_REMOVE);
         EXPECT_TRUE(isCounted(-1));
     }
@@ -464,7 +473,7 @@ public:
             return TextOfWindow(view->Control(IDC_BAND_COUNT)) == L"In the bands: 4800 pixels\nof the whole picture.";
         };
         EXPECT_TRUE(Driver::WaitFor(countedGreen));
-        Show("13-hue-threshold");
+        ShowWithoutTip("13-hue-threshold");
         view->Press({VK_CONTROL, 'H'});
         view->Press({VK_MENU, 'I'});
         view->Type(L"c1");  // Convert To, 16-bit
