@@ -128,8 +128,10 @@ void GraphWindow::SetRanges(float xMin, float xMax, float yMin, float yMax) {
     if (programRanges && *programRanges != PresentRanges()) return;
     for (const float bound : {xMin, xMax, yMin, yMax})
         if (!std::isfinite(bound)) return;
-    if (!(xMax > xMin)) xMax = xMin + 1;
-    if (!(yMax > yMin)) yMax = yMin + 1;
+    // Wide enough to be told apart, also where whole numbers are not.
+    const auto above = [](float low) { return low + std::max(1.0f, std::abs(low) * 1e-6f); };
+    if (!(xMax > xMin)) xMax = above(xMin);
+    if (!(yMax > yMin)) yMax = above(yMin);
     graph.SetMinMaxValues(xMin, xMax, yMin, yMax, 0, DecimalsFor(xMin, xMax), 0, DecimalsFor(yMin, yMax));
     graph.SetXYOriginCross(xMin, yMin);
     programRanges = PresentRanges();

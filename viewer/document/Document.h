@@ -100,6 +100,8 @@ public:
     const std::map<std::pair<int, int>, std::vector<tagPoints>>& TableCurves() const { return tableCurves; }
     /// Of a wide picture the sample values that are shown black (x) and white (y), exactly; 0 and 255 of the others.
     tagPoints ShownRange() const { return shownRange; }
+    /// From the smallest to the largest sample of a wide picture that is a number; 0 and 255 of the others.
+    tagPoints WholeRange() const { return wholeRange; }
     /// Interpolates the table between these points, which are in ascending order. Of wide pictures the first and the
     /// last one are the range that all tables show.
     void SetTableCurve(int table, int channel, const std::vector<tagPoints>& points);

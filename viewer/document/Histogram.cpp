@@ -66,9 +66,8 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
     }
     histogram.channels = {{"Pixels", RGB(40, 70, 130), {}}};
     if (document.Class().isWide) {
-        histogram.low = image.GetMinPixelValue();
-        histogram.high = image.GetMaxPixelValue();
-        if (!std::isfinite(histogram.low) || !std::isfinite(histogram.high)) histogram.low = 0, histogram.high = 1;
+        histogram.low = document.WholeRange().x;
+        histogram.high = document.WholeRange().y;
     }
     switch (image.GetImageType()) {
         case KEST_IMAGE_INT16:

@@ -50,6 +50,12 @@ void DisplayTablePane::Refresh(unsigned change) {
     if (change & PictureChanged) UpdateSoon();
 }
 
+/// All samples, and what is shown of their range.
+tagPoints DisplayTablePane::Axis() const {
+    const tagPoints whole = document->WholeRange(), shown = document->ShownRange();
+    return {std::min(whole.x, shown.x), std::max(whole.y, shown.y)};
+}
+
 int DisplayTablePane::Channel(int curve) const {
     return document && document->DisplayTable() == 101 ? colourCurves[curve].channel : 0;
 }
@@ -89,9 +95,7 @@ void DisplayTablePane::Update() {
     const int front = std::min(selected, graph.CurveCount() - 1);
     graph.SelectCurve(front);
     Send(IDC_TABLE_CHANNEL, CB_SETCURSEL, static_cast<WPARAM>(front));
-    tagPoints range = {0, topLevel};
-    if (document->Class().isWide) range = {document->Image().GetMinPixelValue(), document->Image().GetMaxPixelValue()};
-    graph.SetRanges(range.x, range.y, 0, topLevel);
+    graph.SetRanges(Axis().x, Axis().y, 0, topLevel);
     graph.SetTexts(Format("Display table %d", table), "Value", "Level shown");
     SetText(IDC_GRAPH_NOTE, "Drag the points; the picture follows.");
 }
@@ -112,6 +116,9 @@ void DisplayTablePane::OnDragged(int curve, int index) {
     } else {
         if (!isFirst) point.x = std::max(point.x, points[at - 1].x + step);
         if (!isLast) point.x = std::min(point.x, points[at + 1].x - step);
+        // What is dragged out of the graph could not be dragged back.
+        if (isFirst) point.x = std::max(point.x, Axis().x);
+        if (isLast) point.x = std::min(point.x, Axis().y);
     }
     Apply(curve);
 }

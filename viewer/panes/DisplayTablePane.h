@@ -23,6 +23,7 @@ private:
     void AddPoint();
     void RemovePoint();
     int Channel(int curve) const;
+    tagPoints Axis() const;
     /// As it was edited, else straight.
     std::vector<tagPoints> CurveOf(int channel) const;
     void TakeCurves();
