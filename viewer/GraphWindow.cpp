@@ -11,13 +11,18 @@ namespace kestview {
 namespace {
 
 // Marks with numbers on each axis, and small ones between two of them.
-constexpr int marks = 5, marksBetween = 1;
+constexpr int marks = 6, marksBetween = 1;
 
+/// As many as the numbers at the marks have; else enough to tell neighbouring ones well apart.
 int DecimalsFor(float low, float high) {
-    const double span = std::fabs(static_cast<double>(high) - low);
-    if (!(span > 0)) return 0;
-    // The numbers at neighbouring marks must be told apart.
-    return std::clamp(static_cast<int>(std::ceil(1 - std::log10(span / (marks - 1)))), 0, 5);
+    const double step = (static_cast<double>(high) - static_cast<double>(low)) / (marks - 1);
+    if (!(step > 0)) return 0;
+    double power = 1;
+    for (int decimals = 0; decimals <= 2; ++decimals, power *= 10) {
+        const auto isWhole = [](double value) { return std::abs(value - std::round(value)) < 1e-4; };
+        if (isWhole(step * power) && isWhole(static_cast<double>(low) * power)) return decimals;
+    }
+    return std::clamp(static_cast<int>(std::ceil(1.3 - std::log10(step))), 0, 5);
 }
 
 /// A device context of the window, given back at the end.
@@ -112,9 +117,9 @@ void GraphWindow::SelectCurve(int curve) {
 
 GraphWindow::Ranges GraphWindow::PresentRanges() {
     Ranges ranges = {};
-    graph.GetMinMaxValues(&ranges.xMin, &ranges.xMax, &ranges.yMin, &ranges.yMax, &ranges.xExponent, &ranges.xDecimals,
-                          &ranges.yExponent, &ranges.yDecimals);
-    graph.GetXYOriginCross(&ranges.xOrigin, &ranges.yOrigin);
+    Axis &x = ranges.x, &y = ranges.y;
+    graph.GetMinMaxValues(&x.low, &x.high, &y.low, &y.high, &x.exponent, &x.decimals, &y.exponent, &y.decimals);
+    graph.GetXYOriginCross(&x.origin, &y.origin);
     return ranges;
 }
 
@@ -124,17 +129,35 @@ GraphWindow::Texts GraphWindow::PresentTexts() {
     return texts;
 }
 
+float GraphWindow::RoundEnd(float most, bool isWhole) {
+    constexpr double roundSteps[] = {1, 1.2, 1.5, 1.6, 2, 2.5, 3, 4, 5, 6, 8, 10};
+    const double least = static_cast<double>(most) / (marks - 1);
+    if (!(least > 0) || !std::isfinite(least)) return 1;
+    const double unit = std::pow(10, std::floor(std::log10(least)));
+    for (const double step : roundSteps) {
+        const bool isRound = !isWhole || (step * unit >= 1 && std::fmod(step * unit, 1) < 1e-9);
+        if (isRound && step * unit >= least * (1 - 1e-9)) return static_cast<float>(step * unit * (marks - 1));
+    }
+    return static_cast<float>(marks - 1);
+}
+
 void GraphWindow::SetRanges(float xMin, float xMax, float yMin, float yMax) {
-    if (programRanges && *programRanges != PresentRanges()) return;
     for (const float bound : {xMin, xMax, yMin, yMax})
         if (!std::isfinite(bound)) return;
-    // Wide enough to be told apart, also where whole numbers are not.
-    const auto above = [](float low) { return low + std::max(1.0f, std::abs(low) * 1e-6f); };
-    if (!(xMax > xMin)) xMax = above(xMin);
-    if (!(yMax > yMin)) yMax = above(yMin);
-    graph.SetMinMaxValues(xMin, xMax, yMin, yMax, 0, DecimalsFor(xMin, xMax), 0, DecimalsFor(yMin, yMax));
-    graph.SetXYOriginCross(xMin, yMin);
-    programRanges = PresentRanges();
+    const auto axis = [](float low, float high) {
+        // Wide enough to be told apart, also where whole numbers are not.
+        if (!(high > low)) high = low + std::max(1.0f, std::abs(low) * 1e-6f);
+        return Axis{low, high, 0, DecimalsFor(low, high), low};
+    };
+    const Ranges present = PresentRanges();
+    Ranges wanted = {axis(xMin, xMax), axis(yMin, yMax)}, next = wanted;
+    // An axis that the user has set stays.
+    if (programRanges && programRanges->x != present.x) wanted.x = present.x, next.x = programRanges->x;
+    if (programRanges && programRanges->y != present.y) wanted.y = present.y, next.y = programRanges->y;
+    graph.SetMinMaxValues(wanted.x.low, wanted.x.high, wanted.y.low, wanted.y.high, wanted.x.exponent,
+                          wanted.x.decimals, wanted.y.exponent, wanted.y.decimals);
+    graph.SetXYOriginCross(wanted.x.origin, wanted.y.origin);
+    programRanges = next;
     Invalidate();
 }
 

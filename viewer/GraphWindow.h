@@ -14,9 +14,12 @@
 namespace kestview {
 
 /// Texts, ranges and curve styles that the user has set in the graph's dialogs take precedence over what the program
-/// sets: texts and styles always, ranges until FollowRanges.
+/// sets: texts and styles always, the range of an axis until FollowRanges.
 class GraphWindow : public Window {
 public:
+    /// The end of an axis from 0 on which `most` has a place and the marks are round numbers; whole ones if asked for.
+    static float RoundEnd(float most, bool isWhole);
+
     bool Create(HWND parent, const RECT& place);
 
     CcGraph& Graph() { return graph; }
@@ -55,11 +58,14 @@ private:
         char title[KEST_GRAPH_TEXT_SIZE] = {}, x[KEST_GRAPH_TEXT_SIZE] = {}, y[KEST_GRAPH_TEXT_SIZE] = {};
         bool operator==(const Texts&) const = default;
     };
+    struct Axis {
+        float low, high;
+        int exponent, decimals;
+        float origin;
+        bool operator==(const Axis&) const = default;
+    };
     struct Ranges {
-        float xMin, xMax, yMin, yMax;
-        int xExponent, xDecimals, yExponent, yDecimals;
-        float xOrigin, yOrigin;
-        bool operator==(const Ranges&) const = default;
+        Axis x, y;
     };
     struct Curve {
         CcCurve curve;

@@ -143,7 +143,9 @@ void MainWindow::FocusNextPart() {
         ++present;
     for (int i = 1; i <= count; ++i) {
         const HWND part = parts[(present + i) % count];
-        const HWND control = part == view ? part : GetNextDlgTabItem(part, nullptr, FALSE);
+        const HWND control = part == view          ? part
+                             : part == resultsPane ? GetDlgItem(part, IDC_RESULTS_LIST)
+                                                   : GetNextDlgTabItem(part, nullptr, FALSE);
         if (!IsWindowVisible(part) || !control || !IsWindowEnabled(control) ||
             !(GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP))
             continue;

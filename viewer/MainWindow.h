@@ -42,7 +42,7 @@ public:
     void AddDocument(std::unique_ptr<Document> document);
     /// The same with a picture that was made here. `like`: a document of the same size whose calibration holds for it
     /// too, or null.
-    void AddNewPicture(std::unique_ptr<CcImage> image, Document* like);
+    void AddNewPicture(std::unique_ptr<CcImage> image, Document* like, POINT origin = {});
     void Activate(Document* document);
     /// Asks about unsaved work first; false when the user cancels.
     bool CloseDocument(Document& document);

@@ -25,9 +25,9 @@ void MainWindow::AddDocument(std::unique_ptr<Document> document) {
     Activate(&added);
 }
 
-void MainWindow::AddNewPicture(std::unique_ptr<CcImage> image, Document* like) {
+void MainWindow::AddNewPicture(std::unique_ptr<CcImage> image, Document* like, POINT origin) {
     auto document = std::make_unique<Document>(std::move(image));
-    if (like) document->CalibrateLike(*like);
+    if (like) document->CalibrateLike(*like, origin);
     document->SetModified(true);
     AddDocument(std::move(document));
 }

@@ -95,7 +95,7 @@ void MainWindow::Arrange() {
     room.bottom -= HeightOf(status);
     const auto place = [](HWND child, const RECT& at) {
         SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     };
     WindowLayout& layout = App().Layout();
     const auto unscaled = [this](int length) { return MulDiv(length, 96, DpiOf(window)); };
@@ -146,7 +146,8 @@ void MainWindow::Arrange() {
     OffsetRect(&inner, pages.left, pages.top);
     for (int page = 0; page < sidePageCount; ++page) {
         DocumentPane& pane = PageOf(static_cast<SidePage>(page));
-        SetWindowPos(pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner), SWP_NOACTIVATE);
+        SetWindowPos(pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner),
+                     SWP_NOACTIVATE | SWP_NOCOPYBITS);
         ShowWindow(pane, isSideShown && page == sidePage ? SW_SHOWNA : SW_HIDE);
     }
     for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs})
@@ -160,6 +161,8 @@ void MainWindow::Arrange() {
     ShowWindow(tabs, documents.empty() ? SW_HIDE : SW_SHOWNA);
     place(view, picture);
     statusBar.ShowPicture(active, view.Magnification());
+    // Nothing of the old places stays.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void MainWindow::NoteLayout() {

@@ -172,6 +172,20 @@ void PictureView::ScrollTo(int xOffset, int yOffset) {
     document->Changed(ViewChanged);
 }
 
+void PictureView::BringIntoView(const RECT& part) {
+    if (!document || shownZoom == 0) return;
+    const SIZE seen = VisiblePixels();
+    const auto offset = [](int present, int size, int first, int last) {
+        return last >= present && first < present + size ? present : (first + last - size) / 2;
+    };
+    const int bottom = document->Size().cy - 1;
+    const int x =
+        offset(document->view.xOffset, seen.cx, std::min(part.left, part.right), std::max(part.left, part.right));
+    const int y = offset(document->view.yOffset, seen.cy, bottom - std::max(part.top, part.bottom),
+                         bottom - std::min(part.top, part.bottom));
+    if (x != document->view.xOffset || y != document->view.yOffset) ScrollTo(x, y);
+}
+
 bool PictureView::PixelAt(POINT point, POINT& pixel) const {
     if (!document) return false;
     const Shown shown = GetShown();

@@ -27,6 +27,8 @@ public:
     void ZoomIn(const POINT* anchor = nullptr);
     void ZoomOut(const POINT* anchor = nullptr);
     void ScrollTo(int xOffset, int yOffset);
+    /// Scrolls to this part of the picture, unless something of it is seen. Image coordinates, in any order.
+    void BringIntoView(const RECT& part);
     /// How much larger than its pixels the picture is shown.
     double Magnification() const;
 

@@ -137,9 +137,10 @@ void RoiMouse::End(bool isKept) {
                                            &document->Image(), lastMouse) == 0;
     if (drawn) {
         std::unique_ptr<CcRoiBase> finished = std::move(drawn);
-        if (isKept && isWhole)
+        if (isKept && isWhole) {
+            finished->SetName(document->FreeName(*finished).c_str());
             document->AddRoi(std::move(finished));
-        else
+        } else
             document->Changed(RoisChanged);
     } else if (isKept) {
         document->RoisEdited();

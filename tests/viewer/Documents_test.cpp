@@ -556,6 +556,24 @@ TEST(Region, KeepsTheSamples) {
     }
 }
 
+TEST(Region, KeepsThePlaceInTheWorld) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    tagPoints image[4] = {{0, 0}, {10, 1}, {9, 9}, {1, 8}}, world[4] = {{0, 0}, {5, 0}, {5, 5}, {0, 5}};
+    std::unique_ptr<CcCalibration> calibration(new CcCalibration);
+    ASSERT_EQ(calibration->DoCalibration(image, world, 4, columns, rows), 0);
+    ASSERT_TRUE(document->SetCalibration(std::move(calibration), "plate.cal"));
+    auto rect = MakeRect({2, 8, 6, 3});
+    Document region(CutOut(*document, *rect));
+    region.CalibrateLike(*document, {2, 3});
+    ASSERT_TRUE(region.Calibration());
+    EXPECT_EQ(region.calibrationPath, "") << "it is another calibration";
+    tagPoints inRegion = {1, 1}, inPicture = {3, 4}, here = {}, there = {};
+    region.Calibration()->ConvertPoint(&inRegion, &here);
+    document->Calibration()->ConvertPoint(&inPicture, &there);
+    EXPECT_NEAR(here.x, there.x, 1e-4);
+    EXPECT_NEAR(here.y, there.y, 1e-4);
+}
+
 TEST(RoiFiles, BringBackOneAndAll) {
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
     for (const RoiKind& kind : roiKinds) {

@@ -32,6 +32,7 @@ void FileOpenRecent(MainWindow& main, int id) {
 void FillRecentFiles(HMENU menu) {
     for (int id = ID_FILE_RECENT_FIRST; id <= ID_FILE_RECENT_LAST; ++id)
         DeleteMenu(menu, static_cast<UINT>(id), MF_BYCOMMAND);
+    DeleteMenu(menu, ID_FILE_RECENT_LINE, MF_BYCOMMAND);
     UINT id = ID_FILE_RECENT_FIRST;
     for (const std::string& path : App().RecentFiles()) {
         std::string text = Format("&%u  ", id - ID_FILE_RECENT_FIRST + 1);
@@ -39,6 +40,8 @@ void FillRecentFiles(HMENU menu) {
             text += c == '&' ? std::string("&&") : std::string(1, c);
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_STRING, id++, text.c_str());
     }
+    if (!App().RecentFiles().empty())
+        InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_SEPARATOR, ID_FILE_RECENT_LINE, nullptr);
 }
 
 bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {

@@ -11,12 +11,14 @@ namespace kestview {
 /// The pixels under the selected ROI as a picture of their own.
 void ImageRegion(MainWindow& main, int) {
     Document& document = *main.Active();
-    std::unique_ptr<CcImage> region = CutOut(document, *document.SelectedRoi());
+    CcRoiBase& roi = *document.SelectedRoi();
+    std::unique_ptr<CcImage> region = CutOut(document, roi);
     if (!region) {
         ShowError(main, "There is no area under this ROI that could be a picture.");
         return;
     }
-    main.AddNewPicture(std::move(region), nullptr);
+    const RECT* bounds = roi.GetBoundingRect();
+    main.AddNewPicture(std::move(region), &document, bounds ? POINT{bounds->left, bounds->bottom} : POINT{});
 }
 
 void ImageConvert(MainWindow& main, int id) {

@@ -115,6 +115,17 @@ void Document::AddRoi(std::unique_ptr<CcRoiBase> roi) {
     RoisEdited();
 }
 
+std::string Document::FreeName(CcRoiBase& roi) {
+    const std::string given = roi.GetName(), kind = given.substr(0, given.find('.'));
+    for (int number = 1;; ++number) {
+        const std::string name = Format("%s.%d", kind.c_str(), number);
+        bool isFree = true;
+        for (int i = 0; i < RoiCount(); ++i)
+            isFree = isFree && name != Roi(i).GetName();
+        if (isFree) return name;
+    }
+}
+
 void Document::DeleteSelectedRois() {
     if (!SelectedRoi()) return;
     BeforeRoiEdit();
@@ -232,17 +243,22 @@ bool Document::SetCalibration(std::unique_ptr<CcCalibration> newCalibration, con
     return true;
 }
 
-void Document::CalibrateLike(const Document& other) {
+void Document::CalibrateLike(const Document& other, POINT origin) {
     if (!other.calibration) return;
     const SIZE size = Size();
     const Busy busy("Calibrating", 4LL * size.cx * size.cy);
     std::unique_ptr<CcCalibration> same(new CcCalibration);
     same->SetUnitsOfMeasure(other.calibration->GetUnitsOfMeasure());
+    tagPoints points[4];
+    std::copy_n(other.calibration->GetImagePoints(), 4, points);
+    for (tagPoints& point : points)
+        point = {point.x - static_cast<float>(origin.x), point.y - static_cast<float>(origin.y)};
+    const SIZE otherSize = SizeOf(*other.image);
+    const bool isWhole = size.cx == otherSize.cx && size.cy == otherSize.cy;
     // Calibrations of old files come without their points; those are read again.
-    if (same->DoCalibration(other.calibration->GetImagePoints(), other.calibration->GetWorldPoints(), 4, size.cx,
-                            size.cy) == 0 ||
-        same->Open(other.calibrationPath.c_str()) == 0)
-        SetCalibration(std::move(same), other.calibrationPath);
+    if (same->DoCalibration(points, other.calibration->GetWorldPoints(), 4, size.cx, size.cy) == 0 ||
+        (isWhole && same->Open(other.calibrationPath.c_str()) == 0))
+        SetCalibration(std::move(same), isWhole ? other.calibrationPath : "");
 }
 
 void Document::RemoveCalibration() {

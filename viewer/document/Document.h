@@ -77,6 +77,8 @@ public:
 
     // Edits: each is one step of the history.
     void AddRoi(std::unique_ptr<CcRoiBase> roi);
+    /// The kind's name with the first number that no ROI here has: the library counts over all pictures.
+    std::string FreeName(CcRoiBase& roi);
     void DeleteSelectedRois();
     void RenameRoi(CcRoiBase& roi, const std::string& name);
     /// To be called before any other edit of the ROIs, and RoisEdited after it.
@@ -113,8 +115,9 @@ public:
     /// False when it was made for a picture of another size. An empty path: it is in no file.
     bool SetCalibration(std::unique_ptr<CcCalibration> newCalibration, const std::string& path);
     void RemoveCalibration();
-    /// Takes over what another document of the same size is calibrated by.
-    void CalibrateLike(const Document& other);
+    /// Takes over what another document is calibrated by, of a picture of the same size,
+    /// or of a part of that picture whose lower left pixel is `origin` there.
+    void CalibrateLike(const Document& other, POINT origin);
     std::string calibrationPath;
     CalibrationDraft calibrationDraft;
     /// Keeps the numbers as they were typed, once they have been applied.

@@ -65,6 +65,8 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
         return histogram;
     }
     histogram.channels = {{"Pixels", RGB(40, 70, 130), {}}};
+    // The two values stand apart from the frame, at whole marks.
+    if (image.GetImageType() == KEST_IMAGE_BINARY) histogram.low = -1, histogram.high = 4;
     if (document.Class().isWide) {
         histogram.low = document.WholeRange().x;
         histogram.high = document.WholeRange().y;

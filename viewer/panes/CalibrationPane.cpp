@@ -82,7 +82,15 @@ bool CalibrationPane::SelectMissingPoint(int first) {
     return false;
 }
 
+void CalibrationPane::FocusField(int id) {
+    SetFocus(Item(id));
+    Send(id, EM_SETSEL, 0, -1);
+}
+
 void CalibrationPane::ShowPoints() {
+    // No point is marked when none is waited for.
+    for (int i = 0; i < pointCount && !PicksPoints(); ++i)
+        Check(IDC_CAL_POINT_1 + i, false);
     for (int i = 0; i < pointCount; ++i) {
         const auto point = document ? document->calibrationDraft.points[i] : CalibrationDraft::Point();
         SetText(IDC_CAL_IMAGE_1 + i,
@@ -160,7 +168,7 @@ void CalibrationPane::Apply() {
         const auto x = Number(IDC_CAL_WORLD_X_1 + i), y = Number(IDC_CAL_WORLD_Y_1 + i);
         if (!x || !y) {
             ShowError(main, Format("Point %d needs two numbers as its world position.", i + 1));
-            SetFocus(Item((x ? IDC_CAL_WORLD_Y_1 : IDC_CAL_WORLD_X_1) + i));
+            FocusField((x ? IDC_CAL_WORLD_Y_1 : IDC_CAL_WORLD_X_1) + i);
             return;
         }
         image[i] = points[i].pixel;
@@ -170,7 +178,7 @@ void CalibrationPane::Apply() {
     if (unit.empty() || CutToBytes(unit, KEST_UNITS_SIZE) != unit) {
         ShowError(main, unit.empty() ? "Type the unit of the world positions, for example mm."
                                      : "This unit is too long. Type a short one, for example mm.");
-        SetFocus(Item(IDC_CAL_UNIT));
+        FocusField(IDC_CAL_UNIT);
         return;
     }
     const SIZE size = document->Size();

@@ -34,6 +34,7 @@ private:
     bool SelectMissingPoint(int first);
     int SelectedPoint() const;
     void ShowPoints();
+    void FocusField(int id);
 
     bool isInFront = false;
     bool isPointChosen = false;  ///< by the user, to be set anew

@@ -5,6 +5,7 @@
 #include "panes/DisplayTablePane.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "MainWindow.h"
 #include "Resource.h"
@@ -85,7 +86,7 @@ void DisplayTablePane::Update() {
         return;
     }
     const auto add = [&](const TableCurve& curve) {
-        graph.AddCurve(curve.name, CurveOf(curve.channel), PS_SOLID, curve.colour, 2);
+        graph.AddCurve(curve.name, CurveOf(curve.channel), PS_SOLID, curve.colour);
         Send(IDC_TABLE_CHANNEL, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(curve.name));
     };
     if (table == 101)
@@ -116,6 +117,8 @@ void DisplayTablePane::OnDragged(int curve, int index) {
     } else {
         if (!isFirst) point.x = std::max(point.x, points[at - 1].x + step);
         if (!isLast) point.x = std::min(point.x, points[at + 1].x - step);
+        const bool isInteger = document->Class().type == KEST_IMAGE_INT16 || document->Class().type == KEST_IMAGE_INT32;
+        if ((isFirst || isLast) && isInteger) point.x = std::round(point.x);
         // What is dragged out of the graph could not be dragged back.
         if (isFirst) point.x = std::max(point.x, Axis().x);
         if (isLast) point.x = std::min(point.x, Axis().y);

@@ -35,7 +35,7 @@ void HistogramPane::Update() {
         graph.AddCurve(channel.name, std::move(points), PS_SOLID, channel.colour);
     }
     graph.SelectCurve(-1);
-    graph.SetRanges(histogram.low, histogram.high, 0, most);
+    graph.SetRanges(histogram.low, histogram.high, 0, GraphWindow::RoundEnd(most, true));
     graph.SetTexts(roi ? std::string("Histogram of ") + roi->GetName() : "Histogram of the picture", "Value", "Pixels");
     SetText(IDC_GRAPH_NOTE, Format("%lld pixels", histogram.pixels));
 }

@@ -41,7 +41,7 @@ void ProfilePane::Update() {
     const std::size_t count = points.size();
     graph.AddCurve("Profile", std::move(points), PS_SOLID, RGB(200, 0, 0));
     graph.SelectCurve(-1);
-    graph.SetRanges(0, length, low, high);
+    graph.SetRanges(0, GraphWindow::RoundEnd(length, false), low, high);
     graph.SetTexts(std::string("Profile of ") + roi->GetName(), "Distance (" + UnitOf(document->Image()) + ")",
                    "Value");
     SetText(IDC_GRAPH_NOTE, Format("%u samples over %.6g %s", static_cast<unsigned>(count), static_cast<double>(length),

@@ -65,6 +65,8 @@ void RoiListPane::TakeSelection() {
     for (int i = 0; i < document->RoiCount(); ++i)
         document->Roi(i).SetSelected(list.IsSelected(i));
     document->Changed(RoisChanged);
+    if (CcRoiBase* roi = document->SelectedRoi())
+        if (const RECT* bounds = roi->GetCurrentBoundingRect()) main.View().BringIntoView(*bounds);
 }
 
 bool RoiListPane::OnCommand(int id, int) {

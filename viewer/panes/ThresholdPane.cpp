@@ -262,8 +262,9 @@ bool ThresholdPane::OnCommand(int id, int code) {
             if (code == EN_KILLFOCUS) FillSliders();
             if (code != EN_CHANGE || selected < 0) break;
             const auto value = Number(id);
-            if (!value || *value < 0 || *value > (id == IDC_BAND_LOW_TEXT ? highestLow : highestLevel)) break;
-            const auto level = static_cast<float>(*value);
+            if (!value || *value < 0) break;
+            const auto level =
+                static_cast<float>(std::min<double>(*value, id == IDC_BAND_LOW_TEXT ? highestLow : highestLevel));
             // The other bound gives way to the number as it stands, and comes back when the number goes on.
             const Filling typing(isTyping);
             if (id == IDC_BAND_LOW_TEXT)
