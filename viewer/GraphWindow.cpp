@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "platform/Drawing.h"
+#include "platform/Text.h"
 
 namespace kestview {
 namespace {
@@ -20,7 +21,7 @@ int DecimalsFor(float low, float high) {
     double power = 1;
     for (int decimals = 0; decimals <= 2; ++decimals, power *= 10) {
         const auto isWhole = [](double value) { return std::abs(value - std::round(value)) < 1e-4; };
-        if (isWhole(step * power) && isWhole(static_cast<double>(low) * power)) return decimals;
+        if (step * power > 0.5 && isWhole(step * power) && isWhole(static_cast<double>(low) * power)) return decimals;
     }
     return std::clamp(static_cast<int>(std::ceil(1.3 - std::log10(step))), 0, 5);
 }
@@ -88,25 +89,32 @@ void GraphWindow::PointsResized(int curve) {
 }
 
 void GraphWindow::NoteStyles() {
-    for (int i = 0; i < CurveCount(); ++i) {
-        CcCurve& curve = curves[static_cast<std::size_t>(i)]->curve;
-        tagCURVEAPPEARANCE appearance = {};
-        curve.GetCurveStyle(&appearance.iStyle, &appearance.ulColor, &appearance.iWidth);
-        std::strncpy(appearance.szName, curve.GetName(), sizeof appearance.szName - 1);
-        graph.SetCurveAppearance(i, &appearance);
+    // Also of curves that are not shown now.
+    std::map<std::string, Style> styles = userStyles;
+    for (const auto& curve : curves) {
+        Style& style = styles[curve->curve.GetName()];
+        curve->curve.GetCurveStyle(&style.style, &style.colour, &style.width);
+    }
+    int index = 0;
+    for (const auto& [name, style] : styles) {
+        tagCURVEAPPEARANCE appearance = {style.colour, style.style, style.width, {}};
+        std::strncpy(appearance.szName, name.c_str(), sizeof appearance.szName - 1);
+        graph.SetCurveAppearance(index++, &appearance);
     }
 }
 
 void GraphWindow::TakeStyles() {
-    for (const auto& curve : curves)
-        for (int i = 0; i < KEST_GRAPH_CURVES; ++i) {
-            tagCURVEAPPEARANCE appearance;
-            if (graph.GetCurveAppearance(i, &appearance) < 0 ||
-                std::string(appearance.szName) != curve->curve.GetName())
-                continue;
-            curve->curve.SetCurveStyle(appearance.iStyle, appearance.ulColor, appearance.iWidth);
-            break;
-        }
+    for (int i = 0; i < KEST_GRAPH_CURVES; ++i) {
+        tagCURVEAPPEARANCE appearance;
+        // The graph's own ones are called by their numbers.
+        if (graph.GetCurveAppearance(i, &appearance) == 0 && Format("Curve %d", i) != appearance.szName)
+            userStyles[appearance.szName] = {appearance.iStyle, appearance.ulColor, appearance.iWidth};
+    }
+    for (const auto& curve : curves) {
+        const auto chosen = userStyles.find(curve->curve.GetName());
+        if (chosen != userStyles.end())
+            curve->curve.SetCurveStyle(chosen->second.style, chosen->second.colour, chosen->second.width);
+    }
     Invalidate();
 }
 

@@ -13,9 +13,11 @@ namespace {
 /// Moves a curve to another range of input values.
 void Spread(std::vector<tagPoints>& curve, float low, float high) {
     const float oldLow = curve.front().x, oldSpan = curve.back().x - oldLow;
-    if (oldSpan > 0)
-        for (tagPoints& point : curve)
-            point.x = low + (point.x - oldLow) / oldSpan * (high - low);
+    const auto last = static_cast<float>(curve.size() - 1);
+    for (std::size_t i = 0; i < curve.size(); ++i) {
+        const float part = oldSpan > 0 ? (curve[i].x - oldLow) / oldSpan : static_cast<float>(i) / last;
+        curve[i].x = low + part * (high - low);
+    }
     curve.front().x = low;
     curve.back().x = high;
 }
@@ -66,7 +68,8 @@ void Document::TakeWholeRange() {
     DrawPlainly(*image);
     // Integers are compared with the range's ends as integers: the end must be one of 32 bits.
     constexpr float largestEnd = 2147483520.0f;
-    if (Class().type == KEST_IMAGE_INT32) wholeRange.y = std::min(wholeRange.y, largestEnd);
+    if (Class().type == KEST_IMAGE_INT32)
+        wholeRange = {std::min(wholeRange.x, largestEnd), std::min(wholeRange.y, largestEnd)};
     // Infinite samples leave the library no range.
     if (shownRange.x != wholeRange.x || shownRange.y != wholeRange.y) {
         std::vector<tagPoints> straight = PointsFor(102, {{wholeRange.x, 0}, {wholeRange.y, 255}});
@@ -254,7 +257,7 @@ void Document::CalibrateLike(const Document& other, POINT origin) {
     for (tagPoints& point : points)
         point = {point.x - static_cast<float>(origin.x), point.y - static_cast<float>(origin.y)};
     const SIZE otherSize = SizeOf(*other.image);
-    const bool isWhole = size.cx == otherSize.cx && size.cy == otherSize.cy;
+    const bool isWhole = size.cx == otherSize.cx && size.cy == otherSize.cy && origin.x == 0 && origin.y == 0;
     // Calibrations of old files come without their points; those are read again.
     if (same->DoCalibration(points, other.calibration->GetWorldPoints(), 4, size.cx, size.cy) == 0 ||
         (isWhole && same->Open(other.calibrationPath.c_str()) == 0))

@@ -91,6 +91,9 @@ void CalibrationPane::ShowPoints() {
     // No point is marked when none is waited for.
     for (int i = 0; i < pointCount && !PicksPoints(); ++i)
         Check(IDC_CAL_POINT_1 + i, false);
+    // The Tab key finds the first one all the same.
+    const HWND first = Item(IDC_CAL_POINT_1);
+    if (!PicksPoints()) SetWindowLongA(first, GWL_STYLE, GetWindowLongA(first, GWL_STYLE) | WS_TABSTOP);
     for (int i = 0; i < pointCount; ++i) {
         const auto point = document ? document->calibrationDraft.points[i] : CalibrationDraft::Point();
         SetText(IDC_CAL_IMAGE_1 + i,
@@ -281,7 +284,7 @@ bool CalibrationPane::OnCommand(int id, int code) {
         case IDC_CAL_POINT_2:
         case IDC_CAL_POINT_3:
         case IDC_CAL_POINT_4:
-            isPointChosen = true;
+            isPointChosen = IsChecked(id);
             break;
         default:
             break;

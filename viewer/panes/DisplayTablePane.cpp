@@ -54,7 +54,8 @@ void DisplayTablePane::Refresh(unsigned change) {
 /// All samples, and what is shown of their range.
 tagPoints DisplayTablePane::Axis() const {
     const tagPoints whole = document->WholeRange(), shown = document->ShownRange();
-    return {std::min(whole.x, shown.x), std::max(whole.y, shown.y)};
+    const tagPoints all = {std::min(whole.x, shown.x), std::max(whole.y, shown.y)};
+    return {all.x, all.y > all.x ? all.y : all.x + 1};
 }
 
 int DisplayTablePane::Channel(int curve) const {
@@ -118,7 +119,9 @@ void DisplayTablePane::OnDragged(int curve, int index) {
         if (!isFirst) point.x = std::max(point.x, points[at - 1].x + step);
         if (!isLast) point.x = std::min(point.x, points[at + 1].x - step);
         const bool isInteger = document->Class().type == KEST_IMAGE_INT16 || document->Class().type == KEST_IMAGE_INT32;
-        if ((isFirst || isLast) && isInteger) point.x = std::round(point.x);
+        // A whole sample, before the next point.
+        if (isFirst && isInteger) point.x = std::min(std::round(point.x), std::ceil(points[at + 1].x) - 1);
+        if (isLast && isInteger) point.x = std::max(std::round(point.x), std::floor(points[at - 1].x) + 1);
         // What is dragged out of the graph could not be dragged back.
         if (isFirst) point.x = std::max(point.x, Axis().x);
         if (isLast) point.x = std::min(point.x, Axis().y);

@@ -65,8 +65,6 @@ void RoiListPane::TakeSelection() {
     for (int i = 0; i < document->RoiCount(); ++i)
         document->Roi(i).SetSelected(list.IsSelected(i));
     document->Changed(RoisChanged);
-    if (CcRoiBase* roi = document->SelectedRoi())
-        if (const RECT* bounds = roi->GetCurrentBoundingRect()) main.View().BringIntoView(*bounds);
 }
 
 bool RoiListPane::OnCommand(int id, int) {
@@ -82,7 +80,12 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
             const auto& item = reinterpret_cast<const NMLISTVIEW&>(header);
             const bool isSelection =
                 (item.uChanged & LVIF_STATE) && ((item.uOldState ^ item.uNewState) & LVIS_SELECTED);
-            if (!isFilling && isSelection) TakeSelection();
+            if (isFilling || !isSelection) return 0;
+            TakeSelection();
+            // What was chosen is shown.
+            if ((item.uNewState & LVIS_SELECTED) && item.iItem >= 0 && item.iItem < document->RoiCount())
+                if (const RECT* bounds = document->Roi(item.iItem).GetCurrentBoundingRect())
+                    main.View().BringIntoView(*bounds);
             return 0;
         }
         case LVN_BEGINLABELEDITA: {
