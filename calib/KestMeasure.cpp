@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <optional>
 #include <span>
 
 #include "CcCalibration.h"
@@ -90,6 +91,13 @@ void AddEllipse(Lengths& lengths, const RECT& record) {
     for (int i = 0; i < ellipseChords; ++i) lengths.Add(at(i), at(i + 1));
 }
 
+/// Whether a drawn outline goes back to its beginning; nothing for another shape.
+std::optional<bool> IsClosedOutline(CcRoiBase& roi) {
+    if (dynamic_cast<CcRoiFreeHand*>(&roi) || dynamic_cast<CcRoiPolyFreeHand*>(&roi)) return true;
+    if (dynamic_cast<CcRoiFreeHandLine*>(&roi) || dynamic_cast<CcRoiPolyLine*>(&roi)) return false;
+    return std::nullopt;
+}
+
 /// The pixels of a drawn outline, in the order drawn.
 std::span<const kest::IntPoint> ChainOf(CcRoiBase& roi) {
     const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
@@ -119,10 +127,8 @@ bool AddRoi(Lengths& lengths, CcRoiBase& roi) {
         AddRectangle(lengths, *static_cast<const RECT*>(roi.GetRoiImageCord()));
     } else if (dynamic_cast<CcRoiEllipse*>(&roi)) {
         AddEllipse(lengths, *static_cast<const RECT*>(roi.GetRoiImageCord()));
-    } else if (dynamic_cast<CcRoiFreeHand*>(&roi) || dynamic_cast<CcRoiPolyFreeHand*>(&roi)) {
-        AddOutline(lengths, roi, true);
-    } else if (dynamic_cast<CcRoiFreeHandLine*>(&roi) || dynamic_cast<CcRoiPolyLine*>(&roi)) {
-        AddOutline(lengths, roi, false);
+    } else if (const std::optional<bool> isClosed = IsClosedOutline(roi)) {
+        AddOutline(lengths, roi, *isClosed);
     } else {
         return false;
     }
@@ -264,9 +270,7 @@ bool AddPoints(Lengths& lengths, const tagPoints* points, int count, bool isClos
 
 int KestOutlineCorners(CcRoiBase* pRoi, tagPoints* pCorners, int iMost) {
     if (!pRoi) return KEST_FAILED;
-    if (!dynamic_cast<CcRoiFreeHand*>(pRoi) && !dynamic_cast<CcRoiPolyFreeHand*>(pRoi) &&
-        !dynamic_cast<CcRoiFreeHandLine*>(pRoi) && !dynamic_cast<CcRoiPolyLine*>(pRoi))
-        return 0;
+    if (!IsClosedOutline(*pRoi)) return 0;
     const std::span<const kest::IntPoint> chain = ChainOf(*pRoi);
     int count = 0;
     const auto add = [&](kest::IntPoint corner) {

@@ -110,9 +110,7 @@ int CcFileObjectStorage::Write(void* pBuffer, long lLength) {
     }
     const int flushed = Flush();
     if (flushed < 0) return flushed;
-    if (WriteAll(hFile, pBuffer, lLength)) return KEST_OK;
-    bTransferFailed = iWholeObjects > 0;
-    return KEST_WRITE_FAILED;
+    return WriteNow(pBuffer, lLength);
 }
 
 int CcFileObjectStorage::SetPos(long lPosition) {
@@ -129,26 +127,31 @@ int CcFileObjectStorage::GetPos() {
     return static_cast<int>(SetFilePointer(hFile, 0, nullptr, FILE_CURRENT)) + static_cast<int>(inBlock);
 }
 
-void CcFileObjectStorage::BeginWholeObject() { ++iWholeObjects; }
+void CcFileObjectStorage::BeginWholeObject() {
+    if (iWholeObjects++ == 0) bTransferFailed = false;
+}
 
 int CcFileObjectStorage::EndWholeObject() {
     if (--iWholeObjects > 0 || !bIsOpen) return KEST_OK;
     DropReadAhead();
     Flush();
     // What was lost on the way counts, even when a later write went well.
-    const bool lost = bTransferFailed;
-    bTransferFailed = false;
-    return lost ? KEST_WRITE_FAILED : KEST_OK;
+    return bTransferFailed ? KEST_WRITE_FAILED : KEST_OK;
+}
+
+int CcFileObjectStorage::WriteNow(const void* pBytes, long lLength) {
+    if (WriteAll(hFile, pBytes, lLength)) return KEST_OK;
+    bTransferFailed = true;
+    return KEST_WRITE_FAILED;
 }
 
 /// Writes what was gathered. What could not be written is dropped; EndWholeObject reports it.
 int CcFileObjectStorage::Flush() {
     if (!bTransferWrites) return KEST_OK;
-    const bool written = WriteAll(hFile, cTransfer.Get(), lTransferUsed);
+    const int written = WriteNow(cTransfer.Get(), lTransferUsed);
     lTransferUsed = 0;
     bTransferWrites = false;
-    if (!written) bTransferFailed = true;
-    return written ? KEST_OK : KEST_WRITE_FAILED;
+    return written;
 }
 
 /// Sets the file's position back to the first byte that was read ahead and not handed out.

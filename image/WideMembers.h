@@ -270,7 +270,9 @@ private:
         // The last point of a spread list carries the rounding of its steps.
         const double rounding = 0.1 + 0x1p-16 * std::max(std::abs(low), std::abs(high));
         if (!(std::abs(low - points.front().x) <= 0.1) || !(std::abs(high - points.back().x) <= rounding)) {
-            Normalise(image);
+            const auto mapping = kest::DisplayMapping::Of(image.fDisplayMin, image.fDisplayMax);
+            if (mapping.scale != image.fScale || mapping.offset != image.fOffset) Normalise(image);
+            // The three colour lists come first.
             SpreadList(image, channel - 1);
         }
         return RebuildTable(image, lut, channel);

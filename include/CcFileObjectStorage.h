@@ -45,6 +45,7 @@ private:
     // Transfers of whole objects: between Begin and End small reads and writes go through a block of memory.
     void BeginWholeObject();
     int EndWholeObject();
+    int WriteNow(const void* pBytes, long lLength);
     int Flush();
     void DropReadAhead();
 
@@ -54,5 +55,5 @@ private:
     long lTransferUsed = 0;      // bytes in it
     long lTransferTaken = 0;     // of the bytes read ahead, those handed out
     bool bTransferWrites = false;
-    bool bTransferFailed = false;
+    bool bTransferFailed = false;  // a write failed since the outermost of these calls began
 };

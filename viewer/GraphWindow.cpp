@@ -158,14 +158,20 @@ void GraphWindow::SetRanges(float xMin, float xMax, float yMin, float yMax) {
         return Axis{low, high, 0, DecimalsFor(low, high), low};
     };
     const Ranges present = PresentRanges();
-    Ranges wanted = {axis(xMin, xMax), axis(yMin, yMax)}, next = wanted;
-    // An axis that the user has set stays.
-    if (programRanges && programRanges->x != present.x) wanted.x = present.x, next.x = programRanges->x;
-    if (programRanges && programRanges->y != present.y) wanted.y = present.y, next.y = programRanges->y;
+    Ranges wanted = {axis(xMin, xMax), axis(yMin, yMax)}, program = programRanges.value_or(present);
+    // An axis that the user has set since stays.
+    const auto settle = [](Axis& wantedAxis, Axis& programAxis, const Axis& presentAxis) {
+        if (programAxis == presentAxis)
+            programAxis = wantedAxis;
+        else
+            wantedAxis = presentAxis;
+    };
+    settle(wanted.x, program.x, present.x);
+    settle(wanted.y, program.y, present.y);
     graph.SetMinMaxValues(wanted.x.low, wanted.x.high, wanted.y.low, wanted.y.high, wanted.x.exponent,
                           wanted.x.decimals, wanted.y.exponent, wanted.y.decimals);
     graph.SetXYOriginCross(wanted.x.origin, wanted.y.origin);
-    programRanges = next;
+    programRanges = program;
     Invalidate();
 }
 

@@ -101,15 +101,22 @@ std::vector<DocumentPane*> MainWindow::AllPanes() {
     return panes;
 }
 
+void MainWindow::ShowPages() {
+    for (int page = 0; page < sidePageCount; ++page)
+        ShowWindow(PageOf(static_cast<SidePage>(page)), isSideShown && page == sidePage ? SW_SHOWNA : SW_HIDE);
+}
+
 void MainWindow::ShowSidePage(SidePage page) {
     if (page != sidePage && active) active->PreviewBands(false, nullptr);
     if (isSideShown) PageOf(sidePage).OnShown(false);
     sidePage = page;
     SendMessageA(sideTabs, TCM_SETCURSEL, page, 0);
-    for (int i = 0; i < sidePageCount; ++i)
-        ShowWindow(PageOf(static_cast<SidePage>(i)), i == page ? SW_SHOWNA : SW_HIDE);
-    isSideShown = true;
-    Arrange();
+    if (isSideShown) {
+        ShowPages();
+    } else {
+        isSideShown = true;
+        Arrange();
+    }
     PageOf(page).OnShown(true);
     UpdateCommands();
 }

@@ -40,8 +40,8 @@ public:
     const std::vector<std::unique_ptr<Document>>& Documents() const { return documents; }
     /// Takes a new document over and brings it to the front.
     void AddDocument(std::unique_ptr<Document> document);
-    /// The same with a picture that was made here. `like`: a document of the same size whose calibration holds for it
-    /// too, or null.
+    /// The same with a picture that was made here. `like`: a document whose calibration holds for it too, or null;
+    /// `origin`: the lower left pixel of the picture in that one.
     void AddNewPicture(std::unique_ptr<CcImage> image, Document* like, POINT origin = {});
     void Activate(Document* document);
     /// Asks about unsaved work first; false when the user cancels.
@@ -95,6 +95,8 @@ private:
     void UpdateTitle();
     DocumentPane& PageOf(SidePage page);
     std::vector<DocumentPane*> AllPanes();
+    /// The chosen one of the pages at the side, if they are shown at all.
+    void ShowPages();
     /// Picture, list of ROIs, page at the side, results, and the picture again.
     void FocusNextPart();
 

@@ -148,8 +148,8 @@ void MainWindow::Arrange() {
         DocumentPane& pane = PageOf(static_cast<SidePage>(page));
         SetWindowPos(pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner),
                      SWP_NOACTIVATE | SWP_NOCOPYBITS);
-        ShowWindow(pane, isSideShown && page == sidePage ? SW_SHOWNA : SW_HIDE);
     }
+    ShowPages();
     for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs})
         ShowWindow(child, isSideShown ? SW_SHOWNA : SW_HIDE);
 

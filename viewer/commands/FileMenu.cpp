@@ -4,7 +4,6 @@
 #include <commdlg.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "Application.h"
 #include "MainWindow.h"
@@ -123,36 +122,45 @@ SIZE DefaultPage() {
     return page;
 }
 
+/// What is printed: the whole picture when it is fitted in, else the part of it that is seen at this zoom.
+struct PrintedPart {
+    Shown shown;
+    SIZE area;               ///< as large as it is drawn with its ROIs
+    bool isReduced = false;  ///< to the page
+};
+
+PrintedPart PartToPrint(MainWindow& main, Document& document) {
+    PrintedPart part = {main.View().GetShown(), document.Size(), false};
+    if (document.view.zoom > 0) {
+        RECT seen;
+        GetClientRect(part.shown.canvas, &seen);
+        part.area = {seen.right, seen.bottom};
+        return part;
+    }
+    part.shown.mode = 0;
+    part.shown.zoom = 1;
+    const SIZE page = DefaultPage();
+    const double scale =
+        std::min(static_cast<double>(page.cx) / part.area.cx, static_cast<double>(page.cy) / part.area.cy);
+    part.isReduced = scale > 0 && scale < 1;
+    if (part.isReduced)
+        part.area = {std::max(1L, static_cast<LONG>(part.area.cx * scale)),
+                     std::max(1L, static_cast<LONG>(part.area.cy * scale))};
+    return part;
+}
+
 }  // namespace
 
 void FilePrint(MainWindow& main, int) {
     Document& document = *main.Active();
-    Shown shown = main.View().GetShown();
-    // The whole picture, or the part of it that is seen at this zoom.
-    const bool isWhole = document.view.zoom == 0;
-    SIZE area = document.Size();
-    bool isReduced = false;
-    if (isWhole) {
-        const SIZE page = DefaultPage();
-        const double scale = std::min(static_cast<double>(page.cx) / area.cx, static_cast<double>(page.cy) / area.cy);
-        isReduced = scale > 0 && scale < 1;
-        if (isReduced)
-            area = {std::max(1L, std::lround(std::floor(area.cx * scale))),
-                    std::max(1L, std::lround(std::floor(area.cy * scale)))};
-        shown.mode = 0;
-        shown.xOffset = shown.yOffset = 0;
-        shown.zoom = 1;
-    } else {
-        RECT seen;
-        GetClientRect(shown.canvas, &seen);
-        area = {seen.right, seen.bottom};
-    }
+    PrintedPart part = PartToPrint(main, document);
+    Shown& shown = part.shown;
     std::unique_ptr<CcImage> drawn;
     // The library prints its 7-bit and 6-bit grays darker than it shows them.
-    if (document.RoiCount() > 0 || isReduced || document.ShownTable() >= 103) {
+    if (document.RoiCount() > 0 || part.isReduced || document.ShownTable() >= 103) {
         Shown drawing = shown;
-        if (isWhole && !isReduced) drawing.mode = 1;
-        drawn = DrawnWithRois(document, drawing, area, main.View().showsRoiNames);
+        if (!part.isReduced) drawing.mode = 1;
+        drawn = DrawnWithRois(document, drawing, part.area, main.View().showsRoiNames);
         if (!drawn) {
             ShowError(main, "There is not enough memory to draw the picture for the page.");
             return;

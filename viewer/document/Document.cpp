@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "document/FiniteRange.h"
 #include "platform/Busy.h"
 #include "platform/Text.h"
 
@@ -22,19 +23,13 @@ void Spread(std::vector<tagPoints>& curve, float low, float high) {
     curve.back().x = high;
 }
 
-/// The smallest and the largest sample that are numbers; 0 and 1 without any.
-tagPoints FiniteRange(CcGrayImageFloat& image) {
+tagPoints RangeOf(CcGrayImageFloat& image) {
     const SIZE size = SizeOf(image);
     const auto* samples = static_cast<const float*>(image.GetBitMapImageData());
-    tagPoints range = {0, 1};
-    bool isAny = false;
-    for (long long i = 0; i < static_cast<long long>(size.cx) * size.cy; ++i) {
-        if (!std::isfinite(samples[i])) continue;
-        range.x = isAny ? std::min(range.x, samples[i]) : samples[i];
-        range.y = isAny ? std::max(range.y, samples[i]) : samples[i];
-        isAny = true;
-    }
-    return range;
+    FiniteRange range;
+    for (long long i = 0; i < static_cast<long long>(size.cx) * size.cy; ++i)
+        range.Add(samples[i]);
+    return range.Or({0, 1});
 }
 
 /// The library takes an end of a list as that of the range only when it has moved by more than a tenth.
@@ -55,7 +50,7 @@ Document::Document(std::unique_ptr<CcImage> newImage)
 void Document::TakeWholeRange() {
     if (!Class().isWide) return;
     if (auto* real = dynamic_cast<CcGrayImageFloat*>(image.get())) {
-        wholeRange = FiniteRange(*real);
+        wholeRange = RangeOf(*real);
         // A first sample that is no number would make the library's range none.
         float& first = *static_cast<float*>(real->GetBitMapImageData());
         const float kept = first;

@@ -88,12 +88,13 @@ void CalibrationPane::FocusField(int id) {
 }
 
 void CalibrationPane::ShowPoints() {
-    // No point is marked when none is waited for.
-    for (int i = 0; i < pointCount && !PicksPoints(); ++i)
-        Check(IDC_CAL_POINT_1 + i, false);
-    // The Tab key finds the first one all the same.
-    const HWND first = Item(IDC_CAL_POINT_1);
-    if (!PicksPoints()) SetWindowLongA(first, GWL_STYLE, GetWindowLongA(first, GWL_STYLE) | WS_TABSTOP);
+    if (!PicksPoints()) {
+        // No point is marked when none is waited for; the Tab key finds the first one all the same.
+        for (int i = 0; i < pointCount; ++i)
+            Check(IDC_CAL_POINT_1 + i, false);
+        const HWND first = Item(IDC_CAL_POINT_1);
+        SetWindowLongA(first, GWL_STYLE, GetWindowLongA(first, GWL_STYLE) | WS_TABSTOP);
+    }
     for (int i = 0; i < pointCount; ++i) {
         const auto point = document ? document->calibrationDraft.points[i] : CalibrationDraft::Point();
         SetText(IDC_CAL_IMAGE_1 + i,

@@ -1,10 +1,8 @@
 // The values along the selected ROI.
 #include "panes/ProfilePane.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "Resource.h"
+#include "document/FiniteRange.h"
 #include "document/PixelText.h"
 #include "document/Profile.h"
 #include "platform/Text.h"
@@ -27,21 +25,16 @@ void ProfilePane::Update() {
         SetText(IDC_GRAPH_NOTE, "Select a line, a polyline or another outline.");
         return;
     }
-    float low = 0, high = 255;
-    if (document->Class().isWide) {
-        bool isAny = false;
-        for (const tagPoints& point : points) {
-            if (!std::isfinite(point.y)) continue;
-            low = isAny ? std::min(low, point.y) : point.y;
-            high = isAny ? std::max(high, point.y) : point.y;
-            isAny = true;
-        }
-    }
+    FiniteRange values;
+    for (const tagPoints& point : points)
+        values.Add(point.y);
+    constexpr tagPoints levels = {0, 255};
+    const tagPoints axis = document->Class().isWide ? values.Or(levels) : levels;
     const float length = points.back().x;
     const std::size_t count = points.size();
     graph.AddCurve("Profile", std::move(points), PS_SOLID, RGB(200, 0, 0));
     graph.SelectCurve(-1);
-    graph.SetRanges(0, GraphWindow::RoundEnd(length, false), low, high);
+    graph.SetRanges(0, GraphWindow::RoundEnd(length, false), axis.x, axis.y);
     graph.SetTexts(std::string("Profile of ") + roi->GetName(), "Distance (" + UnitOf(document->Image()) + ")",
                    "Value");
     SetText(IDC_GRAPH_NOTE, Format("%u samples over %.6g %s", static_cast<unsigned>(count), static_cast<double>(length),
