@@ -21,6 +21,12 @@ if(WIN32)
   target_compile_definitions(KestApi PRIVATE KEST_BUILD $<$<BOOL:${KEST_WITH_MFC}>:KEST_WITH_MFC>)
   target_link_libraries(KestApi PRIVATE kest_kernels kest_library_options comctl32 comdlg32 gdi32 user32)
   set_target_properties(KestApi PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+  if(NOT MSVC)
+    file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/library-objects.txt
+      CONTENT "$<JOIN:$<TARGET_OBJECTS:KestApi>;$<TARGET_OBJECTS:kest_kernels>,\n>\n")
+    add_custom_command(TARGET KestApi POST_BUILD COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM}
+      -DLIST=${CMAKE_BINARY_DIR}/library-objects.txt -P ${PROJECT_SOURCE_DIR}/cmake/CheckAllocation.cmake VERBATIM)
+  endif()
   # What nearly every file reads first is read once.
   target_precompile_headers(KestApi PRIVATE <windows.h> <algorithm> <cmath> <memory> <span> <string> <vector>)
 endif()

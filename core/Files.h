@@ -22,16 +22,20 @@ private:
     HANDLE handle;
 };
 
-/// For reading from the start; others may read it meanwhile.
+/// For reading from the start; others may read and write it meanwhile.
 inline HANDLE OpenForReading(const char* path) {
-    return CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-/// For writing from the start. The old content is overwritten and its rest cut off by FinishWriting, which is faster
-/// than emptying the file first.
-inline HANDLE OpenForWriting(const char* path) {
-    return CreateFileA(path, GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+/// For writing; `disposition` says what becomes of a file that is there, `sharing` what others may do with it meanwhile.
+/// Only KestWholeFile uses it: no writer of the library writes over a file.
+inline HANDLE OpenToWrite(const char* path, DWORD disposition, DWORD sharing) {
+    return CreateFileA(path, GENERIC_WRITE, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
+
+/// For writing from the start, in place.
+inline HANDLE OpenForWriting(const char* path) { return OpenToWrite(path, OPEN_ALWAYS, 0); }
 
 inline bool ReadExactly(HANDLE file, void* bytes, Size64 count) {
     DWORD read = 0;

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-#include <memory>
 
+#include "core/kernel/HeapArray.h"
 #include "graph/CurvePoints.h"
 #include "graph/Dialogs.h"
 #include "graph/GraphDrawing.h"
@@ -49,7 +49,7 @@ private:
             SendDlgItemMessageA(window, IDC_STYLE, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
         ReadCurves();
         for (int i = 0; i < count; ++i)
-            SendDlgItemMessageA(window, IDC_CURVES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entries[i].name));
+            SendDlgItemMessageA(window, IDC_CURVES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entries[static_cast<std::size_t>(i)].name));
         CcList* const list = graph.GetCurveList();
         const int selected = list ? list->GetSelectedObjectsIndex() : -1;
         Select(selected >= 0 && selected < count ? selected : 0);
@@ -60,11 +60,9 @@ private:
         const ListPositionGuard position(list);
         const int curves = list ? list->GetNumberOfObjects() : 0;
         count = std::max(KEST_GRAPH_CURVES, curves);
-        entries.reset(new (std::nothrow) CurveEntry[static_cast<std::size_t>(count)]);
-        if (!entries) count = 0;
+        if (!entries.Allocate(count)) count = 0;
         for (int i = 0; i < count; ++i) {
-            CurveEntry& entry = entries[i];
-            entry = {};
+            CurveEntry& entry = entries[static_cast<std::size_t>(i)];
             entry.curve = i < curves ? AsCurve(list->GetAtIndex(i)) : nullptr;
             ReadLook(entry, i);
         }
@@ -87,7 +85,7 @@ private:
         entry.before = entry.look;
     }
 
-    CurveEntry* Selected() { return selectedEntry < count ? &entries[selectedEntry] : nullptr; }
+    CurveEntry* Selected() { return selectedEntry < count ? &entries[static_cast<std::size_t>(selectedEntry)] : nullptr; }
 
     void Select(int index) {
         selectedEntry = index;
@@ -160,7 +158,7 @@ private:
 
     void Apply() override {
         for (int i = 0; i < count; ++i) {
-            const CurveEntry& entry = entries[i];
+            const CurveEntry& entry = entries[static_cast<std::size_t>(i)];
             const CurveLook& look = entry.look;
             if (look == entry.before) continue;
             if (entry.curve) entry.curve->SetCurveStyle(look.style, look.colour, look.width);
@@ -173,7 +171,7 @@ private:
         }
     }
 
-    std::unique_ptr<CurveEntry[]> entries;
+    HeapArray<CurveEntry> entries;
     int count = 0;
     int selectedEntry = 0;
     int width = 0;

@@ -4,7 +4,6 @@
 
 #include <windows.h>
 
-#include <new>
 #include <span>
 
 #include "CcGraph.h"
@@ -47,7 +46,7 @@ private:
 };
 
 /// One open dialog. It works on variables of its own, and changes the graph in Apply only.
-class SettingsDialog : Guard {
+class SettingsDialog : Guard, public KestHeapObject {
 public:
     /// Runs a dialog of the derived class until it is closed. A template that is missing shows nothing.
     template <class Dialog>
@@ -88,7 +87,7 @@ private:
     template <class Dialog>
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message != WM_INITDIALOG) return Dispatch(window, message, wParam, lParam);
-        SettingsDialog* const made = new (std::nothrow) Dialog(*reinterpret_cast<CcGraph*>(lParam), window);
+        SettingsDialog* const made = new Dialog(*reinterpret_cast<CcGraph*>(lParam), window);
         SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(made));
         made ? made->Start() : static_cast<void>(EndDialog(window, IDCANCEL));
         return TRUE;

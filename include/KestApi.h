@@ -42,3 +42,4 @@
 #include "KestTool.h"
 #include "KestToolHost.h"
 #include "KestTypes.h"
+#include "KestWholeFile.h"

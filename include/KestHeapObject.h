@@ -14,12 +14,16 @@ public:
     static void* operator new(std::size_t size) noexcept;
     /// The same.
     static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    /// The same, for hosts whose debug builds let `new` name the file and line where it stands.
+    static void* operator new(std::size_t size, const char* pszFile, int iLine) noexcept;
     /// In place, in memory of the caller.
     static void* operator new(std::size_t, void* pPlace) noexcept { return pPlace; }
     /// Gives the block back to the library's heap, whoever calls it.
     static void operator delete(void* pBlock) noexcept;
     /// The same.
     static void operator delete(void* pBlock, const std::nothrow_t&) noexcept;
+    /// The same.
+    static void operator delete(void* pBlock, const char* pszFile, int iLine) noexcept;
     /// Nothing to give back.
     static void operator delete(void*, void*) noexcept {}
 

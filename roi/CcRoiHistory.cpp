@@ -3,7 +3,6 @@
 
 #include <cstring>
 #include <initializer_list>
-#include <new>
 
 #include "CcMemObjectStorage.h"
 #include "core/ObjectFactory.h"
@@ -12,7 +11,7 @@
 namespace {
 
 /// One ROI as it was: its class, name, selection, and what its Store wrote.
-struct RoiState {
+struct RoiState : KestHeapObject {
     RoiState* next = nullptr;
     CcHLObject* roi = nullptr;  ///< where it was; compared only, never followed unless the list still holds it
     char className[50] = {};
@@ -47,7 +46,7 @@ CcRoiBase* AsRoi(CcHLObject* object) { return dynamic_cast<CcRoiBase*>(object); 
 
 }  // namespace
 
-struct CcRoiHistory::Snapshot {
+struct CcRoiHistory::Snapshot : KestHeapObject {
     Snapshot* next = nullptr;
     RoiState* states = nullptr;
     int selected = -1;
@@ -143,7 +142,7 @@ int CcRoiHistory::GoTo(Snapshot*& from, Snapshot*& other) {
 
 CcRoiHistory::Snapshot* CcRoiHistory::Take() const {
     if (!pList) return nullptr;
-    auto* snapshot = new (std::nothrow) Snapshot;
+    auto* snapshot = new Snapshot;
     if (!snapshot) return nullptr;
     const int current = pList->GetCurrentObjectsIndex();
     snapshot->selected = pList->GetSelectedObjectsIndex();
@@ -152,7 +151,7 @@ CcRoiHistory::Snapshot* CcRoiHistory::Take() const {
     for (int i = 0; i < pList->GetNumberOfObjects() && isWhole; ++i) {
         CcRoiBase* roi = AsRoi(pList->GetAtIndex(i));
         if (!roi) continue;
-        *end = new (std::nothrow) RoiState;
+        *end = new RoiState;
         isWhole = *end && (*end)->Take(*roi);
         if (*end) end = &(*end)->next;
     }

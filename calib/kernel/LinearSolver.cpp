@@ -2,9 +2,9 @@
 #include "calib/kernel/LinearSolver.h"
 
 #include <cmath>
-#include <memory>
-#include <new>
 #include <utility>
+
+#include "core/kernel/HeapArray.h"
 
 namespace kest {
 namespace {
@@ -12,12 +12,6 @@ namespace {
 struct Pivot {
     std::size_t row;
     std::size_t column;
-};
-
-/// How often each column was the pivot's, and the pivots in their order.
-struct Work {
-    std::unique_ptr<int[]> used;
-    std::unique_ptr<Pivot[]> pivots;
 };
 
 bool FindPivot(const MatrixView& matrix, const int* used, Pivot& pivot) {
@@ -58,15 +52,16 @@ void SubtractRow(const MatrixView& matrix, std::size_t row, std::size_t subtract
 
 bool SolveGaussJordan(const MatrixView& matrix, const MatrixView& sides) {
     const std::size_t n = matrix.rows;
-    const Work work = {std::unique_ptr<int[]>(new (std::nothrow) int[n]()),
-                       std::unique_ptr<Pivot[]>(new (std::nothrow) Pivot[n])};
-    if (!work.used || !work.pivots) return false;
+    // How often each column was the pivot's, and the pivots in their order.
+    const HeapArray<int> used(static_cast<Size64>(n));
+    const HeapArray<Pivot> pivots(static_cast<Size64>(n));
+    if (!used || !pivots) return false;
 
     for (std::size_t pass = 0; pass < n; ++pass) {
         Pivot pivot;
-        if (!FindPivot(matrix, work.used.get(), pivot)) return false;
-        ++work.used[pivot.column];
-        work.pivots[pass] = pivot;
+        if (!FindPivot(matrix, used.Get(), pivot)) return false;
+        ++used[pivot.column];
+        pivots[pass] = pivot;
         const std::size_t pivotRow = pivot.column;
         if (pivot.row != pivotRow) {
             SwapRows(matrix, pivot.row, pivotRow);
@@ -87,7 +82,7 @@ bool SolveGaussJordan(const MatrixView& matrix, const MatrixView& sides) {
         }
     }
     for (std::size_t pass = n; pass-- > 0;) {
-        const Pivot& pivot = work.pivots[pass];
+        const Pivot& pivot = pivots[pass];
         if (pivot.row != pivot.column) SwapColumns(matrix, pivot.row, pivot.column);
     }
     return true;

@@ -1,0 +1,65 @@
+// Files that are replaced only by whole ones.
+#pragma once
+
+#include <windows.h>
+
+#include "KestExport.h"
+#include "KestTypes.h"
+
+/// Writes a file so that nobody loses the old one: the bytes go to a new file in the same folder, which takes the old one's
+/// place when every byte is on the disk. All files that the library writes, but for object streams, are written by it.
+///
+/// Where the folder allows no new file, or what is at the path is no plain file (a device, a link), the bytes are written
+/// in place. A file that others have opened, and share, gets the bytes in place once the new file is complete; they see
+/// them through the handles that they have.
+///
+///     KestWholeFile file("plate.csv");
+///     file.Write(text, length);
+///     if (file.Replace() != KEST_OK) ... file.GetResult() tells why, and plate.csv is as it was
+///
+/// An object is used once, by one thread. No function shows a message.
+class KEST_API KestWholeFile {
+public:
+    /// What was reached so far.
+    enum Result {
+        Writing,     ///< the new file is open, and what was written is in it
+        Replaced,    ///< the path has all that was written
+        NotCreated,  ///< the file at the path cannot be written to, or no file can be made there
+        NotWritten,  ///< the disk did not take all bytes, or the old file could not be replaced
+    };
+
+    /// Makes the new file. A null path, or one that is too long (over 259 characters), is NotCreated; so is one at which
+    /// there is a file that cannot be opened for writing with `ulSharing` (what other handles on it may do: FILE_SHARE_READ
+    /// and FILE_SHARE_WRITE, or 0).
+    explicit KestWholeFile(const char* pszPath, unsigned long ulSharing = FILE_SHARE_READ | FILE_SHARE_WRITE);
+    /// What was not put in place by Replace is deleted.
+    ~KestWholeFile();
+    KestWholeFile(const KestWholeFile&) = delete;
+    KestWholeFile& operator=(const KestWholeFile&) = delete;
+
+    /// Appends `llBytes` bytes (0 or more). KEST_FAILED once anything went wrong; GetResult tells what.
+    int Write(const void* pBytes, long long llBytes);
+
+    /// For a writer that wants a path: closes the new file, still empty, and returns its name, which ends in the extension
+    /// of the path. After that writer Replace puts the file in place; Write must not be called. The path itself where the
+    /// file is written in place; null when it was not created.
+    const char* LendPath();
+
+    /// Puts the new file in the old one's place. KEST_OK, or KEST_FAILED with the old file as it was.
+    int Replace();
+
+    /// Gives up: nothing is replaced, and the result is NotWritten.
+    void Abandon();
+
+    Result GetResult() const { return eResult; }  ///< what was reached so far
+
+private:
+    bool OpenNew();
+    bool CloseNew();
+    bool CopyIntoPlace();
+
+    char szPath[KEST_NAME_SIZE];     ///< the file to replace
+    char szNewPath[KEST_NAME_SIZE];  ///< the new file; empty: written in place
+    HANDLE hFile = INVALID_HANDLE_VALUE;
+    Result eResult = NotCreated;
+};
