@@ -1,6 +1,6 @@
 # Fails when one of the object files named in LIST calls the run-time library's `new`: memory comes from an allocator that returns null
 # (core/kernel/HeapArray.h tells why). Run by the build after the library is linked, with NM and LIST.
-file(STRINGS ${LIST} OBJECTS)
+file(STRINGS ${LIST} OBJECTS REGEX "[.]o(bj)?$")
 execute_process(COMMAND ${NM} -u -A ${OBJECTS} OUTPUT_VARIABLE undefined RESULT_VARIABLE failed ERROR_VARIABLE problem)
 if(failed)
   message(FATAL_ERROR "${NM}: ${problem}")
