@@ -44,6 +44,15 @@ foreach(part IN LISTS KEST_PARTS)
   endif()
 endforeach()
 
+# Every operation of the library while the platform fails under it.
+file(GLOB sources CONFIGURE_DEPENDS tests/faults/*.cpp)
+add_executable(test_faults ${sources})
+target_link_libraries(test_faults PRIVATE kest_test_support)
+target_precompile_headers(test_faults REUSE_FROM kest_test_support)
+add_dependencies(test_faults HistogramTool)
+add_test(NAME win${bits}.faults COMMAND test_faults WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set_tests_properties(win${bits}.faults PROPERTIES TIMEOUT 400 RUN_SERIAL ON)
+
 # KestView: its documents, and the running program driven by mouse and keyboard.
 file(GLOB sources CONFIGURE_DEPENDS tests/viewer/*.cpp)
 add_executable(test_viewer ${sources})

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "support/Dialogs.h"
+#include "support/RunningStep.h"
 
 namespace {
 
@@ -17,7 +18,8 @@ std::atomic<DWORD> testStarted{0};
 
 std::string RunningTest() {
     const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    return info ? std::string(info->test_suite_name()) + "." + info->name() : "no test";
+    if (!info) return "no test";
+    return std::string(info->test_suite_name()) + "." + info->name() + " " + test::runningStep;
 }
 
 LONG WINAPI ReportCrash(EXCEPTION_POINTERS* exception) {
@@ -50,6 +52,7 @@ DWORD WINAPI Watch(void*) {
 class Environment : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override {
         test::TakeBoxes();
+        test::runningStep.clear();
         testStarted = GetTickCount() | 1;
     }
     void OnTestEnd(const testing::TestInfo& info) override {

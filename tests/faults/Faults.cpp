@@ -1,0 +1,253 @@
+// Makes the platform fail under the library.
+#include "faults/Faults.h"
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+#include <utility>
+
+#include "support/Census.h"
+
+namespace test {
+namespace {
+
+enum Group { Memory, Lock, Open, Read, Write, Position, Rename, Library, Context, Drawing, Objects, Selection, Window,
+             PrintJob, Clipboard, Dialog, GroupCount };
+constexpr const char* groupNames[GroupCount] = {"memory", "lock", "open", "read", "write", "position", "rename",
+    "library", "context", "blit", "objects", "selection", "window", "print job", "clipboard", "dialog"};
+
+Fault armed;
+bool isArmed = false;
+std::array<int, GroupCount> calls = {};
+int boxes = 0;
+
+bool Fails(Group group) {
+    if (!isArmed) return false;
+    const int call = ++calls[group];
+    return group == armed.group && armed.call > 0 && (call == armed.call || (armed.stays && call > armed.call));
+}
+
+/// One replaced import: `Number` makes its statics its own.
+template <int Number, class Function>
+struct Import;
+
+template <int Number, class Result, class... Arguments>
+struct Import<Number, Result(WINAPI*)(Arguments...)> {
+    static inline Result(WINAPI* original)(Arguments...) = nullptr;
+    static inline Result failure{};
+    static inline Group group{};
+    static inline DWORD error = 0;
+
+    static Result WINAPI Call(Arguments... arguments) {
+        if (Fails(group)) {
+            SetLastError(error);
+            return failure;
+        }
+        return original(arguments...);
+    }
+};
+
+#if defined(__i386__)
+template <int Number, class Result, class... Arguments>
+struct Import<Number, Result (*)(Arguments...)> {
+    static inline Result (*original)(Arguments...) = nullptr;
+    static inline Result failure{};
+    static inline Group group{};
+    static inline DWORD error = 0;
+
+    static Result Call(Arguments... arguments) { return Fails(group) ? failure : original(arguments...); }
+};
+#endif
+
+struct Row {
+    const char* name;
+    void* replacement;
+    void** original;
+    void* stand = nullptr;  ///< is called instead of the system's function
+};
+
+template <int Number, class Function, class Result>
+Row MakeRow(const char* name, Group group, Result failure, DWORD error) {
+    using Replaced = Import<Number, Function>;
+    Replaced::group = group;
+    Replaced::failure = failure;
+    Replaced::error = error;
+    return {name, reinterpret_cast<void*>(&Replaced::Call), reinterpret_cast<void**>(&Replaced::original)};
+}
+
+int WINAPI AnswerBox(HWND, const char*, const char*, UINT) {
+    ++boxes;
+    return IDOK;
+}
+
+// What the library takes and gives back is counted on the way to the system.
+int blocks = 0, files = 0, libraries = 0;
+
+template <class Handle>
+Handle Taken(int& held, Handle handle, Handle none = {}) {
+    held += handle != none;
+    return handle;
+}
+void* Allocate(std::size_t bytes) { return Taken(blocks, std::malloc(bytes)); }
+void* AllocateZeros(std::size_t count, std::size_t bytes) { return Taken(blocks, std::calloc(count, bytes)); }
+void* Reallocate(void* block, std::size_t bytes) {
+    void* const grown = std::realloc(block, bytes);
+    return block ? grown : Taken(blocks, grown);
+}
+void Free(void* block) {
+    blocks -= block != nullptr;
+    std::free(block);
+}
+HGLOBAL WINAPI AllocateGlobal(UINT flags, SIZE_T bytes) { return Taken(blocks, GlobalAlloc(flags, bytes)); }
+HGLOBAL WINAPI FreeGlobal(HGLOBAL block) {
+    --blocks;
+    return GlobalFree(block);
+}
+HANDLE WINAPI OpenPath(const char* path, DWORD access, DWORD sharing, SECURITY_ATTRIBUTES* security, DWORD disposition,
+                       DWORD flags, HANDLE pattern) {
+    return Taken(files, CreateFileA(path, access, sharing, security, disposition, flags, pattern), INVALID_HANDLE_VALUE);
+}
+BOOL WINAPI ClosePath(HANDLE file) {
+    --files;
+    return CloseHandle(file);
+}
+HMODULE WINAPI Load(const char* path) { return Taken(libraries, LoadLibraryA(path)); }
+BOOL WINAPI Unload(HMODULE library) {
+    --libraries;
+    return FreeLibrary(library);
+}
+
+// A printer that takes every page: the display, on which nothing is started.
+int pages = 0;
+BOOL WINAPI ChoosePrinter(PRINTDLGA* setup) {
+    setup->hDC = CreateDCA("DISPLAY", nullptr, nullptr, nullptr);
+    return TRUE;
+}
+int WINAPI StartJob(HDC, const DOCINFOA*) { return 1; }
+int WINAPI StartOrEnd(HDC) { return 1; }
+int WINAPI FinishPage(HDC) { return ++pages; }
+INT_PTR WINAPI RunDialog(HINSTANCE, const char*, HWND, DLGPROC, LPARAM) { return IDCANCEL; }
+
+Row StandIn(Row row, auto* function) {
+    row.stand = reinterpret_cast<void*>(function);
+    return row;
+}
+
+#define KEST_FAULT(group, function, failure, error) \
+    MakeRow<__COUNTER__, decltype(&::function)>(#function, group, static_cast<decltype(CallResult(&::function))>(failure), error)
+
+template <class Result, class... Arguments>
+Result CallResult(Result(WINAPI*)(Arguments...));
+#if defined(__i386__)
+template <class Result, class... Arguments>
+Result CallResult(Result (*)(Arguments...));
+#endif
+
+std::vector<Row> Rows() {
+    void* const none = nullptr;
+    static void* unused;
+    return {
+        StandIn(KEST_FAULT(Memory, malloc, none, 0), &Allocate), StandIn(KEST_FAULT(Memory, calloc, none, 0), &AllocateZeros), StandIn(KEST_FAULT(Memory, realloc, none, 0), &Reallocate),
+        StandIn(KEST_FAULT(Memory, GlobalAlloc, none, ERROR_NOT_ENOUGH_MEMORY), &AllocateGlobal),
+        KEST_FAULT(Lock, GlobalLock, none, ERROR_NOT_ENOUGH_MEMORY),
+        StandIn(KEST_FAULT(Open, CreateFileA, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED), &OpenPath),
+        KEST_FAULT(Read, ReadFile, FALSE, ERROR_CRC), KEST_FAULT(Write, WriteFile, FALSE, ERROR_DISK_FULL),
+        KEST_FAULT(Write, SetEndOfFile, FALSE, ERROR_DISK_FULL),
+        KEST_FAULT(Position, SetFilePointer, INVALID_SET_FILE_POINTER, ERROR_SEEK),
+        KEST_FAULT(Position, SetFilePointerEx, FALSE, ERROR_SEEK),
+        KEST_FAULT(Position, GetFileSizeEx, FALSE, ERROR_INVALID_FUNCTION),
+        KEST_FAULT(Rename, MoveFileExA, FALSE, ERROR_ACCESS_DENIED),
+        KEST_FAULT(Rename, ReplaceFileA, FALSE, ERROR_ACCESS_DENIED),
+        StandIn(KEST_FAULT(Library, LoadLibraryA, none, ERROR_MOD_NOT_FOUND), &Load),
+        KEST_FAULT(Context, GetDC, none, 0), KEST_FAULT(Context, CreateCompatibleDC, none, 0),
+        KEST_FAULT(Drawing, SetDIBitsToDevice, 0, 0), KEST_FAULT(Drawing, StretchDIBits, 0, 0),
+        KEST_FAULT(Drawing, BitBlt, FALSE, 0),
+        KEST_FAULT(Objects, CreateCompatibleBitmap, none, 0), KEST_FAULT(Objects, CreatePalette, none, 0),
+        KEST_FAULT(Objects, CreatePen, none, 0), KEST_FAULT(Objects, CreateSolidBrush, none, 0),
+        KEST_FAULT(Objects, CreateRectRgn, none, 0), KEST_FAULT(Objects, CreateRectRgnIndirect, none, 0),
+        KEST_FAULT(Selection, SelectObject, none, 0), KEST_FAULT(Selection, SelectPalette, none, 0),
+        KEST_FAULT(Window, GetClientRect, FALSE, 0), KEST_FAULT(Window, ClientToScreen, FALSE, 0),
+        StandIn(KEST_FAULT(PrintJob, StartDocA, -1, 0), &StartJob), StandIn(KEST_FAULT(PrintJob, StartPage, 0, 0), &StartOrEnd), StandIn(KEST_FAULT(PrintJob, EndPage, 0, 0), &FinishPage),
+        StandIn(KEST_FAULT(PrintJob, EndDoc, 0, 0), &StartOrEnd), StandIn(KEST_FAULT(PrintJob, PrintDlgA, FALSE, 0), &ChoosePrinter),
+        KEST_FAULT(Clipboard, OpenClipboard, FALSE, 0), KEST_FAULT(Clipboard, EmptyClipboard, FALSE, 0),
+        KEST_FAULT(Clipboard, SetClipboardData, none, 0),
+        StandIn(KEST_FAULT(Dialog, DialogBoxParamA, -1, 0), &RunDialog),
+        {"MessageBoxA", reinterpret_cast<void*>(&AnswerBox), &unused},
+        {"free", reinterpret_cast<void*>(&Free), &unused},
+        {"GlobalFree", reinterpret_cast<void*>(&FreeGlobal), &unused},
+        {"CloseHandle", reinterpret_cast<void*>(&ClosePath), &unused},
+        {"FreeLibrary", reinterpret_cast<void*>(&Unload), &unused},
+    };
+}
+
+void PatchImports(HMODULE module, const std::vector<Row>& rows) {
+    auto* const base = reinterpret_cast<unsigned char*>(module);
+    const auto* headers =
+        reinterpret_cast<IMAGE_NT_HEADERS*>(base + reinterpret_cast<IMAGE_DOS_HEADER*>(base)->e_lfanew);
+    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    for (auto* library = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress); library->Name;
+         ++library) {
+        const auto* names = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library->OriginalFirstThunk);
+        auto* thunks = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library->FirstThunk);
+        for (; names->u1.AddressOfData; ++names, ++thunks) {
+            if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
+            const char* const name =
+                reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData)->Name;
+            for (const Row& row : rows) {
+                if (std::strcmp(row.name, name) != 0) continue;
+                DWORD old;
+                VirtualProtect(&thunks->u1.Function, sizeof thunks->u1.Function, PAGE_READWRITE, &old);
+                *row.original = row.stand ? row.stand : reinterpret_cast<void*>(thunks->u1.Function);
+                thunks->u1.Function = reinterpret_cast<ULONG_PTR>(row.replacement);
+                VirtualProtect(&thunks->u1.Function, sizeof thunks->u1.Function, old, &old);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+void PatchLibrary() {
+    static const bool isPatched = [] {
+        PatchImports(GetModuleHandleA("KestApi.dll"), Rows());
+        return true;
+    }();
+    static_cast<void>(isPatched);
+}
+
+void Arm(const Fault& fault) {
+    armed = fault;
+    calls = {};
+    isArmed = true;
+}
+
+std::vector<FaultGroup> Disarm() {
+    isArmed = false;
+    std::vector<FaultGroup> groups;
+    for (int i = 0; i < GroupCount; ++i) groups.push_back({groupNames[i], calls[static_cast<std::size_t>(i)]});
+    return groups;
+}
+
+std::string Ledger() {
+    // What is on the clipboard belongs to the system.
+    if (OpenClipboard(nullptr)) EmptyClipboard();
+    CloseClipboard();
+    RECT clip;
+    GetClipCursor(&clip);
+    std::ostringstream text;
+    text << TakeCensus().gdiObjects << " GDI objects, " << blocks << " blocks, " << files << " files, " << libraries
+         << " libraries, capture " << (GetCapture() != nullptr) << ", cursor within " << clip.left << ',' << clip.top << ','
+         << clip.right << ',' << clip.bottom;
+    return text.str();
+}
+
+int PagesPrinted() { return pages; }
+
+int TakeBoxCount() { return std::exchange(boxes, 0); }
+
+}  // namespace test

@@ -1,0 +1,65 @@
+// Makes the platform fail under the library: the DLL's imports that can fail are replaced by ones that fail when told to,
+// while the system's own calls of the same functions go on as ever.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// What fails together: the k-th call counts over all functions of a group.
+struct FaultGroup {
+    std::string name;
+    int calls = 0;  ///< since Arm
+};
+
+/// Which call fails: the `call`-th of a group (from 1), and with `stays` all behind it as well. Call 0: none.
+struct Fault {
+    int group = 0;
+    int call = 0;
+    bool stays = false;
+};
+
+/// Patches the library, once a process; message boxes of the library are from then on answered without a window.
+void PatchLibrary();
+
+/// Calls are counted, and fail, between the two.
+void Arm(const Fault& fault);
+std::vector<FaultGroup> Disarm();
+
+/// What the library holds of the system's: GDI objects, blocks, files, libraries, capture and cursor clip.
+std::string Ledger();
+
+/// How many boxes the library has shown since the last call.
+int TakeBoxCount();
+
+/// Pages that the library has ended on the printer that stands in for the system's.
+int PagesPrinted();
+
+/// An operation of the library on objects of its own. It is made anew for each trial.
+struct Scene {
+    std::function<int()> run;            ///< negative: failed
+    std::function<std::string()> state;  ///< all that the operation may change, as bytes
+};
+
+/// What an operation may do besides "failed and changed nothing" and "succeeded wholly".
+enum Allowance : unsigned {
+    Nothing = 0,
+    PartlyDone = 1,    ///< a failure may leave it half done: streams, drawings, what is replaced
+    SilentIfOpen = 2,  ///< a file that cannot be opened or created is no failure, and nothing changes
+    Drawn = 4,         ///< how it is drawn is not part of success: pens, texts and clips that the system refused
+};
+
+struct Operation {
+    std::string name;
+    std::function<Scene()> make;
+    unsigned allowed = Nothing;
+};
+
+/// The operations of each part of the library.
+std::vector<Operation> ImageOperations();
+std::vector<Operation> RoiOperations();
+std::vector<Operation> OtherOperations();
+
+}  // namespace test

@@ -1,0 +1,114 @@
+// Every public operation while the platform fails: the k-th call of each kind, alone and for good. An operation that then
+// reports success has done all of its work; one that reports failure has changed nothing (or, where it cannot, says so in
+// the table); nobody crashes, and everything that was taken is given back.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+#include "faults/Faults.h"
+#include "support/RunningStep.h"
+
+using test::Allowance;
+using test::Fault;
+using test::FaultGroup;
+using test::Operation;
+using test::Scene;
+
+namespace {
+
+struct Trials {
+    int failures = 0;
+    std::map<std::string, int> byGroup;
+};
+
+std::string Show(const std::string& state) {
+    std::string text;
+    for (const char character : state.substr(0, 60)) {
+        char code[5];
+        std::snprintf(code, sizeof code, character >= ' ' ? "%c" : "\\%02x", static_cast<unsigned char>(character));
+        text += code;
+    }
+    return text + " (" + std::to_string(state.size()) + " bytes)";
+}
+
+/// Null when what one trial left is what the operation promises.
+std::string WhatIsWrong(const Operation& operation, const std::string& group, int result, const std::string& before,
+                        const std::string& whole, const std::string& after) {
+    if (result >= 0) {
+        if (after == whole || (operation.allowed & Allowance::Drawn)) return {};
+        if ((operation.allowed & Allowance::SilentIfOpen) && group == "open" && after == before) return {};
+        return "says " + std::to_string(result) + " but left " + Show(after) + " instead of " + Show(whole);
+    }
+    if (after == before || (operation.allowed & Allowance::PartlyDone)) return {};
+    return "failed with " + std::to_string(result) + " and changed " + Show(before) + " to " + Show(after);
+}
+
+/// The calls of each group that the operation makes when all goes well.
+std::vector<FaultGroup> Rehearse(const Operation& operation, std::string& before, std::string& whole) {
+    const Scene scene = operation.make();
+    before = scene.state();
+    test::Arm({});
+    const int result = scene.run();
+    const std::vector<FaultGroup> groups = test::Disarm();
+    whole = scene.state();
+    EXPECT_GE(result, 0) << operation.name << " fails by itself";
+    EXPECT_EQ(test::TakeBoxCount(), 0) << operation.name;
+    return groups;
+}
+
+void Try(const Operation& operation, Trials& trials) {
+    std::string before, whole;
+    Rehearse(operation, before, whole);  // pens, fonts and the like that stay are made now
+    const std::vector<FaultGroup> groups = Rehearse(operation, before, whole);
+    const std::string ledger = test::Ledger();
+    for (int group = 0; group < static_cast<int>(groups.size()); ++group) {
+        const FaultGroup& kind = groups[static_cast<std::size_t>(group)];
+        for (int call = 1; call <= kind.calls; ++call)
+            for (const bool stays : {false, true}) {
+                const std::string name =
+                    operation.name + ", " + kind.name + " call " + std::to_string(call) + (stays ? " and all behind" : "");
+                test::runningStep = name;
+                std::string wrong;
+                {
+                    const Scene scene = operation.make();
+                    test::Arm({group, call, stays});
+                    const int result = scene.run();
+                    test::Disarm();
+                    wrong = WhatIsWrong(operation, kind.name, result, before, whole, scene.state());
+                }
+                test::TakeBoxCount();
+                const std::string now = test::Ledger();
+                if (now != ledger) wrong += " left " + now + " of " + ledger;
+                ++trials.byGroup[kind.name];
+                if (wrong.empty()) continue;
+                ++trials.failures;
+                ADD_FAILURE() << name << ": " << wrong;
+                ASSERT_LT(trials.failures, 200) << "and so on";
+            }
+    }
+}
+
+void TryAll(const std::vector<Operation>& operations) {
+    test::PatchLibrary();
+    Trials trials;
+    const char* const only = std::getenv("KEST_FAULT_OPERATION");
+    for (const Operation& operation : operations)
+        if (!only || operation.name.find(only) != std::string::npos) Try(operation, trials);
+    int all = 0;
+    for (const auto& [group, count] : trials.byGroup) {
+        std::printf("%-12s %6d\n", group.c_str(), count);
+        all += count;
+    }
+    std::printf("%d operations, %d trials, %d wrong\n", static_cast<int>(operations.size()), all, trials.failures);
+}
+
+}  // namespace
+
+TEST(Faults, Images) { TryAll(test::ImageOperations()); }
+
+TEST(Faults, Rois) { TryAll(test::RoiOperations()); }
+
+TEST(Faults, StreamsListsCalibrationGraphsTools) { TryAll(test::OtherOperations()); }
