@@ -97,6 +97,7 @@ void Calibrate(Driver& view) {
 
 void Threshold(Driver& view) {
     view.Press({VK_CONTROL, 'T'});
+    view.ClickControl(IDC_BAND_ADD);
     view.ClickControl(IDC_BAND_LOW_TEXT);
     view.Press({VK_CONTROL, 'A'});
     view.Type(std::to_wstring(example::plateThreshold));

@@ -40,9 +40,10 @@ void PictureView::CanvasWindow::Paint() {
 void PictureView::PaintPicture(HDC dc) {
     if (!document) return;
     const Shown shown = GetShown();
-    CcImage& image = document->Image();
-    image.Show(dc, shown.canvas, document->ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
-    image.ShowOverlay(dc, shown.canvas, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    document->Draw(dc, canvas.ClientSize(), [&](CcImage& image, HDC target, unsigned short table) {
+        image.Show(target, shown.canvas, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    });
+    document->Image().ShowOverlay(dc, shown.canvas, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
 
     Font font;
     font.Make(DpiOf(window));

@@ -78,22 +78,24 @@ void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const 
     if (paint.showsNames) PaintNames(dc, area, document, shown, paint);
 }
 
-std::unique_ptr<CcImage> DrawnWithRois(Document& document, Shown shown, SIZE area, bool showsNames) {
+std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area, DrawnRois rois) {
     const Busy busy("Drawing", 8LL * area.cx * area.cy);
     auto drawn = MakeImage(KEST_IMAGE_RGB, area.cy, area.cx, document.Name());
     DibSection pixels(area, 24);
     if (!drawn || !pixels) return nullptr;
     RECT all = {0, 0, area.cx, area.cy};
-    document.Image().Show(pixels, &all, document.ShownTable(), shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    document.Draw(pixels, area, [&](CcImage& image, HDC target, unsigned short table) {
+        image.Show(target, &all, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+    });
     // Lines and letters that are seen when all of it fills a page.
     constexpr int pixelsAcrossPage = 1000;
     const int scale = 1 + static_cast<int>(std::max(area.cx, area.cy)) / pixelsAcrossPage;
     shown.penZoom = std::max(shown.zoom, 4 * (scale - 1));
     RoiPaint paint;
-    paint.showsNames = showsNames;
+    paint.showsNames = rois == DrawnRois::WithNames;
     paint.marksSelected = false;
     paint.dpi = 96 * scale;
-    {
+    if (rois != DrawnRois::None) {
         Font font;
         font.Make(paint.dpi);
         const Selected selectedFont(pixels, font);

@@ -24,8 +24,10 @@ void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const 
 /// The middle of a picture pixel in the drawn area.
 POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y);
 
-/// A colour picture of `area` pixels with the ROIs drawn in: the part of the picture from the offsets of `shown` on, at
-/// its zoom, or all of it where `shown` is stretched. Null when memory is short.
-std::unique_ptr<CcImage> DrawnWithRois(Document& document, Shown shown, SIZE area, bool showsNames);
+enum class DrawnRois { None, Plain, WithNames };
+
+/// A colour picture of `area` pixels as it is shown, with the ROIs drawn in: the part of the picture from the offsets of
+/// `shown` on, at its zoom, or all of it where `shown` is stretched. Null when memory is short.
+std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area, DrawnRois rois);
 
 }  // namespace kestview

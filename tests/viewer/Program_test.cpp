@@ -106,13 +106,19 @@ TEST(Pictures, AreEditedOneByOne) {
     // A bound is typed digit by digit; the other one gives way only as long as it must.
     view.Press({VK_CONTROL, 'T'});
     const HWND high = view.Control(IDC_BAND_HIGH_TEXT);
+    view.ClickControl(IDC_BAND_ADD);
     ASSERT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L"255"; }));
     view.Click(high, {5, 5});
     view.Press({VK_CONTROL, 'A'});
     view.Type(L"180");
     EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(view.Control(IDC_BAND_LOW_TEXT)) == L"128"; }));
+    // The other picture has no band of its own until someone takes one.
     view.Press({VK_CONTROL, VK_TAB});
-    EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L"255"; })) << "the other picture's band";
+    EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L""; }));
+    const std::wstring unasked = results();
+    EXPECT_EQ(unasked.substr(unasked.size() - 3), L"\t\r\n") << "nothing is in bands";
+    view.ClickControl(IDC_BAND_LAST);
+    EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L"180"; })) << "the last picture's";
 
     // While a question waits, the program is not closed under it.
     view.Press({VK_CONTROL, 'W'});

@@ -288,6 +288,8 @@ public:
 
     void Threshold() {
         view->Press({VK_CONTROL, 'T'});
+        EXPECT_EQ(TextOfWindow(view->Control(IDC_BAND_LOW_TEXT)), L"") << "no band that nobody made";
+        view->ClickControl(IDC_BAND_ADD);
         // By the slider first, then exactly.
         const HWND low = view->Control(IDC_BAND_LOW);
         RECT slider;
@@ -464,6 +466,7 @@ public:
         view->Type(L"ch");  // Convert To, HSL
         ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Farben (24-bit HSL) * - KestView"; }));
         view->Press({VK_CONTROL, 'T'});
+        view->ClickControl(IDC_BAND_ADD);
         for (const auto& [field, level] : {std::pair{IDC_BAND_HIGH_TEXT, L"90"}, std::pair{IDC_BAND_LOW_TEXT, L"70"}}) {
             view->ClickControl(field);
             view->Press({VK_CONTROL, 'A'});

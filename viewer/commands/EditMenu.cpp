@@ -10,6 +10,8 @@
 namespace kestview {
 namespace {
 
+constexpr unsigned short ownColours = 100;
+
 /// Null copies all.
 void Copy(MainWindow& main, CcImage& image, unsigned short table, RECT* part) {
     const Busy busy("Copying", SampleBytes(image));
@@ -44,15 +46,20 @@ void EditCopy(MainWindow& main, int) {
                 copied = &part;
             }
         }
-    Copy(main, document.Image(), document.ShownTable(), copied);
+    if (!document.HasBandLayer())
+        Copy(main, document.Image(), document.ShownTable(), copied);
+    else if (const auto drawn = DrawnPicture(document, {}, document.Size(), DrawnRois::None))
+        Copy(main, *drawn, ownColours, copied);
+    else
+        ShowError(main, "There is not enough memory to draw the picture with its bands.");
     main.View().Refresh(DisplayChanged);
 }
 
 void EditCopyWithRois(MainWindow& main, int) {
-    const auto drawn = DrawnWithRois(*main.Active(), {}, main.Active()->Size(), main.View().showsRoiNames);
-    constexpr unsigned short colours = 100;
+    const auto drawn = DrawnPicture(*main.Active(), {}, main.Active()->Size(),
+                                    main.View().showsRoiNames ? DrawnRois::WithNames : DrawnRois::Plain);
     if (drawn)
-        Copy(main, *drawn, colours, nullptr);
+        Copy(main, *drawn, ownColours, nullptr);
     else
         ShowError(main, "There is not enough memory to draw the picture with its ROIs.");
 }

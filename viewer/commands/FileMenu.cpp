@@ -157,10 +157,11 @@ void FilePrint(MainWindow& main, int) {
     Shown& shown = part.shown;
     std::unique_ptr<CcImage> drawn;
     // The library prints its 7-bit and 6-bit grays darker than it shows them.
-    if (document.RoiCount() > 0 || part.isReduced || document.ShownTable() >= 103) {
+    if (document.RoiCount() > 0 || part.isReduced || document.ShownTable() >= 103 || document.HasBandLayer()) {
         Shown drawing = shown;
         if (!part.isReduced) drawing.mode = 1;
-        drawn = DrawnWithRois(document, drawing, part.area, main.View().showsRoiNames);
+        drawn = DrawnPicture(document, drawing, part.area,
+                             main.View().showsRoiNames ? DrawnRois::WithNames : DrawnRois::Plain);
         if (!drawn) {
             ShowError(main, "There is not enough memory to draw the picture for the page.");
             return;

@@ -71,7 +71,6 @@ void Document::TakeWholeRange() {
         image->SetDisplayLUT(102, 0, straight.data());
     }
     shownRange = wholeRange;
-    preview.SetShownRange(shownRange);
 }
 
 int Document::IndexOf(const CcRoiBase* roi) {
@@ -201,19 +200,16 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
         // All tables show the same range.
         for (auto& [place, curve] : tableCurves)
             Spread(curve, shownRange.x, shownRange.y);
-        preview.SetShownRange(shownRange);
     }
     image->SetDisplayLUT(table, channel, entries.data());
     tableCurves[{table, channel}] = points;
     hasEdits = true;
     SetModified(true);
-    // Levels mean other values now.
     if (shownRange.x != oldRange.x || shownRange.y != oldRange.y) Changed(DisplayChanged, true);
 }
 
 void Document::ResetTableCurve(int table, int channel) {
     if (Class().isWide) {
-        const PlainPixels plain(*this);
         image->SetAutoUpdateDisplay(1);
         TakeWholeRange();
     }
@@ -268,10 +264,15 @@ void Document::RemoveCalibration() {
     Changed(CalibrationChanged, true);
 }
 
-void Document::SetBands(std::vector<ThresholdTag> newBands, bool isEdit) {
+void Document::Draw(HDC dc, SIZE area, const ShowImage& show) {
+    show(*image, dc, ShownTable());
+    preview.Layer().DrawOver(dc, area, show);
+}
+
+void Document::SetBands(std::vector<Band> newBands) {
     bands = std::move(newBands);
     preview.Show(bands);
-    Changed(DisplayChanged, isEdit);
+    Changed(DisplayChanged, true);
 }
 
 void Document::PreviewBands(bool isShown, HWND canvas) {
@@ -299,8 +300,8 @@ void Document::SetChannel(int channel) {
     Changed(DisplayChanged, true);
 }
 
-PlainPixels::PlainPixels(Document& newDocument) : document(newDocument), wasOn(newDocument.preview.IsOn()) {
-    document.preview.End();
+PlainPixels::PlainPixels(Document& newDocument) : document(newDocument), wasOn(newDocument.preview.ChangesPicture()) {
+    if (wasOn) document.preview.End();
 }
 
 PlainPixels::~PlainPixels() {
@@ -323,7 +324,6 @@ const unsigned char* Document::Colours() {
 
 void Document::PixelsReplaced() {
     if (Class().isWide) {
-        const PlainPixels plain(*this);
         const bool wasWhole = shownRange.x == wholeRange.x && shownRange.y == wholeRange.y;
         image->ReScaleImageOnShow();
         TakeWholeRange();
@@ -336,6 +336,7 @@ void Document::PixelsReplaced() {
     } else {
         image->ReScaleImageOnShow();
     }
+    preview.Show(bands);
     Changed(PictureChanged, true);
 }
 

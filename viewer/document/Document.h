@@ -20,7 +20,7 @@ enum Change : unsigned {
     PictureChanged = 1,  ///< pixels
     RoisChanged = 2,     ///< number, shape, name or selection of ROIs
     CalibrationChanged = 4,
-    DisplayChanged = 8,  ///< display table, overlay colours, threshold bands
+    DisplayChanged = 8,  ///< display table, threshold bands
     ViewChanged = 16,    ///< zoom or scroll position
     TitleChanged = 32,   ///< name, or saved or not
     EverythingChanged = ~0u,
@@ -93,8 +93,10 @@ public:
 
     // How it is shown
     ViewState view;
-    /// Display table 100 to 104; table 101 while thresholding is previewed.
-    unsigned short ShownTable() const { return preview.IsOn() ? 101 : displayTable; }
+    /// Display table 100 to 104; table 101 while the library's thresholding is previewed.
+    unsigned short ShownTable() const { return preview.ChangesPicture() ? 101 : displayTable; }
+    /// Draws the picture as it is shown, with the bands over it: `show` draws an image as the picture stands in `area`.
+    void Draw(HDC dc, SIZE area, const ShowImage& show);
     unsigned short DisplayTable() const { return displayTable; }
     void SetDisplayTable(unsigned short table);
     /// The few points between which a display table's channel (see GetDisplayLUT) was interpolated, by table and
@@ -125,13 +127,15 @@ public:
     /// False when the draft is what the picture is calibrated by.
     bool IsDraftChanged() const { return calibration && calibrationDraft != appliedDraft; }
 
-    // Threshold bands
-    const std::vector<ThresholdTag>& Bands() const { return bands; }
-    /// The band that the program begins with is no edit.
-    void SetBands(std::vector<ThresholdTag> newBands, bool isEdit = true);
+    // Threshold bands: of sample values in a wide picture, of levels in the others. There are none until someone makes
+    // one.
+    const std::vector<Band>& Bands() const { return bands; }
+    void SetBands(std::vector<Band> newBands);
     /// Shows the bands in their colours over the picture in `canvas`.
     void PreviewBands(bool isShown, HWND canvas);
     bool IsPreviewing() const { return preview.IsOn(); }
+    /// Whether the preview lies over the picture, and not in it.
+    bool HasBandLayer() const { return preview.IsOn() && !preview.ChangesPicture(); }
     /// Blue, green and red of an RGB picture's pixels, or lightness, saturation and hue of an HSL picture's, also while
     /// bands are shown over them. Null for other pictures.
     const unsigned char* Colours();
@@ -160,7 +164,7 @@ private:
     std::unique_ptr<CcRoiHistory> history;
     CalibrationDraft appliedDraft;
     ThresholdPreview preview;
-    std::vector<ThresholdTag> bands;
+    std::vector<Band> bands;
     unsigned short displayTable = 102;
     std::map<std::pair<int, int>, std::vector<tagPoints>> tableCurves;
     tagPoints shownRange = {0, 255};

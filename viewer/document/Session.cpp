@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <fstream>
 #include <string_view>
@@ -22,7 +23,7 @@ constexpr const char *versionKey = "KestView::iVersion", *typeKey = "KestView::i
                      *calibrationKey = "KestView::szCalibrationFile", *tableKey = "KestView::iDisplayTable",
                      *zoomKey = "KestView::iZoom", *xKey = "KestView::iXOffset", *yKey = "KestView::iYOffset",
                      *samplesKey = "KestView::cSamples", *channelKey = "KestView::iChannel",
-                     *bandsKey = "KestView::stBands";
+                     *bandsKey = "KestView::stBands", *sampleBandsKey = "KestView::stSampleBands";
 constexpr int pathSize = 4 * MAX_PATH;
 constexpr int editedTables[] = {101, 102, 103, 104}, mostChannels = 4;
 
@@ -64,16 +65,61 @@ std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
     return wide;
 }
 
-std::vector<ThresholdTag> BandsIn(CcPropertyBag& bag) {
+/// A band of sample values, as it stands in the bag.
+struct StoredBand {
+    double low, high;
+    std::int32_t red, green, blue, unused;
+};
+
+template <class Record>
+std::vector<Record> RecordsIn(CcPropertyBag& bag, const char* key, std::size_t most) {
     long bytes = 0;
-    constexpr long bandBytes = sizeof(ThresholdTag), mostBands = 8;
-    if (bag.GetPropLength(bandsKey, 5, &bytes) < 0 || bytes % bandBytes != 0 || bytes > mostBands * bandBytes)
+    constexpr auto recordBytes = static_cast<long>(sizeof(Record));
+    if (bag.GetPropLength(key, 5, &bytes) < 0 || bytes % recordBytes != 0 ||
+        bytes > static_cast<long>(most) * recordBytes)
         return {};
-    std::vector<ThresholdTag> bands(static_cast<std::size_t>(bytes / bandBytes));
-    if (bag.GetBlob(bandsKey, bands.data(), bytes) < 0) return {};
-    for (const ThresholdTag& band : bands)
-        if (!(band.fLow >= 0 && band.fLow < 255 && band.fLow <= band.fHigh && band.fHigh <= 255)) return {};
+    std::vector<Record> records(static_cast<std::size_t>(bytes / recordBytes));
+    if (bag.GetBlob(key, records.data(), bytes) < 0) return {};
+    return records;
+}
+
+/// Bands of levels: those of the pictures that have levels, and in older sessions of the wide ones too.
+std::vector<Band> LevelBandsIn(CcPropertyBag& bag) {
+    std::vector<Band> bands;
+    for (const ThresholdTag& tag : RecordsIn<ThresholdTag>(bag, bandsKey, mostBands)) {
+        if (!(tag.fLow >= 0 && tag.fLow < 255 && tag.fLow <= tag.fHigh && tag.fHigh <= 255)) return {};
+        bands.push_back(BandOf(tag));
+    }
     return bands;
+}
+
+/// To be asked for once the document shows its range, which the bands of older sessions are levels of.
+std::vector<Band> BandsIn(CcPropertyBag& bag, Document& document) {
+    std::vector<Band> bands;
+    for (const StoredBand& stored : RecordsIn<StoredBand>(bag, sampleBandsKey, mostBands)) {
+        if (std::isnan(stored.low) || std::isnan(stored.high)) return {};
+        bands.push_back({stored.low, stored.high, RGB(stored.red, stored.green, stored.blue)});
+    }
+    if (!document.Class().isWide) return LevelBandsIn(bag);
+    return bands.empty() ? SampleBandsOf(document.Image(), LevelBandsIn(bag)) : bands;
+}
+
+/// Calls put(key, records) for the bands, if there are some.
+template <class Put>
+void PutBands(Document& document, Put put) {
+    const std::vector<Band>& bands = document.Bands();
+    if (bands.empty()) return;
+    std::vector<StoredBand> stored;
+    std::vector<ThresholdTag> tags;
+    for (const Band& band : bands) {
+        tags.push_back(TagOf(band));
+        stored.push_back(
+            {band.low, band.high, GetRValue(band.colour), GetGValue(band.colour), GetBValue(band.colour), 0});
+    }
+    if (document.Class().isWide)
+        put(sampleBandsKey, stored);
+    else
+        put(bandsKey, tags);
 }
 
 std::string CurveKey(int table, int channel) {
@@ -82,14 +128,9 @@ std::string CurveKey(int table, int channel) {
 
 /// Points in ascending order between the levels 0 and 255; none when the bag has no such curve.
 std::vector<tagPoints> CurveIn(CcPropertyBag& bag, int table, int channel) {
-    constexpr long pointBytes = sizeof(tagPoints), mostPoints = 256;
-    const std::string key = CurveKey(table, channel);
-    long bytes = 0;
-    if (bag.GetPropLength(key.c_str(), 5, &bytes) < 0 || bytes % pointBytes != 0 || bytes < 2 * pointBytes ||
-        bytes > mostPoints * pointBytes)
-        return {};
-    std::vector<tagPoints> points(static_cast<std::size_t>(bytes / pointBytes));
-    if (bag.GetBlob(key.c_str(), points.data(), bytes) < 0) return {};
+    constexpr std::size_t mostPoints = 256;
+    std::vector<tagPoints> points = RecordsIn<tagPoints>(bag, CurveKey(table, channel).c_str(), mostPoints);
+    if (points.size() < 2) return {};
     for (std::size_t i = 0; i < points.size(); ++i) {
         const bool isInOrder = std::isfinite(points[i].x) && (i == 0 || points[i - 1].x < points[i].x);
         if (!isInOrder || !(points[i].y >= 0 && points[i].y <= 255)) return {};
@@ -140,11 +181,12 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
     text(nameKey, document.Name());
     text(pictureKey, document.picturePath);
     text(calibrationKey, document.calibrationPath);
-    const auto& bands = document.Bands();
-    if (!bands.empty()) block(bandsKey, bands.data(), static_cast<long long>(bands.size() * sizeof(ThresholdTag)));
+    const auto records = [&](const std::string& key, const auto& list) {
+        block(key, list.data(), static_cast<long long>(list.size() * sizeof list[0]));
+    };
+    PutBands(document, records);
     for (const auto& [place, points] : document.TableCurves())
-        block(CurveKey(place.first, place.second), points.data(),
-              static_cast<long long>(points.size() * sizeof(tagPoints)));
+        records(CurveKey(place.first, place.second), points);
     if (document.Class().isWide) block(samplesKey, image.GetBitMapImageData(), SampleBytes(image));
     const bool isWritten = isWhole && WriteWhole(path, [&](const std::string& newPath) {
                                CcFileObjectStorage stream;
@@ -199,7 +241,7 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
         for (int channel = 0; channel < mostChannels; ++channel)
             if (const std::vector<tagPoints> points = CurveIn(*bag, table, channel); !points.empty())
                 document->SetTableCurve(table, channel, points);
-    document->SetBands(BandsIn(*bag));
+    document->SetBands(BandsIn(*bag, *document));
     document->SetDisplayTable(static_cast<unsigned short>(std::clamp(IntIn(*bag, tableKey, 102), 100, 104)));
     const std::string calibrationPath = StringIn(*bag, calibrationKey);
     if (!calibrationPath.empty()) {

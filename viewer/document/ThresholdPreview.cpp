@@ -2,6 +2,7 @@
 #include "document/ThresholdPreview.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 
 #include "document/ImageClasses.h"
@@ -35,7 +36,15 @@ bool DrawStrips(CcImage& image, Visit visit) {
     return true;
 }
 
+std::vector<ThresholdTag> TagsOf(const std::vector<Band>& bands) {
+    std::vector<ThresholdTag> tags;
+    std::transform(bands.begin(), bands.end(), std::back_inserter(tags), TagOf);
+    return tags;
+}
+
 }  // namespace
+
+ThresholdPreview::ThresholdPreview(CcImage& newImage) : image(newImage), isWide(ImageClassOf(newImage).isWide) {}
 
 bool ThresholdPreview::IsPossible(CcImage& image) {
     return image.GetImageType() != KEST_IMAGE_BINARY;
@@ -44,6 +53,7 @@ bool ThresholdPreview::IsPossible(CcImage& image) {
 bool ThresholdPreview::Begin(HWND canvas) {
     if (isOn || !IsPossible(image)) return isOn;
     window = canvas;
+    if (isWide) return isOn = layer.Make(image);
     // Guards begin the preview again at their end, where nothing may be thrown.
     try {
         SaveTables();
@@ -57,21 +67,26 @@ bool ThresholdPreview::Begin(HWND canvas) {
     return isOn;
 }
 
-void ThresholdPreview::Apply(const std::vector<ThresholdTag>& bands) {
-    std::vector<ThresholdTag> copy = bands;
-    image.ThresholdImageMulti(window, copy.data(), static_cast<int>(copy.size()));
+void ThresholdPreview::Apply(std::vector<ThresholdTag> bands) {
+    image.ThresholdImageMulti(window, bands.data(), static_cast<int>(bands.size()));
 }
 
-void ThresholdPreview::Show(const std::vector<ThresholdTag>& bands) {
-    if (isOn) Apply(bands);
+void ThresholdPreview::Show(const std::vector<Band>& bands) {
+    if (!isOn) return;
+    if (isWide)
+        layer.Mark(image, bands);
+    else
+        Apply(TagsOf(bands));
 }
 
 void ThresholdPreview::End() {
     if (!isOn) return;
+    isOn = false;
+    layer.Drop();
+    if (isWide) return;
     image.EndThresholding();
     RestoreTables();
     colours = {};
-    isOn = false;
 }
 
 void ThresholdPreview::KeepColours() {
@@ -93,42 +108,45 @@ void ThresholdPreview::SaveTables() {
 
 void ThresholdPreview::RestoreTables() {
     for (int channel = 0; channel < 3; ++channel)
-        if (!savedTables[channel].empty()) {
-            // What the library lists of the range is rounded, and would be taken for another one.
-            savedTables[channel].front().x = exactRange.x;
-            savedTables[channel].back().x = exactRange.y;
+        if (!savedTables[channel].empty())
             image.SetDisplayLUT(thresholdTable, channel + 1, savedTables[channel].data());
-        }
 }
 
-std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<ThresholdTag>& bands) {
+std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<Band>& bands) {
     const SIZE size = SizeOf(image);
     std::vector<std::uint8_t> mask(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 1);
+    if (isWide) {
+        NumberBands(image, bands, mask.data());
+        for (std::uint8_t& pixel : mask)
+            pixel = pixel != 0;
+        return mask;
+    }
     const bool wasOn = isOn;
     if (!isOn && !Begin(window)) return {};
-    std::vector<ThresholdTag> marked = bands;
-    const auto paint = [&](int red, int blue) {
-        for (ThresholdTag& band : marked) {
-            band.iRed = red;
-            band.iGreen = 0;
-            band.iBlue = blue;
-        }
-        Apply(marked);
-    };
+    MarkDrawn(bands, mask);
+    if (wasOn)
+        Show(bands);
+    else
+        End();
+    return mask;
+}
+
+void ThresholdPreview::MarkDrawn(const std::vector<Band>& bands, std::vector<std::uint8_t>& mask) {
     bool isWhole = true;
     for (const unsigned colour : {0xFF0000u, 0x0000FFu}) {
-        paint(colour >> 16 & 255, colour & 255);
+        std::vector<ThresholdTag> marked = TagsOf(bands);
+        for (ThresholdTag& band : marked) {
+            band.iRed = colour >> 16 & 255;
+            band.iGreen = 0;
+            band.iBlue = colour & 255;
+        }
+        Apply(std::move(marked));
         isWhole = isWhole && DrawStrips(image, [&](std::size_t first, std::size_t count, const unsigned* pixels) {
                       for (std::size_t i = 0; i < count; ++i)
                           mask[first + i] &= (pixels[i] & 0xFFFFFF) == colour;
                   });
     }
-    if (wasOn)
-        Apply(bands);
-    else
-        End();
     if (!isWhole) mask.clear();
-    return mask;
 }
 
 }  // namespace kestview

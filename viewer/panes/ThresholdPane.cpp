@@ -6,6 +6,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "MainWindow.h"
 #include "Resource.h"
@@ -22,11 +23,11 @@ namespace {
 /// Counting takes longer than showing: it waits until the slider rests.
 constexpr UINT_PTR countTimer = 1;
 constexpr UINT countDelayMilliseconds = 150;
-constexpr std::size_t mostBands = 8;
 constexpr COLORREF bandColours[mostBands] = {RGB(40, 110, 230), RGB(230, 40, 40), RGB(30, 170, 70),  RGB(240, 170, 0),
                                              RGB(160, 60, 200), RGB(0, 170, 180), RGB(240, 90, 160), RGB(120, 90, 40)};
 /// A band that begins at the top level would be taken to begin at 0.
-constexpr int highestLow = 254, highestLevel = 255;
+constexpr double highestLow = 254, highestLevel = 255;
+constexpr int mostSteps = 65535, stepsBetweenWhole = 1000;
 
 struct ChannelName {
     int channel;
@@ -43,11 +44,6 @@ void ThresholdPane::OnInit() {
     list.AddColumn("Colour", 80);
     list.AddColumn("Low", 70, true);
     list.AddColumn("High", 70, true);
-    for (const int slider : {IDC_BAND_LOW, IDC_BAND_HIGH}) {
-        Send(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, highestLevel));
-        Send(slider, TBM_SETPAGESIZE, 0, 16);
-        Send(slider, TBM_SETTICFREQ, 32, 0);
-    }
     Check(IDC_BAND_SHOW, true);
 }
 
@@ -68,7 +64,6 @@ void ThresholdPane::OnSize(int width, int) {
 void ThresholdPane::OnShown(bool isShown) {
     isInFront = isShown;
     if (!document) return;
-    if (isShown && document->Bands().empty() && ThresholdPreview::IsPossible(document->Image())) AddBand(false);
     document->PreviewBands(isShown && IsChecked(IDC_BAND_SHOW), main.View().Canvas());
     Refresh(EverythingChanged);
 }
@@ -76,11 +71,14 @@ void ThresholdPane::OnShown(bool isShown) {
 void ThresholdPane::Refresh(unsigned change) {
     if (!isInFront) return;
     if (change == EverythingChanged) {
-        if (document && ThresholdPreview::IsPossible(document->Image())) {
-            if (document->Bands().empty()) AddBand(false);
+        if (document && ThresholdPreview::IsPossible(document->Image()))
             document->PreviewBands(IsChecked(IDC_BAND_SHOW), main.View().Canvas());
-        }
         FillChannels();
+    }
+    if (change & PictureChanged) TakeScale();
+    if (document && !document->Bands().empty()) {
+        lastBands = document->Bands();
+        lastType = document->Class().type;
     }
     if (change & (DisplayChanged | PictureChanged)) {
         ShowUnits();
@@ -111,12 +109,49 @@ void ThresholdPane::FillChannels() {
 void ThresholdPane::ShowUnits() {
     std::string units = "Levels 0 to 255.";
     if (document && document->Class().isWide)
-        units = Format("Levels of the display: 0 is %.9g, 255 is %.9g.", static_cast<double>(document->ShownRange().x),
-                       static_cast<double>(document->ShownRange().y));
+        units = "Values of the samples, " + BoundText(scale.range.low) + " to " + BoundText(scale.range.high) +
+                " in this picture. How it is displayed does not matter.";
     if (document && document->Class().type == KEST_IMAGE_HSL)
         units = "Hue 0 to 239 stands for 0 to 360 degrees; the others 0 to 240.";
     if (document && !ThresholdPreview::IsPossible(document->Image())) units = "A binary picture has only two values.";
     SetText(IDC_BAND_UNITS, units);
+}
+
+double ThresholdPane::SliderScale::ValueAt(LRESULT step) const {
+    // The ends are exact.
+    if (step >= steps) return range.high;
+    const double value = range.low + (range.high - range.low) * static_cast<double>(step) / steps;
+    return isWhole ? std::round(value) : value;
+}
+
+int ThresholdPane::SliderScale::StepOf(double value) const {
+    const double span = range.high - range.low;
+    const double part = span > 0 ? (value - range.low) / span : 0;
+    return static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * steps));
+}
+
+void ThresholdPane::TakeScale() {
+    const Filling filling(isFilling);
+    scale = {};
+    if (document) {
+        scale.range = RangeOfSamples(document->Image());
+        scale.isWhole = document->Class().type != KEST_IMAGE_FLOAT;
+    }
+    const double span = scale.range.high - scale.range.low;
+    scale.steps = scale.isWhole ? static_cast<int>(std::clamp<double>(span, 1, mostSteps)) : stepsBetweenWhole;
+    for (const int slider : {IDC_BAND_LOW, IDC_BAND_HIGH}) {
+        Send(slider, TBM_SETRANGEMIN, FALSE, 0);
+        Send(slider, TBM_SETRANGEMAX, FALSE, scale.steps);
+        Send(slider, TBM_SETPAGESIZE, 0, std::max(1, (scale.steps + 1) / 16));
+        Send(slider, TBM_SETTICFREQ, static_cast<WPARAM>(std::max(1, (scale.steps + 1) / 8)), 0);
+    }
+}
+
+/// As many digits as tell a bound from the next one.
+std::string ThresholdPane::BoundText(double bound) const {
+    if (document && document->Class().type == KEST_IMAGE_FLOAT) return NumberText(static_cast<float>(bound));
+    constexpr int digitsOf32Bits = 10;
+    return Format("%.*g", digitsOf32Bits, bound);
 }
 
 int ThresholdPane::SelectedBand() const {
@@ -130,17 +165,17 @@ void ThresholdPane::FillBands() {
     const std::size_t count = document ? document->Bands().size() : 0;
     list.SetRowCount(static_cast<int>(count));
     for (std::size_t i = 0; i < count; ++i) {
-        const ThresholdTag& band = document->Bands()[i];
+        const Band& band = document->Bands()[i];
         const int row = static_cast<int>(i);
-        list.SetText(row, 1, Format("%g", static_cast<double>(band.fLow)));
-        list.SetText(row, 2, Format("%g", static_cast<double>(band.fHigh)));
+        list.SetText(row, 1, BoundText(band.low));
+        list.SetText(row, 2, BoundText(band.high));
         list.SetSelected(row, row == SelectedBand());
     }
     InvalidateRect(Item(IDC_BAND_LIST), nullptr, FALSE);
     const bool isPossible = document && ThresholdPreview::IsPossible(document->Image());
     Enable(IDC_BAND_ADD, isPossible && count < mostBands);
-    Enable(IDC_BAND_REMOVE, isPossible && count > 1);
-    for (const int id : {IDC_BAND_COLOUR, IDC_BAND_MASK, IDC_BAND_SHOW, IDC_BAND_LOW, IDC_BAND_HIGH, IDC_BAND_LOW_TEXT,
+    Enable(IDC_BAND_LAST, isPossible && count == 0 && HasLastBands());
+    for (const int id : {IDC_BAND_REMOVE, IDC_BAND_COLOUR, IDC_BAND_MASK, IDC_BAND_SHOW, IDC_BAND_LOW, IDC_BAND_HIGH, IDC_BAND_LOW_TEXT,
                          IDC_BAND_HIGH_TEXT})
         Enable(id, isPossible && count > 0);
 }
@@ -148,34 +183,52 @@ void ThresholdPane::FillBands() {
 void ThresholdPane::FillSliders() {
     const Filling filling(isFilling);
     const int selected = SelectedBand();
-    if (selected < 0) return;
-    const ThresholdTag& band = document->Bands()[static_cast<std::size_t>(selected)];
+    if (selected < 0) {
+        for (const int field : {IDC_BAND_LOW_TEXT, IDC_BAND_HIGH_TEXT})
+            SetText(field, "");
+        return;
+    }
+    const Band& band = document->Bands()[static_cast<std::size_t>(selected)];
     // A slider that is being dragged stays with the mouse.
-    for (const auto& [slider, level] : {std::pair{IDC_BAND_LOW, band.fLow}, std::pair{IDC_BAND_HIGH, band.fHigh}})
-        if (Send(slider, TBM_GETPOS) != static_cast<LRESULT>(level))
-            Send(slider, TBM_SETPOS, TRUE, static_cast<LPARAM>(level));
+    for (const auto& [slider, bound] : {std::pair{IDC_BAND_LOW, band.low}, std::pair{IDC_BAND_HIGH, band.high}})
+        if (const int step = scale.StepOf(bound); Send(slider, TBM_GETPOS) != step)
+            Send(slider, TBM_SETPOS, TRUE, step);
     if (!isTyping) bandAtRest = band;
-    for (const auto& [field, level] :
-         {std::pair{IDC_BAND_LOW_TEXT, band.fLow}, std::pair{IDC_BAND_HIGH_TEXT, band.fHigh}})
-        if (!isTyping || GetFocus() != Item(field)) SetNumber(field, static_cast<double>(level));
+    for (const auto& [field, bound] :
+         {std::pair{IDC_BAND_LOW_TEXT, band.low}, std::pair{IDC_BAND_HIGH_TEXT, band.high}})
+        if (!isTyping || GetFocus() != Item(field)) SetText(field, BoundText(bound));
 }
 
-void ThresholdPane::AddBand(bool isEdit) {
-    std::vector<ThresholdTag> bands = document->Bands();
+void ThresholdPane::AddBand() {
+    std::vector<Band> bands = document->Bands();
     if (bands.size() >= mostBands) return;
-    const COLORREF colour = bandColours[bands.size()];
-    const float low = bands.empty() ? 128.0f : 0.0f, high = bands.empty() ? 255.0f : 64.0f;
-    bands.push_back({low, high, GetRValue(colour), GetGValue(colour), GetBValue(colour)});
+    // The first one takes the upper half of the values, the others the lowest quarter.
+    const auto valueAt = [&](double part) { return scale.ValueAt(std::lround(scale.steps * part)); };
+    if (bands.empty())
+        bands.push_back({valueAt(0.5), valueAt(1), bandColours[0]});
+    else
+        bands.push_back({valueAt(0), valueAt(0.25), bandColours[bands.size()]});
     selectedBand = bands.size() - 1;
-    document->SetBands(std::move(bands), isEdit);
+    document->SetBands(std::move(bands));
 }
 
-void ThresholdPane::ChangeBand(float low, float high) {
+/// Bounds mean the same in pictures of one class.
+bool ThresholdPane::HasLastBands() const {
+    return document && !lastBands.empty() && lastType == document->Class().type;
+}
+
+void ThresholdPane::TakeLastBands() {
+    if (!HasLastBands() || !document->Bands().empty()) return;
+    selectedBand = 0;
+    document->SetBands(lastBands);
+}
+
+void ThresholdPane::ChangeBand(double low, double high) {
     const int selected = SelectedBand();
     if (selected < 0) return;
-    std::vector<ThresholdTag> bands = document->Bands();
-    bands[static_cast<std::size_t>(selected)].fLow = low;
-    bands[static_cast<std::size_t>(selected)].fHigh = high;
+    std::vector<Band> bands = document->Bands();
+    bands[static_cast<std::size_t>(selected)].low = low;
+    bands[static_cast<std::size_t>(selected)].high = high;
     document->SetBands(std::move(bands));
 }
 
@@ -186,10 +239,11 @@ long long ThresholdPane::PixelCount() const {
 
 void ThresholdPane::ShowCount() {
     if (!document || document->Bands().empty() || !ThresholdPreview::IsPossible(document->Image())) {
-        SetText(IDC_BAND_COUNT, "");
+        const bool isPossible = document && ThresholdPreview::IsPossible(document->Image());
+        SetText(IDC_BAND_COUNT, isPossible ? "There are no bands yet: Add makes one." : "");
         return;
     }
-    // The picture is drawn twice, and compared.
+    // A picture of levels is drawn twice, and compared.
     const Busy busy("Counting", 8 * PixelCount());
     CcRoiBase* roi = document->SelectedRoi();
     const std::vector<std::uint8_t> mask = document->BandMask();
@@ -219,16 +273,35 @@ void ThresholdPane::MakeMask() {
     main.AddNewPicture(std::move(mask), document);
 }
 
+void ThresholdPane::TakeTyped(int field) {
+    const auto typed = Number(field);
+    if (!typed) return;
+    double bound = *typed;
+    if (!document->Class().isWide) {
+        if (bound < 0) return;
+        bound = std::min(bound, field == IDC_BAND_LOW_TEXT ? highestLow : highestLevel);
+    }
+    // The other bound gives way to the number as it stands, and comes back when the number goes on.
+    const Filling typing(isTyping);
+    if (field == IDC_BAND_LOW_TEXT)
+        ChangeBand(bound, std::max(bound, bandAtRest.high));
+    else
+        ChangeBand(std::min(bound, bandAtRest.low), bound);
+}
+
 bool ThresholdPane::OnCommand(int id, int code) {
     if (!document || isFilling) return true;
     const int selected = SelectedBand();
     switch (id) {
         case IDC_BAND_ADD:
-            AddBand(true);
+            AddBand();
+            break;
+        case IDC_BAND_LAST:
+            TakeLastBands();
             break;
         case IDC_BAND_REMOVE: {
-            std::vector<ThresholdTag> bands = document->Bands();
-            if (bands.size() < 2 || selected < 0) break;
+            std::vector<Band> bands = document->Bands();
+            if (selected < 0) break;
             bands.erase(bands.begin() + selected);
             selectedBand = 0;
             document->SetBands(std::move(bands));
@@ -236,13 +309,11 @@ bool ThresholdPane::OnCommand(int id, int code) {
         }
         case IDC_BAND_COLOUR: {
             if (selected < 0) break;
-            std::vector<ThresholdTag> bands = document->Bands();
-            ThresholdTag& band = bands[static_cast<std::size_t>(selected)];
-            const auto colour = AskColour(main, RGB(band.iRed, band.iGreen, band.iBlue));
+            std::vector<Band> bands = document->Bands();
+            COLORREF& present = bands[static_cast<std::size_t>(selected)].colour;
+            const auto colour = AskColour(main, present);
             if (!colour) break;
-            band.iRed = GetRValue(*colour);
-            band.iGreen = GetGValue(*colour);
-            band.iBlue = GetBValue(*colour);
+            present = *colour;
             document->SetBands(std::move(bands));
             break;
         }
@@ -258,21 +329,10 @@ bool ThresholdPane::OnCommand(int id, int code) {
                     Send(IDC_BAND_CHANNEL, CB_GETITEMDATA, static_cast<WPARAM>(Send(IDC_BAND_CHANNEL, CB_GETCURSEL)))));
             break;
         case IDC_BAND_LOW_TEXT:
-        case IDC_BAND_HIGH_TEXT: {
+        case IDC_BAND_HIGH_TEXT:
             if (code == EN_KILLFOCUS) FillSliders();
-            if (code != EN_CHANGE || selected < 0) break;
-            const auto value = Number(id);
-            if (!value || *value < 0) break;
-            const auto level =
-                static_cast<float>(std::min<double>(*value, id == IDC_BAND_LOW_TEXT ? highestLow : highestLevel));
-            // The other bound gives way to the number as it stands, and comes back when the number goes on.
-            const Filling typing(isTyping);
-            if (id == IDC_BAND_LOW_TEXT)
-                ChangeBand(level, std::max(level, bandAtRest.fHigh));
-            else
-                ChangeBand(std::min(level, bandAtRest.fLow), level);
+            if (code == EN_CHANGE && selected >= 0) TakeTyped(id);
             break;
-        }
         default:
             break;
     }
@@ -291,12 +351,12 @@ LRESULT ThresholdPane::OnNotify(NMHDR& header) {
         if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
         if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT) return CDRF_NOTIFYPOSTPAINT;
         if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT && draw.nmcd.dwItemSpec < document->Bands().size()) {
-            const ThresholdTag& band = document->Bands()[draw.nmcd.dwItemSpec];
+            const Band& band = document->Bands()[draw.nmcd.dwItemSpec];
             RECT cell = {LVIR_BOUNDS, 0, 0, 0};
             SendMessageA(header.hwndFrom, LVM_GETITEMRECT, draw.nmcd.dwItemSpec, reinterpret_cast<LPARAM>(&cell));
             cell.right = cell.left + static_cast<LONG>(SendMessageA(header.hwndFrom, LVM_GETCOLUMNWIDTH, 0, 0));
             InflateRect(&cell, -4, -3);
-            const GdiObject brush(CreateSolidBrush(RGB(band.iRed, band.iGreen, band.iBlue)));
+            const GdiObject brush(CreateSolidBrush(band.colour));
             FillRect(draw.nmcd.hdc, &cell, static_cast<HBRUSH>(static_cast<HGDIOBJ>(brush)));
         }
     }
@@ -312,17 +372,18 @@ bool ThresholdPane::OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
     if (message != WM_HSCROLL || !document || isFilling) return false;
     const int selected = SelectedBand();
     if (selected < 0) return true;
-    const ThresholdTag& band = document->Bands()[static_cast<std::size_t>(selected)];
-    float low = band.fLow, high = band.fHigh;
+    const Band& band = document->Bands()[static_cast<std::size_t>(selected)];
+    double low = band.low, high = band.high;
     // The bound whose slider is not moved gives way.
     if (reinterpret_cast<HWND>(lParam) == Item(IDC_BAND_LOW)) {
-        low = static_cast<float>(std::min<LRESULT>(Send(IDC_BAND_LOW, TBM_GETPOS), highestLow));
+        low = scale.ValueAt(Send(IDC_BAND_LOW, TBM_GETPOS));
+        if (!document->Class().isWide) low = std::min(low, highestLow);
         high = std::max(low, high);
     } else {
-        high = static_cast<float>(Send(IDC_BAND_HIGH, TBM_GETPOS));
+        high = scale.ValueAt(Send(IDC_BAND_HIGH, TBM_GETPOS));
         low = std::min(low, high);
     }
-    if (low != band.fLow || high != band.fHigh) ChangeBand(low, high);
+    if (low != band.low || high != band.high) ChangeBand(low, high);
     return true;
 }
 

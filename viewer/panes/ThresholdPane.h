@@ -1,6 +1,9 @@
 // The threshold pane: bands of values with colours over the picture, and the mask made of them.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "panes/DocumentPane.h"
 
 namespace kestview {
@@ -24,17 +27,33 @@ private:
     void ShowUnits();
     void FillBands();
     void FillSliders();
-    /// The first band comes by itself, which is no edit.
-    void AddBand(bool isEdit);
-    void ChangeBand(float low, float high);
+    void AddBand();
+    /// The bands of the picture that had some last are offered, never taken unasked.
+    void TakeLastBands();
+    bool HasLastBands() const;
+    void ChangeBand(double low, double high);
+    void TakeTyped(int field);
+    std::string BoundText(double bound) const;
+    /// The sliders stand for values at equal steps from the smallest to the largest one.
+    struct SliderScale {
+        SampleRange range = {0, 255};
+        int steps = 255;
+        bool isWhole = true;
+        double ValueAt(LRESULT step) const;
+        int StepOf(double value) const;
+    };
+    void TakeScale();
     long long PixelCount() const;
     void ShowCount();
     int SelectedBand() const;
 
     bool isInFront = false;
-    bool isTyping = false;         ///< in a field: what stands in it is the user's
-    ThresholdTag bandAtRest = {};  ///< the selected band before the number at hand was typed
+    bool isTyping = false;  ///< in a field: what stands in it is the user's
+    Band bandAtRest;        ///< the selected band before the number at hand was typed
     std::size_t selectedBand = 0;
+    SliderScale scale;
+    std::vector<Band> lastBands;
+    int lastType = KEST_IMAGE_NONE;  ///< of the picture with these bands
 };
 
 }  // namespace kestview
