@@ -68,6 +68,7 @@ class SelectedObject : Guard {
 public:
     SelectedObject(HDC target, HGDIOBJ object) : dc(target), old(object ? SelectObject(target, object) : nullptr) {}
     ~SelectedObject() { PutBack(); }
+    bool IsSelected() const { return old != nullptr; }
     void PutBack() {
         if (old) SelectObject(dc, old);
         old = nullptr;
@@ -114,6 +115,7 @@ public:
     ~ModeGuard() {
         if (old) SetMode(dc, old);
     }
+    bool IsSet() const { return old != 0; }
 
 private:
     HDC dc;

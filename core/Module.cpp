@@ -7,8 +7,6 @@
 
 #include "core/Module.h"
 
-#include "core/StreamCall.h"
-
 namespace kest {
 namespace {
 HINSTANCE libraryModule = nullptr;
@@ -23,17 +21,13 @@ static AFX_EXTENSION_MODULE extensionModule;
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         kest::libraryModule = module;
-        if (!kest::BeginStreamCalls()) return FALSE;
 #if defined(KEST_WITH_MFC)
         if (!AfxInitExtensionModule(extensionModule, module)) return FALSE;
         new CDynLinkLibrary(extensionModule);
 #endif
     }
-    if (reason == DLL_PROCESS_DETACH) {
-        kest::EndStreamCalls();
 #if defined(KEST_WITH_MFC)
-        AfxTermExtensionModule(extensionModule);
+    if (reason == DLL_PROCESS_DETACH) AfxTermExtensionModule(extensionModule);
 #endif
-    }
     return TRUE;
 }

@@ -90,7 +90,8 @@ kest::ImageLook CcBinaryImage::Look(unsigned short) {
 int CcBinaryImage::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) {
     if (!lpBits) return KEST_FAILED;
     GetOverlay();
-    return kest::CopyToClipboard(hWnd, Look(usLUT), OverlayPicture(), pRect);
+    return kest::CopyToClipboard(
+        hWnd, [&] { return Look(usLUT); }, [&] { return OverlayPicture(); }, pRect);
 }
 
 int CcBinaryImage::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
@@ -99,8 +100,9 @@ int CcBinaryImage::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode,
     const kest::PrinterDc printer(stPrintSetup);
     if (!printer) return KEST_FAILED;
     GetOverlay();
-    return kest::PrintImage(printer, stDocInfo, szObjectName, Look(usLUT), OverlayPicture(), hWnd,
-                            {usMode, iXOffset, iYOffset, iZoom});
+    return kest::PrintImage(
+        printer, stDocInfo, szObjectName, [&] { return Look(usLUT); }, [&] { return OverlayPicture(); }, hWnd,
+        {usMode, iXOffset, iYOffset, iZoom});
 }
 
 // Thresholding

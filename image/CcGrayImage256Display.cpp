@@ -103,7 +103,8 @@ int CcGrayImage256::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect
     if (!lpBits) return KEST_FAILED;
     GetOverlay();
     const bool isKnown = usLUT >= 100 && usLUT <= 104;
-    return kest::CopyToClipboard(hWnd, Look(isKnown ? usLUT : 101), OverlayPicture(), pRect);
+    return kest::CopyToClipboard(
+        hWnd, [&] { return Look(isKnown ? usLUT : 101); }, [&] { return OverlayPicture(); }, pRect);
 }
 
 int CcGrayImage256::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
@@ -112,15 +113,19 @@ int CcGrayImage256::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode
     const kest::PrinterDc printer(stPrintSetup);
     if (!printer || usLUT < 100 || usLUT > 104) return KEST_FAILED;
     // Everything is printed in the colours of table 101's palette; the table itself is left as it is.
-    kest::ImageLook look = Look(usLUT);
     std::uint8_t grays[kest::ColourTableBytes];
-    if (look.colourUse == DIB_PAL_COLORS && look.displayTable) {
-        kest::SpreadIndices(static_cast<const std::uint16_t*>(look.displayTable), grays);
-        look.displayTable = grays;
-    }
-    look.colourUse = DIB_RGB_COLORS;
-    look.palette = stTable101.hPalette;
+    const auto takeLook = [&] {
+        kest::ImageLook look = Look(usLUT);
+        if (look.colourUse == DIB_PAL_COLORS && look.displayTable) {
+            kest::SpreadIndices(static_cast<const std::uint16_t*>(look.displayTable), grays);
+            look.displayTable = grays;
+        }
+        look.colourUse = DIB_RGB_COLORS;
+        look.palette = stTable101.hPalette;
+        return look;
+    };
     GetOverlay();
-    return kest::PrintImage(printer, stDocInfo, szObjectName, look, OverlayPicture(), hWnd,
-                            {usMode, iXOffset, iYOffset, iZoom});
+    return kest::PrintImage(
+        printer, stDocInfo, szObjectName, takeLook, [&] { return OverlayPicture(); }, hWnd,
+        {usMode, iXOffset, iYOffset, iZoom});
 }

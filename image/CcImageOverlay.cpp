@@ -81,12 +81,9 @@ bool CcImage::DrawOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffse
     if (!memory || !bitmap) return false;
     const kest::SelectedObject selectedBitmap(memory, bitmap);
     const kest::SelectedPalette selectedPalette(memory, hPalette);
-    SetStretchBltMode(memory, COLORONCOLOR);
-    PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS);
-
-    kest::DrawDib(memory, OverlayPicture(), kest::PlanForWindow(view), SRCCOPY);
-    BitBlt(hDC, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
-    return true;
+    return selectedBitmap.IsSelected() && PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS) &&
+           kest::DrawDib(memory, OverlayPicture(), kest::PlanForWindow(view), SRCCOPY) &&
+           BitBlt(hDC, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
 }
 
 kest::DibPicture CcImage::OverlayPicture() const {

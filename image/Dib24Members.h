@@ -135,7 +135,8 @@ struct KestDib24Members {
     }
 
     static int CopyToClipboard(Image& image, HWND window, const RECT* rect) {
-        return image.lpBits ? kest::CopyToClipboard(window, Look(image), image.OverlayPicture(), rect) : KEST_FAILED;
+        return kest::CopyToClipboard(
+            window, [&] { return Look(image); }, [&] { return image.OverlayPicture(); }, rect);
     }
 
     static int Print(Image& image, HWND window, const kest::ShowArguments& arguments) {
@@ -143,8 +144,9 @@ struct KestDib24Members {
         const kest::PrinterDc printer(Image::stPrintSetup);
         if (!printer) return KEST_FAILED;
         image.GetOverlay();
-        return kest::PrintImage(printer, image.stDocInfo, image.szObjectName, Look(image), image.OverlayPicture(),
-                                window, arguments);
+        return kest::PrintImage(
+            printer, image.stDocInfo, image.szObjectName, [&] { return Look(image); },
+            [&] { return image.OverlayPicture(); }, window, arguments);
     }
 
     // Pixels

@@ -17,21 +17,24 @@ int IMAGE_CLASS::CopyToClipboard(HWND hWnd, unsigned short, RECT* pRect) {
     return Members::CopyToClipboard(*this, hWnd, pRect);
 }
 
-// Unlike the 8-bit images, the colour images do not report a missing device context.
+// Unlike the 8-bit images, the colour images do not report a missing device context or window.
 int IMAGE_CLASS::Show(HDC hDC, RECT* pRect, unsigned short, unsigned short usMode, int iXOffset, int iYOffset,
                       int iZoom) {
-    kest::ShowInRect(hDC, pRect, Members::Look(*this), {usMode, iXOffset, iYOffset, iZoom});
-    return KEST_OK;
+    if (!hDC) return KEST_OK;
+    return kest::ShowInRect(
+        hDC, pRect, [this] { return Members::Look(*this); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Show(HDC hDC, HWND hWnd, unsigned short, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    kest::ShowInWindow(hDC, hWnd, Members::Look(*this), {usMode, iXOffset, iYOffset, iZoom});
-    return KEST_OK;
+    if (!hDC || !hWnd) return KEST_OK;
+    return kest::ShowInWindow(
+        hDC, hWnd, [this] { return Members::Look(*this); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Show(HWND hWnd, unsigned short, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    kest::ShowInWindow(hWnd, Members::Look(*this), {usMode, iXOffset, iYOffset, iZoom});
-    return KEST_OK;
+    if (!hWnd) return KEST_OK;
+    return kest::ShowInWindow(
+        hWnd, [this] { return Members::Look(*this); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Print(HWND hWnd, unsigned short, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {

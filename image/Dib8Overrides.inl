@@ -17,16 +17,19 @@ void* IMAGE_CLASS::GetBitMapImageData() { return lpBits; }
 
 int IMAGE_CLASS::Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                       int iZoom) {
-    return kest::ShowInRect(hDC, pRect, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+    return kest::ShowInRect(
+        hDC, pRect, [&] { return Look(usLUT); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                       int iZoom) {
-    return kest::ShowInWindow(hDC, hWnd, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+    return kest::ShowInWindow(
+        hDC, hWnd, [&] { return Look(usLUT); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    return kest::ShowInWindow(hWnd, Look(usLUT), {usMode, iXOffset, iYOffset, iZoom});
+    return kest::ShowInWindow(
+        hWnd, [&] { return Look(usLUT); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::OpenBMPFile(const char* pszPath) { return Members::Open(*this, pszPath); }

@@ -2,9 +2,11 @@
 #include "image/DibDraw.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 
 #include "KestBlocks.h"
+#include "core/GdiGuards.h"
 #include "image/kernel/DibLayout.h"
 
 namespace kest {
@@ -28,64 +30,71 @@ struct BitmapInfo {
     const BITMAPINFO* Get() const { return reinterpret_cast<const BITMAPINFO*>(&header); }
 };
 
-/// Leaves out what the device context would cut off anyway.
-bool ClipToTarget(HDC dc, BlitPlan& plan, const DibPicture& picture) {
+/// What the device context shows, in the units of the plan's target.
+IntRect VisibleBox(HDC dc, const BlitPlan& plan) {
+    constexpr IntRect everything = {-INT_MAX, -INT_MAX, INT_MAX, INT_MAX};
+    const bool isScaled = GetMapMode(dc) != MM_TEXT || GetGraphicsMode(dc) != GM_COMPATIBLE;
     RECT box;
-    const bool countsPixels = GetMapMode(dc) == MM_TEXT && GetGraphicsMode(dc) == GM_COMPATIBLE;
-    if (!plan.IsOneToOne() || !countsPixels || GetClipBox(dc, &box) == ERROR) return true;
-    BlitPlan visible = plan;
-    const long long left = std::max<long long>(plan.targetX, box.left);
-    const long long top = std::max<long long>(plan.targetY, box.top);
-    const long long right = std::min<long long>(plan.targetX + plan.targetWidth, box.right);
-    const long long bottom = std::min<long long>(plan.targetY + plan.targetHeight, box.bottom);
-    if (left >= right || top >= bottom) return false;
-    visible.sourceX += left - plan.targetX;
-    visible.sourceY += plan.targetY + plan.targetHeight - bottom;
-    visible.targetX = left;
-    visible.targetY = top;
-    visible.targetWidth = visible.sourceWidth = right - left;
-    visible.targetHeight = visible.sourceHeight = bottom - top;
-    plan = visible;
-    return ClipToImage(plan, picture.width, picture.height);
+    if ((isScaled && plan.countsDevicePixels) || GetClipBox(dc, &box) == ERROR) return everything;
+    // The edges are rounded to logical units.
+    if (isScaled) InflateRect(&box, 1, 1);
+    return {box.left, box.top, box.right, box.bottom};
 }
 
-void Blit(HDC dc, const void* bits, const BitmapInfo& info, UINT use, const BlitPlan& plan, DWORD operation) {
+/// The platform copies no rows, too, where nothing shows.
+bool ShowsNothing(HDC dc, const BlitPlan& plan) {
+    const long long right = plan.targetX + plan.targetWidth, bottom = plan.targetY + plan.targetHeight;
+    const RECT target = {Saturate(std::min(plan.targetX, right)), Saturate(std::min(plan.targetY, bottom)),
+                         Saturate(std::max(plan.targetX, right)), Saturate(std::max(plan.targetY, bottom))};
+    RECT box;
+    return GetClipBox(dc, &box) != ERROR && !RectVisible(dc, &target);
+}
+
+bool Blit(HDC dc, const void* bits, const BitmapInfo& info, UINT use, const BlitPlan& plan, DWORD operation) {
     const int targetX = Saturate(plan.targetX), targetY = Saturate(plan.targetY);
     const int sourceX = Saturate(plan.sourceX), sourceY = Saturate(plan.sourceY);
     const int width = Saturate(plan.sourceWidth), height = Saturate(plan.sourceHeight);
-    if (plan.countsDevicePixels && operation == SRCCOPY)
-        SetDIBitsToDevice(dc, targetX, targetY, static_cast<DWORD>(width), static_cast<DWORD>(height), sourceX, sourceY,
-                          0, static_cast<UINT>(info.header.biHeight), bits, info.Get(), use);
-    else
-        StretchDIBits(dc, targetX, targetY, Saturate(plan.targetWidth), Saturate(plan.targetHeight), sourceX, sourceY,
-                      width, height, bits, info.Get(), use, operation);
+    const int rows =
+        plan.countsDevicePixels && operation == SRCCOPY
+            ? SetDIBitsToDevice(dc, targetX, targetY, static_cast<DWORD>(width), static_cast<DWORD>(height), sourceX,
+                                sourceY, 0, static_cast<UINT>(info.header.biHeight), bits, info.Get(), use)
+            : StretchDIBits(dc, targetX, targetY, Saturate(plan.targetWidth), Saturate(plan.targetHeight), sourceX,
+                            sourceY, width, height, bits, info.Get(), use, operation);
+    return rows != 0 || ShowsNothing(dc, plan);
 }
 
-}  // namespace
-
-void DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& wanted, DWORD rasterOperation) {
-    BlitPlan plan = wanted;
-    if (!ClipToImage(plan, picture.width, picture.height) || !ClipToTarget(dc, plan, picture)) return;
-
+/// Draws a plan that lies inside the picture.
+bool DrawPart(HDC dc, const DibPicture& picture, BlitPlan plan, DWORD rasterOperation) {
     const Size64 pixelBytes = picture.bitCount / 8;
     const Size64 rowBytes = picture.width * pixelBytes;
     if (rowBytes % 4 == 0) {
         const BitmapInfo info(picture, picture.width, picture.height);
-        Blit(dc, picture.bits, info, picture.colourUse, plan, rasterOperation);
-        return;
+        return Blit(dc, picture.bits, info, picture.colourUse, plan, rasterOperation);
     }
 
     const Size64 usedBytes = plan.sourceWidth * pixelBytes;
     const Size64 paddedBytes = (usedBytes + 3) / 4 * 4;
     KestHeapBlock padded;
-    if (!padded.Reserve(paddedBytes * plan.sourceHeight)) return;
+    if (!padded.Reserve(paddedBytes * plan.sourceHeight)) return false;
     for (Size64 row = 0; row < plan.sourceHeight; ++row)
         std::memcpy(padded.Get() + row * paddedBytes,
                     picture.bits + (plan.sourceY + row) * rowBytes + plan.sourceX * pixelBytes,
                     static_cast<std::size_t>(usedBytes));
     const BitmapInfo info(picture, static_cast<int>(plan.sourceWidth), static_cast<int>(plan.sourceHeight));
     plan.sourceX = plan.sourceY = 0;
-    Blit(dc, padded.Get(), info, picture.colourUse, plan, rasterOperation);
+    return Blit(dc, padded.Get(), info, picture.colourUse, plan, rasterOperation);
+}
+
+}  // namespace
+
+bool DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& wanted, DWORD rasterOperation) {
+    BlitPlan plan = wanted;
+    if (!ClipToImage(plan, picture.width, picture.height)) return true;
+    const StretchModeGuard stretchMode(dc, COLORONCOLOR);
+    if (!stretchMode.IsSet()) return false;
+    return ForEachVisiblePart(plan, VisibleBox(dc, plan), [&](const BlitPlan& part) {
+        return DrawPart(dc, picture, part, rasterOperation);
+    });
 }
 
 }  // namespace kest

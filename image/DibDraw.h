@@ -21,7 +21,9 @@ struct DibPicture {
     UINT colourUse;         ///< DIB_RGB_COLORS or DIB_PAL_COLORS
 };
 
-/// Draws what the plan names, as far as the picture has it, with the given raster operation.
-void DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& plan, DWORD rasterOperation);
+/// Draws what the plan names, as far as the picture has it and the device context shows it, with the given raster
+/// operation. What is left out when it is made smaller is rows and columns. False when memory is short or the platform
+/// did not draw; true when there was nothing to draw.
+bool DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& plan, DWORD rasterOperation);
 
 }  // namespace kest

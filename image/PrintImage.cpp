@@ -2,10 +2,8 @@
 #include "image/PrintImage.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "KestTypes.h"
-#include "core/Messages.h"
 #include "core/WindowView.h"
 #include "core/kernel/CheckedSize.h"
 #include "image/kernel/OverlayColours.h"
@@ -14,17 +12,46 @@
 namespace kest {
 namespace {
 
-void PaintOverlay(HDC dc, const DibPicture& overlay, int imageHeight, const PrintPlan& plan) {
-    const int pageWidth = GetDeviceCaps(dc, HORZRES), pageHeight = GetDeviceCaps(dc, VERTRES);
-    ForEachPrintedRun({overlay.bits, overlay.width, overlay.height}, imageHeight, plan, pageWidth, pageHeight,
-                      [&](const PrintedRun& run) {
-                          const Rgb colour = OverlayColour(run.value);
-                          const GdiObject brush(CreateSolidBrush(RGB(colour.red, colour.green, colour.blue)));
-                          const RECT box = {Saturate(run.left), Saturate(run.top),
-                                            Saturate(std::min<long long>(run.right + 1, pageWidth)),
-                                            Saturate(std::min<long long>(run.bottom + 1, pageHeight))};
-                          FillRect(dc, &box, brush);
-                      });
+/// A started print job of one page (EndDoc; AbortDoc for one that is not finished).
+class PrintJob : Guard {
+public:
+    PrintJob(HDC printer, const DOCINFOA& job) : dc(printer), isStarted(StartDocA(printer, &job) > 0) {}
+    ~PrintJob() {
+        if (isStarted) AbortDoc(dc);
+    }
+    bool StartPage() { return isStarted && ::StartPage(dc) > 0; }
+    bool Finish() {
+        if (EndPage(dc) <= 0) return false;
+        isStarted = false;
+        return EndDoc(dc) > 0;
+    }
+
+private:
+    HDC dc;
+    bool isStarted;
+};
+
+bool PaintOverlay(HDC dc, const DibPicture& overlay, int imageHeight, const PrintPlan& plan, const PageSize& page) {
+    return ForEachPrintedRun({overlay.bits, overlay.width, overlay.height}, imageHeight, plan, page,
+                             [&](const PrintedRun& run) {
+                                 const Rgb colour = OverlayColour(run.value);
+                                 const GdiObject brush(CreateSolidBrush(RGB(colour.red, colour.green, colour.blue)));
+                                 const RECT box = {Saturate(run.left), Saturate(run.top),
+                                                   Saturate(std::min<long long>(run.right + 1, page.width)),
+                                                   Saturate(std::min<long long>(run.bottom + 1, page.height))};
+                                 return brush && FillRect(dc, &box, brush);
+                             });
+}
+
+bool DrawPage(HDC printer, const ImageLook& look, const DibPicture& overlay, HWND window,
+              const ShowArguments& arguments) {
+    View view = {0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom};
+    if (window && !GetClientSize(window, view.clientWidth, view.clientHeight) && !view.IsStretched()) return false;
+    const PageSize page = {GetDeviceCaps(printer, HORZRES), GetDeviceCaps(printer, VERTRES)};
+    if (page.width < 1 || page.height < 1) return false;
+    const PrintPlan plan = PlanForPage(view, page);
+    return DrawDib(printer, TakeDisplayTable(look), plan.picture, SRCCOPY) &&
+           (!overlay.bits || PaintOverlay(printer, overlay, look.height, plan, page));
 }
 
 }  // namespace
@@ -40,33 +67,19 @@ PrinterDc::~PrinterDc() {
     if (dc) DeleteDC(dc);
 }
 
-int PrintImage(HDC printer, DOCINFOA& job, const char* documentName, const ImageLook& look, const DibPicture& overlay,
-               HWND window, const ShowArguments& arguments) {
-    // While the dialog was open the application went on.
-    if (!look.bits) return KEST_FAILED;
-    View view = {0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom};
-    GetClientSize(window, view.clientWidth, view.clientHeight);
-    const PrintPlan plan = PlanForPage(view, GetDeviceCaps(printer, HORZRES), GetDeviceCaps(printer, VERTRES));
-
-    std::optional<SelectedPalette> selected;
-    if (look.usesPalette) {
-        selected.emplace(printer, look.palette);
-        if (!selected->IsSelected()) ShowUnownedMessage("Returned NULL from SelectPalette", "ERROR");
-    }
-    const DibPicture picture = TakeDisplayTable(look);
-    if (look.usesPalette) RealizePalette(printer);
-    SetStretchBltMode(printer, COLORONCOLOR);
-
+int PrintImage(HDC printer, DOCINFOA& job, const char* documentName, const LookSource& takeLook,
+               const Source<DibPicture>& takeOverlay, HWND window, const ShowArguments& arguments) {
+    const LookPalette palette(printer, takeLook());
+    if (!takeLook().bits) return KEST_FAILED;
     job = {};
     job.cbSize = sizeof job;
     job.lpszDocName = documentName;
-    if (StartDocA(printer, &job) <= 0) return KEST_FAILED;
-    StartPage(printer);
-    DrawDib(printer, picture, plan.picture, SRCCOPY);
-    if (overlay.bits) PaintOverlay(printer, overlay, look.height, plan);
-    EndPage(printer);
-    EndDoc(printer);
-    return KEST_OK;
+    // A printer that prints to a file asks for its name here.
+    PrintJob started(printer, job);
+    if (!started.StartPage()) return KEST_FAILED;
+    const ImageLook look = takeLook();
+    if (!look.bits || !DrawPage(printer, look, takeOverlay(), window, arguments)) return KEST_FAILED;
+    return started.Finish() ? KEST_OK : KEST_FAILED;
 }
 
 }  // namespace kest

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
 
 #include "KestTypes.h"
 #include "core/GdiGuards.h"
@@ -14,24 +13,26 @@
 namespace kest {
 namespace {
 
-void Draw(HDC dc, const ImageLook& look, const BlitPlan& plan) {
-    std::optional<SelectedPalette> selected;
-    if (look.usesPalette) {
-        selected.emplace(dc, look.palette);
-        if (!selected->IsSelected()) ShowUnownedMessage("Returned NULL from SelectPalette", "ERROR");
-    }
-    const DibPicture picture = TakeDisplayTable(look);
-    if (look.usesPalette) RealizePalette(dc);
-    const StretchModeGuard stretchMode(dc, COLORONCOLOR);
-    DrawDib(dc, picture, plan, SRCCOPY);
-}
-
-View MakeView(int clientWidth, int clientHeight, const ImageLook& look, const ShowArguments& arguments) {
-    return {clientWidth,       clientHeight,      look.width,     look.height,
-            arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom};
+/// Draws what is there after the palette's message. `plan(view, result)` says where; false for nowhere.
+template <class Plan>
+int Draw(HDC dc, const LookSource& takeLook, const ShowArguments& arguments, Plan plan) {
+    const LookPalette palette(dc, takeLook());
+    const ImageLook look = takeLook();
+    if (!look.bits) return KEST_OK;
+    BlitPlan blit;
+    if (!plan({0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom}, blit))
+        return KEST_FAILED;
+    return DrawDib(dc, TakeDisplayTable(look), blit, SRCCOPY) ? KEST_OK : KEST_FAILED;
 }
 
 }  // namespace
+
+LookPalette::LookPalette(HDC dc, const ImageLook& look) {
+    if (!look.usesPalette) return;
+    selected.emplace(dc, look.palette);
+    if (!selected->IsSelected()) ShowUnownedMessage("Returned NULL from SelectPalette", "ERROR");
+    RealizePalette(dc);
+}
 
 DibPicture TakeDisplayTable(const ImageLook& look) {
     if (look.displayTable && look.dibColours)
@@ -42,27 +43,31 @@ DibPicture TakeDisplayTable(const ImageLook& look) {
     return {look.bits, look.width, look.height, look.bitCount, colours, colourBytes, look.colourUse};
 }
 
-int ShowInRect(HDC dc, const RECT* rect, const ImageLook& look, const ShowArguments& arguments) {
+int ShowInRect(HDC dc, const RECT* rect, const LookSource& takeLook, const ShowArguments& arguments) {
     if (!dc) return KEST_FAILED;
-    if (!look.bits || !rect) return KEST_OK;
+    if (!rect || !takeLook().bits) return KEST_OK;
     const IntRect target = {rect->left, rect->top, rect->right, rect->bottom};
-    Draw(dc, look, PlanForRect(MakeView(0, 0, look, arguments), target));
-    return KEST_OK;
+    return Draw(dc, takeLook, arguments, [&](const View& view, BlitPlan& plan) {
+        plan = PlanForRect(view, target);
+        return true;
+    });
 }
 
-int ShowInWindow(HDC dc, HWND window, const ImageLook& look, const ShowArguments& arguments) {
+int ShowInWindow(HDC dc, HWND window, const LookSource& takeLook, const ShowArguments& arguments) {
     if (!dc) return KEST_FAILED;
-    if (!look.bits) return KEST_OK;
-    int width, height;
-    if (!GetClientSize(window, width, height)) return KEST_FAILED;
-    Draw(dc, look, PlanForWindow(MakeView(width, height, look, arguments)));
-    return KEST_OK;
+    if (!takeLook().bits) return KEST_OK;
+    if (!IsWindow(window)) return KEST_FAILED;
+    return Draw(dc, takeLook, arguments, [&](View view, BlitPlan& plan) {
+        if (!GetClientSize(window, view.clientWidth, view.clientHeight)) return false;
+        plan = PlanForWindow(view);
+        return true;
+    });
 }
 
-int ShowInWindow(HWND window, const ImageLook& look, const ShowArguments& arguments) {
-    if (!look.bits) return KEST_OK;
+int ShowInWindow(HWND window, const LookSource& takeLook, const ShowArguments& arguments) {
+    if (!takeLook().bits) return KEST_OK;
     const WindowDc dc(window);
-    return ShowInWindow(dc, window, look, arguments);
+    return ShowInWindow(dc, window, takeLook, arguments);
 }
 
 }  // namespace kest

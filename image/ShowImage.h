@@ -3,6 +3,10 @@
 
 #include <windows.h>
 
+#include <optional>
+
+#include "core/GdiGuards.h"
+#include "core/kernel/Source.h"
 #include "image/DibDraw.h"
 
 namespace kest {
@@ -21,6 +25,19 @@ struct ImageLook {
     UINT colourUse = DIB_RGB_COLORS;
 };
 
+/// How an image looks at this moment.
+using LookSource = Source<ImageLook>;
+
+/// The palette of a look, selected and realised, if its class uses one. A message tells when it could not be selected:
+/// whatever the look refers to may be gone afterwards.
+class LookPalette : Guard {
+public:
+    LookPalette(HDC dc, const ImageLook& look);
+
+private:
+    std::optional<SelectedPalette> selected;
+};
+
 /// The display arguments of one call.
 struct ShowArguments {
     unsigned short mode;
@@ -29,10 +46,11 @@ struct ShowArguments {
     int zoom;
 };
 
-/// Each returns what Show returns: 0, also without an image; -1 for a null device context or window.
-int ShowInRect(HDC dc, const RECT* rect, const ImageLook& look, const ShowArguments& arguments);
-int ShowInWindow(HDC dc, HWND window, const ImageLook& look, const ShowArguments& arguments);
-int ShowInWindow(HWND window, const ImageLook& look, const ShowArguments& arguments);
+/// Each returns what Show returns: 0, also without an image; -1 for a null device context or window, and when the picture
+/// could not be drawn.
+int ShowInRect(HDC dc, const RECT* rect, const LookSource& takeLook, const ShowArguments& arguments);
+int ShowInWindow(HDC dc, HWND window, const LookSource& takeLook, const ShowArguments& arguments);
+int ShowInWindow(HWND window, const LookSource& takeLook, const ShowArguments& arguments);
 
 /// Copies the display table into the DIB and gives the picture in these colours.
 DibPicture TakeDisplayTable(const ImageLook& look);

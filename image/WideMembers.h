@@ -78,8 +78,9 @@ struct KestWideMembers {
     }
 
     static int Save(Image& image, const char* path) {
+        if (Samples(image).empty() || !image.lpBits || image.CcGrayImage256::SaveBMPFile(path) < 0) return KEST_FAILED;
         const std::span<const Sample> samples = Samples(image);
-        if (samples.empty() || !image.lpBits || image.CcGrayImage256::SaveBMPFile(path) < 0) return KEST_FAILED;
+        if (samples.empty()) return KEST_FAILED;
         if (kest::WriteRawFile(Image::cFullFilePathSave, Traits::rawExtension, RawHeaderOf(image), samples.data(),
                                sizeof(Sample)))
             return KEST_OK;
@@ -132,17 +133,17 @@ struct KestWideMembers {
         return KEST_OK;
     }
 
-    /// Brings the display image up to date and calls `showDisplay`.
+    /// Brings the display image up to date and calls `showDisplay`. A target that is missing is not reported.
     template <class ShowDisplay>
-    static int Show(Image& image, ShowDisplay showDisplay) {
+    static int Show(Image& image, bool hasTarget, ShowDisplay showDisplay) {
         if (Samples(image).empty() || !image.lpBits) return KEST_FAILED;
         if (image.iReScaleOnShow >= DisplayStale) {
             Normalise(image);
             if (image.bAutoUpdateDisplay == 1) SpreadAllLists(image);
         }
-        showDisplay();
+        // What the host changes while a message is shown counts from here on.
         image.iReScaleOnShow = AllCurrent;
-        return KEST_OK;
+        return hasTarget ? showDisplay() : KEST_OK;
     }
 
     // Point lists

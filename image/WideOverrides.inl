@@ -26,17 +26,21 @@ void* WIDE_CLASS::GetBitMapImageData() { return pSamples; }
 
 int WIDE_CLASS::Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                      int iZoom) {
-    return Members::Show(*this,
-                         [&] { CcGrayImage256::Show(hDC, pRect, usLUT, usMode, iXOffset, iYOffset, iZoom); });
+    return Members::Show(*this, hDC != nullptr, [&] {
+        return CcGrayImage256::Show(hDC, pRect, usLUT, usMode, iXOffset, iYOffset, iZoom);
+    });
 }
 
 int WIDE_CLASS::Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                      int iZoom) {
-    return Members::Show(*this, [&] { CcGrayImage256::Show(hDC, hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom); });
+    return Members::Show(*this, hDC && hWnd, [&] {
+        return CcGrayImage256::Show(hDC, hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom);
+    });
 }
 
 int WIDE_CLASS::Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    return Members::Show(*this, [&] { CcGrayImage256::Show(hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom); });
+    return Members::Show(
+        *this, hWnd != nullptr, [&] { return CcGrayImage256::Show(hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom); });
 }
 
 int WIDE_CLASS::GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {

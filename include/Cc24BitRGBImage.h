@@ -36,7 +36,7 @@ public:
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     // slot 7: GetBitMapImageData, inherited
     /// @name Show
-    /// Always 0; nothing is drawn without an image or something to draw into.
+    /// 0, and nothing is drawn, without an image or something to draw into; -1 when the picture could not be drawn.
     /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8
@@ -45,7 +45,7 @@ public:
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 10
     /// @}
-    /// Needs an image. -1 also when the print job cannot be started.
+    /// Needs an image. -1 also when the page cannot be printed whole.
     int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
               int iZoom) override;                                                                  // slot 11
     /// Always -1: there are no display tables.

@@ -28,8 +28,9 @@ public:
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     void* GetBitMapImageData() override;                                                            // slot 7
     /// @name Show
-    /// 0, also without an image; -1 for a null device context or window. An unknown LUT shows "Returned NULL from
-    /// SelectPalette" and draws with the table that the DIB carries. The device context is left as it was.
+    /// 0, also without an image; -1 for a null device context or window, and when the picture could not be drawn (memory is
+    /// short, or the platform refused). An unknown LUT shows "Returned NULL from SelectPalette" and draws with the table
+    /// that the DIB carries. The device context is left as it was.
     /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8
@@ -39,7 +40,7 @@ public:
              int iZoom) override;                                                                   // slot 10
     /// @}
     /// Needs an image. LUT 102 to 104 print the palette indices as grays, so 103 and 104 come out darker than on screen.
-    /// -1 also for an unknown LUT, after the dialog, and when the print job cannot be started.
+    /// -1 also for an unknown LUT, after the dialog, and when the page cannot be printed whole.
     int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
               int iZoom) override;                                                                  // slot 11
     /// LUT 101, channels 1 red, 2 green, 3 blue: 256 points. LUT 102, 103, 104, channel 0: 256, 128, 64 points. -1 for

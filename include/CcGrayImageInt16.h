@@ -31,8 +31,9 @@ public:
     /// The samples, of type unsigned short; null without any.
     void* GetBitMapImageData() override;                                                            // slot 7
     /// @name Show
-    /// -1 without samples or display image, else 0. When the samples or the display range changed, the display image is
-    /// computed first, and with automatic display the point lists are spread over the display range.
+    /// -1 without samples or display image, and when the picture could not be drawn, else 0. When the samples or the
+    /// display range changed, the display image is computed first, and with automatic display the point lists are spread
+    /// over the display range.
     /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8

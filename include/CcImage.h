@@ -46,6 +46,10 @@ enum KestImageType : int {
 /// Results: 0, or -1 for failure (-1.0 and null for floats and pointers). In this base class each operation of the
 /// interface but GetRegion beeps and shows "This is a Virtual Function"; those for thresholding return 0 after it.
 ///
+/// While a message box, a dialog or a print job is open the application goes on: its timers and paint handlers may give
+/// the image another picture, and what is drawn, printed, copied or saved afterwards is the one that is there then. They
+/// must not delete the image.
+///
 /// A copy shares its source's blocks (see KestBlocks.h), its list members included.
 class KEST_API CcImage : public CcHLObject {
 public:
@@ -56,17 +60,18 @@ public:
     // Virtual operations in slot order
     /// Deletes the ROIs of the list, whatever its destruction type was set to; does not release the calibration link.
     ~CcImage() override;                                                                            // slot 0
-    /// Reads the ROI list. -1 when a read fails or a member is no ROI; the ROIs before it stay in the list.
+    /// Reads the ROI list.
     int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
     /// Writes the ROI list.
     int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
     // slots 3 to 5: GetClassNameA, GetObjectName, SetObjectName, inherited
     /// Puts the image, or the part of it under `pRect` (image coordinates, top above bottom), with its overlay on the
-    /// clipboard as CF_BITMAP.
+    /// clipboard as CF_BITMAP. -1, with the clipboard as it was, when it could not be drawn.
     virtual int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect);                      // slot 6
     /// The first byte of the pixel rows (or of the samples); null without pixels. No box in the base.
     virtual void* GetBitMapImageData();                                                             // slot 7
-    /// Draws into `pRect` of the device context.
+    /// Draws into `pRect` of the device context. Zooms, offsets and rectangles may be as large as integers are; what lies
+    /// outside the surface is left out.
     virtual int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                      int iZoom);                                                                    // slot 8
     /// Draws into the device context, as large as the window's client area.
@@ -75,7 +80,8 @@ public:
     /// Draws into the window's client area.
     virtual int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                      int iZoom);                                                                    // slot 10
-    /// Prints one page after the print dialog; -1 when it is cancelled.
+    /// Prints one page after the print dialog; -1 when it is cancelled, or when the page could not be drawn or printed
+    /// whole (the job is then given up).
     virtual int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                       int iZoom);                                                                   // slot 11
     /// Copies the point list of a display table's channel out.
@@ -146,7 +152,8 @@ public:
     int ClearOverlay();
     /// The overlay's first byte, made if there is none. Null without an image.
     unsigned char* GetOverlay();
-    /// ORs the overlay onto what the window shows. -1, after a message when there is no overlay.
+    /// ORs the overlay onto what the window shows. -1, after a message when there is no overlay, and when it could not be
+    /// drawn.
     int ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);
     /// The same into a device context of the window, without a message.
     int ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);

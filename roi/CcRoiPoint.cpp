@@ -87,7 +87,7 @@ CcRoiPoint::CcRoiPoint()
     std::snprintf(szObjectName, sizeof szObjectName, "P.%d", ++iPointROICount);
 }
 
-CcRoiPoint::~CcRoiPoint() { kest::AbandonDrag(hDragDC, iDragMode); }
+CcRoiPoint::~CcRoiPoint() { Members::Abandon(*this); }
 
 #define ROI_CLASS CcRoiPoint
 #include "roi/ShapeOverrides.inl"

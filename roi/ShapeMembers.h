@@ -87,18 +87,15 @@ struct KestShapeMembers {
     // Dragging
 
     static int StartDrag(Shape& shape, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
+        kest::TakeMouse(window, shape.hDragDC);
         shape.iZoom = display.zoom;
-        if (!kest::BeginDrag(window, shape.hDragDC, shape.iDragMode, mode)) return KEST_FAILED;
-        kest::View view;
-        const bool hasView = display.MakeView(window, view);
-        if (!PlaceForDrag(shape, hasView ? &view : nullptr, mouse, source)) {
+        shape.iDragMode = mode;
+        if (!PlaceForDrag(shape, window, display, mouse, source)) {
             shape.iDragMode = -1;
             return KEST_FAILED;
         }
         const kest::IntRect place = Traits::WindowOf(shape);
         kest::IntRect range = kest::ClientOnScreen(window);
-        // A message that was shown lets the host do anything, also end the drag.
-        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
         if (mode == KEST_DRAG_CONVERT || mode == KEST_DRAG_MOVE)
             range = kest::ClipForMove(range, kest::Normalised(place), kest::ToPoint(mouse));
         else if (mode == KEST_DRAG_RESIZE)
@@ -107,12 +104,12 @@ struct KestShapeMembers {
 
         shape.stLastMouse = mouse;
         Traits::DrawRubberBand(shape.hDragDC, place);
-        if (hasView) Traits::TakeCorners(shape, view, kest::ImageCorners(view, place));
+        TakeWindowCorners(shape, window, display);
         return KEST_OK;
     }
 
     static int ContinueDrag(Shape& shape, HWND window, Display display, POINT mouse, int) {
-        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
+        if (shape.iDragMode < 0) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
         Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
@@ -128,7 +125,7 @@ struct KestShapeMembers {
     }
 
     static int StopDrag(Shape& shape, HWND window, Display display, POINT mouse) {
-        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
+        if (shape.iDragMode < 0) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
         Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
@@ -139,8 +136,18 @@ struct KestShapeMembers {
         Traits::SetWindow(shape, place);
         display.zoom = shape.iZoom;
         TakeWindowCorners(shape, window, display);
-        kest::EndDrag(shape.hDragDC, shape.iDragMode);
+        shape.iDragMode = -1;
+        kest::ReleaseMouse(shape.hDragDC);
         return KEST_OK;
+    }
+
+    /// Gives back what a ROI that is destroyed still holds: everything in the middle of a drag, else what a failed start
+    /// left.
+    static void Abandon(Shape& shape) {
+        if (shape.iDragMode >= 0 && shape.hDragDC)
+            kest::ReleaseMouse(shape.hDragDC);
+        else
+            shape.hDragDC.Release();
     }
 
     // Drawing
@@ -211,9 +218,8 @@ struct KestShapeMembers {
         kest::RoiFile file;
         if (!kest::ReadRoiFile(path, Traits::typeCode, 1, file) || file.count != static_cast<int>(sizeof(Record)))
             return KEST_FAILED;
-        if (shape.SetRoiImageCord(file.record.Get()) < 0) return KEST_FAILED;
         shape.SetName(file.name);
-        return KEST_OK;
+        return shape.SetRoiImageCord(file.record.Get());
     }
 
     static int Store(Shape& shape, CcObjectStorage* storage) {
@@ -233,17 +239,19 @@ struct KestShapeMembers {
     }
 
 private:
-    /// Without a view the window copy stays.
-    static bool PlaceForDrag(Shape& shape, const kest::View* view, POINT mouse, CcRoiBase* source) {
+    static bool PlaceForDrag(Shape& shape, HWND window, const Display& display, POINT mouse, CcRoiBase* source) {
         switch (shape.iDragMode) {
             case KEST_DRAG_CONVERT: {
                 const RECT* bounds = source ? source->GetCurrentBoundingRect() : nullptr;
-                if (bounds && view) Traits::SetWindow(shape, kest::WindowCorners(*view, kest::ToRect(*bounds)));
-                return bounds != nullptr;
+                if (!bounds) return false;
+                kest::View view;
+                if (display.MakeView(window, view))
+                    Traits::SetWindow(shape, kest::WindowCorners(view, kest::ToRect(*bounds)));
+                return true;
             }
             case KEST_DRAG_MOVE:
             case KEST_DRAG_RESIZE:
-                if (view) MakeWindowCorners(shape, *view);
+                MakeWindowCorners(shape, window, display);
                 return true;
             case KEST_DRAG_CREATE:
                 Traits::SetWindow(shape, {mouse.x, mouse.y, mouse.x, mouse.y});

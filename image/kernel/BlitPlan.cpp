@@ -2,6 +2,7 @@
 #include "image/kernel/BlitPlan.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace kest {
 namespace {
@@ -61,6 +62,42 @@ bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight) {
     if (!ClipAxis(fromTop, plan.sourceHeight, plan.targetY, plan.targetHeight, imageHeight)) return false;
     plan.sourceY = imageHeight - fromTop - plan.sourceHeight;
     return true;
+}
+
+AxisCut::AxisCut(long long sourceExtent, long long targetBegin, long long targetExtent, long long low, long long high)
+    : sourceSize(sourceExtent),
+      target(targetBegin),
+      targetSize(std::llabs(targetExtent)),
+      isMirrored(targetExtent < 0) {
+    pixelCount = sourceSize;
+    if (targetSize > LargestBlitExtent) {
+        constexpr long long farthest = LargestBlitExtent / 4;
+        low = std::max(low, -farthest);
+        high = std::min(high, farthest);
+    } else if (targetSize != sourceSize) {
+        return;
+    }
+    // Platforms differ in whether a mirrored target begins with the pixel at its position or the one before: both count.
+    visibleBegin = std::max(isMirrored ? target - high : low - target, 0LL);
+    visibleEnd = std::min(isMirrored ? target - low + 1 : high - target, targetSize);
+    pixelCount = 0;
+    if (visibleBegin >= visibleEnd) return;
+    firstPixel = visibleBegin * sourceSize / targetSize;
+    pixelCount = (visibleEnd * sourceSize + targetSize - 1) / targetSize - firstPixel;
+    isSplit = PositionOf(firstPixel + pixelCount) - PositionOf(firstPixel) > LargestBlitExtent;
+}
+
+long long AxisCut::PositionOf(long long pixel) const { return TargetOf(pixel, sourceSize, targetSize); }
+
+AxisCut::Part AxisCut::At(long long index) const {
+    const long long first = firstPixel + index;
+    const long long count = isSplit ? 1 : pixelCount;
+    long long begin = PositionOf(first), end = PositionOf(first + count);
+    if (isSplit) {
+        begin = std::max(begin, visibleBegin);
+        end = std::min(end, visibleEnd);
+    }
+    return isMirrored ? Part{first, count, target - begin, begin - end} : Part{first, count, target + begin, end - begin};
 }
 
 }  // namespace kest

@@ -3,22 +3,22 @@
 
 namespace kest {
 
-int PrintScale(int sourceWidth, int sourceHeight, int pageWidth, int pageHeight) {
+int PrintScale(int sourceWidth, int sourceHeight, const PageSize& page) {
     if (sourceWidth < 1 || sourceHeight < 1) return 1;
-    const long long halfWidth = pageWidth / 2;
-    const long long halfHeight = pageHeight / 2;
+    const long long halfWidth = page.width / 2;
+    const long long halfHeight = page.height / 2;
     long long scale = 1;
     while (sourceWidth * scale <= halfWidth && sourceHeight * scale <= halfHeight) scale *= 2;
     return static_cast<int>(scale);
 }
 
-PrintPlan PlanForPage(const View& wanted, int pageWidth, int pageHeight) {
+PrintPlan PlanForPage(const View& wanted, const PageSize& page) {
     View view = wanted;
     if (view.IsStretched() || view.clientWidth < 1 || view.clientHeight < 1) {
         view.clientWidth = view.imageWidth;
         view.clientHeight = view.imageHeight;
     }
-    const long long scale = PrintScale(view.clientWidth, view.clientHeight, pageWidth, pageHeight);
+    const long long scale = PrintScale(view.clientWidth, view.clientHeight, page);
     PrintPlan plan = {PlanForVisiblePart(view), scale * std::max(view.zoom, 1), 0, 0, view.imageWidth, view.imageHeight};
     plan.picture.targetWidth = view.clientWidth * scale;
     plan.picture.targetHeight = view.clientHeight * scale;

@@ -1,6 +1,7 @@
 // How the 8-bit image is shown: every display table and every form of Show, pixel by pixel.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 #include <functional>
 
@@ -159,6 +160,73 @@ TEST(Show, FileColoursAndUnknownTables) {
     EXPECT_EQ(rowShown(105), (std::vector<unsigned>{0, 0x010101, 0x020202, 0xFFFFFF}));
     EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"ERROR", "Returned NULL from SelectPalette"}}));
     EXPECT_EQ(rowShown(100), own);
+}
+
+TEST(Show, PictureReplacedWhileAMessageIsShown) {
+    test::TestWindow window(30, 20);
+    test::MemoryPicture memory(30, 20);
+    RECT rect = {0, 0, 30, 20};
+    const std::function<int(CcImage&)> forms[] = {
+        [&](CcImage& image) { return image.Show(window, 105, 0, 0, 0, 1); },
+        [&](CcImage& image) { return image.Show(memory, window, 105, 0, 0, 0, 1); },
+        [&](CcImage& image) { return image.Show(memory, &rect, 105, 0, 0, 0, 1); },
+    };
+    for (std::size_t form = 0; form < std::size(forms); ++form) {
+        CcGrayImage256 image, loaded;
+        image.MakeBlankBMP(2000, 2000, 200, "large");
+        // The message's host makes a smaller picture, of a level that the first one does not have.
+        test::DuringNextBox([&] { image.MakeBlankBMP(5, 5, 77, "small"); });
+        EXPECT_EQ(forms[form](image), 0);
+        EXPECT_EQ((form == 0 ? window.Snapshot() : memory.Snapshot()).At(15, 10), Gray(77)) << form;
+        // Or one that cannot be opened: nothing is left to draw.
+        image.MakeBlankBMP(2000, 2000, 200, "large");
+        test::DuringNextBox([&] { image.OpenBMPFile("there is no such file.bmp"); });
+        EXPECT_EQ(forms[form](image), 0);
+    }
+    EXPECT_EQ(test::TakeBoxes().size(), 9u);
+}
+
+TEST(Show, LargestZoomsAndRectangles) {
+    CcGrayImage256 image;
+    test::FillPattern(image, 39, 33);
+    // A pixel's top left corner, or its middle, lies in the picture; what is asked for exceeds every surface.
+    struct Case {
+        RECT rect;
+        unsigned short mode;
+        int xOffset, yOffset, zoom, leftLevel, rightLevel;
+    };
+    const int corner = PatternValue(0, 32), second = PatternValue(1, 32);
+    const int limit = INT_MAX;
+    for (const Case& c : {Case{{0, 0, 1, 1}, 1, 0, 0, 1 << 30, corner, corner},
+                          {{30 - (1 << 30), 0, 1, 1}, 1, 0, 0, 1 << 30, corner, second},
+                          {{30 - limit, -5, 1, 1}, 1, 0, 0, limit, corner, second},
+                          {{0, 0, 1, 1}, 1, INT_MIN, 0, limit, -1, -1},
+                          {{0, 0, 1, 1}, 1, 0, INT_MAX, limit, -1, -1},
+                          {{0, 0, limit, limit}, 0, 0, 0, 1, corner, corner},
+                          {{-limit, -limit, limit, limit}, 0, 0, 0, 1, PatternValue(19, 16), PatternValue(19, 16)},
+                          {{limit, limit, -limit, -limit}, 0, 0, 0, 1, PatternValue(19, 16), PatternValue(19, 16)},
+                          {{30 - 39 * 200'000, 0, 1, 1}, 1, 0, 0, 200'000, PatternValue(38, 32), -1}}) {
+        test::MemoryPicture memory(60, 20, RGB(0, 0, 64));
+        RECT rect = c.rect;
+        EXPECT_EQ(image.Show(memory, &rect, 102, c.mode, c.xOffset, c.yOffset, c.zoom), 0);
+        const Picture shown = memory.Snapshot();
+        const auto expected = [](int level) { return level < 0 ? background : Gray(level); };
+        for (const int y : {0, 9, 19}) {
+            EXPECT_EQ(shown.At(29, y), expected(c.leftLevel)) << rect.left << " zoom " << c.zoom;
+            EXPECT_EQ(shown.At(30, y), expected(c.rightLevel)) << rect.left << " zoom " << c.zoom;
+        }
+    }
+    test::TestWindow window(30, 20);
+    image.GetOverlay();
+    for (const int offset : {INT_MIN, 0, INT_MAX})
+        for (const int zoom : {2, 1 << 30, limit}) {
+            POINT inWindow = {limit, -limit}, pixel;
+            tagPoints position;
+            EXPECT_EQ(image.Show(window, 102, 1, offset, offset, zoom), 0);
+            EXPECT_EQ(image.ShowOverlay(window, 1, offset, offset, zoom), 0);
+            EXPECT_EQ(image.ConvertPointToImageCoords(window, offset, offset, 1, &inWindow, &pixel, zoom), 0);
+            EXPECT_EQ(image.ConvertPointToImageCoords(window, offset, offset, 1, &inWindow, &position, zoom), 0);
+        }
 }
 
 TEST(Show, DeviceContextStaysAsItWas) {

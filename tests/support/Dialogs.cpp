@@ -7,6 +7,7 @@
 #include <optional>
 #include <ostream>
 #include <set>
+#include <utility>
 
 namespace test {
 namespace {
@@ -18,9 +19,14 @@ std::vector<Box> boxes;
 std::vector<FileDialog> fileDialogs;
 std::optional<std::string> fileAnswer;
 std::function<void(HWND)> operateDialog;
+std::function<void()> duringBox, duringFileDialog;
 std::set<HWND> seen;
 
 bool IsFileDialog(HWND dialog) { return GetDlgItem(dialog, cmb1) != nullptr && GetDlgItem(dialog, cmb13) != nullptr; }
+
+void CallOnce(std::function<void()>& act) {
+    if (const auto once = std::exchange(act, nullptr)) once();
+}
 
 /// Other dialogs have texts of that number, too, but also something to operate.
 bool IsBox(HWND dialog) {
@@ -30,6 +36,7 @@ bool IsBox(HWND dialog) {
 
 void AnswerBox(HWND dialog) {
     boxes.push_back({TextOf(dialog), TextOf(GetDlgItem(dialog, boxText))});
+    CallOnce(duringBox);
     SendMessageA(dialog, WM_COMMAND, GetDlgItem(dialog, IDYES) ? IDYES : IDOK, 0);
 }
 
@@ -43,6 +50,7 @@ void AnswerFileDialogWindow(HWND dialog) {
         shown.filters.push_back(text);
     }
     fileDialogs.push_back(shown);
+    CallOnce(duringFileDialog);
     if (fileAnswer) SetDlgItemTextA(dialog, cmb13, fileAnswer->c_str());
     PostMessageA(dialog, WM_COMMAND, fileAnswer ? IDOK : IDCANCEL, 0);
     fileAnswer.reset();
@@ -92,7 +100,11 @@ std::string TextOf(HWND window) {
 
 std::vector<Box> TakeBoxes() { return Take(boxes); }
 std::vector<FileDialog> TakeFileDialogs() { return Take(fileDialogs); }
-void AnswerFileDialog(const std::string& path) { fileAnswer = path; }
+void AnswerFileDialog(const std::string& path, std::function<void()> act) {
+    fileAnswer = path;
+    duringFileDialog = std::move(act);
+}
+void DuringNextBox(std::function<void()> act) { duringBox = std::move(act); }
 void OperateNextDialog(std::function<void(HWND)> operate) { operateDialog = std::move(operate); }
 
 void InstallDialogHook() { SetWindowsHookExA(WH_CBT, WatchDialogs, nullptr, GetCurrentThreadId()); }

@@ -19,6 +19,9 @@ struct Box {
 /// The boxes shown since the last call, in order.
 std::vector<Box> TakeBoxes();
 
+/// Called once while the next box is shown, as a timer of the host would be.
+void DuringNextBox(std::function<void()> act);
+
 /// What a file dialog showed when it opened.
 struct FileDialog {
     std::string title;
@@ -26,8 +29,8 @@ struct FileDialog {
     std::vector<std::string> filters;
 };
 
-/// The next file dialog accepts this path, or is cancelled when there is none.
-void AnswerFileDialog(const std::string& path);
+/// The next file dialog accepts this path, or is cancelled when there is none; `act` is called while it is shown.
+void AnswerFileDialog(const std::string& path, std::function<void()> act = {});
 
 /// The file dialogs shown since the last call.
 std::vector<FileDialog> TakeFileDialogs();

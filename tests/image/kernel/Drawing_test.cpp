@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <numeric>
 #include <vector>
 
@@ -32,11 +34,38 @@ TEST(BlitPlan, VisiblePart) {
     ExpectPlan(PlanForVisiblePart(one), {0, 0, 320, 200}, {5, 80 - 200 - 7, 320, 200});
 }
 
+TEST(BlitPlan, PartsOfTargetsLargerThanAnySurfaceShowTheSamePixels) {
+    for (const long long zoom : {1LL, 700'000LL, 5'000'000LL, 1LL << 30, (1LL << 31) - 1})
+        for (const long long begin : {-3 * zoom - 7, 11LL, 30LL - zoom})
+            for (const int direction : {1, -1}) {
+                // Seven source pixels; the surface is [0, 40).
+                const AxisCut cut(7, begin, direction * 7 * zoom, 0, 40);
+                ASSERT_LE(cut.PartCount(), 7);
+                std::vector<long long> shown(40, -1), expected(40, -1);
+                for (long long i = 0; i < cut.PartCount(); ++i) {
+                    const AxisCut::Part part = cut.At(i);
+                    EXPECT_LE(std::abs(part.targetSize), LargestBlitExtent);
+                    for (long long x = 0; x < 40; ++x) {
+                        const long long along = direction * (x - part.target), size = std::abs(part.targetSize);
+                        if (along >= 0 && along < size) shown[x] = part.first + along * part.count / size;
+                    }
+                }
+                for (long long x = 0; x < 40; ++x) {
+                    const long long along = direction * (x - begin);
+                    if (along >= 0 && along < 7 * zoom) expected[x] = along / zoom;
+                }
+                EXPECT_EQ(shown, expected) << zoom << ' ' << begin << ' ' << direction;
+            }
+    // The platform's own rounding counts where it can draw.
+    const AxisCut small(7, -50, 100, 0, 40);
+    EXPECT_EQ(small.At(0).count * 1000 + small.At(0).targetSize, 7100);
+}
+
 TEST(PrintPlan, ScaleIsThePowerOfTwoThatFirstExceedsHalfThePage) {
-    EXPECT_EQ(PrintScale(100, 100, 2400, 3300), 16);
-    EXPECT_EQ(PrintScale(1201, 1, 2400, 3300), 1);
-    EXPECT_EQ(PrintScale(1200, 1, 2400, 3300), 2);
-    EXPECT_EQ(PrintScale(0, 100, 2400, 3300), 1);
+    EXPECT_EQ(PrintScale(100, 100, {2400, 3300}), 16);
+    EXPECT_EQ(PrintScale(1201, 1, {2400, 3300}), 1);
+    EXPECT_EQ(PrintScale(1200, 1, {2400, 3300}), 2);
+    EXPECT_EQ(PrintScale(0, 100, {2400, 3300}), 1);
 }
 
 TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
@@ -45,19 +74,28 @@ TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
     std::vector<std::array<long long, 5>> runs;
     const auto note = [&](const PrintedRun& run) {
         runs.push_back({run.left, run.top, run.right, run.bottom, run.value});
+        return true;
     };
-    PrintPlan plan = PlanForPage({0, 0, 4, 3, 0, 0, 0, 1}, 20, 60);
+    constexpr PageSize page = {20, 60};
+    PrintPlan plan = PlanForPage({0, 0, 4, 3, 0, 0, 0, 1}, page);
     ExpectPlan(plan.picture, {0, 0, 16, 12}, {0, 0, 4, 3});
-    ForEachPrintedRun({overlay, 4, 3}, 3, plan, 20, 60, note);
+    ForEachPrintedRun({overlay, 4, 3}, 3, plan, page, note);
     EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{
                         {0, 12, 8, 16, 7}, {12, 12, 16, 16, 8}, {0, 4, 16, 8, 9}}));
     // Zoom 2 in a window of 4 x 4: two columns and two rows from column 1 and one row down.
     runs.clear();
-    plan = PlanForPage({4, 4, 4, 3, 1, 1, 1, 2}, 20, 60);
+    plan = PlanForPage({4, 4, 4, 3, 1, 1, 1, 2}, page);
     ExpectPlan(plan.picture, {0, 0, 16, 16}, {1, 0, 2, 2});
     EXPECT_EQ(plan.blockPixels, 8);
-    ForEachPrintedRun({overlay, 4, 3}, 3, plan, 20, 60, note);
+    ForEachPrintedRun({overlay, 4, 3}, 3, plan, page, note);
     EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 16, 8, 24, 7}}));
+    // As far as numbers go.
+    for (const int offset : {INT_MIN, -1, 1, INT_MAX}) {
+        runs.clear();
+        plan = PlanForPage({1, 1, 4, 3, offset, offset, 1, INT_MAX}, page);
+        EXPECT_TRUE(ForEachPrintedRun({overlay, 4, 3}, 3, plan, page, note));
+        EXPECT_EQ(runs.size(), 0u) << offset;
+    }
 }
 
 TEST(ThresholdBand, LowIsRoundedDownAndHighUp) {
