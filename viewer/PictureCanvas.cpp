@@ -48,7 +48,7 @@ void PictureView::PaintPicture(HDC dc) {
     Font font;
     font.Make(DpiOf(window));
     const Selected selectedFont(dc, font);
-    PaintRois(dc, canvas.ClientSize(), *document, shown, {roiMouse.Hidden(), showsRoiNames, true, DpiOf(window)});
+    PaintRois(dc, canvas.ClientSize(), *document, shown, {showsRoiNames, true, DpiOf(window)});
     if (onPaintOver) onPaintOver(dc);
 }
 

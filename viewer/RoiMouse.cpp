@@ -1,12 +1,24 @@
 // The mouse over a picture: drawing, selecting, moving and resizing ROIs.
 #include "RoiMouse.h"
 
+#include <cmath>
 #include <cstdlib>
 
 #include "Application.h"
 #include "document/RoiKinds.h"
 
 namespace kestview {
+namespace {
+
+/// The pixel of the picture, or of its surroundings, under a client point.
+POINT PixelUnder(CcImage& image, const Shown& shown, POINT mouse) {
+    tagPoints position = {};
+    image.ConvertPointToImageCoords(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &mouse, &position,
+                                    shown.zoom);
+    return {static_cast<LONG>(std::floor(position.x)), static_cast<LONG>(std::floor(position.y))};
+}
+
+}  // namespace
 
 void RoiMouse::SetTool(int newTool) {
     if (isDragging) Cancel();
@@ -71,22 +83,20 @@ void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
         Cancel();
 }
 
-void RoiMouse::StartMoving(const Shown& shown, POINT mouse) {
+void RoiMouse::StartMoving(const Shown& shown) {
     document->BeforeRoiEdit();
-    App().ApplyRoiLook(*grabbed, shown.penZoom);
     dragShown = shown;
     hasVertices = false;
-    lastMouse = mouse;
     isDragging = true;
-    // From here on the rubber band shows the ROI: the picture is painted once without it.
-    InvalidateRect(shown.canvas, nullptr, FALSE);
-    UpdateWindow(shown.canvas);
-    // The hit test notes the handle in the ROI.
-    grabbed->MouseHitTest(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), pressed,
-                          shown.zoom);
-    if (grabbed->StartMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), pressed,
-                                grabbedCode > 0 ? KEST_DRAG_RESIZE : KEST_DRAG_MOVE, nullptr, shown.zoom) < 0)
-        Cancel();
+    edit.emplace(*grabbed, grabbedCode, document->Size());
+    SetCapture(shown.canvas);
+}
+
+void RoiMouse::MoveGrabbed(POINT mouse) {
+    const POINT from = PixelUnder(document->Image(), dragShown, pressed),
+                to = PixelUnder(document->Image(), dragShown, mouse);
+    edit->MoveBy({to.x - from.x, to.y - from.y});
+    InvalidateRect(dragShown.canvas, nullptr, FALSE);
 }
 
 void RoiMouse::Move(const Shown& shown, POINT mouse, bool isHeld) {
@@ -100,12 +110,14 @@ void RoiMouse::Move(const Shown& shown, POINT mouse, bool isHeld) {
         }
         constexpr int slackPixels = 2;
         if (std::abs(mouse.x - pressed.x) <= slackPixels && std::abs(mouse.y - pressed.y) <= slackPixels) return;
-        StartMoving(shown, mouse);
+        StartMoving(shown);
     }
     if (!isDragging) return;
     lastMouse = mouse;
-    CcRoiBase& roi = drawn ? *drawn : *grabbed;
-    if (roi.DoMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse, 0) < 0)
+    if (edit)
+        MoveGrabbed(mouse);
+    else if (drawn->DoMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse, 0) <
+             0)
         Cancel();
 }
 
@@ -116,6 +128,7 @@ void RoiMouse::Release(const Shown&, POINT mouse) {
     }
     if (hasVertices) return;
     lastMouse = mouse;
+    if (edit) MoveGrabbed(mouse);
     End(true);
 }
 
@@ -129,24 +142,35 @@ void RoiMouse::Cancel() {
 
 void RoiMouse::End(bool isKept) {
     if (!isDragging) return;
-    CcRoiBase& roi = drawn ? *drawn : *grabbed;
     // Ending releases the capture, which must not end the drag a second time.
     isDragging = false;
     grabbed = nullptr;
-    const bool isWhole = roi.StopMouseDrag(dragShown.canvas, dragShown.xOffset, dragShown.yOffset, dragShown.mode,
-                                           &document->Image(), lastMouse) == 0;
-    if (drawn) {
-        std::unique_ptr<CcRoiBase> finished = std::move(drawn);
-        if (isKept && isWhole) {
-            finished->SetName(document->FreeName(*finished).c_str());
-            document->AddRoi(std::move(finished));
-        } else
-            document->Changed(RoisChanged);
-    } else if (isKept) {
-        document->RoisEdited();
+    if (edit)
+        EndMoving(isKept);
+    else
+        EndDrawing(isKept);
+}
+
+void RoiMouse::EndDrawing(bool isKept) {
+    std::unique_ptr<CcRoiBase> finished = std::move(drawn);
+    const bool isWhole = finished->StopMouseDrag(dragShown.canvas, dragShown.xOffset, dragShown.yOffset, dragShown.mode,
+                                                 &document->Image(), lastMouse) == 0;
+    if (isKept && isWhole) {
+        finished->SetName(document->FreeName(*finished).c_str());
+        document->AddRoi(std::move(finished));
     } else {
-        document->CancelRoiEdit();
+        document->Changed(RoisChanged);
     }
+}
+
+void RoiMouse::EndMoving(bool isKept) {
+    ReleaseCapture();
+    const bool hasMoved = edit->HasMoved();
+    edit.reset();
+    if (isKept && hasMoved)
+        document->RoisEdited();
+    else
+        document->CancelRoiEdit();
 }
 
 void RoiMouse::SelectAt(const Shown& shown, POINT mouse) {

@@ -1,10 +1,13 @@
-// The mouse over a picture: drawing, selecting, moving and resizing ROIs. This is where the library's drag calls are
-// made: StartMouseDrag on press, DoMouseDrag on each move, StopMouseDrag on release.
+// The mouse over a picture: drawing, selecting, moving and resizing ROIs. New ROIs are drawn by the library's drag
+// calls: StartMouseDrag on press, DoMouseDrag on each move, StopMouseDrag on release. Present ones are moved by whole
+// pixels of the picture instead, as rounding to those of the window would change their size.
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "document/Document.h"
+#include "document/RoiEdit.h"
 
 namespace kestview {
 
@@ -42,8 +45,6 @@ public:
     /// Ends the drag and takes back what it did.
     void Cancel();
 
-    /// The ROI that the drag itself draws, so that the picture leaves it out.
-    const CcRoiBase* Hidden() const { return isDragging && !drawn ? grabbed : nullptr; }
     LPCSTR CursorAt(const Shown& shown, POINT mouse);
     /// Selects the ROI under the mouse, if there is one that is not selected yet.
     void SelectAt(const Shown& shown, POINT mouse);
@@ -55,8 +56,11 @@ private:
     };
     Hit HitAt(const Shown& shown, POINT mouse);
     void StartDrawing(const Shown& shown, POINT mouse);
-    void StartMoving(const Shown& shown, POINT mouse);
+    void StartMoving(const Shown& shown);
+    void MoveGrabbed(POINT mouse);
     void End(bool isKept);
+    void EndDrawing(bool isKept);
+    void EndMoving(bool isKept);
 
     Document* document = nullptr;
     int tool = selectTool;
@@ -65,6 +69,7 @@ private:
     std::unique_ptr<CcRoiBase> drawn;  ///< while it is drawn
     CcRoiBase* grabbed = nullptr;      ///< pressed on; moved or resized once the mouse moves
     int grabbedCode = 0;
+    std::optional<RoiEdit> edit;  ///< while the grabbed one is moved or resized
     POINT pressed = {};
     Shown dragShown;
     POINT lastMouse = {};

@@ -39,7 +39,7 @@ void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const
     for (int i = 0; i < document.RoiCount(); ++i) {
         CcRoiBase& roi = document.Roi(i);
         // A point writes its name itself.
-        if (&roi == paint.hidden || roi.GetROIType() == KEST_ROI_POINT) continue;
+        if (roi.GetROIType() == KEST_ROI_POINT) continue;
         const RECT* bounds = roi.GetCurrentBoundingRect();
         if (!bounds) continue;
         POINT corner = ShownPoint(area, document.Size(), shown, std::min(bounds->left, bounds->right),
@@ -69,7 +69,6 @@ void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const 
     RECT place = {0, 0, area.cx, area.cy};
     for (int i = 0; i < document.RoiCount(); ++i) {
         CcRoiBase& roi = document.Roi(i);
-        if (&roi == paint.hidden) continue;
         SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
         const Nameless nameless(roi, !paint.showsNames);
         roi.ShowROI(dc, &place, shown.xOffset, shown.yOffset, shown.mode, &document.Image(), shown.zoom,

@@ -11,7 +11,6 @@
 namespace kestview {
 
 struct RoiPaint {
-    const CcRoiBase* hidden = nullptr;  ///< is left out
     bool showsNames = true;
     bool marksSelected = true;  ///< selected ones in their own colour and with handles
     int dpi = 96;               ///< for the distance of names
@@ -26,8 +25,8 @@ POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y
 
 enum class DrawnRois { None, Plain, WithNames };
 
-/// A colour picture of `area` pixels as it is shown, with the ROIs drawn in: the part of the picture from the offsets of
-/// `shown` on, at its zoom, or all of it where `shown` is stretched. Null when memory is short.
+/// A colour picture of `area` pixels as it is shown, with the ROIs drawn in: the part of the picture from the offsets
+/// of `shown` on, at its zoom, or all of it where `shown` is stretched. Null when memory is short.
 std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area, DrawnRois rois);
 
 }  // namespace kestview

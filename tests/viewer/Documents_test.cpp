@@ -12,6 +12,7 @@
 #include "document/Profile.h"
 #include "document/Region.h"
 #include "document/ResultsTable.h"
+#include "document/RoiEdit.h"
 #include "document/RoiFiles.h"
 #include "document/RoiKinds.h"
 #include "document/Session.h"
@@ -477,9 +478,8 @@ std::vector<unsigned> Drawn(Document& document, int zoom) {
     const SIZE area = {columns * zoom, rows * zoom};
     const DibSection screen(area, 32);
     RECT all = {0, 0, area.cx, area.cy};
-    document.Draw(screen, area, [&](CcImage& image, HDC dc, unsigned short table) {
-        image.Show(dc, &all, table, 1, 0, 0, zoom);
-    });
+    document.Draw(screen, area,
+                  [&](CcImage& image, HDC dc, unsigned short table) { image.Show(dc, &all, table, 1, 0, 0, zoom); });
     GdiFlush();
     std::vector<unsigned> shown;
     for (long y = area.cy; y-- > 0;)
@@ -494,7 +494,8 @@ TEST(WideBands, AreSampleValuesWhateverIsDisplayed) {
         int type;
         double low, high, other;
     };
-    for (const Case& wanted : {Case{KEST_IMAGE_INT16, 1600.5, 4399, 40000}, {KEST_IMAGE_INT16, 2000, 4000, 40000},
+    for (const Case& wanted : {Case{KEST_IMAGE_INT16, 1600.5, 4399, 40000},
+                               {KEST_IMAGE_INT16, 2000, 4000, 40000},
                                {KEST_IMAGE_INT32, -65.0 * 1000003, -60.0 * 1000003, 30.0 * 1000003},
                                {KEST_IMAGE_INT32, -66.0 * 1000003 + 1, -59.0 * 1000003 - 1, 30.0 * 1000003},
                                {KEST_IMAGE_FLOAT, 5 / 7.0 - 3, 10 / 7.0 - 3, 100 / 7.0 - 3}}) {
@@ -671,20 +672,80 @@ TEST(Region, KeepsThePlaceInTheWorld) {
     EXPECT_NEAR(here.y, there.y, 1e-4);
 }
 
+/// A ROI of the kind, with its left bottom corner at (1, 1) and a few pixels in size.
+std::unique_ptr<CcRoiBase> MakeRoi(const RoiKind& kind) {
+    auto roi = kind.make();
+    POINT outline[4] = {{1, 1}, {5, 1}, {5, 5}, {1, 5}};
+    PixelGroupTag group = {0, 0, 0, 4, outline, nullptr};
+    int record[4] = {1, 6, 7, 1};
+    tagPoints point = {1.5f, 1.75f};
+    const bool isOutline = kind.type == KEST_ROI_FREEHAND || kind.type == KEST_ROI_FREEHANDLINE ||
+                           kind.type == KEST_ROI_POLYLINE || kind.type == KEST_ROI_POLYFREEHAND;
+    void* given = kind.type == KEST_ROI_POINT ? static_cast<void*>(&point)
+                  : isOutline                 ? static_cast<void*>(&group)
+                                              : record;
+    EXPECT_EQ(roi->SetRoiImageCord(given), 0) << kind.label;
+    return roi;
+}
+
+TEST(RoiEdit, MovesByWholePixelsInsideThePictureAndKeepsWhatIsNotHeld) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    for (const RoiKind& kind : roiKinds) {
+        SCOPED_TRACE(kind.label);
+        auto roi = MakeRoi(kind);
+        KestRoiMeasurement first = {}, present = {};
+        KestMeasureRoi(&document->Image(), roi.get(), &first);
+        const RECT from = *roi->GetBoundingRect();
+        const long width = from.right - from.left, height = from.top - from.bottom;
+        RoiEdit edit(*roi, 0, document->Size());
+        EXPECT_FALSE(edit.HasMoved());
+        // The last ones go out of the picture at two sides each.
+        for (const POINT by : {POINT{3, 2}, {-1, 1}, {500, 500}, {-500, -500}, {0, 0}}) {
+            edit.MoveBy(by);
+            const RECT to = *roi->GetBoundingRect();
+            EXPECT_EQ(to.left, std::clamp(from.left + by.x, 0L, columns - 1 - width));
+            EXPECT_EQ(to.bottom, std::clamp(from.bottom + by.y, 0L, rows - 1 - height));
+            EXPECT_EQ(to.right - to.left, width);
+            EXPECT_EQ(to.top - to.bottom, height);
+            KestMeasureRoi(&document->Image(), roi.get(), &present);
+            EXPECT_EQ(present.llPixels, first.llPixels);
+            EXPECT_NEAR(present.dLengthPixels, first.dLengthPixels, 1e-6);
+        }
+        if (kind.type == KEST_ROI_POINT) {
+            EXPECT_EQ(static_cast<tagPoints*>(roi->GetRoiImageCord())->y, 1.75f);
+        }
+    }
+    // The handles of a rectangle from (2, 3) to (6, 8), and past the other side.
+    struct Case {
+        int code;
+        POINT by;
+        RECT expected;
+    };
+    for (const Case& wanted : {Case{1, {9, 1}, {2, 9, 6, 3}},
+                               {2, {9, 1}, {2, 8, 6, 4}},
+                               {3, {1, 9}, {3, 8, 6, 3}},
+                               {4, {-6, 9}, {0, 8, 2, 3}},
+                               {5, {1, -7}, {3, 3, 6, 1}},
+                               {6, {50, 1}, {2, 9, 12, 3}},
+                               {7, {1, 1}, {3, 8, 6, 4}},
+                               {8, {1, -1}, {2, 8, 7, 2}}}) {
+        auto rect = MakeRect({2, 8, 6, 3});
+        RoiEdit(*rect, wanted.code, document->Size()).MoveBy(wanted.by);
+        EXPECT_TRUE(EqualRect(rect->GetBoundingRect(), &wanted.expected)) << "handle " << wanted.code;
+    }
+    auto line = RoiKindOf(KEST_ROI_LINE)->make();
+    int ends[4] = {1, 2, 3, 4};
+    for (const auto& [code, moved] : {std::pair{5, std::array{9, 1, 3, 4}}, {8, std::array{1, 2, 11, 3}}}) {
+        line->SetRoiImageCord(ends);
+        RoiEdit(*line, code, document->Size()).MoveBy({8, -1});
+        EXPECT_EQ(std::memcmp(line->GetRoiImageCord(), moved.data(), sizeof moved), 0) << code;
+    }
+}
+
 TEST(RoiFiles, BringBackOneAndAll) {
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
     for (const RoiKind& kind : roiKinds) {
-        auto roi = kind.make();
-        POINT outline[4] = {{1, 1}, {5, 1}, {5, 5}, {1, 5}};
-        PixelGroupTag group = {0, 0, 0, 4, outline, nullptr};
-        int record[4] = {1, 6, 7, 2};
-        tagPoints point = {2.5f, 3.5f};
-        const bool isOutline = kind.type == KEST_ROI_FREEHAND || kind.type == KEST_ROI_FREEHANDLINE ||
-                               kind.type == KEST_ROI_POLYLINE || kind.type == KEST_ROI_POLYFREEHAND;
-        void* given = kind.type == KEST_ROI_POINT ? static_cast<void*>(&point)
-                      : isOutline                 ? static_cast<void*>(&group)
-                                                  : record;
-        ASSERT_EQ(roi->SetRoiImageCord(given), 0);
+        auto roi = MakeRoi(kind);
         const TemporaryFile file("one.roi");
         ASSERT_TRUE(SaveRoi(*roi, file.Path()));
         const auto restored = RestoreRoi(file.Path());

@@ -213,5 +213,43 @@ TEST(Rois, AreSelectedRenamedCancelledDeletedAndBroughtBack) {
     Close(view);
 }
 
+TEST(Rois, KeepTheirSizeWhenTheyAreMovedInAPictureThatIsShownSmaller) {
+    const TemporaryFile file("large.bmp");
+    {
+        CcGrayImage256 image;
+        image.MakeBlankBMP(10000, 10000, 7, "large");
+        ASSERT_EQ(image.SaveBMPFile(file.Path()), 0);
+    }
+    Driver view(L"large.bmp");
+    ASSERT_TRUE(Driver::WaitFor([&] { return view.Title() == L"large - KestView"; }));
+    const HWND canvas = view.Canvas();
+    RECT client;
+    GetClientRect(canvas, &client);
+    ASSERT_LT(client.right, 1000);
+    view.Press({VK_CONTROL, VK_SHIFT, '3'});
+    view.Drag(canvas, {{30, 40}, {403, 477}});
+    view.Press({VK_ESCAPE});
+    const auto table = [&] {
+        view.PressToCopy({VK_CONTROL, VK_SHIFT, 'C'});
+        return ClipboardText();
+    };
+    const std::wstring drawn = table();
+    view.Drag(canvas, {{200, 200}, {237, 211}, {213, 245}});
+    ASSERT_NE(view.Title(), L"large - KestView");
+    EXPECT_EQ(table(), drawn) << "pixels, length and area";
+    // A handle moves its own side only: the bottom one, to what lies some twenty pixels of the screen below.
+    const auto pixels = [&] {
+        const std::wstring rows = table();
+        return std::wcstoll(rows.c_str() + rows.find(L"Rectangle\t") + 10, nullptr, 10);
+    };
+    const long long before = pixels(), width = (403 - 30) * 10000LL / client.right;
+    view.Drag(canvas, {{229, 522}, {229, 542}});
+    const double grown = static_cast<double>(pixels() - before) / static_cast<double>(width);
+    EXPECT_NEAR(grown, 20 * 10000.0 / client.bottom, 15);
+    view.Press({VK_CONTROL, 'W'});
+    view.AnswerBox('N');
+    Close(view);
+}
+
 }  // namespace
 }  // namespace test

@@ -1,5 +1,5 @@
-// The bands of a wide picture as a layer over it. The picture below is shown through its own display table, which so has
-// no part in what the bands hold.
+// The bands of a wide picture as a layer over it. The picture below is shown through its own display table, which so
+// has no part in what the bands hold.
 #pragma once
 
 #include <functional>

@@ -8,9 +8,9 @@
 
 namespace kestview {
 
-/// Begins, renews and ends the preview of one image. Of a wide image the bands lie in a layer over it; of the others the
-/// library's thresholding shows them: while it runs, the 8-bit images show the bands in display table 101 and the colour
-/// images hold recoloured pixels.
+/// Begins, renews and ends the preview of one image. Of a wide image the bands lie in a layer over it; of the others
+/// the library's thresholding shows them: while it runs, the 8-bit images show the bands in display table 101 and the
+/// colour images hold recoloured pixels.
 class ThresholdPreview {
 public:
     explicit ThresholdPreview(CcImage& newImage);

@@ -175,8 +175,8 @@ void ThresholdPane::FillBands() {
     const bool isPossible = document && ThresholdPreview::IsPossible(document->Image());
     Enable(IDC_BAND_ADD, isPossible && count < mostBands);
     Enable(IDC_BAND_LAST, isPossible && count == 0 && HasLastBands());
-    for (const int id : {IDC_BAND_REMOVE, IDC_BAND_COLOUR, IDC_BAND_MASK, IDC_BAND_SHOW, IDC_BAND_LOW, IDC_BAND_HIGH, IDC_BAND_LOW_TEXT,
-                         IDC_BAND_HIGH_TEXT})
+    for (const int id : {IDC_BAND_REMOVE, IDC_BAND_COLOUR, IDC_BAND_MASK, IDC_BAND_SHOW, IDC_BAND_LOW, IDC_BAND_HIGH,
+                         IDC_BAND_LOW_TEXT, IDC_BAND_HIGH_TEXT})
         Enable(id, isPossible && count > 0);
 }
 
