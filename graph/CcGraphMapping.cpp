@@ -1,7 +1,7 @@
 // CcGraph: the place of the plot on its surface, and the mapping of device contexts.
 #include "CcGraph.h"
 #include "core/GdiGuards.h"
-#include "graph/kernel/GraphLayout.h"
+#include "graph/GraphDrawing.h"
 
 kest::GraphAxis CcGraph::XAxis() const {
     return {fXMin,
@@ -40,7 +40,7 @@ void CcGraph::SetMapping(HDC hDC) const {
 }
 
 /// Lays out the plot and sets the mapping on a device context in anisotropic mode; false when there is no plot to draw.
-bool CcGraph::LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage) {
+bool CcGraph::LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage, kest::GraphPlane& plane) {
     // What an earlier drawing left would shift the page's frame and scale the font.
     SetWindowOrgEx(hDC, 0, 0, nullptr);
     SetViewportOrgEx(hDC, 0, 0, nullptr);
@@ -57,21 +57,29 @@ bool CcGraph::LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage) {
         GetClientRect(hWnd, &client);
         surface = {client.left, client.top, client.right, client.bottom};
     }
-    TEXTMETRICA metrics = {};
-    GetTextMetricsA(hDC, &metrics);
-    const kest::GraphAxis x = XAxis(), y = YAxis();
-    const kest::IntRect plot = kest::PlotArea(surface, x, y, {metrics.tmHeight, metrics.tmMaxCharWidth});
+    const kest::FontSize font = kest::FontSizeOf(hDC);
+    plane.x = XAxis();
+    plane.y = YAxis();
+    const kest::IntRect plot = kest::PlotArea(surface, plane.x, plane.y, font);
     stPlotRect[0] = plot.left;
     stPlotRect[1] = plot.top;
     stPlotRect[2] = plot.right;
     stPlotRect[3] = plot.bottom;
 
-    const kest::GraphScales scales = Scales();
-    const kest::GraphAnchor anchor = kest::AnchorOf(x, y, scales);
+    plane.scales = Scales();
+    const kest::GraphAnchor anchor = kest::AnchorOf(plane.x, plane.y, plane.scales);
     stMapOrigins[0] = anchor.viewport.x;
     stMapOrigins[1] = anchor.viewport.y;
     stMapOrigins[2] = anchor.window.x;
     stMapOrigins[3] = anchor.window.y;
     SetMapping(hDC);
-    return kest::IsDrawable(scales);
+    // As it is set: extents of 0 are not taken.
+    SIZE windowExtent = {}, viewportExtent = {};
+    GetWindowExtEx(hDC, &windowExtent);
+    GetViewportExtEx(hDC, &viewportExtent);
+    const kest::GraphMapping mapping = {anchor.window,
+                                        anchor.viewport,
+                                        {windowExtent.cx, windowExtent.cy},
+                                        {viewportExtent.cx, viewportExtent.cy}};
+    return kest::IsDrawable(plane.scales) && kest::ViewOf(mapping, surface, font, plane.view);
 }

@@ -7,6 +7,7 @@
 #include "CcCurve.h"
 #include "core/GdiGuards.h"
 #include "core/TextDrawing.h"
+#include "core/kernel/CheckedSize.h"
 #include "core/kernel/TextField.h"
 #include "graph/kernel/AxisLabels.h"
 #include "graph/kernel/CurvePath.h"
@@ -20,29 +21,38 @@ constexpr int majorMark = 4, minorMark = 2;
 constexpr int labelGap = 3;
 /// Half the side of a curve's squares.
 constexpr int curveSquare = 2;
-/// Wider lines than any device are drawn this wide.
-constexpr int widestPen = 10000;
 
-void DrawLine(HDC dc, IntPoint from, IntPoint to) {
+/// Horizontal or vertical.
+void DrawLine(HDC dc, const GraphView& view, IntPoint from, IntPoint to) {
+    if (!CutLine(view.area, from, to)) return;
     MoveToEx(dc, from.x, from.y, nullptr);
     LineTo(dc, to.x, to.y);
 }
 
-int FontHeight(HDC dc) {
-    TEXTMETRICA metrics = {};
-    GetTextMetricsA(dc, &metrics);
-    return metrics.tmHeight;
-}
+/// Texts in the font of the device context, as far as the view has any.
+struct TextDrawer {
+    HDC dc;
+    const GraphView& view;
+    const FontSize font;
 
-void DrawAxisText(HDC dc, IntPoint place, const char* text, int size, int exponent) {
+    TextDrawer(HDC target, const GraphView& drawn)
+        : dc(target), view(drawn), font(drawn.hasTexts ? FontSizeOf(target) : FontSize{}) {}
+
+    void Draw(IntPoint place, const char* text, int length) const {
+        if (view.hasTexts && CanTextShow(view.area, place, length, font))
+            DrawProcessText(dc, place.x, place.y, text, length);
+    }
+};
+
+void DrawAxisText(const TextDrawer& drawer, IntPoint place, const char* text, int size, int exponent) {
     const int length = static_cast<int>(FieldLength(text, static_cast<std::size_t>(size)));
     if (exponent == 0) {
-        DrawProcessText(dc, place.x, place.y, text, length);
+        drawer.Draw(place, text, length);
         return;
     }
     char scaled[256];
     const int scaledLength = std::snprintf(scaled, sizeof scaled, "%.*s *(E%d)", length, text, exponent);
-    DrawProcessText(dc, place.x, place.y, scaled, scaledLength);
+    drawer.Draw(place, scaled, scaledLength);
 }
 
 /// In logical units; a pen that does not tell counts as wide.
@@ -55,6 +65,7 @@ int PenWidth(HDC dc) {
 /// One axis with marks along it, and the other one, across which lines run.
 struct MarkedAxis {
     HDC dc;
+    const GraphView& view;
     const GraphAxis& axis;
     const AxisScale& along;
     const GraphAxis& otherAxis;
@@ -64,7 +75,7 @@ struct MarkedAxis {
     IntPoint At(int positionAlong, int positionAcross) const {
         return isX ? IntPoint{positionAlong, positionAcross} : IntPoint{positionAcross, positionAlong};
     }
-    void Line(int position, int from, int to) const { DrawLine(dc, At(position, from), At(position, to)); }
+    void Line(int position, int from, int to) const { DrawLine(dc, view, At(position, from), At(position, to)); }
 
     void DrawMark(int position, bool isLine, int halfLength) const {
         const int low = across.Logical(otherAxis.minimum), high = across.Logical(otherAxis.maximum);
@@ -81,20 +92,27 @@ struct MarkedAxis {
         Line(position, high - halfLength, high);
     }
 
-    void DrawLabel(float value, int fontHeight) const {
+    void DrawLabel(const TextDrawer& drawer, float value) const {
         LabelText text;
         const int length = WriteLabel(text, value, axis.exponent, axis.precision);
         const int low = across.Logical(otherAxis.minimum) - labelGap;
-        const IntPoint place = At(along.Logical(value) + (isX ? 0 : fontHeight / 2), low);
-        if (length > 0) DrawProcessText(dc, place.x, place.y, text, length);
+        const IntPoint place = At(along.Logical(value) + (isX ? 0 : drawer.font.height / 2), low);
+        if (length > 0) drawer.Draw(place, text, length);
+    }
+
+    /// Where marks or their labels can show.
+    Positions Visible(const FontSize& font) const {
+        const double longestText = static_cast<double>(sizeof(LabelText)) * font.widestCharacter;
+        const auto& [left, top, right, bottom] = view.area;
+        return {(isX ? left : top) - longestText, (isX ? right : bottom) + longestText};
     }
 
     void Draw(HPEN solid, HPEN dotted) const {
         const TextAlignGuard align(dc, isX ? TA_CENTER | TA_TOP : TA_RIGHT | TA_TOP);
-        const int fontHeight = FontHeight(dc);
-        ForEachMark(along, axis.majorMarks, axis.minorMarks, [&](float value, bool isMajor) {
+        const TextDrawer drawer(dc, view);
+        ForEachMark(along, Visible(drawer.font), axis.majorMarks, axis.minorMarks, [&](float value, bool isMajor) {
             const SelectedObject pen(dc, isMajor ? solid : dotted);
-            if (isMajor) DrawLabel(value, fontHeight);
+            if (isMajor) DrawLabel(drawer, value);
             DrawMark(along.Logical(value), isMajor ? axis.hasMajorLines : axis.hasMinorLines,
                      isMajor ? majorMark : minorMark);
         });
@@ -103,65 +121,73 @@ struct MarkedAxis {
 
 }  // namespace
 
+FontSize FontSizeOf(HDC dc) {
+    TEXTMETRICA metrics = {};
+    GetTextMetricsA(dc, &metrics);
+    return {metrics.tmHeight, metrics.tmMaxCharWidth};
+}
+
 void DrawAxes(HDC dc, const GraphPlane& plane) {
     const AxisScale &x = plane.scales.x, &y = plane.scales.y;
     const int left = x.Logical(plane.x.minimum), right = x.Logical(plane.x.maximum);
     const int bottom = y.Logical(plane.y.minimum), top = y.Logical(plane.y.maximum);
     if (plane.x.HasOriginInside()) {
         const int origin = x.Logical(plane.x.origin);
-        DrawLine(dc, {origin, bottom}, {origin, top});
+        DrawLine(dc, plane.view, {origin, bottom}, {origin, top});
     }
     if (plane.y.HasOriginInside()) {
         const int origin = y.Logical(plane.y.origin);
-        DrawLine(dc, {left, origin}, {right, origin});
+        DrawLine(dc, plane.view, {left, origin}, {right, origin});
     }
-    MoveToEx(dc, left, bottom, nullptr);
-    LineTo(dc, left, top);
-    LineTo(dc, right, top);
-    LineTo(dc, right, bottom);
-    LineTo(dc, left, bottom);
+    const IntPoint corners[] = {{left, bottom}, {left, top}, {right, top}, {right, bottom}, {left, bottom}};
+    for (int i = 0; i < 4; ++i) DrawLine(dc, plane.view, corners[i], corners[i + 1]);
 }
 
 void DrawGraphTexts(HDC dc, const GraphPlane& plane, const char* title, const char* xText, const char* yText,
                     int size) {
-    const int height = FontHeight(dc);
+    const TextDrawer drawer(dc, plane.view);
+    const int height = drawer.font.height;
     const int left = plane.scales.x.Logical(plane.x.minimum), middle = plane.scales.x.Logical(plane.x.Middle());
     const int bottom = plane.scales.y.Logical(plane.y.minimum), top = plane.scales.y.Logical(plane.y.maximum);
     const TextAlignGuard align(dc, TA_CENTER | TA_BOTTOM);
-    DrawAxisText(dc, {middle, top + height}, title, size, 0);
+    DrawAxisText(drawer, {middle, top + height}, title, size, 0);
     SetTextAlign(dc, TA_CENTER | TA_TOP);
-    DrawAxisText(dc, {middle, bottom - height}, xText, size, plane.x.exponent);
+    DrawAxisText(drawer, {middle, bottom - height}, xText, size, plane.x.exponent);
     SetTextAlign(dc, TA_LEFT | TA_BOTTOM);
-    DrawAxisText(dc, {left, top}, yText, size, plane.y.exponent);
+    DrawAxisText(drawer, {left, top}, yText, size, plane.y.exponent);
 }
 
 void DrawXMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted) {
-    MarkedAxis{dc, plane.x, plane.scales.x, plane.y, plane.scales.y, true}.Draw(solid, dotted);
+    MarkedAxis{dc, plane.view, plane.x, plane.scales.x, plane.y, plane.scales.y, true}.Draw(solid, dotted);
 }
 
 void DrawYMarks(HDC dc, const GraphPlane& plane, HPEN solid, HPEN dotted) {
-    MarkedAxis{dc, plane.y, plane.scales.y, plane.x, plane.scales.x, false}.Draw(solid, dotted);
+    MarkedAxis{dc, plane.view, plane.y, plane.scales.y, plane.x, plane.scales.x, false}.Draw(solid, dotted);
 }
 
 HPEN MakeCurvePen(int style, COLORREF colour, int width) {
-    return CreatePen(style == KEST_CURVE_SQUARES ? PS_SOLID : style, std::clamp(width, -widestPen, widestPen), colour);
+    return CreatePen(style == KEST_CURVE_SQUARES ? PS_SOLID : style, width, colour);
 }
 
-void DrawCurve(HDC dc, const GraphScales& scales, std::span<const tagPoints> points, CurveParts parts) {
+void DrawCurve(HDC dc, const GraphPlane& plane, std::span<const tagPoints> points, CurveParts parts) {
     const auto move = [dc](IntPoint place) { MoveToEx(dc, place.x, place.y, nullptr); };
     const auto line = [dc](IntPoint place) { LineTo(dc, place.x, place.y); };
-    PathTracer path(scales, DrawingArea(scales, PenWidth(dc)));
+    const SquareDrawer square(dc, plane, curveSquare);
+    PathTracer path(plane.scales, DrawingArea(plane.scales, plane.view, PenWidth(dc)));
     for (const tagPoints& point : points) {
         if (parts.lines) path.Add(point, move, line);
-        if (parts.squares) DrawPointSquare(dc, scales, point, curveSquare);
+        if (parts.squares) square.Draw(point);
     }
 }
 
-void DrawPointSquare(HDC dc, const GraphScales& scales, const tagPoints& point, int halfSize) {
+SquareDrawer::SquareDrawer(HDC target, const GraphPlane& plane, int halfSize)
+    : dc(target), scales(plane.scales), area(Widened(plane.view.area, Size64{PenWidth(target)} + halfSize)), half(halfSize) {}
+
+void SquareDrawer::Draw(const tagPoints& point) const {
     const RealPoint position = PositionOf(scales, point);
-    if (!LiesIn(DrawingArea(scales, 0), position)) return;
+    if (!LiesIn(area, position)) return;
     const IntPoint place = WholeUnits(position);
-    Rectangle(dc, place.x - halfSize, place.y - halfSize, place.x + halfSize, place.y + halfSize);
+    Rectangle(dc, place.x - half, place.y - half, place.x + half, place.y + half);
 }
 
 }  // namespace kest

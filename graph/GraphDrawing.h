@@ -6,16 +6,20 @@
 #include <span>
 
 #include "KestTypes.h"
-#include "graph/kernel/GraphLayout.h"
+#include "graph/kernel/GraphView.h"
 
 namespace kest {
 
-/// The ranges and where they lie. All scales are drawable.
+/// The ranges, where they lie, and what of them can show. All scales are drawable.
 struct GraphPlane {
     GraphAxis x;
     GraphAxis y;
     GraphScales scales;
+    GraphView view;
 };
+
+/// Of the font of the device context, in its logical units.
+FontSize FontSizeOf(HDC dc);
 
 /// The axis lines through the origin, as far as it lies in the ranges, and the frame of the plot.
 void DrawAxes(HDC dc, const GraphPlane& plane);
@@ -36,9 +40,20 @@ struct CurveParts {
 
 /// In the pen and brush of the device context. A point's square covers the line that leads to it, and is crossed by the
 /// line that leaves.
-void DrawCurve(HDC dc, const GraphScales& scales, std::span<const tagPoints> points, CurveParts parts);
+void DrawCurve(HDC dc, const GraphPlane& plane, std::span<const tagPoints> points, CurveParts parts);
 
-/// A square of `2 * halfSize` pixels about a point; none about a point that is not finite or far off.
-void DrawPointSquare(HDC dc, const GraphScales& scales, const tagPoints& point, int halfSize);
+/// Squares of `2 * halfSize` pixels about points, in the pen and brush of the device context; none about a point that is
+/// not finite or far off.
+class SquareDrawer {
+public:
+    SquareDrawer(HDC target, const GraphPlane& plane, int halfSize);
+    void Draw(const tagPoints& point) const;
+
+private:
+    HDC dc;
+    GraphScales scales;
+    IntRect area;
+    int half;
+};
 
 }  // namespace kest

@@ -21,6 +21,8 @@ namespace {
 constexpr const char* styleNames[] = {"Solid",    "Dashed",       "Dotted",
                                       "Dash-dot", "Dash-dot-dot", "Squares at the points"};
 constexpr WholeRange widths = {0, 100};
+/// Wider lines fill the preview, too.
+constexpr int widestShown = 1000;
 
 struct CurveLook {
     int style;
@@ -143,7 +145,7 @@ private:
         }
         // The look belongs to the curve drawn here, on the same terms as in a graph.
         const bool hasLines = entry->look.style != KEST_CURVE_SQUARES;
-        const GdiObject<HPEN> made(MakeCurvePen(entry->look.style, entry->look.colour, entry->look.width));
+        const GdiObject<HPEN> made(MakeCurvePen(entry->look.style, entry->look.colour, std::clamp(entry->look.width, -widestShown, widestShown)));
         const SelectedObject pen(dc, made);
         const BackgroundModeGuard background(dc, TRANSPARENT);
         POINT points[5];

@@ -7,6 +7,7 @@
 
 namespace kest {
 struct GraphAxis;
+struct GraphPlane;
 struct GraphScales;
 struct HitAxes;
 }  // namespace kest
@@ -91,9 +92,11 @@ public:
 
     /// Draws the graph: into the client area of `hWnd`, or, with `iDevice` 1, onto the whole surface of the device (a
     /// page). Uses the font of `hDC`. Always 0. Nothing is drawn but the frame of a page when the ranges are empty or
-    /// not finite or the place has no room for a plot; points that are not finite leave gaps in their curves.
+    /// not finite, the place has no room for a plot, or a logical unit would cover all of it; points that are not finite
+    /// leave gaps in their curves. Whatever the settings say, a drawing costs no more than its surface: what lies far
+    /// beside that is left out, and texts whose letters would be several times as large.
     int ShowGraph(HWND hWnd, HDC hDC, int iDevice);
-    /// Draws one more curve over a graph, in the pen of `hDC`. Always 0.
+    /// Draws one more curve over a graph, in the pen of `hDC`; the gaps of broken lines show what is behind. Always 0.
     int ShowCurveOnGraph(HWND hWnd, HDC hDC, tagPoints* pPoints, int iCount, int iDevice);
     /// Marks points of the selected curve with squares of 10 pixels, in the pen and brush of `hDC`; indices that are no
     /// point are skipped. Always 0.
@@ -175,8 +178,8 @@ private:
     kest::GraphAxis YAxis() const;
     kest::GraphScales Scales() const;
     void SetMapping(HDC hDC) const;
-    bool LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage);
-    void DrawCurves(HDC hDC);
+    bool LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage, kest::GraphPlane& plane);
+    void DrawCurves(HDC hDC, const kest::GraphPlane& plane);
     int FindBreakPoint(HDC hDC, POINT* ptDevice, const kest::HitAxes& axes);
     int FindSelectedPoint(tagPoints*& pPoint);
     template <class Visitor>

@@ -15,20 +15,33 @@ using LabelText = char[400];
 /// other precision stands for 2. Its length; 0 when the quotient is no finite number.
 int WriteLabel(LabelText& text, float value, int exponent, int precision);
 
+/// Positions low..high of an axis.
+struct Positions {
+    double low, high;
+};
+
+/// The numbers of the intervals, from the first to behind the last, that can touch the positions.
+struct IntervalRange {
+    int first, end;
+};
+IntervalRange IntervalsIn(const AxisScale& scale, Positions visible, int intervals);
+
 /// Calls `visit(value, isMajor)` for each mark: every major one, from the minimum on, followed by the minor ones up to
 /// the next. `majorMarks` divide the whole axis, `minorMarks` each interval; minor marks on or beyond the ends are left
 /// out. Steps are computed in single precision. A single major mark has no interval.
 ///
-/// An axis needs no more marks than fill it: greater numbers count as two marks a unit.
+/// An axis needs no more marks than fill it: greater numbers count as two marks a unit. Intervals that lie beside the
+/// positions `visible` are passed over.
 template <class Visit>
-void ForEachMark(const AxisScale& scale, int majorMarks, int minorMarks, Visit visit) {
+void ForEachMark(const AxisScale& scale, Positions visible, int majorMarks, int minorMarks, Visit visit) {
     const int units = static_cast<int>(std::min(std::fabs(scale.Length()), 1e6));
     const auto minimum = static_cast<float>(scale.minimum), maximum = static_cast<float>(scale.maximum);
     const int majors = std::min(majorMarks, 2 * units + 2);
     const int intervals = std::max(majors, 2) - 1;
     const int minors = majors > 1 ? std::min(minorMarks, 2 * units / intervals + 2) : 0;
     const float step = (maximum - minimum) / static_cast<float>(intervals);
-    for (int i = 0; i < majors; ++i) {
+    const IntervalRange range = IntervalsIn(scale, visible, intervals);
+    for (int i = range.first; i < std::min(majors, range.end); ++i) {
         const float major = i == 0 ? minimum : static_cast<float>(i) * step + minimum;
         if (!std::isfinite(major)) return;
         visit(major, true);

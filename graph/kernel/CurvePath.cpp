@@ -2,9 +2,6 @@
 #include "graph/kernel/CurvePath.h"
 
 #include <cstddef>
-#include <cstdlib>
-
-#include "core/kernel/CheckedSize.h"
 
 namespace kest {
 namespace {
@@ -31,14 +28,6 @@ bool IsHit(const AxisScale& scale, double value, int cursor) {
 }
 
 }  // namespace
-
-IntRect DrawingArea(const GraphScales& scales, int penWidth) {
-    constexpr int shortReach = 2048;
-    const Size64 width = std::abs(Size64{penWidth});
-    const Size64 reach = width <= 1 ? furthestPosition : shortReach + width;
-    return {Saturate(scales.x.low - reach), Saturate(scales.y.low - reach), Saturate(scales.x.high + reach),
-            Saturate(scales.y.high + reach)};
-}
 
 bool ClipSegment(const IntRect& area, RealPoint& from, RealPoint& to) {
     const RealPoint a = from, b = to;

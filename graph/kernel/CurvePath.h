@@ -10,10 +10,6 @@
 
 namespace kest {
 
-/// The logical positions that a curve is drawn within: the plot and as much around it as can matter. Wide lines cost
-/// time by their length, so theirs are kept shorter.
-IntRect DrawingArea(const GraphScales& scales, int penWidth);
-
 /// False for a point that is not finite, too.
 inline bool LiesIn(const IntRect& area, RealPoint point) {
     return area.left <= point.x && point.x <= area.right && area.top <= point.y && point.y <= area.bottom;

@@ -7,6 +7,7 @@
 
 #include "graph/Support.h"
 #include "graph/kernel/GraphLayout.h"
+#include "support/Bytes.h"
 #include "support/Census.h"
 #include "support/Dialogs.h"
 
@@ -141,6 +142,7 @@ TEST(GraphDrawing, GridLinesAndCurves) {
     scene.Draw();
     SelectObject(scene.paper, GetStockObject(DC_PEN));
     SetDCPenColor(scene.paper, blue);
+    SetBkMode(scene.paper, OPAQUE);
     int indices[] = {1, -1, 3, 4, INT_MAX};
     tagPoints more[] = {{500, 0}, {300, 100}, {-500, 100}};
     EXPECT_EQ(scene.graph.ShowCurveOnGraph(scene.window, scene.paper, more, 3, 0), 0);
@@ -149,6 +151,13 @@ TEST(GraphDrawing, GridLinesAndCurves) {
     expected.Curve(blue, dotPlaces, false, 2);
     expected.Curve(blue, {{500, 0}, {300, 100}, {-500, 100}}, true, 0);
     expected.Curve(blue, {{100, 300}, {400, 50}}, false, 5);
+    EXPECT_EQ(expected.Differences(), 0);
+
+    // The gaps of broken lines show what lies behind them.
+    const kest::SelectedObject pen(scene.paper, expected.dotted);
+    EXPECT_EQ(scene.graph.ShowCurveOnGraph(scene.window, scene.paper, more, 2, 0), 0);
+    EXPECT_EQ(GetBkMode(scene.paper), OPAQUE);
+    expected.Dots({500, 0}, {300, 100});
     EXPECT_EQ(expected.Differences(), 0);
 }
 
@@ -222,6 +231,33 @@ TEST(GraphDrawing, AWholePage) {
     const test::Picture picture = page.Snapshot();
     EXPECT_EQ(picture.At(0, 0) + picture.At(width - 1, height - 1) + picture.At(left, bottom - 1), 0U);
     EXPECT_EQ(picture.At(1, 1), 0xFFFFFFU);
+}
+
+// What a file says about a drawing costs no more than its surface. The first two took 25 seconds and more.
+TEST(GraphDrawing, AnAppearanceFileIsBoundedByTheSurface) {
+    struct Field {
+        int offset, value;
+    };
+    test::GraphScene scene;
+    test::Curve curve({{0, 0}, {200, 150}, {500, 400}, {-1e30F, 1e9F}}, PS_DOT, red, INT_MAX);
+    scene.curves.InsertTail(&curve);
+    scene.curves.SelectObjectAtIndex(0);
+    const test::TemporaryFile saved("saved.gap");
+    CcGraph().SaveAppearance(saved.Path());
+    for (const std::vector<Field>& fields : std::vector<std::vector<Field>>{
+             {{8, 32767}, {100, 32767}},
+             {{88, 0x40000000}, {352, 65537}},
+             {{8, 100}, {12, 100}, {88, INT_MAX}, {92, INT_MAX}, {96, INT_MAX}, {100, INT_MAX}},
+             {{0, INT_MAX}, {4, INT_MIN}, {100, INT_MAX}},
+             {{88, INT_MAX}, {96, 1000}, {344, 65537}, {352, 100000}, {348, 5}}}) {
+        std::vector<std::uint8_t> bytes = saved.Content();
+        for (const Field& field : fields) std::memcpy(&bytes[static_cast<std::size_t>(field.offset)], &field.value, 4);
+        const test::TemporaryFile hostile("hostile.gap", bytes);
+        ASSERT_EQ(scene.graph.RestoreAppearance(hostile.Path()), 0);
+        const DWORD start = GetTickCount();
+        scene.Draw();
+        EXPECT_LT(GetTickCount() - start, 3000U) << fields[0].offset << ' ' << fields[0].value;
+    }
 }
 
 // It ends soon, curves stay inside the plot and all in the host's clipping region, and everything is put back.

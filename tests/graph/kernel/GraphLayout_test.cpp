@@ -11,6 +11,7 @@
 
 #include "graph/kernel/AxisLabels.h"
 #include "graph/kernel/CurvePath.h"
+#include "graph/kernel/GraphView.h"
 
 using namespace kest;
 
@@ -40,7 +41,7 @@ std::string Label(float value, int exponent, int precision) {
 /// The major and the minor marks.
 std::pair<Floats, Floats> Marks(const AxisScale& scale, int majors, int minors) {
     Floats major, minor;
-    ForEachMark(scale, majors, minors, [&](float value, bool isMajor) { (isMajor ? major : minor).push_back(value); });
+    ForEachMark(scale, {-1e9, 1e9}, majors, minors, [&](float value, bool isMajor) { (isMajor ? major : minor).push_back(value); });
     return {major, minor};
 }
 
@@ -137,6 +138,36 @@ TEST(CurvePath, CutsWhatIsFarOff) {
               " M1,1 L2,2 M4,4 M6,6 L7,7");
     EXPECT_EQ(Path(scales, area, {}), "");
     // Thin lines reach as far as there are positions, wide ones a little further than they are wide.
-    EXPECT_EQ(DrawingArea(scales, 1).left, -furthestPosition);
-    EXPECT_EQ(DrawingArea(scales, 100).bottom, 100 + 2148);
+    const GraphView view = {{-5000, -5000, 5000, 5000}, {1, 1}, true};
+    EXPECT_EQ(DrawingArea(scales, view, 1).left, -furthestPosition);
+    EXPECT_EQ(DrawingArea(scales, view, 100).bottom, 100 + 2148);
+}
+
+TEST(GraphView, KeepsToTheSurface) {
+    // Ten pixels a unit, upward; the surface and 2048 pixels beside it, and a unit more.
+    GraphView view;
+    const GraphMapping mapping = {{100, 200}, {50, 400}, {1, -1}, {10, 10}};
+    ASSERT_TRUE(ViewOf(mapping, {0, 0, 800, 600}, font, view));
+    EXPECT_EQ(Sides(view.area), (Ints{100 - 211, 200 - 226, 100 + 281, 200 + 246}));
+    EXPECT_TRUE(view.hasTexts);
+    EXPECT_EQ(BoundedPenWidth(view, INT_MIN), -1000);
+    EXPECT_FALSE(ViewOf({{}, {}, {1, -1}, {801, 1}}, {0, 0, 800, 600}, font, view));
+    EXPECT_FALSE(ViewOf({{}, {}, {0, 1}, {1, 1}}, {0, 0, 800, 600}, font, view));
+
+    const auto cut = [](IntPoint from, IntPoint to) {
+        const bool isSeen = CutLine({-10, -20, 100, 200}, from, to);
+        return isSeen ? Ints{from.x, from.y, to.x, to.y} : Ints{};
+    };
+    EXPECT_EQ(cut({0, 5}, {90, 5}), (Ints{0, 5, 90, 5}));
+    // The start moves by whole periods of dashes.
+    EXPECT_EQ(cut({INT_MIN, 5}, {INT_MAX, 5}), (Ints{-32, 5, 100, 5}));
+    EXPECT_EQ(cut({7, 300}, {7, -300}), (Ints{7, 204, 7, -20}));
+    EXPECT_EQ(cut({101, 0}, {101, 50}), Ints{});
+    EXPECT_EQ(cut({-90, 0}, {-11, 0}), Ints{});
+    // Of marks, those that can show.
+    Floats marks;
+    ForEachMark({0, 1000000, -500000, 500000}, {-2, 2}, 1000001, 0, [&](float value, bool) { marks.push_back(value); });
+    EXPECT_LE(marks.front(), 499998);
+    EXPECT_GE(marks.back(), 500002);
+    EXPECT_LE(marks.size(), 20U);
 }
