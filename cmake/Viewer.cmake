@@ -3,7 +3,7 @@
 enable_language(RC)
 file(GLOB document_sources CONFIGURE_DEPENDS viewer/document/*.cpp)
 set(platform_sources)
-foreach(part Busy Drawing Program Text WholeFile)
+foreach(part Busy Drawing Program SavedFile Text)
   list(APPEND platform_sources ${PROJECT_SOURCE_DIR}/viewer/platform/${part}.cpp)
 endforeach()
 add_library(kestview_documents STATIC ${document_sources}

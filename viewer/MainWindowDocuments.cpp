@@ -6,12 +6,15 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "Application.h"
 #include "commands/Commands.h"
+#include "dialogs/TextDialog.h"
 #include "document/PictureFiles.h"
 #include "document/Session.h"
 #include "platform/Boxes.h"
+#include "platform/Text.h"
 
 namespace kestview {
 
@@ -90,12 +93,30 @@ bool MainWindow::CloseAll() {
     return true;
 }
 
+namespace {
+
+/// A page from 1 to the last one; 0 when the user wants none.
+int AskPage(HWND owner, const std::string& fileName, int pages) {
+    const std::string title = "Open " + fileName, label = Format("Page (1 to %d):", pages);
+    for (std::string typed = "1";;) {
+        const auto answer = AskText(owner, title.c_str(), label.c_str(), typed);
+        if (!answer) return 0;
+        typed = *answer;
+        const double page = ParseNumber(typed).value_or(0);
+        if (page >= 1 && page <= pages && page == std::floor(page)) return static_cast<int>(page);
+    }
+}
+
+}  // namespace
+
 void MainWindow::OpenFile(const std::string& path) {
     std::string error, warning;
     std::unique_ptr<Document> document;
+    const Question mayOpen = [this](const std::string& question) { return AskYesNo(window, question); };
+    const auto page = [&](int pages) { return AskPage(window, FileNameOf(path), pages); };
     if (IsSessionFile(path)) {
-        document = OpenSession(path, error, warning);
-    } else if (auto image = OpenPicture(path, error, warning)) {
+        document = OpenSession(path, error, warning, mayOpen);
+    } else if (auto image = OpenPicture(path, error, warning, {mayOpen, page})) {
         document = std::make_unique<Document>(std::move(image));
         document->picturePath = path;
     }

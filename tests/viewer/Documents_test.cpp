@@ -8,7 +8,6 @@
 
 #include "document/Conversion.h"
 #include "document/Histogram.h"
-#include "document/PictureFiles.h"
 #include "document/Profile.h"
 #include "document/Region.h"
 #include "document/ResultsTable.h"
@@ -19,51 +18,12 @@
 #include "platform/Drawing.h"
 #include "platform/Text.h"
 #include "support/Bytes.h"
+#include "support/Census.h"
+#include "support/Streams.h"
+#include "viewer/Samples.h"
 
 namespace test {
 namespace {
-
-using namespace kestview;
-
-constexpr int allTypes[] = {KEST_IMAGE_GRAY256, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB,
-                            KEST_IMAGE_BINARY,  KEST_IMAGE_INT16, KEST_IMAGE_HSL};
-constexpr int rows = 11, columns = 13;
-
-/// Values that a class of 8 bits could not hold, where the class holds more.
-std::unique_ptr<Document> MakeDocument(int type) {
-    auto image = MakeImage(type, rows, columns, "sample");
-    for (int i = 0; i < rows * columns; ++i) {
-        void* pixels = image->GetBitMapImageData();
-        switch (type) {
-            case KEST_IMAGE_INT16:
-                static_cast<unsigned short*>(pixels)[i] = static_cast<unsigned short>(i * 400);
-                break;
-            case KEST_IMAGE_INT32:
-                static_cast<int*>(pixels)[i] = (i - 70) * 1000003;
-                break;
-            case KEST_IMAGE_FLOAT:
-                static_cast<float*>(pixels)[i] = static_cast<float>(i) / 7 - 3;
-                break;
-            case KEST_IMAGE_BINARY:
-                static_cast<unsigned char*>(pixels)[i] = i % 3 == 0;
-                break;
-            case KEST_IMAGE_GRAY256:
-                static_cast<unsigned char*>(pixels)[i] = static_cast<unsigned char>(i * 7);
-                break;
-            default:
-                for (int c = 0; c < 3; ++c)
-                    static_cast<unsigned char*>(pixels)[3 * i + c] = static_cast<unsigned char>(i * (5 + 2 * c));
-        }
-    }
-    if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->DoConvert();
-    image->ReScaleImageOnShow();
-    return std::make_unique<Document>(std::move(image));
-}
-
-std::string PixelBytes(CcImage& image) {
-    return std::string(static_cast<const char*>(image.GetBitMapImageData()),
-                       static_cast<std::size_t>(SampleBytes(image)));
-}
 
 std::unique_ptr<CcRoiBase> MakeRect(RECT place) {
     std::unique_ptr<CcRoiBase> roi(new CcRoiRect);
@@ -237,6 +197,29 @@ TEST(Session, KeepsTheColoursOfTheFile) {
     EXPECT_EQ(drawn(*loaded), before);
 }
 
+TEST(Session, OpensACalibrationElsewhereOnlyWhenTheUserWantsIt) {
+    const TemporaryFile file("asked.kvs");
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    document->calibrationPath = "\\\\server\\share\\plate.cal";
+    std::string error, warning, question;
+    ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
+    const auto refuse = [&](const std::string& text) { return question = text, false; };
+    ASSERT_TRUE(OpenSession(file.Path(), error, warning, refuse)) << error;
+    EXPECT_NE(question.find("\\\\server\\share\\plate.cal\n\nOpen it?"), std::string::npos) << question;
+    EXPECT_NE(warning, "");
+    // The file of that name beside the session is taken unasked.
+    tagPoints image[4] = {{0, 0}, {10, 0}, {10, 9}, {0, 9}}, world[4] = {{0, 0}, {5, 0}, {5, 4.5f}, {0, 4.5f}};
+    const TemporaryFile beside("plate.cal");
+    CcCalibration calibration;
+    ASSERT_EQ(calibration.DoCalibration(image, world, 4, columns, rows), 0);
+    ASSERT_EQ(calibration.Save(beside.Path()), 0);
+    question = warning = "";
+    const auto opened = OpenSession(file.Path(), error, warning, refuse);
+    ASSERT_TRUE(opened) << error;
+    EXPECT_EQ(question + warning, "");
+    EXPECT_TRUE(opened->Calibration());
+}
+
 TEST(Session, RefusesWhatIsCutOffOrSomethingElse) {
     const TemporaryFile whole("session-whole.kvs");
     std::string error, warning;
@@ -258,158 +241,7 @@ TEST(Session, RefusesWhatIsCutOffOrSomethingElse) {
     }
     EXPECT_FALSE(OpenSession(list.Path(), error, warning));
     EXPECT_FALSE(OpenSession("no-such-file.kvs", error, warning));
-}
-
-TEST(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    std::string error, warning;
-    // 24-bit BMP, three columns: its rows are padded to twelve bytes.
-    Bytes padded;
-    padded.Text("BM", 2)
-        .I32(54 + 24)
-        .I32(0)
-        .I32(54)
-        .I32(40)
-        .I32(3)
-        .I32(2)
-        .U16(1)
-        .U16(24)
-        .I32(0)
-        .I32(24)
-        .I32(0)
-        .I32(0)
-        .I32(0)
-        .I32(0);
-    for (int row = 0; row < 2; ++row)
-        for (int i = 0; i < 12; ++i)
-            padded.U8(static_cast<unsigned>(row * 100 + i));
-    const TemporaryFile bmp("padded.bmp", padded);
-    auto image = OpenPicture(bmp.Path(), error, warning);
-    ASSERT_TRUE(image) << error;
-    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
-    EXPECT_STREQ(image->GetName(), "padded");
-    EXPECT_EQ(PixelBytes(*image), std::string("\0\1\2\3\4\5\6\7\10", 9) + std::string("defghijkl", 9));
-
-    // 16-bit gray TIFF, 3 x 2, uncompressed; its first row is the top one.
-    Bytes tiff;
-    tiff.Text("II", 2).U16(42).I32(8 + 12).Fill(0, 0);
-    for (const unsigned sample : {1u, 300u, 65535u, 7u, 8u, 40000u})
-        tiff.U16(sample);
-    const auto entry = [&](unsigned tag, unsigned kind, long long value) { tiff.U16(tag).U16(kind).I32(1).I32(value); };
-    tiff.U16(9);
-    entry(256, 3, 3), entry(257, 3, 2), entry(258, 3, 16), entry(259, 3, 1), entry(262, 3, 1), entry(273, 4, 8);
-    entry(277, 3, 1), entry(278, 3, 2), entry(279, 4, 12);
-    tiff.I32(0);
-    const TemporaryFile gray("gray.tif", tiff);
-    image = OpenPicture(gray.Path(), error, warning);
-    ASSERT_TRUE(image) << error;
-    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_INT16);
-    EXPECT_EQ((*image)(0, 1), 1.0f);
-    EXPECT_EQ((*image)(2, 1), 65535.0f);
-    EXPECT_EQ((*image)(2, 0), 40000.0f);
-
-    // The same with three samples a pixel: one row of two pixels of 16 bits a channel.
-    Bytes deep;
-    deep.Text("II", 2).U16(42).I32(8 + 12 + 6);
-    for (const unsigned sample : {0x0100u, 0x0203u, 0xFFFFu, 0x8000u, 0x0900u, 0x00FFu})
-        deep.U16(sample);
-    deep.U16(16).U16(16).U16(16).U16(9);
-    const auto deepEntry = [&](unsigned tag, unsigned kind, long long count, long long value) {
-        deep.U16(tag).U16(kind).I32(count).I32(value);
-    };
-    deepEntry(256, 3, 1, 2), deepEntry(257, 3, 1, 1), deepEntry(258, 3, 3, 20), deepEntry(259, 3, 1, 1);
-    deepEntry(262, 3, 1, 2), deepEntry(273, 4, 1, 8), deepEntry(277, 3, 1, 3), deepEntry(278, 3, 1, 1);
-    deepEntry(279, 4, 1, 12);
-    deep.I32(0);
-    const TemporaryFile colour("deep.tif", deep);
-    image = OpenPicture(colour.Path(), error, warning);
-    ASSERT_TRUE(image) << error;
-    EXPECT_EQ(PixelBytes(*image), std::string("\xFF\2\1\0\x09\x80", 6)) << "blue, green, red";
-
-    const TemporaryFile text("text.png", Bytes().Text("this is no picture", 18));
-    EXPECT_FALSE(OpenPicture(text.Path(), error, warning));
-    EXPECT_EQ(error, "text.png is not a picture that this system can decode, or it is damaged.");
-    CoUninitialize();
-}
-
-TEST(PictureFiles, SavedPicturesOpenAsTheSameClass) {
-    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT, KEST_IMAGE_RGB,
-                           KEST_IMAGE_BINARY}) {
-        SCOPED_TRACE(type);
-        std::string error, warning;
-        auto document = MakeDocument(type);
-        const char* suffix = document->Class().rawSuffix;
-        const TemporaryFile file("saved.bmp"), samples(std::string("saved") + (suffix ? suffix : ".none"));
-        ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
-        auto opened = OpenPicture(file.Path(), error, warning);
-        ASSERT_TRUE(opened) << error;
-        EXPECT_EQ(opened->GetImageType(), type);
-        EXPECT_EQ(PixelBytes(*opened), PixelBytes(document->Image()));
-
-        // A picture that cannot be written leaves the one that was there, with its samples.
-        const std::vector<std::uint8_t> whole = file.Content(), wholeSamples = samples.Content();
-        (*document).Image()(3, 3);
-        document->Image() = 1.0f;
-        const HANDLE inUse =
-            CreateFileA(file.Path(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-        EXPECT_FALSE(SavePicture(document->Image(), file.Path(), error));
-        EXPECT_EQ(file.Content(), whole);
-        EXPECT_EQ(samples.Content(), wholeSamples);
-        CloseHandle(inUse);
-        EXPECT_FALSE(FileExists("saved.new1.bmp") || FileExists(std::string("saved.new1") + (suffix ? suffix : "")));
-        // Samples of another picture are left aside, and said so.
-        if (suffix) {
-            std::vector<std::uint8_t> other = wholeSamples;
-            other[4]++;  // the height
-            const TemporaryFile damaged(std::string("saved") + suffix, other);
-            opened = OpenPicture(file.Path(), error, warning);
-            ASSERT_TRUE(opened);
-            EXPECT_EQ(opened->GetImageType(), KEST_IMAGE_GRAY256);
-            EXPECT_NE(warning, "");
-        }
-    }
-}
-
-/// A BMP file of one row of four pixels with these values.
-Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vector<unsigned>& values) {
-    const auto pixelsAt = static_cast<long long>(54 + 4 * palette.size());
-    Bytes file;
-    file.Text("BM", 2)
-        .I32(pixelsAt + 4)
-        .I32(0)
-        .I32(pixelsAt)
-        .I32(40)
-        .I32(4)
-        .I32(1)
-        .U16(1)
-        .U16(static_cast<unsigned>(bits));
-    file.I32(0).I32(4).I32(0).I32(0).I32(static_cast<long long>(palette.size())).I32(0);
-    for (const unsigned colour : palette)
-        file.I32(colour);
-    for (const unsigned value : values)
-        file.U8(value);
-    return file;
-}
-
-TEST(PictureFiles, PalettesDecideAboutTheClass) {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    std::string error, warning;
-    std::vector<unsigned> colours(256);
-    for (unsigned i = 0; i < 256; ++i)
-        colours[i] = i * 0x010101;
-    colours[7] = 0xFF8000;
-    const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
-    auto image = OpenPicture(coloured.Path(), error, warning);
-    ASSERT_TRUE(image) << error;
-    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
-    EXPECT_EQ(PixelBytes(*image), std::string("\0\0\0\x00\x80\xFF\xFF\xFF\xFF\x00\x80\xFF", 12)) << "blue, green, red";
-
-    const TemporaryFile twoLevels("two-levels.bmp", PaletteBmp(1, {0x000000, 0xFFFFFF}, {0x50, 0, 0, 0}));
-    image = OpenPicture(twoLevels.Path(), error, warning);
-    ASSERT_TRUE(image) << error;
-    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_BINARY);
-    EXPECT_EQ(PixelBytes(*image), std::string("\1\0\1\0", 4)) << "1 is black";
-    CoUninitialize();
+    EXPECT_FALSE(FileExists("no-such-file.kvs"));
 }
 
 TEST(Conversion, TakesValuesOverOrShowsThem) {
@@ -743,11 +575,12 @@ TEST(RoiEdit, MovesByWholePixelsInsideThePictureAndKeepsWhatIsNotHeld) {
 }
 
 TEST(RoiFiles, BringBackOneAndAll) {
+    std::string error;
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
     for (const RoiKind& kind : roiKinds) {
         auto roi = MakeRoi(kind);
         const TemporaryFile file("one.roi");
-        ASSERT_TRUE(SaveRoi(*roi, file.Path()));
+        ASSERT_TRUE(SaveRoi(*roi, file.Path(), error)) << error;
         const auto restored = RestoreRoi(file.Path());
         ASSERT_TRUE(restored) << kind.label;
         EXPECT_EQ(restored->GetROIType(), kind.type);
@@ -755,13 +588,30 @@ TEST(RoiFiles, BringBackOneAndAll) {
         document->AddRoi(std::move(roi));
     }
     const TemporaryFile file("all.rois"), wrong("wrong.rois", Bytes().Fill(300, 7));
-    ASSERT_TRUE(SaveAllRois(*document, file.Path()));
+    ASSERT_TRUE(SaveAllRois(*document, file.Path(), error)) << error;
     EXPECT_EQ(RestoreAllRois(*document, file.Path()), roiKindCount);
     EXPECT_EQ(document->RoiCount(), 2 * roiKindCount);
     document->Undo();
     EXPECT_EQ(document->RoiCount(), roiKindCount) << "one step";
     EXPECT_EQ(RestoreAllRois(*document, wrong.Path()), -1);
     EXPECT_FALSE(RestoreRoi(wrong.Path()));
+
+    // Of a file that is cut off, or holds something else too, nothing is taken and nothing stays behind.
+    const std::vector<std::uint8_t> whole = file.Content();
+    const std::vector<std::uint8_t> other = StoredBytes(*std::make_unique<CcPropertyBag>());
+    const auto bag = Record("CcList", "list", Bytes().Add(ListBag(0, 1, -1, 0)).Add(other));
+    const TemporaryFile cut("cut.rois", {whole.begin(), whole.end() - 200}), mixed("mixed.rois", bag);
+    for (const TemporaryFile* bad : {&cut, &mixed}) {
+        Census before = TakeCensus();
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(RestoreAllRois(*document, bad->Path()), -1);
+            if (i == 0) before = TakeCensus();
+        }
+        EXPECT_EQ(TakeCensus(), before);
+        EXPECT_EQ(document->RoiCount(), roiKindCount);
+    }
+    EXPECT_EQ(RestoreAllRois(*document, "absent.rois"), -1);
+    EXPECT_FALSE(FileExists("absent.rois")) << "asking for it does not make it";
 }
 
 }  // namespace

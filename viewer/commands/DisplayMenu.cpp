@@ -3,8 +3,8 @@
 #include "Resource.h"
 #include "commands/Commands.h"
 #include "platform/Boxes.h"
+#include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "platform/WholeFile.h"
 
 namespace kestview {
 
@@ -69,11 +69,13 @@ void GraphSettings(MainWindow& main, int id) {
             break;
         case ID_GRAPH_SAVE:
             window.NoteStyles();
-            if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra"))
-                if (!WriteWhole(*path, [&](const std::string& newPath) {
-                        return graph.SaveAppearance(newPath.c_str()) == 0 && BytesOfFile(newPath) == appearanceBytes;
-                    }))
-                    ShowError(main, "The appearance could not be written to\n" + *path);
+            if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra")) {
+                const auto write = [&](const std::string& newPath) {
+                    return graph.SaveAppearance(newPath.c_str()) == 0 && BytesOfFile(newPath) == appearanceBytes;
+                };
+                std::string error;
+                if (!SaveWhole("The appearance", *path, appearanceBytes, write, error)) ShowError(main, error);
+            }
             break;
         case ID_GRAPH_RESTORE:
             if (const auto path = AskOpenPath(main, "Restore Graph Appearance", filters, "gra")) {

@@ -78,8 +78,7 @@ void FileSaveSessionAs(MainWindow& main, int) {
 
 void FileSavePicture(MainWindow& main, int) {
     Document& document = *main.Active();
-    const auto path = AskSavePath(main, "Save Picture", "Bitmap files (*.bmp)|*.bmp|All files (*.*)|*.*|", "bmp",
-                                  document.Name() + ".bmp");
+    const auto path = AskSavePath(main, "Save Picture", saveFilters, "bmp", document.Name() + ".bmp");
     if (!path) return;
     const PlainPixels plain(document);
     const std::vector<std::string> foreign = ForeignSamples(document.Image(), *path);
@@ -98,9 +97,9 @@ void FileSavePicture(MainWindow& main, int) {
             DeleteFileA(samples.c_str());
     document.picturePath = *path;
     // Nothing is lost when the file holds all there is.
-    if (!document.HasEdits() && document.RoiCount() == 0 && document.Class().type != KEST_IMAGE_HSL)
+    if (!document.HasEdits() && document.RoiCount() == 0 && KeepsWholePicture(document.Image(), *path))
         document.SetModified(false);
-    if (document.Size().cx * document.Image().SizeOf() % 4 != 0 && !document.Class().isWide)
+    if (IsBmpPath(*path) && document.Size().cx * document.Image().SizeOf() % 4 != 0 && !document.Class().isWide)
         ShowNote(main, Format("The picture is %ld columns wide. Its file has rows without padding, which KestView "
                               "reads; some other programs "
                               "show such files slanted.",

@@ -39,7 +39,8 @@ void RoiColour(MainWindow& main, int id) {
 void RoiSave(MainWindow& main, int) {
     CcRoiBase& roi = *main.Active()->SelectedRoi();
     const auto path = AskSavePath(main, "Save ROI", oneFilter, "roi", std::string(roi.GetName()) + ".roi");
-    if (path && !SaveRoi(roi, *path)) ShowError(main, "The ROI could not be written to\n" + *path);
+    std::string error;
+    if (path && !SaveRoi(roi, *path, error)) ShowError(main, error);
 }
 
 void RoiRestore(MainWindow& main, int) {
@@ -54,7 +55,8 @@ void RoiRestore(MainWindow& main, int) {
 
 void RoiSaveAll(MainWindow& main, int) {
     const auto path = AskSavePath(main, "Save All ROIs", allFilter, "rois", main.Active()->Name() + ".rois");
-    if (path && !SaveAllRois(*main.Active(), *path)) ShowError(main, "The ROIs could not be written to\n" + *path);
+    std::string error;
+    if (path && !SaveAllRois(*main.Active(), *path, error)) ShowError(main, error);
 }
 
 void RoiRestoreAll(MainWindow& main, int) {

@@ -6,18 +6,16 @@
 #include <fstream>
 #include <iterator>
 
-#include "document/WicPictures.h"
+#include "document/WicSaving.h"
 #include "platform/Busy.h"
 #include "platform/Drawing.h"
+#include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
 
 constexpr int fileHeaderBytes = 14, infoHeaderBytes = 40, paletteBytes = 1024;
-/// What the name of a file that is being written has more than the last one.
-constexpr std::size_t longestAddition = 12;
 constexpr int wideTypes[] = {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT};
 
 std::uint32_t U32(const unsigned char* bytes) {
@@ -105,23 +103,50 @@ std::unique_ptr<CcImage> InColours(CcImage& values, const std::vector<unsigned c
     return coloured;
 }
 
-/// Whether a file could be replaced now: there is none, or nobody uses it.
-bool MayBeReplaced(const std::string& path) {
-    if (!FileExists(path)) return true;
-    if (GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY) return false;
-    const HANDLE file = CreateFileA(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    CloseHandle(file);
-    return true;
+constexpr const char* pictureName = "The picture";
+
+/// How a picture is written, by its file's extension.
+struct SaveFormat {
+    const char* extension;
+    bool isBmp;  ///< by the library
+    OtherFormat other;
+};
+
+constexpr SaveFormat saveFormats[] = {
+    {".bmp", true, {}},
+    {".png", false, OtherFormat::Png},
+    {".tif", false, OtherFormat::Tiff},
+    {".tiff", false, OtherFormat::Tiff},
+    {".jpg", false, OtherFormat::Jpeg},
+    {".jpeg", false, OtherFormat::Jpeg},
+};
+
+/// Null for any other extension.
+const SaveFormat* SaveFormatOf(const std::string& path) {
+    const std::string extension = ExtensionOf(path);
+    for (const SaveFormat& format : saveFormats)
+        if (extension == format.extension) return &format;
+    return nullptr;
 }
 
-/// The library shows a box of its own for a file that cannot be made.
-bool CanBeMade(const std::string& path) {
-    const HANDLE file =
-        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    CloseHandle(file);
-    return true;
+bool SaveBmp(CcImage& image, const std::string& path, std::string& error) {
+    const auto write = [&](const std::string& newPath) {
+        return image.SaveBMPFile(newPath.c_str()) == 0 && BytesOfFile(newPath) > SampleBytes(image);
+    };
+    return SaveWhole(pictureName, path, SampleBytes(image), write, error);
+}
+
+/// The library names the samples' file as the picture's, and puts both in place.
+bool SaveWideBmp(CcImage& image, const std::string& path, std::string& error) {
+    const std::string samples = SamplesPath(path, image.GetImageType());
+    const auto reason = [&] {
+        const std::string why = WhyNotWritable(path, SampleBytes(image));
+        return why.empty() ? WhyNotWritable(samples, SampleBytes(image)) : why;
+    };
+    std::string why = reason();
+    if (why.empty() && image.SaveBMPFile(path.c_str()) == 0 && BytesOfFile(samples) > SampleBytes(image)) return true;
+    error = NotWritten(pictureName, path, why.empty() ? reason() : why);
+    return false;
 }
 
 }  // namespace
@@ -131,7 +156,12 @@ const char* const openFilters =
     "Pictures|*.bmp;*.png;*.jpg;*.jpeg;*.tif;*.tiff;*.gif|"
     "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|";
 
-std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning) {
+const char* const saveFilters =
+    "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|TIFF files (*.tif)|*.tif;*.tiff|"
+    "JPEG files (*.jpg)|*.jpg;*.jpeg|";
+
+std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning,
+                                     const PictureQuestions& ask) {
     if (!FileExists(path)) {
         error = "There is no file\n" + path;
         return nullptr;
@@ -139,7 +169,7 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
     // The library takes paths of that many bytes; the decoders take any.
     std::vector<unsigned char> ownColours;
     const KestImageType type = path.size() < KEST_NAME_SIZE ? LibraryClassOf(path, ownColours) : KEST_IMAGE_NONE;
-    if (type == KEST_IMAGE_NONE) return DecodePicture(path, error);
+    if (type == KEST_IMAGE_NONE) return DecodePicture(path, error, warning, ask);
     if (!ImageClassOf(type)->isWide)
         for (const int wide : wideTypes)
             if (FileExists(SamplesPath(path, wide)))
@@ -160,36 +190,41 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
 }
 
 bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
-    const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
-    DrawPlainly(image);
-    const SIZE size = SizeOf(image);
-    const long long pixels = static_cast<long long>(size.cx) * size.cy;
-    const ImageClass& imageClass = ImageClassOf(image);
-    // The result is 0 also when the disk is full.
-    const bool isWritten =
-        path.size() + longestAddition < KEST_NAME_SIZE && WriteWhole(path, [&](const std::string& newPath) {
-            if (!CanBeMade(newPath) || image.SaveBMPFile(newPath.c_str()) < 0) return false;
-            if (!imageClass.isWide) return BytesOfFile(newPath) > SampleBytes(image);
-            const std::string newSamples = SamplesPath(newPath, imageClass.type),
-                              samples = SamplesPath(path, imageClass.type);
-            // Picture and samples take their places together, or not at all.
-            const bool isWhole = BytesOfFile(newPath) > pixels && BytesOfFile(newSamples) > SampleBytes(image) &&
-                                 WriteWhole(samples, [&](const std::string& place) {
-                                     return MoveFileExA(newSamples.c_str(), place.c_str(), 0) && MayBeReplaced(path);
-                                 });
-            if (!isWhole) DeleteFileA(newSamples.c_str());
-            return isWhole;
-        });
-    if (!isWritten) {
-        error = "The picture could not be written to\n" + path;
+    const SaveFormat* format = SaveFormatOf(path);
+    if (!format) {
+        error = "Pictures are written as .bmp, .png, .tif and .jpg files; " + FileNameOf(path) +
+                " has none of these extensions.";
         return false;
     }
-    return true;
+    const Busy busy("Saving " + FileNameOf(path), SampleBytes(image));
+    DrawPlainly(image);
+    if (format->isBmp)
+        return ImageClassOf(image).isWide ? SaveWideBmp(image, path, error) : SaveBmp(image, path, error);
+    if (!HoldsValuesOf(format->other, ImageClassOf(image))) {
+        error = Format(
+            "Files with the extension %s cannot hold the values of a %s picture.\n\nSave it as .bmp, with its "
+            "samples beside it, or convert it first (Image > Convert To).",
+            format->extension, ImageClassOf(image).label);
+        return false;
+    }
+    const auto write = [&](const std::string& newPath) { return EncodePicture(image, format->other, newPath); };
+    return SaveWhole(pictureName, path, SampleBytes(image), write, error);
+}
+
+bool KeepsWholePicture(CcImage& image, const std::string& path) {
+    const SaveFormat* format = SaveFormatOf(path);
+    const bool losesDetail = format && !format->isBmp && format->other == OtherFormat::Jpeg;
+    return format && !losesDetail && image.GetImageType() != KEST_IMAGE_HSL;
+}
+
+bool IsBmpPath(const std::string& path) {
+    const SaveFormat* format = SaveFormatOf(path);
+    return format && format->isBmp;
 }
 
 std::vector<std::string> ForeignSamples(CcImage& image, const std::string& path) {
     std::vector<std::string> found;
-    if (ImageClassOf(image).isColour) return found;
+    if (ImageClassOf(image).isColour || !IsBmpPath(path)) return found;
     for (const int wide : wideTypes) {
         // A picture's own samples are saved over with it.
         const bool isOwn = wide == image.GetImageType() && FileExists(path);

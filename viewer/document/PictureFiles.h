@@ -1,4 +1,5 @@
-// Opening and saving pictures: the library's own files through the library, all others through the system's decoders.
+// Opening and saving pictures: the library's own files through the library, all others through the system's imaging
+// component.
 #pragma once
 
 #include <memory>
@@ -6,6 +7,7 @@
 #include <vector>
 
 #include "document/ImageClasses.h"
+#include "document/WicPictures.h"
 
 namespace kestview {
 
@@ -15,15 +17,21 @@ namespace kestview {
 /// their colours are those of a gray or a binary picture, or a file of wide samples is beside them (".i16", ".i32",
 /// ".flt"). Everything else goes to the imaging component.
 /// A warning tells what was left aside.
-std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning);
+std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning,
+                                     const PictureQuestions& ask = {});
 
-/// Writes a BMP file, for wide images with the samples beside it. What was there is replaced when the new file is
-/// whole.
+/// Writes the picture in the format that the extension names: BMP (for wide images with the samples beside it), PNG,
+/// TIFF or JPEG; any other, and a format that cannot hold the picture's values, is refused. What was there is replaced
+/// when the new file is whole.
 bool SavePicture(CcImage& image, const std::string& path, std::string& error);
+bool IsBmpPath(const std::string& path);
+/// Whether the picture comes back from a file of this name with all that it has.
+bool KeepsWholePicture(CcImage& image, const std::string& path);
 /// Files beside `path` that would be taken for the samples of a picture saved there, but are not this one's.
 std::vector<std::string> ForeignSamples(CcImage& image, const std::string& path);
 
 /// "Pictures (*.bmp, ...)|*.bmp;...|..." for the open dialog; sessions included.
 extern const char* const openFilters;
+extern const char* const saveFilters;
 
 }  // namespace kestview

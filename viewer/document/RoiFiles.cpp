@@ -5,16 +5,23 @@
 #include <fstream>
 
 #include "document/RoiKinds.h"
+#include "platform/InputStream.h"
+#include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "platform/WholeFile.h"
 
 namespace kestview {
+namespace {
 
-bool SaveRoi(CcRoiBase& roi, const std::string& path) {
-    // Save does not tell of a full disk.
-    return WriteWhole(path, [&](const std::string& newPath) {
+/// More than the records of ROIs that a person draws.
+constexpr long long leastFreeBytes = 256 << 10;
+
+}  // namespace
+
+bool SaveRoi(CcRoiBase& roi, const std::string& path, std::string& error) {
+    const auto write = [&](const std::string& newPath) {
         return roi.Save(newPath.c_str()) == 0 && RestoreRoi(newPath) != nullptr;
-    });
+    };
+    return SaveWhole("The ROI", path, leastFreeBytes, write, error);
 }
 
 std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
@@ -29,31 +36,40 @@ std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
     return roi;
 }
 
-bool SaveAllRois(Document& document, const std::string& path) {
-    return WriteWhole(path, [&](const std::string& newPath) {
+bool SaveAllRois(Document& document, const std::string& path, std::string& error) {
+    const auto write = [&](const std::string& newPath) {
         CcFileObjectStorage stream;
         return stream.Open(newPath.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
                stream.PutObject(document.Image().GetListROI()) >= 0;
-    });
+    };
+    return SaveWhole("The ROIs", path, leastFreeBytes, write, error);
 }
 
 int RestoreAllRois(Document& document, const std::string& path) {
-    if (!FileExists(path)) return -1;
-    CcFileObjectStorage stream;
-    CcList list;
-    if (stream.Open(path.c_str(), GENERIC_READ) < 0 || stream.GetNextObject(&list) < 0) return -1;
-    list.SetDestructionType(1);
+    InputStream stream(path);
+    CcList read;
+    const bool isRead = stream.IsOpen() && stream.GetNextObject(&read) >= 0;
+    // Whatever the file says: what was read goes with this list, also the first ROIs of a file that is cut off.
+    read.SetDestructionType(1);
+    if (!isRead || !HoldsOnlyRois(read)) return -1;
     document.BeforeRoiEdit();
-    int count = 0;
-    while (list.GetNumberOfObjects() > 0) {
-        CcHLObject* object = list.TakeOut(0);
-        if (dynamic_cast<CcRoiBase*>(object) && document.Image().GetListROI()->InsertTail(object) == 0)
-            ++count;
-        else
-            delete object;
+    CcList& rois = *document.Image().GetListROI();
+    const int before = rois.GetNumberOfObjects();
+    while (CcHLObject* roi = read.GetHead()) {
+        if (rois.InsertTail(roi) < 0) break;
+        read.TakeOut(0);
     }
+    const bool isWhole = read.GetNumberOfObjects() == 0;
+    while (!isWhole && rois.GetNumberOfObjects() > before)
+        rois.DeleteTail();
     document.RoisEdited();
-    return count;
+    return isWhole ? rois.GetNumberOfObjects() - before : -1;
+}
+
+bool HoldsOnlyRois(CcList& list) {
+    for (int i = 0; i < list.GetNumberOfObjects(); ++i)
+        if (!dynamic_cast<CcRoiBase*>(list.GetAtIndex(i))) return false;
+    return true;
 }
 
 }  // namespace kestview

@@ -8,12 +8,15 @@
 
 namespace kestview {
 
-bool SaveRoi(CcRoiBase& roi, const std::string& path);
+bool SaveRoi(CcRoiBase& roi, const std::string& path, std::string& error);
 /// A ROI of the kind that the file says; null when it is none.
 std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path);
 
-bool SaveAllRois(Document& document, const std::string& path);
-/// Adds the file's ROIs to the document, as one step of its history. -1 when it is no such file, else their number.
+bool SaveAllRois(Document& document, const std::string& path, std::string& error);
+/// Adds the file's ROIs to the document, as one step of its history. Their number; -1, with none of them added, when it
+/// is no such file or not whole, or memory is short.
 int RestoreAllRois(Document& document, const std::string& path);
+/// A list that was read from a file can hold anything.
+bool HoldsOnlyRois(CcList& list);
 
 }  // namespace kestview

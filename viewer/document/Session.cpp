@@ -10,9 +10,12 @@
 #include <string_view>
 #include <vector>
 
+#include "document/RoiFiles.h"
+#include "document/SessionCalibration.h"
 #include "platform/Busy.h"
+#include "platform/InputStream.h"
+#include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
@@ -138,13 +141,6 @@ std::vector<tagPoints> CurveIn(CcPropertyBag& bag, int table, int channel) {
     return points;
 }
 
-bool HoldsOnlyRois(CcImage& image) {
-    CcList& list = *image.GetListROI();
-    for (int i = 0; i < list.GetNumberOfObjects(); ++i)
-        if (!dynamic_cast<CcRoiBase*>(list.GetAtIndex(i))) return false;
-    return true;
-}
-
 }  // namespace
 
 bool IsSessionFile(const std::string& path) {
@@ -188,26 +184,31 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
     for (const auto& [place, points] : document.TableCurves())
         records(CurveKey(place.first, place.second), points);
     if (document.Class().isWide) block(samplesKey, image.GetBitMapImageData(), SampleBytes(image));
-    const bool isWritten = isWhole && WriteWhole(path, [&](const std::string& newPath) {
-                               CcFileObjectStorage stream;
-                               const ShortName shortName(image);
-                               return stream.Open(newPath.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
-                                      stream.PutObject(bag.get()) >= 0 && stream.PutObject(&image) >= 0;
-                           });
-    if (!isWritten) {
-        error = "The session could not be written to\n" + path;
+    const auto write = [&](const std::string& newPath) {
+        CcFileObjectStorage stream;
+        const ShortName shortName(image);
+        return stream.Open(newPath.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 && stream.PutObject(bag.get()) >= 0 &&
+               stream.PutObject(&image) >= 0;
+    };
+    if (!isWhole) {
+        error = "There is not enough memory to save the session.";
         return false;
     }
+    // A wide picture travels as its samples and as the picture shown.
+    const SIZE size = SizeOf(image);
+    const long long bytes = SampleBytes(image) + static_cast<long long>(size.cx) * size.cy;
+    if (!SaveWhole("The session", path, bytes, write, error)) return false;
     document.sessionPath = path;
     document.SetModified(false);
     return true;
 }
 
-std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning) {
+std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning,
+                                      const Question& mayOpen) {
     const Busy busy("Opening " + FileNameOf(path), BytesOfFile(path));
     error = FileNameOf(path) + " is not a KestView session, or it is damaged.";
-    CcFileObjectStorage stream;
-    if (!FileExists(path) || stream.Open(path.c_str(), GENERIC_READ) < 0) {
+    InputStream stream(path);
+    if (!stream.IsOpen()) {
         error = "The file could not be opened:\n" + path;
         return nullptr;
     }
@@ -219,7 +220,7 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
     std::unique_ptr<CcHLObject> secondObject(object);
     if (!dynamic_cast<CcImage*>(object)) return nullptr;
     std::unique_ptr<CcImage> image(static_cast<CcImage*>(secondObject.release()));
-    if (!image->GetBitMapImageData() || !HoldsOnlyRois(*image)) return nullptr;
+    if (!image->GetBitMapImageData() || !HoldsOnlyRois(*image->GetListROI())) return nullptr;
 
     const int type = IntIn(*bag, typeKey, KEST_IMAGE_NONE);
     const ImageClass* stored = ImageClassOf(type);
@@ -244,18 +245,11 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
     document->SetBands(BandsIn(*bag, *document));
     document->SetDisplayTable(static_cast<unsigned short>(std::clamp(IntIn(*bag, tableKey, 102), 100, 104)));
     const std::string calibrationPath = StringIn(*bag, calibrationKey);
-    if (!calibrationPath.empty()) {
-        // Beside the session, should the folder have been moved.
-        std::unique_ptr<CcCalibration> calibration(new CcCalibration);
-        const std::string beside = FolderOf(path) + FileNameOf(calibrationPath);
-        const std::string found = FileExists(calibrationPath) ? calibrationPath : beside;
-        const Busy opening("Opening " + FileNameOf(found), BytesOfFile(found));
-        if (calibration->Open(found.c_str()) < 0 || !document->SetCalibration(std::move(calibration), found)) {
-            // It may be there again the next time.
-            document->calibrationPath = calibrationPath;
-            warning = "The session's calibration could not be opened:\n" + calibrationPath +
-                      "\n\nLengths and areas are in pixels now.";
-        }
+    if (!calibrationPath.empty() && !OpenCalibrationOf(path, calibrationPath, mayOpen, *document)) {
+        // It may be there again the next time.
+        document->calibrationPath = calibrationPath;
+        warning = "The session's calibration could not be opened:\n" + calibrationPath +
+                  "\n\nLengths and areas are in pixels now.";
     }
     document->SetModified(false);
     error.clear();

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "document/Document.h"
+#include "document/Question.h"
 
 namespace kestview {
 
@@ -16,6 +17,9 @@ namespace kestview {
 bool IsSessionFile(const std::string& path);
 bool SaveSession(Document& document, const std::string& path, std::string& error);
 /// Null, with the reason in plain words, when it cannot be opened. `warning` tells of a calibration that was not found.
-std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning);
+/// A calibration that the session names is opened from its own folder or a drive of this computer; from anywhere else
+/// only when `mayOpen` says so.
+std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning,
+                                      const Question& mayOpen = {});
 
 }  // namespace kestview

@@ -1,37 +1,17 @@
 // Pictures that the system's imaging component (WIC) decodes.
 #include "document/WicPictures.h"
 
-#include <windows.h>
-
-#include <wincodec.h>
-
 #include <algorithm>
 #include <cstring>
 #include <vector>
 
+#include "document/PictureHeader.h"
+#include "document/Wic.h"
 #include "platform/Busy.h"
 #include "platform/Text.h"
 
 namespace kestview {
 namespace {
-
-/// A COM interface that is released with its holder.
-template <class Interface>
-class Com {
-public:
-    Com() = default;
-    ~Com() {
-        if (held) held->Release();
-    }
-    Com(const Com&) = delete;
-    Com& operator=(const Com&) = delete;
-    Interface** operator&() { return &held; }
-    Interface* operator->() const { return held; }
-    operator Interface*() const { return held; }
-
-private:
-    Interface* held = nullptr;
-};
 
 /// Into which class and as which pixels a decoder's format is taken.
 struct Target {
@@ -59,7 +39,6 @@ Target TargetOf(const GUID& format, bool hasGrayPalette) {
                          &GUID_WICPixelFormat16bppGrayFixedPoint, &GUID_WICPixelFormat32bppGrayFixedPoint}))
         return {KEST_IMAGE_FLOAT, &GUID_WICPixelFormat32bppGrayFloat, 4};
     if (IsOneOf(format, {&GUID_WICPixelFormat24bppBGR})) return {KEST_IMAGE_RGB, &GUID_WICPixelFormat24bppBGR, 3};
-    // What is transparent is taken as if it were not.
     return {KEST_IMAGE_RGB, anyColours, 4};
 }
 
@@ -82,85 +61,189 @@ bool HasGrayPalette(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, c
     });
 }
 
-/// Copies the decoder's rows, top row first, into the image's, bottom row first and unpadded.
-bool TakeRows(IWICBitmapSource* source, const Target& target, int middle, CcImage& image, Busy& busy) {
-    const SIZE size = SizeOf(image);
-    const auto bytesPerPixel = static_cast<std::size_t>(target.bytesPerPixel),
-               components = static_cast<std::size_t>(image.SizeOf());  // bytes of the image's pixels
-    const auto sourceBytes = static_cast<UINT>(size.cx * target.bytesPerPixel);
-    const std::size_t rowBytes = static_cast<std::size_t>(size.cx) * components;
-    // Decoders want rows that begin at multiples of four bytes.
-    const UINT stride = (sourceBytes + 3) & ~3u;
-    constexpr int rowsAtOnce = 64;
-    std::vector<unsigned char> rows(static_cast<std::size_t>(stride) * rowsAtOnce);
-    auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
-    for (int top = 0; top < size.cy; top += rowsAtOnce) {
-        const int count = std::min<int>(rowsAtOnce, size.cy - top);
-        const WICRect rect = {0, top, static_cast<INT>(size.cx), count};
-        if (source->CopyPixels(&rect, stride, stride * static_cast<UINT>(count), rows.data()) < 0) return false;
-        for (int i = 0; i < count; ++i) {
-            unsigned char* to = pixels + static_cast<std::size_t>(size.cy - 1 - top - i) * rowBytes;
-            const unsigned char* from = rows.data() + static_cast<std::size_t>(i) * stride;
-            if (components == bytesPerPixel)
-                std::memcpy(to, from, rowBytes);
-            else
-                for (std::size_t at = 0; at < rowBytes; ++at) {
-                    const std::size_t pixel = at / components, component = at % components;
-                    // Of red, green and blue with 16 bits each the upper bytes; else the first bytes of a pixel.
-                    to[at] = from[pixel * bytesPerPixel + (bytesPerPixel == 6 ? (2 - component) * 2 + 1 : component)];
-                }
-            // A binary picture's value 1 is its black, or its darker gray.
-            if (target.type == KEST_IMAGE_BINARY)
-                std::transform(to, to + rowBytes, to, [&](unsigned char level) { return level < middle ? 1 : 0; });
-        }
-        busy.Report(top + count, size.cy);
-    }
-    return true;
+/// Where in the image's bytes the pixels of a file belong: those of its first row and column, and how far the next
+/// column and row are from there. The image has its bottom row first.
+struct Placing {
+    long long origin, perColumn, perRow;
+};
+
+/// `orientation`: 1 to 8, see PictureHeader; `size`: of the upright picture.
+Placing PlacingOf(int orientation, SIZE size, int bytesPerPixel) {
+    const bool isTurned = orientation >= 5,
+               isMirrored = orientation == 2 || orientation == 3 || orientation == 6 || orientation == 7,
+               isUpsideDown = orientation == 3 || orientation == 4 || orientation == 7 || orientation == 8;
+    const long long right = bytesPerPixel, down = -static_cast<long long>(size.cx) * bytesPerPixel;
+    const long long alongX = isMirrored ? -right : right, alongY = isUpsideDown ? -down : down;
+    const long long left = isMirrored ? size.cx - 1 : 0, top = isUpsideDown ? 0 : size.cy - 1;
+    return {left * right - top * down, isTurned ? alongY : alongX, isTurned ? alongX : alongY};
 }
 
-}  // namespace
-
-std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& error) {
-    Busy busy("Opening " + FileNameOf(path));
-    Com<IWICImagingFactory> factory;
-    if (CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
-                         reinterpret_cast<void**>(&factory)) < 0) {
-        error = "This system has no imaging component that could decode " + FileNameOf(path) + ".";
-        return nullptr;
+/// Puts colours with an opacity behind them on white. True when any was transparent.
+bool PutOnWhite(unsigned char* pixels, std::size_t bytes) {
+    bool isTransparent = false;
+    for (unsigned char* pixel = pixels; pixel < pixels + bytes; pixel += 4) {
+        const unsigned opacity = pixel[3];
+        if (opacity == 255) continue;
+        isTransparent = true;
+        for (int i = 0; i < 3; ++i)
+            pixel[i] = static_cast<unsigned char>((pixel[i] * opacity + 255 * (255 - opacity) + 127) / 255);
     }
-    error = FileNameOf(path) + " is not a picture that this system can decode, or it is damaged.";
-    Com<IWICBitmapDecoder> decoder;
+    return isTransparent;
+}
+
+/// The pixels of a page on their way into an image.
+class Pixels {
+public:
+    Pixels(const Target& newTarget, int newMiddle, CcImage& newImage, int orientation)
+        : target(newTarget),
+          middle(newMiddle),
+          components(newImage.SizeOf()),
+          placing(PlacingOf(orientation, SizeOf(newImage), components)),
+          bytes(static_cast<unsigned char*>(newImage.GetBitMapImageData())) {}
+
+    /// Takes all rows of the decoder, top row first.
+    bool Take(IWICBitmapSource* source, UINT width, UINT height, Busy& busy) {
+        // Decoders want rows that begin at multiples of four bytes.
+        const UINT stride = (width * static_cast<UINT>(target.bytesPerPixel) + 3) & ~3u;
+        constexpr UINT rowsAtOnce = 64;
+        std::vector<unsigned char> rows(static_cast<std::size_t>(stride) * rowsAtOnce);
+        for (UINT top = 0; top < height; top += rowsAtOnce) {
+            const UINT count = std::min(rowsAtOnce, height - top);
+            const WICRect rect = {0, static_cast<INT>(top), static_cast<INT>(width), static_cast<INT>(count)};
+            if (source->CopyPixels(&rect, stride, stride * count, rows.data()) < 0) return false;
+            if (target.bytesPerPixel == 4 && target.type != KEST_IMAGE_FLOAT)
+                hasTransparency = PutOnWhite(rows.data(), static_cast<std::size_t>(stride) * count) || hasTransparency;
+            for (UINT i = 0; i < count; ++i)
+                Place(rows.data() + static_cast<std::size_t>(i) * stride, top + i, width);
+            busy.Report(top + count, height);
+        }
+        return true;
+    }
+
+    bool hasTransparency = false;
+
+private:
+    void Place(const unsigned char* from, UINT row, UINT width) {
+        unsigned char* to = bytes + placing.origin + placing.perRow * row;
+        for (UINT x = 0; x < width; ++x, from += target.bytesPerPixel, to += placing.perColumn) {
+            if (target.type == KEST_IMAGE_BINARY)  // value 1 is the picture's black, or its darker gray
+                *to = *from < middle ? 1 : 0;
+            else
+                for (int i = 0; i < components; ++i)
+                    // Of red, green and blue with 16 bits each the upper bytes; else the first bytes of a pixel.
+                    to[i] = from[target.bytesPerPixel == 6 ? (2 - i) * 2 + 1 : i];
+        }
+    }
+
+    const Target& target;
+    int middle, components;
+    Placing placing;
+    unsigned char* bytes;
+};
+
+constexpr double mostBytesUnasked = 512.0 * 1024 * 1024;
+
+/// Whether a picture of so many bytes is opened.
+bool IsWanted(double bytes, const std::string& path, const PictureQuestions& ask, std::string& error) {
+    if (bytes <= mostBytesUnasked) return true;
+    const std::string large =
+        Format("The pixels of %s take %.0f MB of memory.", FileNameOf(path).c_str(), bytes / (1 << 20));
+    if (!ask.mayOpen) error = large;
+    return ask.mayOpen && ask.mayOpen(large + "\n\nOpen it?");
+}
+
+/// A page that a decoder has opened, and what is known of its pixels.
+struct Page {
     Com<IWICBitmapFrameDecode> frame;
     GUID format = {};
     UINT width = 0, height = 0;
-    if (factory->CreateDecoderFromFilename(Wide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand,
-                                           &decoder) < 0 ||
-        decoder->GetFrame(0, &frame) < 0 || frame->GetPixelFormat(&format) < 0 || frame->GetSize(&width, &height) < 0)
-        return nullptr;
     int middle = 128;
-    const bool hasGrayPalette = HasGrayPalette(factory, frame, format, middle);
-    const Target target = TargetOf(format, hasGrayPalette);
+    Target target = {};
+
+    bool Open(IWICImagingFactory* factory, IWICBitmapDecoder* decoder, UINT index) {
+        if (decoder->GetFrame(index, &frame) < 0 || frame->GetPixelFormat(&format) < 0 ||
+            frame->GetSize(&width, &height) < 0)
+            return false;
+        target = TargetOf(format, HasGrayPalette(factory, frame, format, middle));
+        return true;
+    }
+    double PixelBytes() const { return static_cast<double>(width) * height * target.bytesPerPixel; }
+};
+
+/// The page's pixels, upright, in the class that its format asks for.
+std::unique_ptr<CcImage> Decode(IWICImagingFactory* factory, Page& page, int orientation, const std::string& path,
+                                Busy& busy, std::string& error, std::string& warning) {
     Com<IWICFormatConverter> converter;
-    IWICBitmapSource* source = frame;
-    if (!IsEqualGUID(format, *target.format)) {
+    IWICBitmapSource* source = page.frame;
+    if (!IsEqualGUID(page.format, *page.target.format)) {
         if (factory->CreateFormatConverter(&converter) < 0 ||
-            converter->Initialize(frame, *target.format, WICBitmapDitherTypeNone, nullptr, 0,
+            converter->Initialize(page.frame, *page.target.format, WICBitmapDitherTypeNone, nullptr, 0,
                                   WICBitmapPaletteTypeCustom) < 0)
             return nullptr;
         source = converter;
     }
     constexpr UINT largestSide = 65535;
-    if (width < 1 || height < 1 || width > largestSide || height > largestSide) {
+    if (page.width < 1 || page.height < 1 || page.width > largestSide || page.height > largestSide) {
         error = FileNameOf(path) + " is larger than this program can hold.";
         return nullptr;
     }
-    auto image = MakeImage(target.type, static_cast<int>(height), static_cast<int>(width), FileTitleOf(path));
+    auto width = static_cast<int>(page.width), height = static_cast<int>(page.height);
+    if (orientation >= 5) std::swap(width, height);
+    auto image = MakeImage(page.target.type, height, width, FileTitleOf(path));
     if (!image) {
         error = "There is not enough memory for " + FileNameOf(path) + ".";
         return nullptr;
     }
-    if (!TakeRows(source, target, middle, *image, busy)) return nullptr;
+    Pixels pixels(page.target, page.middle, *image, orientation);
+    if (!pixels.Take(source, page.width, page.height, busy)) return nullptr;
+    if (pixels.hasTransparency) warning = "The transparent parts of " + FileNameOf(path) + " were put on white.";
     image->ReScaleImageOnShow();
+    return image;
+}
+
+}  // namespace
+
+std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& error, std::string& warning,
+                                       const PictureQuestions& ask) {
+    // Some decoders take memory for all pixels at once, so the file itself is asked first.
+    PictureHeader header = ReadPictureHeader(path, 0);
+    if (!IsWanted(header.PixelBytes(), path, ask, error)) return nullptr;
+    Busy busy("Opening " + FileNameOf(path));
+    Com<IWICImagingFactory> factory;
+    if (!MakeWicFactory(factory)) {
+        error = "This system has no imaging component that could decode " + FileNameOf(path) + ".";
+        return nullptr;
+    }
+    const std::string damaged = FileNameOf(path) + " is not a picture that this system can decode, or it is damaged.";
+    Com<IWICBitmapDecoder> decoder;
+    UINT pages = 0;
+    if (factory->CreateDecoderFromFilename(Wide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand,
+                                           &decoder) < 0 ||
+        decoder->GetFrameCount(&pages) < 0 || pages < 1) {
+        error = damaged;
+        return nullptr;
+    }
+    int number = 1;
+    if (pages > 1 && ask.page) number = ask.page(static_cast<int>(pages));
+    if (number < 1 || number > static_cast<int>(pages)) return nullptr;
+    const auto index = static_cast<UINT>(number - 1);
+    if (index > 0) header = ReadPictureHeader(path, index);
+
+    Page page;
+    error = damaged;
+    if (!page.Open(factory, decoder, index)) return nullptr;
+    const bool isAskedAbout = index == 0 && header.PixelBytes() > mostBytesUnasked;
+    error.clear();
+    if (!isAskedAbout && !IsWanted(page.PixelBytes(), path, ask, error)) return nullptr;
+    error = damaged;
+    auto image = Decode(factory, page, header.orientation, path, busy, error, warning);
+    if (!image) return nullptr;
+    if (pages > 1) {
+        const std::string which = Format("page %d of %u", number, pages);
+        image->SetName((FileTitleOf(path) + " (" + which + ")").c_str());
+        if (!ask.page)
+            warning += (warning.empty() ? "This is " : "\n\nThis is ") + which + " of " + FileNameOf(path) + ".";
+    }
     error.clear();
     return image;
 }

@@ -2,15 +2,25 @@
 // installed.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "document/ImageClasses.h"
+#include "document/Question.h"
 
 namespace kestview {
 
-/// The first frame, in the class that loses nothing: black and white as binary, 8-bit gray, 16-bit gray, float, and
-/// everything else as 24-bit RGB (transparency is dropped). Null, with the reason in plain words, when it cannot.
-std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& error);
+/// What opening a picture asks its user.
+struct PictureQuestions {
+    Question mayOpen;                    ///< whether to open what takes more than 512 MB
+    std::function<int(int pages)> page;  ///< which of several pages, from 1; 0 for none. Without it, the first
+};
+
+/// A page, the right way up, in the class that loses nothing: black and white as binary, 8-bit gray, 16-bit gray,
+/// float, and everything else as 24-bit RGB; what is transparent is put on white. Null, with the reason in plain words
+/// unless the user chose so, when it cannot. `warning` gets what the user should know of the picture.
+std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& error, std::string& warning,
+                                       const PictureQuestions& ask);
 
 }  // namespace kestview

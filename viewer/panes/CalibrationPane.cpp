@@ -9,8 +9,8 @@
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/Drawing.h"
+#include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
@@ -224,14 +224,16 @@ bool CalibrationPane::SaveFile() {
     if (!document || !document->Calibration()) return false;
     const auto path = AskSavePath(main, "Save Calibration", fileFilters, "cal", document->Name() + ".cal");
     if (!path) return false;
-    // Save does not tell of a full disk: the area of every pixel stands in the file.
+    // The area of every pixel stands in the file.
     const SIZE size = document->Size();
     const long long areaBytes = 4LL * size.cx * size.cy;
     const Busy busy("Saving " + FileNameOf(*path), areaBytes);
-    if (!WriteWhole(*path, [&](const std::string& newPath) {
-            return document->Calibration()->Save(newPath.c_str()) == 0 && BytesOfFile(newPath) > areaBytes;
-        })) {
-        ShowError(main, "The calibration could not be written to\n" + *path);
+    const auto write = [&](const std::string& newPath) {
+        return document->Calibration()->Save(newPath.c_str()) == 0 && BytesOfFile(newPath) > areaBytes;
+    };
+    std::string error;
+    if (!SaveWhole("The calibration", *path, areaBytes, write, error)) {
+        ShowError(main, error);
         return false;
     }
     document->calibrationPath = *path;

@@ -12,8 +12,8 @@
 #include "platform/Boxes.h"
 #include "platform/Clipboard.h"
 #include "platform/ListView.h"
+#include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "platform/WholeFile.h"
 
 namespace kestview {
 namespace {
@@ -98,13 +98,15 @@ void ResultsPane::ExportTable() {
     if (!path) return;
     // The mark tells spreadsheet programs that the text is UTF-8.
     const std::string text = "\xEF\xBB\xBF" + ResultsAsText(Table(), ',');
-    const bool isWritten = WriteWhole(*path, [&](const std::string& newPath) {
+    const auto bytes = static_cast<long long>(text.size());
+    const auto write = [&](const std::string& newPath) {
         std::ofstream file(newPath, std::ios::binary);
         file << text;
         file.close();
         return !file.fail();
-    });
-    if (!isWritten) ShowError(main, "The table could not be written to\n" + *path);
+    };
+    std::string error;
+    if (!SaveWhole("The table", *path, bytes, write, error)) ShowError(main, error);
 }
 
 bool ResultsPane::OnCommand(int id, int) {

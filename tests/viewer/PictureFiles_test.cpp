@@ -1,0 +1,319 @@
+// Pictures in files: what KestView reads of other programs' files, what it writes for them, and what it asks before.
+#include "document/PictureFiles.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/SavedFile.h"
+#include "platform/Text.h"
+#include "support/Bytes.h"
+#include "viewer/Samples.h"
+
+namespace test {
+namespace {
+
+/// The imaging component, for as long as a test runs.
+class PictureFiles : public testing::Test {
+protected:
+    PictureFiles() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~PictureFiles() override { CoUninitialize(); }
+
+    std::unique_ptr<CcImage> Open(const TemporaryFile& file, const PictureQuestions& ask = {}) {
+        error = warning = "";
+        return OpenPicture(file.Path(), error, warning, ask);
+    }
+    std::string error, warning;
+};
+
+/// A page of a TIFF file: rows of samples, top row first.
+struct Page {
+    int width, height, bits, samples;
+    Bytes data;
+    int orientation = 1;
+};
+
+Bytes Tiff(const std::vector<Page>& pages) {
+    Bytes file;
+    file.Text("II", 2).U16(42);
+    auto place = [&] { return static_cast<long long>(file.size()); };
+    for (const Page& page : pages) {
+        const bool isColour = page.samples >= 3;
+        const long long dataAt = place() + 4, bitsAt = dataAt + static_cast<long long>(page.data.size());
+        file.I32(bitsAt + 2 * page.samples).Add(page.data);
+        for (int i = 0; i < page.samples; ++i)
+            file.U16(static_cast<unsigned>(page.bits));
+        const auto entry = [&](unsigned tag, unsigned kind, int count, long long value) {
+            file.U16(tag).U16(kind).I32(count).I32(value);
+        };
+        file.U16(page.samples == 4 ? 11 : 10);
+        entry(256, 3, 1, page.width), entry(257, 3, 1, page.height);
+        entry(258, 3, page.samples, isColour ? bitsAt : page.bits);
+        entry(259, 3, 1, 1), entry(262, 3, 1, isColour ? 2 : 1), entry(273, 4, 1, dataAt);
+        entry(274, 3, 1, page.orientation), entry(277, 3, 1, page.samples), entry(278, 3, 1, page.height);
+        entry(279, 4, 1, static_cast<long long>(page.data.size()));
+        if (page.samples == 4) entry(338, 3, 1, 2);  // the fourth is the opacity
+    }
+    file.I32(0);
+    return file;
+}
+
+Bytes Samples(int bits, const std::vector<unsigned>& values) {
+    Bytes bytes;
+    for (const unsigned value : values)
+        bits == 8 ? bytes.U8(value) : bytes.U16(value);
+    return bytes;
+}
+
+TEST_F(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
+    // 24-bit BMP, three columns: its rows are padded to twelve bytes.
+    Bytes padded;
+    padded.Text("BM", 2).I32(54 + 24).I32(0).I32(54).I32(40).I32(3).I32(2).U16(1).U16(24).I32(0).I32(24).Fill(16, 0);
+    for (int row = 0; row < 2; ++row)
+        for (int i = 0; i < 12; ++i)
+            padded.U8(static_cast<unsigned>(row * 100 + i));
+    auto image = Open({"padded.bmp", padded});
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
+    EXPECT_STREQ(image->GetName(), "padded");
+    EXPECT_EQ(PixelBytes(*image), std::string("\0\1\2\3\4\5\6\7\10", 9) + std::string("defghijkl", 9));
+
+    image = Open({"gray.tif", Tiff({{3, 2, 16, 1, Samples(16, {1, 300, 65535, 7, 8, 40000})}})});
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_INT16);
+    EXPECT_EQ((*image)(0, 1), 1.0f);
+    EXPECT_EQ((*image)(2, 1), 65535.0f);
+    EXPECT_EQ((*image)(2, 0), 40000.0f);
+
+    image = Open({"deep.tif", Tiff({{2, 1, 16, 3, Samples(16, {0x0100, 0x0203, 0xFFFF, 0x8000, 0x0900, 0x00FF})}})});
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(PixelBytes(*image), std::string("\xFF\2\1\0\x09\x80", 6)) << "blue, green, red";
+
+    EXPECT_FALSE(Open({"text.png", Bytes().Text("this is no picture", 18)}));
+    EXPECT_EQ(error, "text.png is not a picture that this system can decode, or it is damaged.");
+}
+
+TEST_F(PictureFiles, OpensThemTheRightWayUp) {
+    // "abc" over "def", as it is seen when a camera was held in each of the eight ways; the bottom row is first.
+    const char* const seen[] = {"defabc", "fedcba", "cbafed", "abcdef", "cfbead", "fcebda", "daebfc", "adbecf"};
+    for (int orientation = 1; orientation <= 8; ++orientation) {
+        const Bytes letters = Samples(8, {'a', 'b', 'c', 'd', 'e', 'f'});
+        const auto image = Open({"turned.tif", Tiff({{3, 2, 8, 1, letters, orientation}})});
+        ASSERT_TRUE(image) << error;
+        EXPECT_EQ(SizeOf(*image).cx, orientation < 5 ? 3 : 2);
+        EXPECT_EQ(PixelBytes(*image), seen[orientation - 1]) << orientation;
+    }
+    // A photograph, dark at the left, whose camera says that its first row is at the right.
+    auto photograph = MakeImage(KEST_IMAGE_GRAY256, 8, 16, "photograph");
+    for (int i = 0; i < 8 * 16; ++i)
+        static_cast<unsigned char*>(photograph->GetBitMapImageData())[i] = i % 16 < 8 ? 0 : 255;
+    const TemporaryFile plain("photograph.jpg");
+    ASSERT_TRUE(SavePicture(*photograph, plain.Path(), error)) << error;
+    Bytes tags;
+    tags.Text("\xFF\xE1", 2).U16(0x2200).Text("Exif", 6).Text("MM", 2).Text({0, 42, 0, 0, 0, 8, 0, 1}, 8);
+    tags.Text({1, 18, 0, 3, 0, 0, 0, 1, 0, 6, 0, 0}, 12).I32(0);
+    std::vector<std::uint8_t> bytes = plain.Content();
+    bytes.insert(bytes.begin() + 2, tags.begin(), tags.end());
+    const auto image = Open({"camera.jpg", bytes});
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(SizeOf(*image).cx, 8);
+    EXPECT_LT((*image)(4, 15), 40.0f) << "dark at the top";
+    EXPECT_GT((*image)(4, 0), 215.0f);
+}
+
+TEST_F(PictureFiles, PutTransparencyOnWhiteAndOfferPages) {
+    const Bytes pixels = Samples(8, {10, 20, 30, 255, 10, 20, 30, 0, 0, 100, 200, 51});
+    auto image = Open({"glass.tif", Tiff({{3, 1, 8, 4, pixels}})});
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(PixelBytes(*image), std::string("\x1E\x14\x0A\xFF\xFF\xFF\xF4\xE0\xCC", 9)) << "blue, green, red";
+    EXPECT_EQ(warning, "The transparent parts of glass.tif were put on white.");
+
+    const TemporaryFile book(
+        "book.tif",
+        Tiff({{2, 1, 8, 1, Samples(8, {1, 2})}, {1, 2, 8, 1, Samples(8, {3, 4}), 3}, {1, 1, 8, 1, Samples(8, {5})}}));
+    image = Open(book);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(PixelBytes(*image), "\1\2");
+    EXPECT_EQ(warning, "This is page 1 of 3 of book.tif.");
+    int offered = 0;
+    image = Open(book, {{}, [&](int pages) { return (offered = pages) - 1; }});
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(offered, 3);
+    EXPECT_EQ(PixelBytes(*image), "\3\4") << "with an orientation of its own";
+    EXPECT_STREQ(image->GetName(), "book (page 2 of 3)");
+    EXPECT_FALSE(Open(book, {{}, [](int) { return 0; }}));
+    EXPECT_EQ(error, "") << "nobody is told what he chose";
+}
+
+TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
+    const auto big = [](unsigned high, unsigned low) { return Bytes().U8(0).U8(0).U8(high).U8(low); };
+    const TemporaryFile bombs[] = {
+        {"bomb.png", Bytes()
+                         .Text("\x89PNG\r\n\x1A\n", 8)
+                         .Fill(3, 0)
+                         .U8(13)
+                         .Text("IHDR", 4)
+                         .Add(big(62, 128))
+                         .Add(big(62, 128))
+                         .U8(1)
+                         .Fill(8, 0)},
+        {"bomb.tif", Bytes()
+                         .Text("II", 2)
+                         .U16(42)
+                         .I32(8)
+                         .U16(2)
+                         .U16(256)
+                         .U16(4)
+                         .I32(1)
+                         .I32(1 << 30)
+                         .U16(257)
+                         .U16(4)
+                         .I32(1)
+                         .I32(1 << 30)
+                         .I32(0)},
+        {"bomb.jpg", Bytes().Text("\xFF\xD8\xFF\xC0", 4).Text({0, 17, 8, 78, 32, 78, 32, 3}, 8).Fill(20, 0)},
+        {"bomb.gif", Bytes().Text("GIF89a", 6).U16(20000).U16(20000).Fill(20, 0)},
+        {"bomb.bmp", Bytes().Text("BM", 14).I32(40).I32(20000).I32(-25000).U16(1).U16(24).Fill(24, 0)},
+    };
+    for (const TemporaryFile& bomb : bombs) {
+        SCOPED_TRACE(bomb.Path());
+        std::string question;
+        EXPECT_FALSE(Open(bomb, {[&](const std::string& text) { return question = text, false; }, {}}));
+        EXPECT_NE(question.find("MB of memory.\n\nOpen it?"), std::string::npos) << question;
+        EXPECT_EQ(error, "");
+        EXPECT_FALSE(Open(bomb));
+        EXPECT_EQ(error + "\n\nOpen it?", question);
+    }
+}
+
+TEST_F(PictureFiles, AreWrittenAsTheirExtensionSays) {
+    const struct {
+        int type;
+        const char* refused;
+    } cases[] = {{KEST_IMAGE_GRAY256, ""},          {KEST_IMAGE_RGB, ""},       {KEST_IMAGE_HSL, ""},
+                 {KEST_IMAGE_BINARY, ""},           {KEST_IMAGE_INT16, ".jpg"}, {KEST_IMAGE_FLOAT, ".png.jpg"},
+                 {KEST_IMAGE_INT32, ".png.tif.jpg"}};
+    const std::pair<std::string, std::string> formats[] = {
+        {".bmp", "BM"}, {".png", "\x89PNG"}, {".tif", "II*"}, {".JPG", "\xFF\xD8\xFF"}};
+    for (const auto& [type, refused] : cases) {
+        auto document = MakeDocument(type);
+        const char* suffix = document->Class().rawSuffix;
+        for (const auto& [extension, start] : formats) {
+            SCOPED_TRACE(document->Class().label + extension);
+            const TemporaryFile file("saved" + extension), samples(std::string("saved") + (suffix ? suffix : ".none"));
+            const bool isRefused = std::string(refused).find(ExtensionOf(extension)) != std::string::npos;
+            ASSERT_EQ(SavePicture(document->Image(), file.Path(), error), !isRefused) << error;
+            EXPECT_EQ(file.Exists(), !isRefused);
+            EXPECT_EQ(samples.Exists(), suffix && extension == ".bmp");
+            if (isRefused) continue;
+            const std::vector<std::uint8_t> bytes = file.Content();
+            EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + static_cast<int>(start.size())), start);
+            const auto opened = Open(file);
+            ASSERT_TRUE(opened) << error;
+            EXPECT_EQ(warning, "");
+            const bool losesDetail = extension == ".JPG";
+            if (!losesDetail && type != KEST_IMAGE_HSL) {
+                EXPECT_EQ(opened->GetImageType(), type);
+            }
+            const std::string before = PixelBytes(document->Image()), after = PixelBytes(*opened);
+            ASSERT_EQ(after.size(), before.size());
+            if (!losesDetail) {
+                EXPECT_EQ(after, before);
+            }
+        }
+    }
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    for (const char* path : {"saved.gif", "saved", "saved.bmp.txt"}) {
+        const TemporaryFile file(path);
+        EXPECT_FALSE(SavePicture(document->Image(), path, error));
+        EXPECT_EQ(error, "Pictures are written as .bmp, .png, .tif and .jpg files; " + std::string(path) +
+                             " has none of these extensions.");
+        EXPECT_FALSE(file.Exists());
+    }
+}
+
+TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
+    const auto saved = [&](int type, const std::string& path) {
+        return SavePicture(MakeDocument(type)->Image(), path, error);
+    };
+    for (const char* name : {"kept.bmp", "kept.png", "kept.tif"}) {
+        SCOPED_TRACE(name);
+        const TemporaryFile file(name), samples("kept.i16");
+        ASSERT_TRUE(saved(KEST_IMAGE_INT16, name)) << error;
+        const std::vector<std::uint8_t> whole = file.Content(), wholeSamples = samples.Content();
+        const auto expectRefusal = [&](const std::string& path, const std::string& why) {
+            EXPECT_FALSE(saved(KEST_IMAGE_INT16, path));
+            EXPECT_EQ(error, "The picture could not be written to\n" + path + "\n\n" + why);
+            EXPECT_EQ(file.Content(), whole);
+            EXPECT_EQ(samples.Content(), wholeSamples);
+        };
+        const HANDLE inUse = CreateFileA(name, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        expectRefusal(name, "Another program is using the file.");
+        CloseHandle(inUse);
+        SetFileAttributesA(name, FILE_ATTRIBUTE_READONLY);
+        expectRefusal(name, "The file is read-only.");
+        SetFileAttributesA(name, FILE_ATTRIBUTE_NORMAL);
+        expectRefusal(std::string("no such folder\\") + name, "There is no such folder.");
+        EXPECT_TRUE(saved(KEST_IMAGE_INT16, name)) << error;
+    }
+    // A disk that has no room for so much.
+    const auto write = [](const std::string&) { return true; };
+    EXPECT_FALSE(SaveWhole("The table", "table.csv", 1LL << 60, write, error));
+    EXPECT_NE(error.find("The disk is full: 1099511627776 MB are needed, "), std::string::npos) << error;
+    EXPECT_FALSE(FileExists("table.csv"));
+}
+
+TEST_F(PictureFiles, LeaveSamplesOfAnotherPictureAside) {
+    for (const int type : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT}) {
+        auto document = MakeDocument(type);
+        const TemporaryFile file("saved.bmp"), samples(std::string("saved") + document->Class().rawSuffix);
+        ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
+        std::vector<std::uint8_t> other = samples.Content();
+        other[4]++;  // the height
+        const TemporaryFile damaged(samples.Path(), other);
+        const auto opened = Open(file);
+        ASSERT_TRUE(opened);
+        EXPECT_EQ(opened->GetImageType(), KEST_IMAGE_GRAY256);
+        EXPECT_NE(warning, "");
+    }
+}
+
+/// A BMP file of one row of four pixels with these values.
+Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vector<unsigned>& values) {
+    const auto pixelsAt = static_cast<long long>(54 + 4 * palette.size());
+    Bytes file;
+    file.Text("BM", 2)
+        .I32(pixelsAt + 4)
+        .I32(0)
+        .I32(pixelsAt)
+        .I32(40)
+        .I32(4)
+        .I32(1)
+        .U16(1)
+        .U16(static_cast<unsigned>(bits));
+    file.I32(0).I32(4).I32(0).I32(0).I32(static_cast<long long>(palette.size())).I32(0);
+    for (const unsigned colour : palette)
+        file.I32(colour);
+    for (const unsigned value : values)
+        file.U8(value);
+    return file;
+}
+
+TEST_F(PictureFiles, PalettesDecideAboutTheClass) {
+    std::vector<unsigned> colours(256);
+    for (unsigned i = 0; i < 256; ++i)
+        colours[i] = i * 0x010101;
+    colours[7] = 0xFF8000;
+    const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
+    auto image = Open(coloured);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
+    EXPECT_EQ(PixelBytes(*image), std::string("\0\0\0\x00\x80\xFF\xFF\xFF\xFF\x00\x80\xFF", 12)) << "blue, green, red";
+
+    const TemporaryFile twoLevels("two-levels.bmp", PaletteBmp(1, {0x000000, 0xFFFFFF}, {0x50, 0, 0, 0}));
+    image = Open(twoLevels);
+    ASSERT_TRUE(image) << error;
+    EXPECT_EQ(image->GetImageType(), KEST_IMAGE_BINARY);
+    EXPECT_EQ(PixelBytes(*image), std::string("\1\0\1\0", 4)) << "1 is black";
+}
+
+}  // namespace
+}  // namespace test

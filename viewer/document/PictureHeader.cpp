@@ -1,0 +1,181 @@
+// What a picture file tells in front of its pixels.
+#include "document/PictureHeader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+
+namespace kestview {
+namespace {
+
+/// More parts than the files of cameras and programs have; a hostile file ends here.
+constexpr int mostParts = 20000;
+constexpr std::uint32_t mostTags = 4096;
+
+/// The numbers in a file. Beyond its end they are 0, and the end is noted.
+class FileNumbers {
+public:
+    explicit FileNumbers(const std::string& path) : file(path, std::ios::binary) {}
+
+    bool IsPastEnd() const { return isPastEnd; }
+    bool isBigEndian = true;
+
+    std::uint32_t U8(std::uint64_t at) { return Number(at, 1); }
+    std::uint32_t U16(std::uint64_t at) { return Number(at, 2); }
+    std::uint32_t U32(std::uint64_t at) { return Number(at, 4); }
+
+    /// Whether these bytes stand there.
+    template <std::size_t size>
+    bool Has(std::uint64_t at, const char (&text)[size]) {
+        char bytes[size - 1] = {};
+        return Read(at, bytes, size - 1) && std::memcmp(bytes, text, size - 1) == 0;
+    }
+
+private:
+    bool Read(std::uint64_t at, char* bytes, std::size_t count) {
+        file.clear();
+        const bool isRead =
+            file.seekg(static_cast<std::streamoff>(at)) && file.read(bytes, static_cast<std::streamsize>(count));
+        isPastEnd = isPastEnd || !isRead;
+        return isRead;
+    }
+    std::uint32_t Number(std::uint64_t at, std::size_t count) {
+        char bytes[4] = {};
+        if (!Read(at, bytes, count)) return 0;
+        std::uint32_t number = 0;
+        for (std::size_t i = 0; i < count; ++i)
+            number = number << 8 | static_cast<unsigned char>(bytes[isBigEndian ? i : count - 1 - i]);
+        return number;
+    }
+
+    std::ifstream file;
+    bool isPastEnd = false;
+};
+
+int BytesPerPixel(std::uint32_t samples, std::uint32_t bits) {
+    constexpr std::uint32_t mostSamples = 16, mostBits = 64;
+    if (bits < 8 || bits > mostBits || samples < 1 || samples > mostSamples) return 4;
+    return static_cast<int>(samples * bits / 8);
+}
+
+/// A directory of tags, in a TIFF file or in what cameras add to other files. Places in it count from `start`.
+void ReadTags(FileNumbers& file, std::uint64_t start, unsigned page, PictureHeader& header) {
+    constexpr std::uint32_t shortType = 3, entryBytes = 12;
+    if (file.Has(start, "II*\0"))
+        file.isBigEndian = false;
+    else if (!file.Has(start, "MM\0*"))
+        return;
+    std::uint64_t directory = file.U32(start + 4);
+    for (unsigned i = 0; i < page && directory != 0; ++i)
+        directory = file.U32(start + directory + 2 + entryBytes * file.U16(start + directory));
+    if (directory == 0 || file.IsPastEnd()) return;
+
+    std::uint32_t bits = 1, samples = 1;
+    const std::uint32_t count = std::min(file.U16(start + directory), mostTags);
+    for (std::uint32_t i = 0; i < count && !file.IsPastEnd(); ++i) {
+        const std::uint64_t entry = start + directory + 2 + entryBytes * i;
+        const bool isShort = file.U16(entry + 2) == shortType;
+        const auto value = [&] { return isShort ? file.U16(entry + 8) : file.U32(entry + 8); };
+        switch (file.U16(entry)) {
+            case 256:
+                header.width = value();
+                break;
+            case 257:
+                header.height = value();
+                break;
+            case 258:  // up to two stand in the entry, more elsewhere
+                bits = isShort && file.U32(entry + 4) > 2 ? file.U16(start + file.U32(entry + 8)) : value();
+                break;
+            case 274:
+                if (const std::uint32_t orientation = value(); orientation >= 1 && orientation <= 8)
+                    header.orientation = static_cast<int>(orientation);
+                break;
+            case 277:
+                samples = value();
+                break;
+            default:
+                break;
+        }
+    }
+    header.bytesPerPixel = BytesPerPixel(samples, bits);
+}
+
+/// The orientation that a camera's tags tell; their sizes are often those of a small preview.
+void ReadCameraTags(FileNumbers& file, std::uint64_t start, PictureHeader& header) {
+    PictureHeader tags;
+    ReadTags(file, start, 0, tags);
+    header.orientation = tags.orientation;
+    file.isBigEndian = true;
+}
+
+void ReadPng(FileNumbers& file, PictureHeader& header) {
+    constexpr std::uint32_t samplesOfType[] = {1, 0, 3, 0, 2, 0, 4};  // 3, a palette, is decoded into colours
+    header.width = file.U32(16);
+    header.height = file.U32(20);
+    const std::uint32_t type = file.U8(25);
+    header.bytesPerPixel = BytesPerPixel(type < std::size(samplesOfType) ? samplesOfType[type] : 0, file.U8(24));
+    std::uint64_t chunk = 8;
+    for (int i = 0; i < mostParts && !file.IsPastEnd(); ++i) {
+        constexpr std::uint32_t exif = 0x65584966;  // "eXIf"
+        if (file.U32(chunk + 4) == exif) return ReadCameraTags(file, chunk + 8, header);
+        chunk += 12ULL + file.U32(chunk);
+    }
+}
+
+void ReadJpeg(FileNumbers& file, PictureHeader& header) {
+    constexpr std::uint32_t application1 = 0xFFE1, startOfScan = 0xFFDA;
+    std::uint64_t segment = 2;
+    for (int i = 0; i < mostParts && !file.IsPastEnd(); ++i) {
+        const std::uint32_t marker = file.U16(segment);
+        if (marker == 0xFFFF) {  // a byte to fill up with
+            ++segment;
+            continue;
+        }
+        if (marker < 0xFF00 || marker == startOfScan) return;
+        // The frame is told by any of the markers C0 to CF but three.
+        const bool isFrame =
+            marker >= 0xFFC0 && marker <= 0xFFCF && marker != 0xFFC4 && marker != 0xFFC8 && marker != 0xFFCC;
+        if (isFrame) {
+            header.height = file.U16(segment + 5);
+            header.width = file.U16(segment + 7);
+            header.bytesPerPixel = BytesPerPixel(file.U8(segment + 9), 8);
+        }
+        if (marker == application1 && file.Has(segment + 4, "Exif\0\0")) ReadCameraTags(file, segment + 10, header);
+        segment += 2ULL + file.U16(segment + 2);
+    }
+}
+
+void ReadBmp(FileNumbers& file, PictureHeader& header) {
+    file.isBigEndian = false;
+    if (file.U32(14) < 40) return;
+    header.width = std::abs(static_cast<long long>(static_cast<std::int32_t>(file.U32(18))));
+    header.height = std::abs(static_cast<long long>(static_cast<std::int32_t>(file.U32(22))));
+    const std::uint32_t bits = file.U16(28);
+    header.bytesPerPixel = bits > 8 ? BytesPerPixel(1, bits) : 4;
+}
+
+}  // namespace
+
+PictureHeader ReadPictureHeader(const std::string& path, unsigned page) {
+    FileNumbers file(path);
+    PictureHeader header;
+    if (file.Has(0, "\x89PNG\r\n\x1A\n")) {
+        ReadPng(file, header);
+    } else if (file.Has(0, "\xFF\xD8\xFF")) {
+        ReadJpeg(file, header);
+    } else if (file.Has(0, "GIF8")) {
+        file.isBigEndian = false;
+        header.width = file.U16(6);
+        header.height = file.U16(8);
+    } else if (file.Has(0, "BM")) {
+        ReadBmp(file, header);
+    } else {
+        ReadTags(file, 0, page, header);
+    }
+    return header;
+}
+
+}  // namespace kestview

@@ -1,0 +1,101 @@
+// Files that are replaced only by whole ones, and why one could not be.
+#include "platform/SavedFile.h"
+
+#include <windows.h>
+
+#include "KestWholeFile.h"
+#include "platform/Text.h"
+
+namespace kestview {
+namespace {
+
+std::string ReasonOf(DWORD error) {
+    switch (error) {
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+        case ERROR_USER_MAPPED_FILE:
+            return "Another program is using the file.";
+        case ERROR_ACCESS_DENIED:
+            return "You are not allowed to write there.";
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+            return "There is no such folder.";
+        case ERROR_WRITE_PROTECT:
+            return "The disk is write-protected.";
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+            return "The disk is full.";
+        case ERROR_INVALID_NAME:
+            return "No file can have this name.";
+        default:
+            return Format("The system gives error %lu as the reason.", error);
+    }
+}
+
+std::string SizeText(long long bytes) {
+    constexpr long long kilo = 1024, mega = kilo * kilo;
+    return bytes < mega ? Format("%lld KB", (bytes + kilo - 1) / kilo) : Format("%lld MB", (bytes + mega - 1) / mega);
+}
+
+/// Tries what a writer does first. A file that is there stays as it is; a new one is gone at once.
+DWORD ErrorOfOpening(const std::string& path) {
+    const bool isThere = FileExists(path);
+    const HANDLE file =
+        CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                    isThere ? OPEN_EXISTING : CREATE_NEW, isThere ? 0 : FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return GetLastError();
+    CloseHandle(file);
+    return ERROR_SUCCESS;
+}
+
+std::string WhyTooLarge(const std::string& path, long long bytes) {
+    const std::string folder = FolderOf(FullPathOf(path));
+    ULARGE_INTEGER free;
+    if (!GetDiskFreeSpaceExA(folder.c_str(), &free, nullptr, nullptr) ||
+        free.QuadPart >= static_cast<unsigned long long>(bytes))
+        return "";
+    return "The disk is full: " + SizeText(bytes) + " are needed, " + SizeText(static_cast<long long>(free.QuadPart)) +
+           " are free.";
+}
+
+}  // namespace
+
+std::string WhyNotWritable(const std::string& path, long long bytes) {
+    if (path.size() >= KEST_NAME_SIZE)
+        return Format("Its path is longer than %d bytes; choose a shorter name or another folder.", KEST_NAME_SIZE - 1);
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY))
+        return "A folder has this name.";
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
+        return "The file is read-only.";
+    if (const DWORD error = ErrorOfOpening(path)) return ReasonOf(error);
+    return WhyTooLarge(path, bytes);
+}
+
+std::string NotWritten(const std::string& what, const std::string& path, const std::string& reason) {
+    return what + " could not be written to\n" + path + (reason.empty() ? "" : "\n\n" + reason);
+}
+
+bool SaveWhole(const std::string& what, const std::string& path, long long bytes,
+               const std::function<bool(const std::string& newPath)>& write, std::string& error) {
+    std::string reason = WhyNotWritable(path, bytes);
+    if (reason.empty()) {
+        KestWholeFile file(path.c_str());
+        const char* newPath = file.LendPath();
+        if (newPath && write(newPath) && file.Replace() == KEST_OK) return true;
+        file.Abandon();
+        // What the disk or another program did meanwhile.
+        reason = WhyNotWritable(path, bytes);
+    }
+    error = NotWritten(what, path, reason);
+    return false;
+}
+
+long long BytesOfFile(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA found;
+    if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &found)) return -1;
+    return static_cast<long long>(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
+}
+
+}  // namespace kestview
