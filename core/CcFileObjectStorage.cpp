@@ -27,13 +27,14 @@ CcFileObjectStorage::CcFileObjectStorage() : bIsOpen(0), hFile(INVALID_HANDLE_VA
 
 // A copy uses the same handle without its source's pending bytes, which the source still transfers itself.
 CcFileObjectStorage::CcFileObjectStorage(const CcFileObjectStorage& other)
-    : CcObjectStorage(other), bIsOpen(other.bIsOpen), hFile(other.hFile) {}
+    : CcObjectStorage(other), bIsOpen(other.bIsOpen), hFile(other.hFile), bHasPositions(other.bHasPositions) {}
 
 CcFileObjectStorage& CcFileObjectStorage::operator=(const CcFileObjectStorage& other) {
     if (hFile == other.hFile) return *this;
     if (bIsOpen) Close();
     bIsOpen = other.bIsOpen;
     hFile = other.hFile;
+    bHasPositions = other.bHasPositions;
     bOwnsFile = false;
     return *this;
 }
@@ -49,6 +50,7 @@ int CcFileObjectStorage::Open(const char* pszFileName, unsigned long ulAccess) {
     if (hFile == INVALID_HANDLE_VALUE) return KEST_OPEN_FAILED;
     bIsOpen = 1;
     bOwnsFile = true;
+    bHasPositions = GetFileType(hFile) == FILE_TYPE_DISK;
     return KEST_OK;
 }
 
@@ -82,7 +84,8 @@ int CcFileObjectStorage::Read(void* pBuffer, long lLength) {
     };
 
     takeFromBlock();
-    if (missing > 0 && missing < transferBytes && iWholeObjects > 0 && cTransfer.Reserve(transferBytes)) {
+    // What is read ahead must be set back in the end, which a pipe cannot.
+    if (missing > 0 && missing < transferBytes && bWholeObject && bHasPositions && cTransfer.Reserve(transferBytes)) {
         lTransferTaken = 0;
         lTransferUsed = std::max(ReadSome(hFile, cTransfer.Get(), transferBytes), 0L);
         takeFromBlock();
@@ -96,9 +99,9 @@ int CcFileObjectStorage::Write(void* pBuffer, long lLength) {
     if (!bIsOpen) return KEST_NOT_OPEN;
     if (!pBuffer) return KEST_NULL_ARGUMENT;
     if (lLength < 1) return KEST_BAD_LENGTH;
-    DropReadAhead();
+    if (DropReadAhead() < 0) return KEST_WRITE_FAILED;
 
-    if (iWholeObjects > 0 && lLength < transferBytes && cTransfer.Reserve(transferBytes)) {
+    if (bWholeObject && lLength < transferBytes && cTransfer.Reserve(transferBytes)) {
         if (lTransferUsed + lLength > transferBytes) {
             const int flushed = Flush();
             if (flushed < 0) return flushed;
@@ -116,27 +119,32 @@ int CcFileObjectStorage::Write(void* pBuffer, long lLength) {
 int CcFileObjectStorage::SetPos(long lPosition) {
     if (!bIsOpen) return KEST_NOT_OPEN;
     if (lPosition != 0) return KEST_BAD_LENGTH;
-    Flush();
-    DropReadAhead();
-    return SetFilePointer(hFile, 0, nullptr, FILE_BEGIN) == 0 ? KEST_AT_START : KEST_OK;
+    const int flushed = Flush();
+    const DWORD position = SetFilePointer(hFile, 0, nullptr, FILE_BEGIN);
+    if (position == INVALID_SET_FILE_POINTER) return KEST_FAILED;
+    lTransferUsed = lTransferTaken = 0;
+    if (flushed < 0) return flushed;
+    return position == 0 ? KEST_AT_START : KEST_OK;
 }
 
 int CcFileObjectStorage::GetPos() {
     if (!bIsOpen) return KEST_NOT_OPEN;
     const long inBlock = bTransferWrites ? lTransferUsed : lTransferTaken - lTransferUsed;
-    return static_cast<int>(SetFilePointer(hFile, 0, nullptr, FILE_CURRENT)) + static_cast<int>(inBlock);
+    const DWORD position = SetFilePointer(hFile, 0, nullptr, FILE_CURRENT);
+    if (position == INVALID_SET_FILE_POINTER) return KEST_FAILED;
+    return static_cast<int>(position) + static_cast<int>(inBlock);
 }
 
 void CcFileObjectStorage::BeginWholeObject() {
-    if (iWholeObjects++ == 0) bTransferFailed = false;
+    bWholeObject = true;
+    bTransferFailed = false;
 }
 
 int CcFileObjectStorage::EndWholeObject() {
-    if (--iWholeObjects > 0 || !bIsOpen) return KEST_OK;
-    DropReadAhead();
+    bWholeObject = false;
     Flush();
     // What was lost on the way counts, even when a later write went well.
-    return bTransferFailed ? KEST_WRITE_FAILED : KEST_OK;
+    return bTransferFailed ? KEST_WRITE_FAILED : DropReadAhead();
 }
 
 int CcFileObjectStorage::WriteNow(const void* pBytes, long lLength) {
@@ -154,14 +162,16 @@ int CcFileObjectStorage::Flush() {
     return written;
 }
 
-/// Sets the file's position back to the first byte that was read ahead and not handed out.
-void CcFileObjectStorage::DropReadAhead() {
-    if (bTransferWrites) return;
+/// Sets the file's position back to the first byte that was read ahead and not handed out. Where that fails the bytes
+/// stay in the block, for the next read to begin with.
+int CcFileObjectStorage::DropReadAhead() {
+    if (bTransferWrites) return KEST_OK;
     if (lTransferTaken < lTransferUsed) {
         // Files may be longer than 32 bits tell.
         LARGE_INTEGER back;
         back.QuadPart = lTransferTaken - lTransferUsed;
-        SetFilePointerEx(hFile, back, nullptr, FILE_CURRENT);
+        if (!SetFilePointerEx(hFile, back, nullptr, FILE_CURRENT)) return KEST_READ_FAILED;
     }
     lTransferUsed = lTransferTaken = 0;
+    return KEST_OK;
 }

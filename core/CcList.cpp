@@ -8,7 +8,9 @@
 #include "CcPropertyBag.h"
 #include "core/ClassName.h"
 #include "core/Messages.h"
+#include "core/ObjectFactory.h"
 #include "core/kernel/CheckedSize.h"
+#include "core/kernel/Results.h"
 
 namespace {
 
@@ -77,8 +79,9 @@ int CcList::Load(CcObjectStorage* pStorage) {
     for (int i = 0; i < count; ++i) {
         CcHLObject* member = nullptr;
         if (pStorage->GetNextObject(&member) < 0) return KEST_FAILED;
-        if (InsertTail(member) < 0) {
-            delete member;
+        const bool isRefused = iLoadedType != KEST_TYPE_NONE && member->GetType() != iLoadedType;
+        if (isRefused || InsertTail(member) < 0) {
+            kest::DeleteMade(member);
             return KEST_FAILED;
         }
     }
@@ -92,11 +95,11 @@ int CcList::Store(CcObjectStorage* pStorage) {
     if (!pStorage) return KEST_FAILED;
     {
         CcPropertyBag bag;
-        bag.PutInt("CcList::iCurrentObject", iCurrentObject);
-        bag.PutInt("CcList::iNumberOfObjects", iNumberOfObjects);
-        bag.PutInt("CcList::iSelectedObject", iSelectedObject);
-        bag.PutInt("CcList::iDistructorFlag", iDistructorFlag);
-        if (pStorage->PutObject(&bag) < 0) return KEST_FAILED;
+        const bool isComplete = kest::AllSucceeded({bag.PutInt("CcList::iCurrentObject", iCurrentObject),
+                                                    bag.PutInt("CcList::iNumberOfObjects", iNumberOfObjects),
+                                                    bag.PutInt("CcList::iSelectedObject", iSelectedObject),
+                                                    bag.PutInt("CcList::iDistructorFlag", iDistructorFlag)});
+        if (!isComplete || pStorage->PutObject(&bag) < 0) return KEST_FAILED;
     }
     for (int i = 0; i < iNumberOfObjects; ++i)
         if (pStorage->PutObject(pObjectArray[i]) < 0) return KEST_FAILED;
@@ -244,9 +247,9 @@ bool CcList::MakeRoom() { return iNumberOfObjects + 1 < iArraySize || MakeArrayL
 int CcList::MakeArrayLarger() {
     const kest::Size64 slots = kest::Size64{iArraySize} + iArrayIncrement;
     KestGlobalBlock larger;
-    // An increment that adds nothing is refused like a block that cannot be had.
-    const auto allocated =
-        slots > iNumberOfObjects ? larger.AllocateLocked(SlotBytes(slots)) : KestGlobalBlock::NotAllocated;
+    // An increment that adds nothing to slots that are all in use is refused like a block that cannot be had.
+    const bool isEnough = slots > iNumberOfObjects || slots == 0;
+    const auto allocated = isEnough ? larger.AllocateLocked(SlotBytes(slots)) : KestGlobalBlock::NotAllocated;
     if (allocated == KestGlobalBlock::NotAllocated) {
         kest::ShowMessage("Can't Increase Memory for List Object", memoryError);
         return KEST_FAILED;

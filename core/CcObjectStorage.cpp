@@ -3,24 +3,13 @@
 #include "CcObjectStorage.h"
 
 #include "CcFileObjectStorage.h"
-#include "CcList.h"
+#include "core/ExactClass.h"
 #include "core/ObjectFactory.h"
+#include "core/StreamCall.h"
 #include "core/kernel/ObjectRecord.h"
 #include "core/kernel/TextField.h"
 
 namespace {
-
-/// How deep records may be nested in one another; a stream that goes deeper must not exhaust the stack.
-constexpr int deepestNesting = 100;
-int nesting = 0;
-
-struct NestingLevel {
-    NestingLevel() { ++nesting; }
-    ~NestingLevel() { --nesting; }
-    NestingLevel(const NestingLevel&) = delete;
-    NestingLevel& operator=(const NestingLevel&) = delete;
-    static bool TooDeep() { return nesting > deepestNesting; }
-};
 
 template <class Record>
 int NameRecord(CcHLObject& object, Record& record) {
@@ -28,19 +17,6 @@ int NameRecord(CcHLObject& object, Record& record) {
     if (object.GetClassNameA(record.szClassName, sizeof record.szClassName) < 0) return KEST_FAILED;
     if (object.GetObjectName(record.szObjectName, sizeof record.szObjectName) < 0) return KEST_FAILED;
     return KEST_OK;
-}
-
-/// Deletes an object whose record broke off, and what it had loaded: the members of a list become the list's own only
-/// when it is complete.
-void DeleteIncomplete(CcHLObject* object) {
-    const auto ownMembers = [](auto& self, CcHLObject* member) -> void {
-        auto* list = dynamic_cast<CcList*>(member);
-        if (!list) return;
-        list->SetDestructionType(1);
-        for (int i = 0; i < list->GetNumberOfObjects(); ++i) self(self, list->GetAtIndex(i));
-    };
-    ownMembers(ownMembers, object);
-    delete object;
 }
 
 constexpr int ZeroOrNegative(int result) { return result < 0 ? result : KEST_OK; }
@@ -59,22 +35,30 @@ int CcObjectStorage::GetPos() { return KEST_FAILED; }
 
 int CcObjectStorage::PutObject(CcHLObject* pObject) {
     if (!pObject) return KEST_NULL_ARGUMENT;
-    auto* file = dynamic_cast<CcFileObjectStorage*>(this);
+    const kest::StreamCall call(*this);
+    if (!call.IsKnown()) return KEST_NO_MEMORY;
+    if (call.IsTooDeep()) return KEST_FAILED;
+    CcFileObjectStorage* file = call.IsOutermost() ? GatheringFile() : nullptr;
     if (file) file->BeginWholeObject();
-    const int put = PutRecord(*pObject);
+    const int put = PutRecord(*pObject, file);
     const int ended = file ? file->EndWholeObject() : KEST_OK;
     // What could not be written had been handed over before the object itself failed.
     return ended < 0 ? ended : put;
 }
 
-int CcObjectStorage::PutRecord(CcHLObject& object) {
-    const NestingLevel level;
-    if (level.TooDeep()) return KEST_FAILED;
+/// This stream, when it is a file that may transfer the bytes of an object together: a derived class can have a way of
+/// its own for each of them.
+CcFileObjectStorage* CcObjectStorage::GatheringFile() {
+    return kest::IsExactly<CcFileObjectStorage>(*this) ? static_cast<CcFileObjectStorage*>(this) : nullptr;
+}
 
+int CcObjectStorage::PutRecord(CcHLObject& object, CcFileObjectStorage* outermostFile) {
     tagOST_OBJECTHEADER header;
     int result = NameRecord(object, header);
     if (result < 0) return result;
     result = WriteObjectHeader(&header);
+    // Nothing is asked of an object for a file that takes no bytes.
+    if (result >= 0 && outermostFile) result = outermostFile->Flush();
     if (result < 0) return result;
 
     result = object.Store(this);
@@ -88,48 +72,43 @@ int CcObjectStorage::PutRecord(CcHLObject& object) {
 
 int CcObjectStorage::GetNextObject(CcHLObject* pObject) {
     if (!pObject) return KEST_NULL_ARGUMENT;
-    auto* file = dynamic_cast<CcFileObjectStorage*>(this);
-    if (file) file->BeginWholeObject();
-
-    tagOST_OBJECTHEADER header;
-    int result = ReadCheckedHeader(header);
-    if (result >= 0) {
+    return GetRecord([&](const tagOST_OBJECTHEADER& header) -> int {
         char ownClass[sizeof header.szClassName] = {};
-        if (pObject->GetClassNameA(ownClass, sizeof ownClass) < 0)
-            result = KEST_FAILED;
-        else if (!kest::FieldEquals(header.szClassName, sizeof header.szClassName, ownClass))
-            result = KEST_MISMATCH;
-        else
-            result = LoadBody(*pObject, header);
-    }
-
-    if (file) file->EndWholeObject();
-    return result;
+        if (pObject->GetClassNameA(ownClass, sizeof ownClass) < 0) return KEST_FAILED;
+        if (!kest::FieldEquals(header.szClassName, sizeof header.szClassName, ownClass)) return KEST_MISMATCH;
+        return LoadBody(*pObject, header);
+    });
 }
 
 int CcObjectStorage::GetNextObject(CcHLObject** ppObject) {
     if (!ppObject) return KEST_NULL_ARGUMENT;
-    auto* file = dynamic_cast<CcFileObjectStorage*>(this);
-    if (file) file->BeginWholeObject();
-
-    tagOST_OBJECTHEADER header;
     CcHLObject* made = nullptr;
-    int result = ReadCheckedHeader(header);
-    if (result >= 0) {
+    const int result = GetRecord([&](const tagOST_OBJECTHEADER& header) {
         char className[sizeof header.szClassName + 1];
         kest::CopyField(className, header.szClassName, sizeof header.szClassName);
-        result = CreateObject(className, &made);
-    }
-    if (result >= 0) {
-        result = LoadBody(*made, header);
-        if (result >= 0)
-            *ppObject = made;
-        else
-            DeleteIncomplete(made);
-    }
-
-    if (file) file->EndWholeObject();
+        const int created = CreateObject(className, &made);
+        return created < 0 ? created : LoadBody(*made, header);
+    });
+    if (result >= 0)
+        *ppObject = made;
+    else
+        kest::DeleteMade(made);
     return result;
+}
+
+/// Reads a header and what `loadBehind` reads behind it.
+template <class LoadBehind>
+int CcObjectStorage::GetRecord(LoadBehind loadBehind) {
+    const kest::StreamCall call(*this);
+    if (!call.IsKnown()) return KEST_NO_MEMORY;
+    if (call.IsTooDeep()) return KEST_FAILED;
+    CcFileObjectStorage* file = call.IsOutermost() ? GatheringFile() : nullptr;
+    if (file) file->BeginWholeObject();
+    tagOST_OBJECTHEADER header;
+    int result = ReadCheckedHeader(header);
+    if (result >= 0) result = loadBehind(header);
+    const int ended = file ? file->EndWholeObject() : KEST_OK;
+    return result < 0 ? result : ended;
 }
 
 int CcObjectStorage::ReadCheckedHeader(tagOST_OBJECTHEADER& header) {
@@ -139,9 +118,6 @@ int CcObjectStorage::ReadCheckedHeader(tagOST_OBJECTHEADER& header) {
 }
 
 int CcObjectStorage::LoadBody(CcHLObject& object, const tagOST_OBJECTHEADER& header) {
-    const NestingLevel level;
-    if (level.TooDeep()) return KEST_FAILED;
-
     char objectName[sizeof header.szObjectName + 1];
     kest::CopyField(objectName, header.szObjectName, sizeof header.szObjectName);
     int result = object.SetObjectName(objectName);
@@ -170,7 +146,11 @@ int CcObjectStorage::ReadObjectData(void* pBuffer, long lLength) {
 
 int CcObjectStorage::WriteObjectData(const void* pBuffer, long lLength) {
     if (!pBuffer) return KEST_NULL_ARGUMENT;
-    return ZeroOrNegative(Write(const_cast<void*>(pBuffer), lLength));
+    kest::RunningStreamCall* call = kest::RunningCallOn(*this);
+    if (call && call->firstLost < 0) return call->firstLost;
+    const int result = ZeroOrNegative(Write(const_cast<void*>(pBuffer), lLength));
+    if (call && lLength > 0) call->firstLost = result;
+    return result;
 }
 
 int CcObjectStorage::ReadObjectHeader(tagOST_OBJECTHEADER* pHeader) { return ReadObjectData(pHeader, sizeof *pHeader); }

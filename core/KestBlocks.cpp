@@ -22,7 +22,8 @@ KestGlobalBlock::~KestGlobalBlock() { Release(); }
 
 KestGlobalBlock::AllocateResult KestGlobalBlock::AllocateLocked(long long llBytes) {
     Release();
-    if (!kest::IsBlockSize(llBytes)) return NotAllocated;
+    // The system makes a block of no bytes, but does not lock it.
+    if (llBytes != 0 && !kest::IsBlockSize(llBytes)) return NotAllocated;
     hBlock = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<SIZE_T>(llBytes));
     if (!hBlock) return NotAllocated;
     pLocked = GlobalLock(hBlock);

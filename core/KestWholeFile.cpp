@@ -9,40 +9,50 @@
 
 namespace {
 
-/// Whether there is a file at the path, and what may be done with it.
-enum class Present { Nothing, PlainFile, InPlaceOnly, Refused };
+BY_HANDLE_FILE_INFORMATION InformationOf(HANDLE file) {
+    BY_HANDLE_FILE_INFORMATION found = {};
+    if (!GetFileInformationByHandle(file, &found)) found.nNumberOfLinks = 1;
+    return found;
+}
 
-Present WhatIsAt(const char* path, DWORD sharing) {
-    const kest::FileHandle file(kest::OpenToWrite(path, OPEN_EXISTING, sharing));
-    if (!file.IsOpen()) {
-        const DWORD error = GetLastError();
-        return error == ERROR_FILE_NOT_FOUND ? Present::Nothing : Present::Refused;
-    }
-    BY_HANDLE_FILE_INFORMATION found;
-    if (GetFileType(file) != FILE_TYPE_DISK || !GetFileInformationByHandle(file, &found)) return Present::InPlaceOnly;
-    // A file with several names, or one that a link leads to, stays the file that it is.
+/// Some systems open a read-only file for writing all the same.
+bool IsReadOnly(HANDLE file) { return (InformationOf(file).dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0; }
+
+bool IsOnDisk(HANDLE file) { return GetFileType(file) == FILE_TYPE_DISK; }
+
+/// A device, and a file that others find under another name, stays the one that it is.
+bool IsReplaceable(HANDLE file, const char* path) {
     const DWORD attributes = GetFileAttributesA(path);
-    const bool isLinked = found.nNumberOfLinks > 1 || attributes == INVALID_FILE_ATTRIBUTES ||
-                          (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    return isLinked ? Present::InPlaceOnly : Present::PlainFile;
+    return IsOnDisk(file) && InformationOf(file).nNumberOfLinks == 1 && attributes != INVALID_FILE_ATTRIBUTES &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+}
+
+/// False for a file that somebody holds open who does not let it go.
+bool CanBeMoved(const char* path) {
+    return kest::FileHandle(CreateFileA(path, DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr))
+        .IsOpen();
 }
 
 }  // namespace
 
 KestWholeFile::KestWholeFile(const char* pszPath, unsigned long ulSharing) : szPath{}, szNewPath{} {
     if (!pszPath || !kest::CopyIfFits(szPath, pszPath)) return;
-    const Present present = WhatIsAt(szPath, ulSharing);
-    if (present == Present::Refused) return;
-    if (present == Present::InPlaceOnly || !OpenNew()) {
-        szNewPath[0] = 0;
-        hFile = kest::OpenToWrite(szPath, OPEN_ALWAYS, ulSharing);
-    }
+    // Opened even when it will be replaced: what cannot be written to is not replaced either.
+    const HANDLE old = kest::OpenToWrite(szPath, OPEN_EXISTING, ulSharing);
+    bOldFile = old != INVALID_HANDLE_VALUE;
+    if (!bOldFile && GetLastError() != ERROR_FILE_NOT_FOUND) return;
+    const bool isRefused = bOldFile && IsReadOnly(old);
+    const bool isNew = !isRefused && (!bOldFile || IsReplaceable(old, szPath)) && OpenNew();
+    if (!bOldFile && !isNew) hFile = kest::OpenToWrite(szPath, CREATE_NEW, ulSharing);
+    if (bOldFile && (isNew || isRefused)) CloseHandle(old);
+    if (bOldFile && !isNew && !isRefused) hFile = old;
     if (hFile != INVALID_HANDLE_VALUE) eResult = Writing;
 }
 
 KestWholeFile::~KestWholeFile() { Abandon(); }
 
-/// Makes a file with a name of its own in the folder of the path.
+/// Makes a file with a name of its own in the folder of the path. False, and no such name, when that cannot be.
 bool KestWholeFile::OpenNew() {
     const kest::PathParts parts = kest::SplitPath(szPath);
     const auto length = [](std::string_view text) { return static_cast<int>(text.size()); };
@@ -50,11 +60,12 @@ bool KestWholeFile::OpenNew() {
         const int needed = std::snprintf(szNewPath, sizeof szNewPath, "%.*s%.*s~kest%u%.*s", length(parts.drive),
                                          parts.drive.data(), length(parts.directory), parts.directory.data(), number,
                                          length(parts.extension), parts.extension.data());
-        if (needed < 0 || needed >= static_cast<int>(sizeof szNewPath)) return false;
+        if (needed < 0 || needed >= static_cast<int>(sizeof szNewPath)) break;
         hFile = kest::OpenToWrite(szNewPath, CREATE_NEW, 0);
         if (hFile != INVALID_HANDLE_VALUE) return true;
-        if (GetLastError() != ERROR_FILE_EXISTS) return false;
+        if (GetLastError() != ERROR_FILE_EXISTS) break;
     }
+    szNewPath[0] = 0;
     return false;
 }
 
@@ -75,7 +86,7 @@ const char* KestWholeFile::LendPath() {
 bool KestWholeFile::CloseNew() {
     if (hFile == INVALID_HANDLE_VALUE) return true;
     // A file that is written in place can be longer than what was written now.
-    const bool isCut = SetEndOfFile(hFile) != FALSE;
+    const bool isCut = !IsOnDisk(hFile) || SetEndOfFile(hFile);
     const bool isClosed = CloseHandle(hFile) != FALSE;
     hFile = INVALID_HANDLE_VALUE;
     return isCut && isClosed;
@@ -87,14 +98,29 @@ int KestWholeFile::Replace() {
         Abandon();
         return KEST_FAILED;
     }
-    // ReplaceFile keeps what belongs to the old file (attributes, permissions); it needs one.
-    if (szNewPath[0] == 0 || ReplaceFileA(szPath, szNewPath, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) ||
-        MoveFileExA(szNewPath, szPath, MOVEFILE_REPLACE_EXISTING) || CopyIntoPlace()) {
+    bool isInPlace = szNewPath[0] == 0 || MoveIntoPlace();
+    if (!isInPlace && CopyIntoPlace()) {
+        isInPlace = true;
+        DeleteFileA(szNewPath);
+    }
+    if (isInPlace) {
         eResult = Replaced;
         return KEST_OK;
     }
+    // A replacing that broke off can have taken the old file away; then the new one is all there is.
+    if (bOldFile && GetFileAttributesA(szPath) == INVALID_FILE_ATTRIBUTES) szNewPath[0] = 0;
     Abandon();
     return KEST_FAILED;
+}
+
+bool KestWholeFile::MoveIntoPlace() {
+    if (bOldFile) {
+        // Asked before, since a replacing that fails can leave files behind.
+        if (!CanBeMoved(szPath)) return false;
+        // It keeps what belongs to the old file (attributes, permissions).
+        if (ReplaceFileA(szPath, szNewPath, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) return true;
+    }
+    return MoveFileExA(szNewPath, szPath, MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 
 /// For a file that others hold open. Its space is taken before its first byte changes.
@@ -118,10 +144,7 @@ bool KestWholeFile::CopyIntoPlace() {
     }
     isCopied = isCopied && SetEndOfFile(to);
     // What is whole stays: beside a file that is half the old one and half the new one, the new one is all there is.
-    if (!isCopied)
-        szNewPath[0] = 0;
-    else
-        DeleteFileA(szNewPath);
+    if (!isCopied) szNewPath[0] = 0;
     return isCopied;
 }
 

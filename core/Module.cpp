@@ -7,6 +7,8 @@
 
 #include "core/Module.h"
 
+#include "core/StreamCall.h"
+
 namespace kest {
 namespace {
 HINSTANCE libraryModule = nullptr;
@@ -21,13 +23,17 @@ static AFX_EXTENSION_MODULE extensionModule;
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         kest::libraryModule = module;
+        if (!kest::BeginStreamCalls()) return FALSE;
 #if defined(KEST_WITH_MFC)
         if (!AfxInitExtensionModule(extensionModule, module)) return FALSE;
         new CDynLinkLibrary(extensionModule);
 #endif
     }
+    if (reason == DLL_PROCESS_DETACH) {
+        kest::EndStreamCalls();
 #if defined(KEST_WITH_MFC)
-    if (reason == DLL_PROCESS_DETACH) AfxTermExtensionModule(extensionModule);
+        AfxTermExtensionModule(extensionModule);
 #endif
+    }
     return TRUE;
 }

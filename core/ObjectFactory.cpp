@@ -77,4 +77,13 @@ int MakeObject(const char* className, CcHLObject*& made) {
     return KEST_FAILED;
 }
 
+void DeleteMade(CcHLObject* object) {
+    // Only the classes above can be met here, so the type code tells a list.
+    if (object && object->GetType() == KEST_TYPE_LIST) {
+        auto& list = *static_cast<CcList*>(object);
+        while (list.GetNumberOfObjects() > 0) DeleteMade(list.TakeOut(list.GetNumberOfObjects() - 1));
+    }
+    delete object;
+}
+
 }  // namespace kest

@@ -9,4 +9,8 @@ namespace kest {
 /// (KEST_NO_MEMORY).
 int MakeObject(const char* className, CcHLObject*& made);
 
+/// Deletes an object that MakeObject made, and all that it has loaded since: the members of a list, and of lists in it,
+/// whatever destruction type the stream gave them. Null is fine.
+void DeleteMade(CcHLObject* object);
+
 }  // namespace kest

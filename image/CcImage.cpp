@@ -64,6 +64,8 @@ CcImage::~CcImage() { cListROI.SetDestructionType(1); }
 
 int CcImage::Load(CcObjectStorage* pStorage) {
     if (!pStorage) return KEST_FAILED;
+    // Hosts use the members as ROIs without asking.
+    cListROI.iLoadedType = KEST_TYPE_ROI;
     const int result = pStorage->GetNextObject(&cListROI);
     // Whatever type the record bears, the ROIs that were loaded are the image's.
     cListROI.SetDestructionType(1);

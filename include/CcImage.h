@@ -60,7 +60,7 @@ public:
     // Virtual operations in slot order
     /// Deletes the ROIs of the list, whatever its destruction type was set to; does not release the calibration link.
     ~CcImage() override;                                                                            // slot 0
-    /// Reads the ROI list.
+    /// Reads the ROI list. -1 when a read fails or a member is no ROI; the ROIs before it stay in the list.
     int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
     /// Writes the ROI list.
     int Store(CcObjectStorage* pStorage) override;                                                  // slot 2

@@ -22,7 +22,8 @@ public:
 
     ~CcList() override;                                         // slot 0
     /// Empties the list, then reads the members that Store wrote; they are the list's own only if the stored
-    /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list.
+    /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list. (That of an image
+    /// refuses members that are no ROI.)
     int Load(CcObjectStorage* pStorage) override;               // slot 1
     /// Writes a bag with the list's four numbers, then each member's record. -1 on the first failure.
     int Store(CcObjectStorage* pStorage) override;              // slot 2
@@ -93,6 +94,7 @@ protected:
     KestGlobalBlock hObjectArray;  ///< the block behind them
 
 private:
+    friend class CcImage;
     void MakeFirstArray();
     bool IsMember(int iIndex) const;
     CcHLObject* MoveTo(int iIndex);
@@ -102,4 +104,5 @@ private:
     bool DeletesMembers() const { return iDistructorFlag == 1 && bOwnsMembers; }
 
     KestOwnership bOwnsMembers;
+    int iLoadedType = KEST_TYPE_NONE;  // Load takes only members of this type code; KEST_TYPE_NONE: of any
 };

@@ -18,10 +18,12 @@ public:
     KestDragDc& operator=(const KestDragDc&) { return *this; }
 
     /// Gets the window's device context for a rubber band: drawing the same outline twice erases it. What is held is
-    /// released first.
-    void Take(HWND hNewWindow);
+    /// released first. False, and nothing held, when there is none to be had.
+    bool Take(HWND hNewWindow);
     /// Gives the device context back to its window.
     void Release();
+    /// True while a device context is held whose window is there.
+    bool IsUsable() const { return hDC && (!hWindow || IsWindow(hWindow)); }
     /// Null while nothing is held.
     operator HDC() const { return hDC; }
 
@@ -75,22 +77,29 @@ public:
     // Virtual operations in slot order; the base versions of slots 6 to 22 do nothing and return -1, null or 0.
     ~CcRoiBase() override;                                                                          // slot 0
     // slots 1 to 5: Load, Store, GetClassNameA, GetObjectName, SetObjectName, inherited
-    /// Writes the ROI to a file of its own. -1 when it cannot be created; write errors are not checked.
+    /// Writes the ROI to a file of its own, not shared meanwhile. -1 when it cannot be created, or is open elsewhere. What
+    /// the disk does not take is told in a message, not by the result, which is 0; an old file is then as it was.
     virtual int Save(const char* pszFileName);                                                      // slot 6
-    /// Reads such a file. -1, with nothing changed, when it cannot be read or is not a ROI of this class.
+    /// Reads such a file. -1, with nothing changed, when it cannot be read, is not a ROI of this class, or memory is short;
+    /// and for the file of an outline without points, if this one has some.
     virtual int Restore(const char* pszFileName);                                                   // slot 7
     /// Copies the class's coordinate record in.
     virtual int SetRoiImageCord(void* pRecord);                                                     // slot 8
     /// The ROI's own coordinate record.
     virtual void* GetRoiImageCord();                                                                // slot 9
     /// Begins drawing, moving or resizing at the mouse position (client pixels) and captures the mouse. -1 for a mode
-    /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points.
+    /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points. -1 as well,
+    /// with the mouse left alone, when the window has no device context to draw in.
     virtual int StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                                POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom);  // slot 10
-    /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon.
+    /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon. -1 when no drag runs, or its window has gone; the drag
+    /// has then ended, and the mouse is free.
     virtual int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                             POINT stMouse, int iAddVertex);                                         // slot 11
-    /// Ends the drag and releases the mouse. The application then draws the ROI with ShowROI.
+    /// Ends the drag and releases the mouse; -1 as DoMouseDrag. The application then draws the ROI with ShowROI. A rectangle
+    /// that is drawn (mode 2) keeps the sides that the last DoMouseDrag gave it; one of them that lies at the mouse goes a
+    /// pixel further right or down, so that a click gives a rectangle and not nothing. A rectangle released where it was
+    /// last drawn is therefore one pixel larger than what was seen. The other shapes end at the mouse.
     virtual int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                               POINT stMouse);                                                       // slot 12
     /// The bounding rectangle (top above bottom), without preparing queries; a line's is from its start (left, top) to its

@@ -11,7 +11,9 @@
 /// are made anew by class name (which advances the class's naming counter). Members that are no ROIs are left out of the
 /// history; they stay, behind the ROIs.
 ///
-/// Results: 0, or -1 when there is nothing to undo or redo, or memory is short (the list is then as it was).
+/// Results: 0, or -1 when there is nothing to undo or redo, or a ROI could not be stored or restored, as when memory is
+/// short. The list, its ROIs and the history are then as they were; only of a ROI class that a host made, with a type code
+/// of its own, the record is what its Load left.
 class KEST_API CcRoiHistory {
 public:
     /// The list stays the caller's; its destruction type says whether ROIs that an undo takes out are deleted.
@@ -42,7 +44,9 @@ private:
 
     Snapshot* Take() const;
     int GoTo(Snapshot*& from, Snapshot*& other);
-    bool Restore(const Snapshot& snapshot);
+    bool Restore(Snapshot& snapshot);
+    bool Prepare(Snapshot& snapshot) const;
+    void Arrange(Snapshot& snapshot);
     void RenameInAll(const CcHLObject* pOld, CcHLObject* pNew);
 
     CcList* pList;

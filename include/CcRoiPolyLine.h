@@ -18,7 +18,8 @@ public:
     int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
     int Save(const char* pszFileName) override;                                                     // slot 6
     int Restore(const char* pszFileName) override;                                                  // slot 7
-    /// `pRecord` is a PixelGroupTag, of which the points are copied. -1 for null, a count below 1, or without memory.
+    /// `pRecord` is a PixelGroupTag, of which the points are copied. -1 for null, a count below 1, or without memory, in
+    /// which case the outline has no points left.
     int SetRoiImageCord(void* pRecord) override;                                                    // slot 8
     /// A PixelGroupTag. Its points may be moved in place; the next GetBoundingRect sees it.
     void* GetRoiImageCord() override;                                                               // slot 9
@@ -45,7 +46,7 @@ public:
     int IsRoiAGraphicObject() override;                                                             // slot 22
 
     /// Writes the outline's pixels as text, a line each: index, x and y, separated by tabs. 0 also when the file cannot
-    /// be opened.
+    /// be opened; -1, after a message and with an old file as it was, when the disk does not take it.
     int PrintPerimiterPointsToFile(const char* pszFileName);
 
     static int iPLineROICount;  ///< polylines named so far

@@ -29,7 +29,7 @@ public:
     };
 
     /// Makes the new file. A null path, or one that is too long (over 259 characters), is NotCreated; so is one at which
-    /// there is a file that cannot be opened for writing with `ulSharing` (what other handles on it may do: FILE_SHARE_READ
+    /// there is a read-only file, or one that cannot be opened for writing with `ulSharing` (what other handles on it may do: FILE_SHARE_READ
     /// and FILE_SHARE_WRITE, or 0).
     explicit KestWholeFile(const char* pszPath, unsigned long ulSharing = FILE_SHARE_READ | FILE_SHARE_WRITE);
     /// What was not put in place by Replace is deleted.
@@ -45,7 +45,9 @@ public:
     /// file is written in place; null when it was not created.
     const char* LendPath();
 
-    /// Puts the new file in the old one's place. KEST_OK, or KEST_FAILED with the old file as it was.
+    /// Puts the new file in the old one's place. KEST_OK, or KEST_FAILED with the old file as it was. Should the system
+    /// break off in the middle, so that the old file is gone or half overwritten, the new one stays beside it ("~kest1"
+    /// and so on, with the extension of the path).
     int Replace();
 
     /// Gives up: nothing is replaced, and the result is NotWritten.
@@ -56,10 +58,12 @@ public:
 private:
     bool OpenNew();
     bool CloseNew();
+    bool MoveIntoPlace();
     bool CopyIntoPlace();
 
     char szPath[KEST_NAME_SIZE];     ///< the file to replace
     char szNewPath[KEST_NAME_SIZE];  ///< the new file; empty: written in place
+    bool bOldFile = false;           ///< there was a file at the path
     HANDLE hFile = INVALID_HANDLE_VALUE;
     Result eResult = NotCreated;
 };

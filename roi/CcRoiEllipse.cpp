@@ -58,7 +58,7 @@ CcRoiEllipse::CcRoiEllipse()
     std::snprintf(szObjectName, sizeof szObjectName, "Ellipse.%d", ++iEllipseROICount);
 }
 
-CcRoiEllipse::~CcRoiEllipse() { Members::Abandon(*this); }
+CcRoiEllipse::~CcRoiEllipse() { kest::AbandonDrag(hDragDC, iDragMode); }
 
 #define ROI_CLASS CcRoiEllipse
 #include "roi/ShapeOverrides.inl"

@@ -3,10 +3,12 @@
 
 #include <cstring>
 #include <initializer_list>
+#include <utility>
 
 #include "CcMemObjectStorage.h"
 #include "core/ObjectFactory.h"
 #include "core/kernel/TextField.h"
+#include "roi/KeptRoi.h"
 
 namespace {
 
@@ -32,6 +34,10 @@ struct RoiState : KestHeapObject {
         target.SetSelected(isSelected);
         return true;
     }
+
+    // While the list is brought to this state:
+    CcRoiBase* made = nullptr;  ///< the ROI made anew, where the list has it no more
+    kest::KeptRoi before;       ///< what the ROI held, where the list has it
 };
 
 void DeleteStates(RoiState* states) {
@@ -42,7 +48,50 @@ void DeleteStates(RoiState* states) {
     }
 }
 
-CcRoiBase* AsRoi(CcHLObject* object) { return dynamic_cast<CcRoiBase*>(object); }
+CcRoiBase* AsRoi(CcHLObject* object) {
+    return object && object->GetType() == KEST_TYPE_ROI ? static_cast<CcRoiBase*>(object) : nullptr;
+}
+
+int IndexOf(CcList& list, const CcHLObject* wanted) {
+    for (int i = 0; i < list.GetNumberOfObjects(); ++i)
+        if (list.GetAtIndex(i) == wanted) return i;
+    return -1;
+}
+
+/// Whether the list still holds the ROI, and not another one at its address.
+bool IsThere(CcList& list, const RoiState& state) {
+    const int index = IndexOf(list, state.roi);
+    char className[sizeof state.className] = {};
+    return index >= 0 && list.GetAtIndex(index)->GetClassNameA(className, sizeof className) == KEST_OK &&
+           std::strcmp(className, state.className) == 0;
+}
+
+/// Makes the ROI of a state anew, outside of the list.
+bool MakeAnew(RoiState& state) {
+    CcHLObject* created = nullptr;
+    if (kest::MakeObject(state.className, created) < 0) return false;
+    state.made = AsRoi(created);
+    if (!state.made) delete created;
+    return state.made && state.PutBack(*state.made);
+}
+
+/// Makes sure that as many inserts do not need memory.
+bool MakeRoom(CcList& list, int inserts) {
+    int made = 0;
+    while (made < inserts && list.InsertTail(nullptr) == KEST_OK) ++made;
+    for (int i = 0; i < made; ++i) list.TakeOut(list.GetNumberOfObjects() - 1);
+    return made == inserts;
+}
+
+void Place(CcList& list, CcHLObject* roi, int place) {
+    const int index = IndexOf(list, roi);
+    if (index == place) return;
+    if (index >= 0) list.TakeOut(index);
+    if (place < list.GetNumberOfObjects())
+        list.InsertAtIndex(roi, place);
+    else
+        list.InsertTail(roi);
+}
 
 }  // namespace
 
@@ -123,10 +172,7 @@ int CcRoiHistory::Cancel() {
 }
 
 int CcRoiHistory::GoTo(Snapshot*& from, Snapshot*& other) {
-    if (!from) return KEST_FAILED;
-    DeleteAll(pRedoBefore);
-    bCanCancel = false;
-    Snapshot* present = Take();
+    Snapshot* present = from ? Take() : nullptr;
     if (!present) return KEST_FAILED;
     Push(other, present);
     if (!Restore(*from)) {
@@ -137,6 +183,8 @@ int CcRoiHistory::GoTo(Snapshot*& from, Snapshot*& other) {
     Snapshot* done = from;
     from = done->next;
     delete done;
+    DeleteAll(pRedoBefore);
+    bCanCancel = false;
     return KEST_OK;
 }
 
@@ -161,33 +209,43 @@ CcRoiHistory::Snapshot* CcRoiHistory::Take() const {
     return nullptr;
 }
 
-/// Makes what is missing first, so that a failure leaves the list as it was; then takes out the ROIs that were not there,
-/// puts the others in their old order and restores them.
-bool CcRoiHistory::Restore(const Snapshot& snapshot) {
-    const auto indexOf = [this](const CcHLObject* wanted) {
-        for (int i = 0; i < pList->GetNumberOfObjects(); ++i)
-            if (pList->GetAtIndex(i) == wanted) return i;
-        return -1;
-    };
-    CcList made(64, 64);
-    made.SetDestructionType(1);
-    for (RoiState* state = snapshot.states; state; state = state->next) {
-        CcHLObject* roi = state->roi;
-        char className[sizeof state->className] = {};
-        const bool isThere = indexOf(roi) >= 0 && roi->GetClassNameA(className, sizeof className) == KEST_OK &&
-                             std::strcmp(className, state->className) == 0;
-        if (isThere) continue;
-        CcHLObject* created = nullptr;
-        if (kest::MakeObject(state->className, created) < 0) return false;
-        CcRoiBase* createdRoi = AsRoi(created);
-        if (!createdRoi || !state->PutBack(*createdRoi) || made.InsertTail(created) < 0) {
-            delete created;
-            return false;
-        }
-        RenameInAll(roi, created);
+/// All that may fail comes first; when it does, the list and its ROIs are as they were.
+bool CcRoiHistory::Restore(Snapshot& snapshot) {
+    const int current = pList->GetCurrentObjectsIndex();
+    const bool isPrepared = Prepare(snapshot);
+    for (RoiState* state = snapshot.states; state && !isPrepared; state = state->next) {
+        state->before.PutBack();
+        delete std::exchange(state->made, nullptr);
     }
-    made.SetDestructionType(0);
+    pList->GetAtIndex(current);
+    if (isPrepared) Arrange(snapshot);
+    return isPrepared;
+}
 
+/// Makes the ROIs that are missing, and gives those that are there what they held.
+bool CcRoiHistory::Prepare(Snapshot& snapshot) const {
+    int missing = 0;
+    for (RoiState* state = snapshot.states; state; state = state->next) {
+        if (IsThere(*pList, *state)) continue;
+        if (!MakeAnew(*state)) return false;
+        ++missing;
+    }
+    if (!MakeRoom(*pList, missing)) return false;
+    for (RoiState* state = snapshot.states; state; state = state->next) {
+        if (state->made) continue;
+        CcRoiBase* roi = AsRoi(state->roi);
+        state->before.Keep(*roi);
+        if (!state->PutBack(*roi)) return false;
+    }
+    return true;
+}
+
+/// Takes out the ROIs that were not there, and puts the others in their old order at the front. Cannot fail.
+void CcRoiHistory::Arrange(Snapshot& snapshot) {
+    for (RoiState* state = snapshot.states; state; state = state->next) {
+        state->before.Forget();
+        if (CcRoiBase* made = std::exchange(state->made, nullptr)) RenameInAll(state->roi, made);
+    }
     const auto isWanted = [&snapshot](const CcHLObject* object) {
         for (const RoiState* state = snapshot.states; state; state = state->next)
             if (state->roi == object) return true;
@@ -197,26 +255,11 @@ bool CcRoiHistory::Restore(const Snapshot& snapshot) {
         CcHLObject* member = pList->GetAtIndex(i);
         if (AsRoi(member) && !isWanted(member)) pList->DeleteAtIndex(i);
     }
-    // From the list's front on each ROI comes to its old place.
     int place = 0;
-    for (RoiState* state = snapshot.states; state; state = state->next, ++place) {
-        const int index = indexOf(state->roi);
-        if (index == place) {
-            state->PutBack(*AsRoi(state->roi));
-            continue;
-        }
-        if (index >= 0) {
-            state->PutBack(*AsRoi(state->roi));
-            pList->TakeOut(index);
-        }
-        if (place < pList->GetNumberOfObjects())
-            pList->InsertAtIndex(state->roi, place);
-        else
-            pList->InsertTail(state->roi);
-    }
+    for (RoiState* state = snapshot.states; state; state = state->next)
+        Place(*pList, state->roi, place++);
     pList->SelectObjectAtIndex(-1);
     pList->SelectObjectAtIndex(snapshot.selected);
-    return true;
 }
 
 /// A ROI that was made anew takes the place of the old one in every snapshot.

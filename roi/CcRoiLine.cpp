@@ -114,7 +114,7 @@ CcRoiLine::CcRoiLine()
     std::snprintf(szObjectName, sizeof szObjectName, "Line.%d", ++iLineROICount);
 }
 
-CcRoiLine::~CcRoiLine() { Members::Abandon(*this); }
+CcRoiLine::~CcRoiLine() { kest::AbandonDrag(hDragDC, iDragMode); }
 
 #define ROI_CLASS CcRoiLine
 #include "roi/ShapeOverrides.inl"

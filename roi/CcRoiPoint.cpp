@@ -87,7 +87,7 @@ CcRoiPoint::CcRoiPoint()
     std::snprintf(szObjectName, sizeof szObjectName, "P.%d", ++iPointROICount);
 }
 
-CcRoiPoint::~CcRoiPoint() { Members::Abandon(*this); }
+CcRoiPoint::~CcRoiPoint() { kest::AbandonDrag(hDragDC, iDragMode); }
 
 #define ROI_CLASS CcRoiPoint
 #include "roi/ShapeOverrides.inl"

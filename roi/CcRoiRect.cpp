@@ -43,7 +43,7 @@ CcRoiRect::CcRoiRect()
     std::snprintf(szObjectName, sizeof szObjectName, "Rect.%d", ++iRectROICount);
 }
 
-CcRoiRect::~CcRoiRect() { Members::Abandon(*this); }
+CcRoiRect::~CcRoiRect() { kest::AbandonDrag(hDragDC, iDragMode); }
 
 #define ROI_CLASS CcRoiRect
 #include "roi/ShapeOverrides.inl"

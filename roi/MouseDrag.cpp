@@ -5,14 +5,16 @@
 
 #include "core/Messages.h"
 
-void KestDragDc::Take(HWND hNewWindow) {
+bool KestDragDc::Take(HWND hNewWindow) {
     Release();
     hDC = GetDC(hNewWindow);
+    if (!hDC) return false;
     hWindow = hNewWindow;
     // A window class with a device context of its own keeps what is selected, so the state is put back at the end.
     SaveDC(hDC);
     SetROP2(hDC, R2_NOT);
     SelectObject(hDC, GetStockObject(NULL_BRUSH));
+    return true;
 }
 
 void KestDragDc::Release() {
@@ -25,15 +27,35 @@ void KestDragDc::Release() {
 
 namespace kest {
 
-void TakeMouse(HWND window, KestDragDc& dragDc) {
-    dragDc.Take(window);
+bool BeginDrag(HWND window, KestDragDc& dragDc, int& dragMode, int newMode) {
+    AbandonDrag(dragDc, dragMode);
+    dragMode = -1;
+    if (!dragDc.Take(window)) return false;
+    dragMode = newMode;
     SetCapture(window);
+    return true;
 }
 
-void ReleaseMouse(KestDragDc& dragDc) {
+bool GoesOn(KestDragDc& dragDc, int& dragMode) {
+    if (dragMode < 0) return false;
+    if (dragDc.IsUsable()) return true;
+    AbandonDrag(dragDc, dragMode);
+    dragMode = -1;
+    return false;
+}
+
+void EndDrag(KestDragDc& dragDc, int& dragMode) {
+    dragMode = -1;
     dragDc.Release();
     ClipCursor(nullptr);
     ReleaseCapture();
+}
+
+void AbandonDrag(KestDragDc& dragDc, int& dragMode) {
+    if (dragMode >= 0 && dragDc)
+        EndDrag(dragDc, dragMode);
+    else
+        dragDc.Release();
 }
 
 IntRect ClientOnScreen(HWND window) {

@@ -19,6 +19,7 @@
 #include "core/GdiGuards.h"
 #include "core/kernel/ByteReader.h"
 #include "roi/DisplayArguments.h"
+#include "roi/KeptRoi.h"
 #include "roi/MouseDrag.h"
 #include "roi/OutlineDrag.h"
 #include "roi/OutlineDrawing.h"
@@ -56,10 +57,7 @@ struct KestOutlineMembers {
     }
 
     static void Destroy(Roi& roi) {
-        if (roi.iDragMode >= 0 && roi.hDragDC)
-            kest::ReleaseMouse(roi.hDragDC);
-        else
-            roi.hDragDC.Release();
+        kest::AbandonDrag(roi.hDragDC, roi.iDragMode);
         // Copies are not counted when they are made, so the count can fall below 0.
         if (--Roi::iNumOfFreeHandROIs > 0) return;
         Roi::iNumOfFreeHandROIs = 0;
@@ -73,12 +71,13 @@ struct KestOutlineMembers {
 
     /// An outline has no rectangle to take from `source`, which mode 0 needs all the same.
     static int StartDrag(Roi& roi, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
-        kest::TakeMouse(window, roi.hDragDC);
         roi.iZoom = display.zoom;
-        roi.iDragMode = mode;
+        if (!kest::BeginDrag(window, roi.hDragDC, roi.iDragMode, mode)) return KEST_FAILED;
         kest::View view;
         const bool hasView = display.MakeView(window, view);
         kest::IntRect range = kest::ClientOnScreen(window);
+        // A message that was shown lets the host do anything, also end the drag.
+        if (!kest::GoesOn(roi.hDragDC, roi.iDragMode)) return KEST_FAILED;
         const bool isMove = (mode == KEST_DRAG_CONVERT && source) || mode == KEST_DRAG_MOVE;
         const RECT* bounds = isMove ? roi.GetBoundingRect() : nullptr;
         if ((!isMove && mode != KEST_DRAG_CREATE) || (isMove && !bounds)) {
@@ -105,7 +104,7 @@ struct KestOutlineMembers {
     }
 
     static int ContinueDrag(Roi& roi, HWND window, const Display& display, POINT mouse, int addVertex) {
-        if (roi.iDragMode < 0) return KEST_FAILED;
+        if (!kest::GoesOn(roi.hDragDC, roi.iDragMode)) return KEST_FAILED;
         if (roi.iDragMode != KEST_DRAG_CREATE) {
             MoveByMouse(roi, window, display, mouse, true);
             return KEST_OK;
@@ -124,14 +123,13 @@ struct KestOutlineMembers {
     }
 
     static int StopDrag(Roi& roi, HWND window, const Display& display, POINT mouse) {
-        if (roi.iDragMode < 0) return KEST_FAILED;
+        if (!kest::GoesOn(roi.hDragDC, roi.iDragMode)) return KEST_FAILED;
         const bool isCreation = roi.iDragMode == KEST_DRAG_CREATE;
         if (isCreation)
             Segments(roi).Draw(roi.hDragDC);
         else
             MoveByMouse(roi, window, display, mouse, false);
-        roi.iDragMode = -1;
-        kest::ReleaseMouse(roi.hDragDC);
+        kest::EndDrag(roi.hDragDC, roi.iDragMode);
         if (isCreation) {
             EndSegment(roi, window, display, mouse);
             Segments(roi).KeepPixel();
@@ -252,8 +250,9 @@ struct KestOutlineMembers {
         PixelGroupTag record = {};
         record.iNumOfPoints = file.count;
         record.stPOINTS = reinterpret_cast<POINT*>(file.record.Get());
-        // The file of an outline without points brings its name.
-        if (file.count > 0 && roi.SetRoiImageCord(&record) < 0) return KEST_FAILED;
+        // The file of an outline without points gives its name to another one, but takes no points away.
+        const bool isTaken = file.count > 0 ? SetOrKeep(roi, record) : Pixels(roi).empty();
+        if (!isTaken) return KEST_FAILED;
         roi.SetName(file.name);
         return KEST_OK;
     }
@@ -301,13 +300,35 @@ struct KestOutlineMembers {
         return KEST_OK;
     }
 
+    /// The outline has no points from then on.
+    static void MoveOut(Roi& roi, kest::KeptOutline& kept) {
+        kept.record = roi.stImageFreeHand;
+        kept.points.Release();
+        UsePoints(roi, kept.points, 0);
+    }
+
+    static void MoveBack(Roi& roi, kest::KeptOutline& kept) {
+        UsePoints(roi, kept.points, kept.record.iNumOfPoints);
+        roi.stImageFreeHand.iRed = kept.record.iRed;
+        roi.stImageFreeHand.iGreen = kept.record.iGreen;
+        roi.stImageFreeHand.iBlue = kept.record.iBlue;
+    }
+
     static int PrintPixels(Roi& roi, const char* path) {
-        std::FILE* file = path ? std::fopen(path, "w") : nullptr;
-        if (!file) return KEST_OK;
-        int index = 0;
-        for (const kest::IntPoint& pixel : Pixels(roi)) std::fprintf(file, "%d\t%d\t%d\n", index++, pixel.x, pixel.y);
-        std::fclose(file);
-        return KEST_OK;
+        KestWholeFile file(path);
+        char lines[4096];
+        constexpr int longestLine = 40;  // three numbers of up to 11 characters, and what separates them
+        int index = 0, used = 0;
+        for (const kest::IntPoint& pixel : Pixels(roi)) {
+            used += std::snprintf(lines + used, longestLine, "%d\t%d\t%d\r\n", index++, pixel.x, pixel.y);
+            if (used + longestLine <= static_cast<int>(sizeof lines)) continue;
+            file.Write(lines, used);
+            used = 0;
+        }
+        file.Write(lines, used);
+        file.Replace();
+        kest::TellLostRoi(file);
+        return file.GetResult() == KestWholeFile::NotWritten ? KEST_FAILED : KEST_OK;
     }
 
 private:
@@ -375,6 +396,15 @@ private:
             count = 0;
         UsePoints(roi, points, count);
         return count > 0 ? KEST_OK : KEST_FAILED;
+    }
+
+    /// As SetRoiImageCord, but when memory is short the outline keeps what it has.
+    static bool SetOrKeep(Roi& roi, PixelGroupTag& record) {
+        kest::KeptOutline kept;
+        MoveOut(roi, kept);
+        const bool isSet = roi.SetRoiImageCord(&record) >= 0;
+        if (!isSet) MoveBack(roi, kept);
+        return isSet;
     }
 
     static void UsePoints(Roi& roi, KestGlobalBlock& points, int count) {

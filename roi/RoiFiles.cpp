@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/Files.h"
+#include "core/Messages.h"
 #include "core/kernel/ByteReader.h"
 #include "core/kernel/TextField.h"
 
@@ -17,19 +18,24 @@ constexpr float formatVersion = 1.0F;
 
 int WriteRoiFile(const char* path, int roiType, int count, const char* name, const void* record,
                  long long recordBytes) {
-    if (!path) return KEST_FAILED;
-    const FileHandle file(OpenForWriting(path));
-    if (!file.IsOpen()) return KEST_FAILED;
     std::uint8_t header[headerBytes] = {};
     ByteWriter writer(header);
     writer.Write(formatVersion);
     writer.Write(roiType);
     writer.Write(count);
     writer.WriteBytes(name, FieldLength(name, KEST_NAME_SIZE - 1));
-    WriteExactly(file, header, headerBytes);
-    if (recordBytes > 0) WriteExactly(file, record, recordBytes);
-    FinishWriting(file);
-    return KEST_OK;
+
+    constexpr unsigned long notShared = 0;
+    KestWholeFile file(path, notShared);
+    file.Write(header, headerBytes);
+    file.Write(record, recordBytes);
+    file.Replace();
+    TellLostRoi(file);
+    return file.GetResult() == KestWholeFile::NotCreated ? KEST_FAILED : KEST_OK;
+}
+
+void TellLostRoi(const KestWholeFile& file) {
+    if (file.GetResult() == KestWholeFile::NotWritten) ShowMessage("Problem writing ROI to file", "File I/O Error");
 }
 
 bool ReadRoiFile(const char* path, int roiType, int bytesPerCount, RoiFile& roi) {

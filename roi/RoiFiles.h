@@ -4,11 +4,16 @@
 
 #include "KestBlocks.h"
 #include "KestTypes.h"
+#include "KestWholeFile.h"
 
 namespace kest {
 
-/// `count` is the record's size in bytes, or the number of points of a freehand outline.
+/// `count` is the record's size in bytes, or the number of points of a freehand outline. KEST_FAILED when the file cannot
+/// be created. What the disk does not take is no failure to callers, but the user is told and an old file stays.
 int WriteRoiFile(const char* path, int roiType, int count, const char* name, const void* record, long long recordBytes);
+
+/// Tells the user of a file that the disk did not take; nothing of other results.
+void TellLostRoi(const KestWholeFile& file);
 
 /// A ROI file that was read.
 struct RoiFile {

@@ -87,15 +87,18 @@ struct KestShapeMembers {
     // Dragging
 
     static int StartDrag(Shape& shape, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
-        kest::TakeMouse(window, shape.hDragDC);
         shape.iZoom = display.zoom;
-        shape.iDragMode = mode;
-        if (!PlaceForDrag(shape, window, display, mouse, source)) {
+        if (!kest::BeginDrag(window, shape.hDragDC, shape.iDragMode, mode)) return KEST_FAILED;
+        kest::View view;
+        const bool hasView = display.MakeView(window, view);
+        if (!PlaceForDrag(shape, hasView ? &view : nullptr, mouse, source)) {
             shape.iDragMode = -1;
             return KEST_FAILED;
         }
         const kest::IntRect place = Traits::WindowOf(shape);
         kest::IntRect range = kest::ClientOnScreen(window);
+        // A message that was shown lets the host do anything, also end the drag.
+        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
         if (mode == KEST_DRAG_CONVERT || mode == KEST_DRAG_MOVE)
             range = kest::ClipForMove(range, kest::Normalised(place), kest::ToPoint(mouse));
         else if (mode == KEST_DRAG_RESIZE)
@@ -104,12 +107,12 @@ struct KestShapeMembers {
 
         shape.stLastMouse = mouse;
         Traits::DrawRubberBand(shape.hDragDC, place);
-        TakeWindowCorners(shape, window, display);
+        if (hasView) Traits::TakeCorners(shape, view, kest::ImageCorners(view, place));
         return KEST_OK;
     }
 
     static int ContinueDrag(Shape& shape, HWND window, Display display, POINT mouse, int) {
-        if (shape.iDragMode < 0) return KEST_FAILED;
+        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
         Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
@@ -125,7 +128,7 @@ struct KestShapeMembers {
     }
 
     static int StopDrag(Shape& shape, HWND window, Display display, POINT mouse) {
-        if (shape.iDragMode < 0) return KEST_FAILED;
+        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
         Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
@@ -136,18 +139,8 @@ struct KestShapeMembers {
         Traits::SetWindow(shape, place);
         display.zoom = shape.iZoom;
         TakeWindowCorners(shape, window, display);
-        shape.iDragMode = -1;
-        kest::ReleaseMouse(shape.hDragDC);
+        kest::EndDrag(shape.hDragDC, shape.iDragMode);
         return KEST_OK;
-    }
-
-    /// Gives back what a ROI that is destroyed still holds: everything in the middle of a drag, else what a failed start
-    /// left.
-    static void Abandon(Shape& shape) {
-        if (shape.iDragMode >= 0 && shape.hDragDC)
-            kest::ReleaseMouse(shape.hDragDC);
-        else
-            shape.hDragDC.Release();
     }
 
     // Drawing
@@ -218,8 +211,9 @@ struct KestShapeMembers {
         kest::RoiFile file;
         if (!kest::ReadRoiFile(path, Traits::typeCode, 1, file) || file.count != static_cast<int>(sizeof(Record)))
             return KEST_FAILED;
+        if (shape.SetRoiImageCord(file.record.Get()) < 0) return KEST_FAILED;
         shape.SetName(file.name);
-        return shape.SetRoiImageCord(file.record.Get());
+        return KEST_OK;
     }
 
     static int Store(Shape& shape, CcObjectStorage* storage) {
@@ -239,19 +233,17 @@ struct KestShapeMembers {
     }
 
 private:
-    static bool PlaceForDrag(Shape& shape, HWND window, const Display& display, POINT mouse, CcRoiBase* source) {
+    /// Without a view the window copy stays.
+    static bool PlaceForDrag(Shape& shape, const kest::View* view, POINT mouse, CcRoiBase* source) {
         switch (shape.iDragMode) {
             case KEST_DRAG_CONVERT: {
                 const RECT* bounds = source ? source->GetCurrentBoundingRect() : nullptr;
-                if (!bounds) return false;
-                kest::View view;
-                if (display.MakeView(window, view))
-                    Traits::SetWindow(shape, kest::WindowCorners(view, kest::ToRect(*bounds)));
-                return true;
+                if (bounds && view) Traits::SetWindow(shape, kest::WindowCorners(*view, kest::ToRect(*bounds)));
+                return bounds != nullptr;
             }
             case KEST_DRAG_MOVE:
             case KEST_DRAG_RESIZE:
-                MakeWindowCorners(shape, window, display);
+                if (view) MakeWindowCorners(shape, *view);
                 return true;
             case KEST_DRAG_CREATE:
                 Traits::SetWindow(shape, {mouse.x, mouse.y, mouse.x, mouse.y});

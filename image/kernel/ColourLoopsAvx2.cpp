@@ -14,7 +14,9 @@
 #include "image/kernel/Sse2.h"
 
 // What the headers define stays as it is for every processor; from here on the compiler may use AVX2.
-#if defined(__GNUC__)
+#if defined(__clang__)
+#pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#elif defined(__GNUC__)
 #pragma GCC push_options
 #pragma GCC target("avx2")
 #endif
@@ -159,7 +161,9 @@ const ColourLoops avx2ColourLoops = {ConvertGroupsToHsl, ConvertGroupsToRgb, Pai
 
 }  // namespace kest
 
-#if defined(__GNUC__)
+#if defined(__clang__)
+#pragma clang attribute pop
+#elif defined(__GNUC__)
 #pragma GCC pop_options
 #endif
 

@@ -4,9 +4,12 @@
 #include <climits>
 #include <string>
 
+#include "support/Census.h"
+#include "support/Dialogs.h"
 #include "support/Streams.h"
 
 using test::Bytes;
+using test::HandMade;
 using test::ListBag;
 using test::Record;
 
@@ -149,6 +152,10 @@ TEST(CcList, GrowsInTimeAndStaysInsideTheArray) {
     EXPECT_EQ(list.iArraySize, 150);
     EXPECT_EQ(list.GetAtIndex(99), &number);
 
+    CcList none(0, 1);
+    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Memory Error", "Can't Lock Memory for List Object"}}));
+    EXPECT_EQ(none.InsertTail(&number), 0);
+
     OpenList tiny(1, 1);
     EXPECT_EQ(tiny.DeleteObjectAtIndex(0), -1);
     for (const int outside : {1, -1}) EXPECT_EQ(tiny.InsertObjectAtIndex(&number, outside), -1);
@@ -191,10 +198,37 @@ TEST(CcList, StreamFormToTheByteAndBack) {
     EXPECT_EQ(list.Load(nullptr), -1);
 }
 
+TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
+    const Bytes bag = Record("CcPropertyBag", "", Bytes().I32(0).I32(0));
+    const auto record = [](const Bytes& member, int count) {
+        const Bytes dib = Bytes().I32(1).Add(test::PropertyEntry("DIB_SIZE", 1, 0, 4)).I32(4).I32(40);
+        return Record("CcGrayImage256", "i",
+                      Record("CcPropertyBag", "", dib).Add(Record("CcList", "", ListBag(0, count, -1, 0).Add(member))));
+    };
+    // The lists say that they do not own their members.
+    Bytes nested = bag;
+    for (int depth = 0; depth < 5; ++depth) nested = Record("CcList", "", ListBag(0, 2, -1, 0).Add(nested).Add(bag));
+    CcRoiRect rect;
+    const Bytes roi = test::StoredBytes(rect);
+    CcHLObject* made = nullptr;
+    test::Census before;
+    for (int round = 0; round < 3; ++round) {
+        if (round == 1) before = test::TakeCensus();
+        for (const Bytes& member : {bag, nested, Bytes(roi).Add(nested)})
+            EXPECT_LT(HandMade(record(member, 2)).stream.GetNextObject(&made), 0);
+        // A list that breaks off behind a nested one.
+        EXPECT_LT(HandMade(Record("CcList", "", ListBag(0, 3, -1, 0).Add(nested))).stream.GetNextObject(&made), 0);
+    }
+    EXPECT_EQ(test::TakeCensus(), before);
+    const auto loaded = test::Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));
+    ASSERT_NE(loaded, nullptr);
+    EXPECT_EQ(loaded->GetListROI()->GetNumberOfObjects(), 2);
+}
+
 TEST(CcList, PositionsFromAStreamThatLiesAreHarmless) {
     for (const int lie : {INT_MIN, -5, 3, 1000000, INT_MAX}) {
         CcList list;
-        ASSERT_EQ(list.Load(test::HandMade(ListBag(lie, 0, lie, lie)).Stream()), 0);
+        ASSERT_EQ(list.Load(HandMade(ListBag(lie, 0, lie, lie)).Stream()), 0);
         EXPECT_EQ(list.GetCurrentObjectsIndex(), lie);
         for (CcHLObject* none : {list.GetSelected(), list.GetNext(), list.GetPrev()}) EXPECT_EQ(none, nullptr);
         EXPECT_EQ(list.DeleteSelected(), -1);

@@ -182,16 +182,49 @@ TEST(CcFileObjectStorage, OpeningAndResultCodes) {
     EXPECT_EQ(stream.Close(), 0);
     ASSERT_EQ(stream.Open(file.Path(), GENERIC_READ), 0);
     EXPECT_EQ(stream.Write(bytes, 1), -11);
-    CcPropertyBag bag;
-    EXPECT_EQ(stream.PutObject(&bag), -11);
-    // The list's header that cannot be written counts before its member, which cannot be stored at all.
+    // Where the header cannot be written the object is not asked for the rest.
+    struct Watched : CcPropertyBag {
+        int Store(CcObjectStorage*) override { return ++stores; }
+        int stores = 0;
+    } bag;
     CcString text;
-    CcList list;
-    list.InsertTail(&text);
     EXPECT_EQ(stream.PutObject(&text), -1);
-    EXPECT_EQ(stream.PutObject(&list), -11);
+    EXPECT_EQ(stream.PutObject(&bag), -11);
+    EXPECT_EQ(bag.stores, 0);
     EXPECT_EQ(stream.Read(bytes, 4), 0);
     EXPECT_EQ(stream.Read(bytes, 1), -10);
+}
+
+TEST(ObjectStorage, NothingFollowsBytesThatWereLost) {
+    // The caller's block takes header, counts and footer, but not the value between them.
+    CcPropertyBag bag;
+    bag.PutBlob("data", std::string(2000, 'q').data(), 2000);
+    unsigned char block[1000];
+    CcMemObjectStorage full(block, sizeof block, 1);
+    EXPECT_EQ(full.PutObject(&bag), -6);
+    EXPECT_EQ(full.GetPos(), 128 + 4 + 272 + 4);
+    // The next object is another matter.
+    CcPropertyBag small;
+    EXPECT_EQ(full.PutObject(&small), 0);
+}
+
+TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
+    const Bytes records = Record("CcPropertyBag", "first", BagData(1)).Add(Record("CcPropertyBag", "second", BagData(2)));
+    constexpr char name[] = "\\\\.\\pipe\\kest-records";
+    const HANDLE server =
+        CreateNamedPipeA(name, PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE, 1, 1 << 16, 1 << 16, 0, nullptr);
+    CcFileObjectStorage stream;
+    ASSERT_EQ(stream.Open(name, GENERIC_READ), 0);
+    DWORD written = 0;
+    WriteFile(server, records.data(), static_cast<DWORD>(records.size()), &written, nullptr);
+    for (const char* expected : {"first", "second"}) {
+        CcPropertyBag bag;
+        EXPECT_EQ(stream.GetNextObject(&bag), 0);
+        EXPECT_STREQ(bag.GetName(), expected);
+    }
+    EXPECT_EQ(stream.Reset(), -1);
+    stream.Close();
+    CloseHandle(server);
 }
 
 TEST(CcFileObjectStorage, TellsOfALargeValueThatIsLostBetweenSmallOnes) {

@@ -206,7 +206,7 @@ TEST(GraphDialogs, LinesOfCurvesAndDefaultsAreChosen) {
     EXPECT_EQ(SettingsOf(made.graph), SettingsOf(expected));
 }
 
-constexpr ShowDialog allDialogs[] = {&CcGraph::ShowDLBTitle, &CcGraph::ShowDLBSetMM, &CcGraph::ShowDLBSetGridMarkings,
+const ShowDialog allDialogs[] = {&CcGraph::ShowDLBTitle, &CcGraph::ShowDLBSetMM, &CcGraph::ShowDLBSetGridMarkings,
                                      &CcGraph::ShowDLBLineStyle};
 
 bool IsOfClass(HWND control, const char* name) {

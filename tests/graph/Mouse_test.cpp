@@ -44,7 +44,7 @@ struct Picking : testing::Test {
 }  // namespace
 
 TEST_F(Picking, FirstHitInListOrderWins) {
-    constexpr Pick onSelected = &CcGraph::IsCursorOnSelectedBP;
+    const Pick onSelected = &CcGraph::IsCursorOnSelectedBP;
     EXPECT_EQ(At(104, 96), 1);
     EXPECT_EQ(graph.pSelectedCurve, &first);
     EXPECT_EQ(list.GetSelectedObjectsIndex(), 0);
@@ -80,7 +80,7 @@ TEST_F(Picking, FirstHitInListOrderWins) {
 }
 
 TEST_F(Picking, MovesTheSelectedPoint) {
-    constexpr Pick move = &CcGraph::SetSelBPViaMouse;
+    const Pick move = &CcGraph::SetSelBPViaMouse;
     EXPECT_EQ(At(120, 480, move), -1);
     ASSERT_EQ(At(300, 300), 0);
     graph.SetMinMaxValues(-10, 40, 1, 3, 0, 2, 0, 2);

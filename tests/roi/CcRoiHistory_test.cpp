@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "KestApi.h"
 
@@ -104,6 +105,58 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     EXPECT_EQ(history.CanRedo(), 0);
     history.Undo();
     EXPECT_EQ(NamesOf(list), "a4 b ");
+}
+
+TEST(CcRoiHistory, WhatCannotBeRestoredWholeChangesNothing) {
+    struct Stubborn : CcRoiEllipse {
+        bool loads = false;
+        int Load(CcObjectStorage* storage) override { return loads ? CcRoiEllipse::Load(storage) : -1; }
+    };
+    CcList list;
+    list.SetDestructionType(1);
+    CcRoiHistory history(&list);
+    CcRoiRect* rect = AddRect(list, "rect");
+    auto* outline = new CcRoiPolyLine;
+    const auto setPoints = [outline](std::vector<POINT> points) {
+        PixelGroupTag record = {0, 0, 0, static_cast<int>(points.size()), points.data(), nullptr};
+        EXPECT_EQ(outline->SetRoiImageCord(&record), 0);
+    };
+    setPoints({{1, 2}, {2, 2}});
+    list.InsertTail(outline);
+    AddRect(list, "deleted");
+    auto* stubborn = new Stubborn;
+    list.InsertTail(stubborn);
+    list.InsertTail(new CcNumber);
+    history.Remember();
+    RECT moved = {70, 90, 80, 85};
+    rect->SetRoiImageCord(&moved);
+    rect->SetName("renamed");
+    setPoints({{5, 6}, {6, 6}, {7, 6}});
+    outline->SetSelected(1);
+    list.DeleteAtIndex(2);
+    stubborn->SetName("stubborn");
+    list.GetAtIndex(1);
+    const std::string names = NamesOf(list);
+
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        EXPECT_EQ(attempt == 0 ? history.Undo() : history.Cancel(), -1);
+        EXPECT_EQ(NamesOf(list), names);
+        EXPECT_EQ(LeftOf(rect), 70);
+        EXPECT_EQ(outline->IsROISelected(), 1);
+        const auto& points = *static_cast<PixelGroupTag*>(outline->GetRoiImageCord());
+        ASSERT_EQ(points.iNumOfPoints, 3);
+        EXPECT_EQ(points.stPOINTS[2].x, 7);
+        EXPECT_EQ(history.CanRedo(), 0);
+    }
+    stubborn->loads = true;
+    EXPECT_EQ(history.Undo(), 0);
+    EXPECT_EQ(list.GetNumberOfObjects(), 5);
+    EXPECT_STREQ(list.GetAtIndex(2)->GetName(), "deleted");
+    EXPECT_EQ(LeftOf(rect), 0);
+    EXPECT_EQ(static_cast<PixelGroupTag*>(outline->GetRoiImageCord())->iNumOfPoints, 2);
+    EXPECT_EQ(outline->IsROISelected(), 0);
+    EXPECT_EQ(history.Redo(), 0);
+    EXPECT_EQ(NamesOf(list), names);
 }
 
 TEST(CcRoiHistory, ThousandsOfEditsLeaveNothing) {

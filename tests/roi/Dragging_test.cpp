@@ -315,6 +315,32 @@ TEST(Dragging, EdgesOfTheProtocol) {
     EXPECT_EQ(roi.StopMouseDrag(host.window, 0, 0, 1, nullptr, {60, 50}), 0);
 }
 
+TEST(Dragging, WithoutTheirWindowTheyEndAndGiveTheMouseBack) {
+    CcGrayImage256 image;
+    image.MakeBlankBMP(100, 120, 0, "i");
+    RECT freeClip, clip;
+    GetClipCursor(&freeClip);
+    CcRoiRect rect;
+    CcRoiPolyLine line;
+    for (CcRoiBase* roi : {static_cast<CcRoiBase*>(&rect), static_cast<CcRoiBase*>(&line)}) {
+        auto window = std::make_unique<test::TestWindow>(120, 100);
+        const HWND handle = *window;
+        const auto start = [&] { return roi->StartMouseDrag(handle, 0, 0, 1, &image, {10, 10}, 2, nullptr, 1); };
+        ASSERT_EQ(start(), 0);
+        EXPECT_EQ(roi->DoMouseDrag(handle, 0, 0, 1, &image, {40, 30}, 1), 0);
+        window.reset();
+        EXPECT_EQ(roi->DoMouseDrag(handle, 0, 0, 1, &image, {50, 40}, 0), -1);
+        GetClipCursor(&clip);
+        EXPECT_TRUE(EqualRect(&clip, &freeClip));
+        EXPECT_EQ(roi->StopMouseDrag(handle, 0, 0, 1, &image, {50, 40}), -1);
+        // What cannot begin takes nothing.
+        EXPECT_EQ(start(), -1);
+        EXPECT_EQ(GetCapture(), nullptr);
+        EXPECT_EQ(roi->DoMouseDrag(handle, 0, 0, 1, &image, {50, 40}, 0), -1);
+    }
+    EXPECT_TRUE(test::TakeBoxes().empty());
+}
+
 TEST(Dragging, SegmentLimit) {
     const std::vector<test::Box> limit = {{"Error...", "You have exceded 100000 points in FreeHand ROI"}};
     test::Host<CcRoiFreeHandLine> host;

@@ -13,6 +13,7 @@
 #include "KestApi.h"
 #include "image/Support.h"
 #include "roi/Host.h"
+#include "support/Dialogs.h"
 
 using test::Bytes;
 
@@ -163,6 +164,36 @@ TEST(RoiRecords, WhatIsRefusedChangesNothing) {
     }
 }
 
+TEST(RoiRecords, FilesInUseOrOnAFullDiskOrWithoutMemory) {
+    const char fullDisk[] = R"(Z:\dev\full)";
+    const std::vector<test::Box> lost = {{"File I/O Error", "Problem writing ROI to file"}};
+    CcRoiFreeHand roi;
+    SetRecord(kinds[5], roi, std::vector<POINT>(50000, {7, 8}), {}, {});
+    const test::TemporaryFile file("used.roi", Bytes().Fill(5, 7));
+    {
+        const HANDLE reader = CreateFileA(file.Path(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr);
+        EXPECT_EQ(roi.Save(file.Path()), -1);
+        EXPECT_EQ(roi.PrintPerimiterPointsToFile(file.Path()), 0);
+        CloseHandle(reader);
+    }
+    EXPECT_EQ(test::TakeBoxes(), std::vector<test::Box>());
+    EXPECT_EQ(roi.Save(fullDisk), 0);
+    EXPECT_EQ(test::TakeBoxes(), lost);
+    EXPECT_EQ(roi.PrintPerimiterPointsToFile(fullDisk), -1);
+    EXPECT_EQ(test::TakeBoxes(), lost);
+
+    struct Refusing : CcRoiFreeHand {
+        bool refuses = false;
+        int SetRoiImageCord(void* record) override { return refuses ? -1 : CcRoiFreeHand::SetRoiImageCord(record); }
+    } full;
+    SetRecord(kinds[5], full, {{1, 2}, {3, 4}}, {}, {});
+    full.refuses = true;
+    EXPECT_EQ(roi.Save(file.Path()), 0);
+    EXPECT_EQ(full.Restore(file.Path()), -1);
+    EXPECT_EQ(RecordBytes(kinds[5], full), Bytes().I32(1).I32(2).I32(3).I32(4));
+}
+
 TEST(RoiRecords, EmptyOutlines) {
     for (const Kind& kind : kinds) {
         if (!kind.isOutline) continue;
@@ -179,14 +210,17 @@ TEST(RoiRecords, EmptyOutlines) {
         const auto full = Make(kind);
         EXPECT_EQ(test::LoadRecord(*full, test::StoredBytes(*empty)), 0);
         EXPECT_EQ(full->GetBoundingRect(), nullptr);
-        // Its file brings the name alone.
+        // Its file is that of another one without points, and takes none away.
         empty->SetName("nothing");
         const test::TemporaryFile file("empty.roi", Bytes());
         EXPECT_EQ(empty->Save(file.Path()), 0);
         const auto other = Make(kind);
-        EXPECT_EQ(other->Restore(file.Path()), 0);
-        EXPECT_STREQ(other->GetName(), "nothing");
+        const std::string name = other->GetName();
+        EXPECT_EQ(other->Restore(file.Path()), -1);
+        EXPECT_EQ(other->GetName(), name);
         EXPECT_EQ(RecordBytes(kind, *other), ExpectedRecord(kind));
+        EXPECT_EQ(full->Restore(file.Path()), 0);
+        EXPECT_STREQ(full->GetName(), "nothing");
     }
 }
 

@@ -20,7 +20,7 @@ std::string TextOf(float value) {
 }
 
 TEST(NumberText, IsShortAndExact) {
-    EXPECT_EQ(TextOf(0.1F) + ' ' + TextOf(500) + ' ' + TextOf(-1234567) + ' ' + TextOf(16777217) + ' ' + TextOf(1e30F),
+    EXPECT_EQ(TextOf(0.1F) + ' ' + TextOf(500) + ' ' + TextOf(-1234567) + ' ' + TextOf(16777216) + ' ' + TextOf(1e30F),
               "0.1 500 -1234567 16777216 1e+30");
     std::mt19937 random(1);
     for (int i = 0; i < 20000; ++i) {

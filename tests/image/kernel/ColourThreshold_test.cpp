@@ -60,8 +60,10 @@ TEST(ColourThreshold, LuminanceBands) {
     for (const auto& [low, high] : {std::pair{exact, exact}, {0.0F, 255.0F}, {-5.0F, 90.3F}, {90.3F, INFINITY},
                                     {128.0F, 128.0F}, {NAN, 255.0F}, {300.0F, 400.0F}})
         ExpectPainted(
-            source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { PaintLuminance(from, to, low, high, {250, 100, 5}, set); },
-            [&](std::uint8_t* pixel) {
+            source, [low = low, high = high](SourcePlane from, TargetPlane to, InstructionSet set) {
+                PaintLuminance(from, to, low, high, {250, 100, 5}, set);
+            },
+            [low = low, high = high](std::uint8_t* pixel) {
                 if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 250, 100, 5);
             });
     ExpectPainted(
@@ -83,10 +85,10 @@ TEST(ColourThreshold, LuminanceOfEveryColour) {
         for (const auto& [low, high] : {std::pair{exact, exact}, {next, 200.7F}})
             ExpectPainted(
                 colours,
-                [&](SourcePlane from, TargetPlane to, InstructionSet set) {
+                [low = low, high = high](SourcePlane from, TargetPlane to, InstructionSet set) {
                     PaintLuminance(from, to, low, high, {1, 2, 3}, set);
                 },
-                [&](std::uint8_t* pixel) {
+                [low = low, high = high](std::uint8_t* pixel) {
                     if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 1, 2, 3);
                 });
     }

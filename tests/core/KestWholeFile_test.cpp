@@ -1,0 +1,123 @@
+// Files that are replaced only by whole ones: what becomes of the old file, of its readers, and of the folder.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstring>
+#include <string>
+
+#include "KestApi.h"
+
+namespace {
+
+std::string ContentOf(HANDLE file) {
+    char text[64];
+    DWORD length = 0;
+    SetFilePointer(file, 0, nullptr, FILE_BEGIN);
+    ReadFile(file, text, sizeof text, &length, nullptr);
+    return {text, length};
+}
+
+/// A folder with one file in it.
+struct Folder {
+    Folder() {
+        CreateDirectoryA("whole", nullptr);
+        Put("whole\\a.txt", "the old text");
+    }
+    ~Folder() {
+        for (const char* path : {"whole\\a.txt", "whole\\b.txt"}) {
+            SetFileAttributesA(path, FILE_ATTRIBUTE_NORMAL);
+            DeleteFileA(path);
+        }
+        EXPECT_TRUE(RemoveDirectoryA("whole")) << "something was left beside the file";
+    }
+    static void Put(const char* path, const std::string& text) {
+        const HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        DWORD length = 0;
+        WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
+        CloseHandle(file);
+    }
+    static HANDLE Open(DWORD sharing, const char* path = "whole\\a.txt") {
+        return CreateFileA(path, GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+    }
+    static std::string Text(const char* path = "whole\\a.txt") {
+        const HANDLE file = Open(FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, path);
+        const std::string text = ContentOf(file);
+        CloseHandle(file);
+        return text;
+    }
+};
+
+KestWholeFile::Result WriteOver(const char* path = "whole\\a.txt", const char* text = "new") {
+    KestWholeFile file(path);
+    file.Write(text, static_cast<long long>(std::strlen(text)));
+    const int replaced = file.Replace();
+    EXPECT_EQ(replaced, file.GetResult() == KestWholeFile::Replaced ? 0 : -1);
+    return file.GetResult();
+}
+
+}  // namespace
+
+TEST(KestWholeFile, ReplacesTheOldFileOrLeavesIt) {
+    const Folder folder;
+    EXPECT_EQ(WriteOver(), KestWholeFile::Replaced);
+    EXPECT_EQ(Folder::Text(), "new");
+    EXPECT_EQ(WriteOver("whole\\b.txt", ""), KestWholeFile::Replaced);
+    EXPECT_EQ(Folder::Text("whole\\b.txt"), "");
+    EXPECT_EQ(WriteOver("nul"), KestWholeFile::Replaced);
+    for (const char* path : {"whole", "none\\a.txt", ""}) EXPECT_EQ(WriteOver(path), KestWholeFile::NotCreated) << path;
+    {
+        KestWholeFile failing("whole\\a.txt");
+        EXPECT_EQ(failing.Write("more", 4), 0);
+        EXPECT_EQ(Folder::Text(), "new");
+        EXPECT_EQ(failing.Write(nullptr, 5), -1);
+        EXPECT_EQ(failing.Write("more", 4), -1);
+        EXPECT_EQ(failing.Replace(), -1);
+        EXPECT_EQ(failing.GetResult(), KestWholeFile::NotWritten);
+        KestWholeFile forgotten("whole\\a.txt");
+        EXPECT_EQ(forgotten.Write("more", 4), 0);
+    }
+    EXPECT_EQ(Folder::Text(), "new");
+
+    KestWholeFile lent("whole\\a.txt");
+    const std::string path = lent.LendPath();
+    EXPECT_EQ(path.substr(path.size() - 4), ".txt");
+    Folder::Put(path.c_str(), "by another");
+    EXPECT_EQ(Folder::Text(), "new");
+    EXPECT_EQ(lent.Replace(), 0);
+    EXPECT_EQ(Folder::Text(), "by another");
+    SetFileAttributesA("whole\\a.txt", FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(WriteOver(), KestWholeFile::NotCreated);
+}
+
+TEST(KestWholeFile, ReadersOfTheOldFile) {
+    const Folder folder;
+    // One that does not let the file go gets the bytes in place, shorter and longer ones.
+    const HANDLE reader = Folder::Open(FILE_SHARE_READ | FILE_SHARE_WRITE);
+    for (const char* text : {"short", "a text that is longer than the old one"}) {
+        EXPECT_EQ(WriteOver("whole\\a.txt", text), KestWholeFile::Replaced);
+        EXPECT_EQ(Folder::Text(), text);
+        EXPECT_EQ(ContentOf(reader), text);
+    }
+    const KestWholeFile unshared("whole\\a.txt", 0);
+    EXPECT_EQ(unshared.GetResult(), KestWholeFile::NotCreated);
+    CloseHandle(reader);
+
+    const HANDLE alone = Folder::Open(FILE_SHARE_READ);
+    EXPECT_EQ(WriteOver(), KestWholeFile::NotCreated);
+    CloseHandle(alone);
+
+    // One that comes while the new file is written, and lets nobody write.
+    KestWholeFile late("whole\\a.txt");
+    late.Write("late", 4);
+    const HANDLE newcomer = Folder::Open(FILE_SHARE_READ);
+    EXPECT_EQ(late.Replace(), -1);
+    EXPECT_EQ(ContentOf(newcomer), "a text that is longer than the old one");
+    CloseHandle(newcomer);
+}
+
+TEST(KestWholeFile, AFileWithTwoNamesStaysOneFile) {
+    const Folder folder;
+    ASSERT_TRUE(CreateHardLinkA("whole\\b.txt", "whole\\a.txt", nullptr));
+    EXPECT_EQ(WriteOver(), KestWholeFile::Replaced);
+    EXPECT_EQ(Folder::Text("whole\\b.txt"), "new");
+}

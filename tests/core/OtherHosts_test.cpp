@@ -1,0 +1,103 @@
+// Hosts that are built otherwise than the library: without run-time type information, for wide characters, and with a
+// `new` that tells where it stands. The build compiles this file so.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
+
+#include "KestApi.h"
+#include "support/Bytes.h"
+
+#if !defined(UNICODE) || defined(__cpp_rtti)
+#error "compile this file with UNICODE and without run-time type information"
+#endif
+
+namespace {
+
+#define new new (__FILE__, __LINE__)
+/// A picture of 300 x 300 with a rectangle and a line: large and small pieces in its record.
+CcGrayImage256* NewPicture() {
+    auto* picture = new CcGrayImage256;
+    picture->MakeBlankBMP(300, 300, 77, "p");
+    picture->GetListROI()->InsertTail(new CcRoiRect);
+    picture->GetListROI()->InsertTail(new CcRoiLine);
+    return picture;
+}
+#undef new
+
+std::vector<std::uint8_t> InMemory(CcHLObject& object) {
+    CcMemObjectStorage stream;
+    EXPECT_EQ(stream.PutObject(&object), 0);
+    unsigned char* block = nullptr;
+    long length = 1;
+    EXPECT_EQ(stream.GetStorageBufferRef(&block, &length), 0);
+    return {block, block + length - 1};
+}
+
+class OwnStream : public CcObjectStorage {
+public:
+    std::vector<std::uint8_t> bytes;
+
+    int Read(void* buffer, long length) override {
+        if (taken + static_cast<std::size_t>(length) > bytes.size()) return -7;
+        std::memcpy(buffer, bytes.data() + taken, static_cast<std::size_t>(length));
+        taken += static_cast<std::size_t>(length);
+        return 0;
+    }
+    int Write(void* buffer, long length) override {
+        const auto* first = static_cast<const std::uint8_t*>(buffer);
+        bytes.insert(bytes.end(), first, first + length);
+        return 0;
+    }
+
+private:
+    std::size_t taken = 0;
+};
+
+/// Transfers what is large itself.
+class OwnFileStream : public CcFileObjectStorage {
+public:
+    int Read(void* buffer, long length) override {
+        DWORD done = 0;
+        if (length < 300) return CcFileObjectStorage::Read(buffer, length);
+        return ReadFile(hFile, buffer, static_cast<DWORD>(length), &done, nullptr) ? 0 : -10;
+    }
+    int Write(void* buffer, long length) override {
+        DWORD done = 0;
+        if (length < 300) return CcFileObjectStorage::Write(buffer, length);
+        return WriteFile(hFile, buffer, static_cast<DWORD>(length), &done, nullptr) ? 0 : -11;
+    }
+};
+
+template <class Stream>
+void ExpectPictureBack(Stream& stream, const std::vector<std::uint8_t>& record) {
+    CcHLObject* back = nullptr;
+    ASSERT_EQ(stream.GetNextObject(&back), 0);
+    char name[50];
+    EXPECT_EQ(back->GetClassNameA(name, 50), 0);
+    EXPECT_STREQ(name, "CcGrayImage256");
+    EXPECT_EQ(InMemory(*back), record);
+    delete back;
+}
+
+}  // namespace
+
+TEST(OtherHosts, StreamClassesOfTheirOwn) {
+    auto* picture = NewPicture();
+    const auto record = InMemory(*picture);
+
+    OwnStream own;
+    EXPECT_EQ(own.PutObject(picture), 0);
+    EXPECT_EQ(own.bytes, record);
+    ExpectPictureBack(own, record);
+
+    const test::TemporaryFile path("other-host.ost");
+    OwnFileStream file;
+    ASSERT_EQ(file.Open(path.Path(), GENERIC_READ | GENERIC_WRITE), 0);
+    EXPECT_EQ(file.PutObject(picture), 0);
+    EXPECT_EQ(file.Reset(), -14);
+    ExpectPictureBack(file, record);
+    file.Close();
+    EXPECT_EQ(path.Content(), record);
+    delete picture;
+}
