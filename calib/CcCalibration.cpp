@@ -8,6 +8,7 @@
 #include "calib/kernel/CalibrationFile.h"
 #include "core/FileDialogs.h"
 #include "core/Files.h"
+#include "core/kernel/NameCounter.h"
 #include "core/kernel/TextField.h"
 
 int CcCalibration::iCalibrationCount = 0;
@@ -46,7 +47,7 @@ CcCalibration::CcCalibration()
       stWorldPoints{} {
     SetType(KEST_TYPE_CALIBRATION);
     TakeMapping(fTransform, {});
-    std::snprintf(szObjectName, sizeof szObjectName, "Calibration%d", ++iCalibrationCount);
+    std::snprintf(szObjectName, sizeof szObjectName, "Calibration%d", kest::NextNumber(iCalibrationCount));
 }
 
 CcCalibration::~CcCalibration() = default;

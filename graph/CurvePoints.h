@@ -24,7 +24,9 @@ private:
 };
 
 /// Null for a member that is no curve.
-inline CcCurve* AsCurve(CcHLObject* member) { return dynamic_cast<CcCurve*>(member); }
+inline CcCurve* AsCurve(CcHLObject* member) {
+    return member && member->GetType() == KEST_TYPE_CURVE ? static_cast<CcCurve*>(member) : nullptr;
+}
 
 /// The caller's points; none before they are set.
 inline std::span<tagPoints> PointsOf(CcCurve& curve) {

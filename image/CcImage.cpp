@@ -1,6 +1,8 @@
 // CcImage: what all images share, and the interface whose base versions only complain.
 #include "CcImage.h"
 
+#include <atomic>
+
 #include "CcCalibration.h"
 #include "CcObjectStorage.h"
 #include "core/Messages.h"
@@ -53,10 +55,9 @@ CcImage::CcImage()
     SetType(KEST_TYPE_IMAGE);
     cListROI.SetDestructionType(1);
     hPalette.Adopt(static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)));
-    if (iPrinterSetupFlag == 0) {
+    if (std::atomic_ref<int>(iPrinterSetupFlag).exchange(1) == 0) {
         stPrintSetup = {};
         stPrintSetup.lStructSize = sizeof stPrintSetup;
-        iPrinterSetupFlag = 1;
     }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/kernel/CheckedSize.h"
+#include "roi/ClassWide.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ bool RenewPen(HPEN& pen, const RGBTRIPLE& colour, int width) {
 }
 
 int SetColour(HPEN& pen, RGBTRIPLE& own, const RGBTRIPLE* colour) {
+    const kest::ClassWideGuard guard;
     if (!colour || !RenewPen(pen, *colour, 1)) return KEST_FAILED;
     own = *colour;
     return KEST_OK;
@@ -59,6 +61,7 @@ CcRoiBase::CcRoiBase()
       piBoundary(nullptr),
       iBoundarySize(0) {
     SetType(KEST_TYPE_ROI);
+    const kest::ClassWideGuard guard;
     // Destroyed copies were never counted, so the count can have fallen below the objects alive, and below 0.
     if (iNumOfROIs <= 0) {
         iNumOfROIs = 0;
@@ -71,6 +74,7 @@ CcRoiBase::CcRoiBase()
 }
 
 CcRoiBase::~CcRoiBase() {
+    const kest::ClassWideGuard guard;
     if (--iNumOfROIs <= 0) {
         ReleasePen(hSelectedPen);
         ReleasePen(hUnSelectedPen);
@@ -121,6 +125,7 @@ int CcRoiBase::GetSelectedColor(RGBTRIPLE* pColor) { return GetColour(stSelected
 int CcRoiBase::GetUnSelectedColor(RGBTRIPLE* pColor) { return GetColour(stUnSelectedColor, pColor); }
 
 int CcRoiBase::SetZoomPen(int iPenWidth) {
+    const kest::ClassWideGuard guard;
     const bool renewed = RenewPen(hSelectedPen, stSelectedColor, iPenWidth) &&
                          RenewPen(hUnSelectedPen, stUnSelectedColor, iPenWidth);
     return renewed ? KEST_OK : KEST_FAILED;
@@ -154,6 +159,7 @@ int* CcRoiBase::ListNothing(int* piCount) {
 }
 
 HPEN CcRoiBase::PenFor(int iPenSelect) {
+    const kest::ClassWideGuard guard;
     // The pens went with the last counted object; a ROI that is drawn after that gets them back.
     if (!hSelectedPen) RenewPen(hSelectedPen, stSelectedColor, 1);
     if (!hUnSelectedPen) RenewPen(hUnSelectedPen, stUnSelectedColor, 1);

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "core/kernel/NameCounter.h"
 #include "core/kernel/Numbers.h"
 #include "roi/BoxTraits.h"
 #include "roi/ShapeDrawing.h"
@@ -55,7 +56,7 @@ using Members = KestShapeMembers<CcRoiEllipse>;
 CcRoiEllipse::CcRoiEllipse()
     : stImageEllipse{}, stWindowEllipse{}, stLastMouse{}, iDragMode(-1) {
     iROIType = Members::Traits::typeCode;
-    std::snprintf(szObjectName, sizeof szObjectName, "Ellipse.%d", ++iEllipseROICount);
+    std::snprintf(szObjectName, sizeof szObjectName, "Ellipse.%d", kest::NextNumber(iEllipseROICount));
 }
 
 CcRoiEllipse::~CcRoiEllipse() { kest::AbandonDrag(hDragDC, iDragMode); }

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "core/kernel/NameCounter.h"
 #include "roi/ShapeDrawing.h"
 #include "roi/ShapeMembers.h"
 #include "roi/kernel/HitTest.h"
@@ -111,7 +112,7 @@ CcRoiLine::CcRoiLine()
     : stImageLine{}, stWindowLine{}, stLastMouse{}, iDragMode(-1),
       iLinePixels(0) {
     iROIType = Members::Traits::typeCode;
-    std::snprintf(szObjectName, sizeof szObjectName, "Line.%d", ++iLineROICount);
+    std::snprintf(szObjectName, sizeof szObjectName, "Line.%d", kest::NextNumber(iLineROICount));
 }
 
 CcRoiLine::~CcRoiLine() { kest::AbandonDrag(hDragDC, iDragMode); }

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "core/kernel/NameCounter.h"
 #include "core/kernel/Numbers.h"
 #include "roi/ShapeDrawing.h"
 #include "roi/ShapeMembers.h"
@@ -84,7 +85,7 @@ using Members = KestShapeMembers<CcRoiPoint>;
 CcRoiPoint::CcRoiPoint()
     : stSubPixelImagePoint{}, stImagePoint{}, stWindowPoint{}, stLastMouse{}, iDragMode(-1), iBoundaryEntry(0) {
     iROIType = Members::Traits::typeCode;
-    std::snprintf(szObjectName, sizeof szObjectName, "P.%d", ++iPointROICount);
+    std::snprintf(szObjectName, sizeof szObjectName, "P.%d", kest::NextNumber(iPointROICount));
 }
 
 CcRoiPoint::~CcRoiPoint() { kest::AbandonDrag(hDragDC, iDragMode); }

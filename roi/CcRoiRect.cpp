@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "core/kernel/NameCounter.h"
 #include "roi/BoxTraits.h"
 #include "roi/ShapeDrawing.h"
 
@@ -40,7 +41,7 @@ using Members = KestShapeMembers<CcRoiRect>;
 CcRoiRect::CcRoiRect()
     : stImageRect{}, stWindowRect{}, stLastMouse{}, iDragMode(-1) {
     iROIType = Members::Traits::typeCode;
-    std::snprintf(szObjectName, sizeof szObjectName, "Rect.%d", ++iRectROICount);
+    std::snprintf(szObjectName, sizeof szObjectName, "Rect.%d", kest::NextNumber(iRectROICount));
 }
 
 CcRoiRect::~CcRoiRect() { kest::AbandonDrag(hDragDC, iDragMode); }

@@ -18,6 +18,8 @@
 #include "core/ClassName.h"
 #include "core/GdiGuards.h"
 #include "core/kernel/ByteReader.h"
+#include "core/kernel/NameCounter.h"
+#include "roi/ClassWide.h"
 #include "roi/DisplayArguments.h"
 #include "roi/KeptRoi.h"
 #include "roi/MouseDrag.h"
@@ -47,17 +49,20 @@ struct KestOutlineMembers {
 
     static void Construct(Roi& roi, const char* namePattern, int& namingCounter) {
         roi.iROIType = Traits::typeCode;
-        std::snprintf(roi.szObjectName, sizeof roi.szObjectName, namePattern, ++namingCounter);
+        std::snprintf(roi.szObjectName, sizeof roi.szObjectName, namePattern,
+                      kest::NextNumber(namingCounter));
         roi.stImageFreeHand = {};
         TakeColour(roi, Roi::stUnSelectedColor);
         roi.iSegIndex = 0;
         roi.stLastMouse = roi.stLastMouseImg = {};
         roi.iDragMode = -1;
+        const kest::ClassWideGuard guard;
         ++Roi::iNumOfFreeHandROIs;
     }
 
     static void Destroy(Roi& roi) {
         kest::AbandonDrag(roi.hDragDC, roi.iDragMode);
+        const kest::ClassWideGuard guard;
         // Copies are not counted when they are made, so the count can fall below 0.
         if (--Roi::iNumOfFreeHandROIs > 0) return;
         Roi::iNumOfFreeHandROIs = 0;
@@ -196,7 +201,7 @@ struct KestOutlineMembers {
     }
 
     static int* ListRow(Roi& roi, int row, int* count) {
-        if (!Roi::stXCommonPerimPoints || !SortRows(roi)) return roi.ListNothing(count);
+        if (!IsThere(Roi::stXCommonPerimPoints) || !SortRows(roi)) return roi.ListNothing(count);
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cRows);
         NoteRow(Roi::stXCommonPerimPoints, index->PixelsOfRow(row), [row](auto& record, int column) {
             record.x = column;
@@ -206,7 +211,7 @@ struct KestOutlineMembers {
     }
 
     static int* ListColumn(Roi& roi, int column, int* count) {
-        if (!Roi::stYCommonPerimPoints || !SortColumns(roi)) return roi.ListNothing(count);
+        if (!IsThere(Roi::stYCommonPerimPoints) || !SortColumns(roi)) return roi.ListNothing(count);
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cColumns);
         NoteRow(Roi::stYCommonPerimPoints, index->PixelsOfRow(column), [column](auto& record, int row) {
             record.x = column;
@@ -465,9 +470,11 @@ private:
         return queries.bColumnsSorted;
     }
 
+    /// `records` is a class-wide array, taken when no other thread has it.
     template <class Note>
-    static void NoteRow(typename Traits::PerimeterRecord* records, std::span<const kest::OutlineIndex::Entry> pixels,
-                        Note note) {
+    static void NoteRow(typename Traits::PerimeterRecord* const& records,
+                        std::span<const kest::OutlineIndex::Entry> pixels, Note note) {
+        const kest::ClassWideGuard guard;
         const auto room = static_cast<std::size_t>(Roi::iSizeOfCommonPerimPointsArr);
         for (std::size_t i = 0; i < std::min(pixels.size(), room); ++i) {
             note(records[i], pixels[i].Column());
@@ -518,7 +525,14 @@ private:
         handle = nullptr;
     }
 
+    /// While another thread makes a work array larger there is none.
+    static bool IsThere(typename Traits::PerimeterRecord* const& records) {
+        const kest::ClassWideGuard guard;
+        return records != nullptr;
+    }
+
     static bool SizeWorkArrays(int records) {
+        const kest::ClassWideGuard guard;
         if (Roi::iSizeOfCommonPerimPointsArr >= records) return true;
         const kest::Size64 bytes = kest::Product(records, sizeof(typename Traits::PerimeterRecord));
         if (!MakeClassBlock(Roi::hstXCommonPerimPoints, Roi::stXCommonPerimPoints, bytes) ||

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
+#include <thread>
+#include <vector>
 
 #include "KestApi.h"
 #include "support/Slots.h"
@@ -67,4 +70,32 @@ TEST(CcRoiBase, PensAndColoursLiveWithTheRois) {
     image.MakeBlankBMP(9, 9, 0, "i");
     EXPECT_EQ(again.ShowROI(GetDesktopWindow(), 0, 0, 1, &image, 1, 1), 0);
     EXPECT_EQ(ColourOf(CcRoiBase::hSelectedPen), RGB(255, 0, 0));
+}
+
+TEST(CcRoiBase, DifferentRoisInDifferentThreads) {
+    constexpr int threads = 4, rounds = 2000;
+    const int named = CcRoiRect::iRectROICount, outlines = CcRoiFreeHand::iFreehandROICount;
+    std::atomic<int> wrong = 0;
+    std::vector<std::thread> running;
+    for (int thread = 1; thread <= threads; ++thread)
+        running.emplace_back([&wrong, thread] {
+            std::vector<POINT> row(static_cast<std::size_t>(10 * thread));
+            for (std::size_t x = 0; x < row.size(); ++x) row[x] = {static_cast<LONG>(x), thread};
+            PixelGroupTag line = {0, 0, 0, 10 * thread, row.data(), nullptr};
+            for (int round = 0; round < rounds; ++round) {
+                const CcRoiRect rect;
+                CcRoiFreeHand outline;
+                int count = 0;
+                const bool isRight = outline.SetRoiImageCord(&line) == 0 && outline.GetBoundingRect() &&
+                                     outline.GetXBoundary(thread, &count) && count == 10 * thread;
+                wrong += !isRight || !CcRoiBase::hSelectedPen;
+            }
+        });
+    for (std::thread& thread : running) thread.join();
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(CcRoiRect::iRectROICount - named, threads * rounds);
+    EXPECT_EQ(CcRoiFreeHand::iFreehandROICount - outlines, threads * rounds);
+    EXPECT_EQ(CcRoiBase::iNumOfROIs, 0);
+    EXPECT_EQ(CcRoiFreeHand::iNumOfFreeHandROIs, 0);
+    EXPECT_EQ(CcRoiBase::hSelectedPen, nullptr);
 }
