@@ -107,7 +107,8 @@ public:
     virtual RECT* GetCurrentBoundingRect();                                                         // slot 13
     /// @name Showing
     /// iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null device
-    /// context, rectangle or image. The device context is left as it was.
+    /// context, rectangle or image. The device context is left as it was. Coordinates may lie anywhere: only what is near
+    /// the surface is drawn.
     /// @{
 
     /// For output without a window: the rectangle's right and bottom stand for the client area's width and height.

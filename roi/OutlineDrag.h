@@ -46,10 +46,7 @@ struct SegmentArrays {
         if (Advance()) EndAt(starts[0], imageStarts[0]);
     }
     /// Draws segment `index`; drawn twice it is gone again.
-    void Draw(HDC dc) const {
-        MoveToEx(dc, starts[index].x, starts[index].y, nullptr);
-        LineTo(dc, stops[index].x, stops[index].y);
-    }
+    void Draw(HDC dc) const;
 };
 
 /// Tells the user that an outline cannot have more segments.

@@ -3,6 +3,7 @@
 
 #include "core/Messages.h"
 #include "core/kernel/CheckedSize.h"
+#include "roi/FarDrawing.h"
 #include "roi/OutlineDrag.h"
 
 namespace kest {
@@ -10,28 +11,33 @@ namespace kest {
 void TellSegmentLimit() { ShowMessage("You have exceded 100000 points in FreeHand ROI", "Error..."); }
 
 void DrawOutlinePixels(HDC dc, const View& view, std::span<const IntPoint> outline, bool isClosed) {
-    // Long outlines go to the system in pieces that overlap by a point.
-    constexpr std::size_t pieceSize = 4096;
-    POINT piece[pieceSize];
-    std::size_t used = 0;
+    if (outline.empty()) return;
+    const Reach reach(dc);
+    Stroke stroke(dc);
+    IntPoint last = ImageToWindow(view, outline.front());
+    bool isLine = false;
+    if (reach.Includes(last)) stroke.Add(last);
     const auto add = [&](IntPoint pixel) {
         const IntPoint window = ImageToWindow(view, pixel);
-        if (used > 0 && piece[used - 1].x == window.x && piece[used - 1].y == window.y) return;
-        if (used == pieceSize) {
-            Polyline(dc, piece, static_cast<int>(used));
-            piece[0] = piece[used - 1];
-            used = 1;
+        if (window.x == last.x && window.y == last.y) return;
+        const bool isNear = reach.Includes(window);
+        if (!isNear || !reach.Includes(last)) {
+            stroke.End();
+            reach.DrawLine(last, window);
         }
-        piece[used++] = {window.x, window.y};
+        if (isNear) stroke.Add(window);
+        last = window;
+        isLine = true;
     };
     for (const IntPoint& pixel : outline) add(pixel);
-    if (isClosed && !outline.empty()) add(outline.front());
-    if (used == 1) {
-        // A single position is a line of one pixel.
-        piece[1] = {Saturate(Size64{piece[0].x} + 1), piece[0].y};
-        used = 2;
-    }
-    if (used > 1) Polyline(dc, piece, static_cast<int>(used));
+    if (isClosed) add(outline.front());
+    // A single position is a line of one pixel.
+    if (!isLine && reach.Includes(last)) stroke.Add({Saturate(Size64{last.x} + 1), last.y});
+    stroke.End();
+}
+
+void SegmentArrays::Draw(HDC dc) const {
+    Reach(dc).DrawLine({starts[index].x, starts[index].y}, {stops[index].x, stops[index].y});
 }
 
 }  // namespace kest

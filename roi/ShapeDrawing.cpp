@@ -6,46 +6,53 @@
 #include "core/TextDrawing.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/TextField.h"
+#include "roi/FarDrawing.h"
 
 namespace kest {
 
 void DrawRectangle(HDC dc, const IntRect& place) {
-    Rectangle(dc, place.left, place.top, Saturate(Size64{place.right} + 1), Saturate(Size64{place.bottom} + 1));
+    const IntRect limited = Reach(dc).Limited(place);
+    Rectangle(dc, limited.left, limited.top, Saturate(Size64{limited.right} + 1), Saturate(Size64{limited.bottom} + 1));
 }
 
 void DrawEllipse(HDC dc, const IntRect& place, int beyond) {
-    Ellipse(dc, place.left, place.top, Saturate(Size64{place.right} + beyond), Saturate(Size64{place.bottom} + beyond));
+    const IntRect box = {place.left, place.top, Saturate(Size64{place.right} + beyond),
+                         Saturate(Size64{place.bottom} + beyond)};
+    const Reach reach(dc);
+    if (reach.Includes(box))
+        Ellipse(dc, box.left, box.top, box.right, box.bottom);
+    else
+        reach.DrawFarEllipse(box);
 }
 
 void DrawLine(HDC dc, const IntRect& place) {
-    POINT position = {};
-    MoveToEx(dc, place.left, place.top, &position);
-    LineTo(dc, place.right, place.bottom);
-    MoveToEx(dc, position.x, position.y, nullptr);
+    Reach(dc).DrawLine({place.left, place.top}, {place.right, place.bottom});
 }
 
 void DrawPointMark(HDC dc, const IntRect& place) {
     constexpr int radius = 10, arm = 15;
-    const Size64 x = place.left, y = place.top;
-    Ellipse(dc, Saturate(x - radius), Saturate(y - radius), Saturate(x + radius), Saturate(y + radius));
-    DrawLine(dc, {Saturate(x - arm), place.top, Saturate(x + arm), place.top});
-    DrawLine(dc, {place.left, Saturate(y - arm), place.left, Saturate(y + arm)});
+    const int x = place.left, y = place.top;
+    if (!Reach(dc).Includes(IntPoint{x, y})) return;
+    Ellipse(dc, x - radius, y - radius, x + radius, y + radius);
+    DrawLine(dc, {x - arm, y, x + arm, y});
+    DrawLine(dc, {x, y - arm, x, y + arm});
 }
 
 void DrawName(HDC dc, const IntRect& place, const char* name) {
+    if (!Reach(dc).Includes(IntPoint{place.left, place.top})) return;
     const BackgroundModeGuard background(dc, TRANSPARENT);
     const TextAlignGuard align(dc, TA_BOTTOM);
-    DrawProcessText(dc, Saturate(Size64{place.left} + 8), Saturate(Size64{place.top} - 8), name,
-                    static_cast<int>(FieldLength(name, KEST_NAME_SIZE)));
+    DrawProcessText(dc, place.left + 8, place.top - 8, name, static_cast<int>(FieldLength(name, KEST_NAME_SIZE)));
 }
 
 void DrawEdgeHandles(HDC dc, const IntRect& place) {
     const SelectedObject pen(dc, GetStockObject(WHITE_PEN));
     const SelectedObject brush(dc, GetStockObject(WHITE_BRUSH));
-    const Size64 middleX = (Size64{place.left} + place.right) / 2;
-    const Size64 middleY = (Size64{place.top} + place.bottom) / 2;
-    const auto drawHandle = [dc](Size64 x, Size64 y) {
-        Rectangle(dc, Saturate(x - 2), Saturate(y - 2), Saturate(x + 2), Saturate(y + 2));
+    const int middleX = Saturate((Size64{place.left} + place.right) / 2);
+    const int middleY = Saturate((Size64{place.top} + place.bottom) / 2);
+    const Reach reach(dc);
+    const auto drawHandle = [&](int x, int y) {
+        if (reach.Includes(IntPoint{x, y})) Rectangle(dc, x - 2, y - 2, x + 2, y + 2);
     };
     drawHandle(middleX, place.top);
     drawHandle(middleX, place.bottom);

@@ -1,4 +1,5 @@
-// The figures that shapes are drawn with, in window coordinates, with the pen and brush that are selected.
+// The figures that shapes are drawn with, in window coordinates, with the pen and brush that are selected. Coordinates may
+// lie anywhere; what cannot show is not drawn.
 #pragma once
 
 #include <windows.h>
