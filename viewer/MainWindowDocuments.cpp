@@ -97,9 +97,9 @@ namespace {
 
 /// A page from 1 to the last one; 0 when the user wants none.
 int AskPage(HWND owner, const std::string& fileName, int pages) {
-    const std::string title = "Open " + fileName, label = Format("Page (1 to %d):", pages);
+    const std::string title = Format("Page 1 to %d of ", pages) + fileName;
     for (std::string typed = "1";;) {
-        const auto answer = AskText(owner, title.c_str(), label.c_str(), typed);
+        const auto answer = AskText(owner, title.c_str(), "Page:", typed);
         if (!answer) return 0;
         typed = *answer;
         const double page = ParseNumber(typed).value_or(0);

@@ -24,45 +24,6 @@ protected:
     std::string error, warning;
 };
 
-/// A page of a TIFF file: rows of samples, top row first.
-struct Page {
-    int width, height, bits, samples;
-    Bytes data;
-    int orientation = 1;
-};
-
-Bytes Tiff(const std::vector<Page>& pages) {
-    Bytes file;
-    file.Text("II", 2).U16(42);
-    auto place = [&] { return static_cast<long long>(file.size()); };
-    for (const Page& page : pages) {
-        const bool isColour = page.samples >= 3;
-        const long long dataAt = place() + 4, bitsAt = dataAt + static_cast<long long>(page.data.size());
-        file.I32(bitsAt + 2 * page.samples).Add(page.data);
-        for (int i = 0; i < page.samples; ++i)
-            file.U16(static_cast<unsigned>(page.bits));
-        const auto entry = [&](unsigned tag, unsigned kind, int count, long long value) {
-            file.U16(tag).U16(kind).I32(count).I32(value);
-        };
-        file.U16(page.samples == 4 ? 11 : 10);
-        entry(256, 3, 1, page.width), entry(257, 3, 1, page.height);
-        entry(258, 3, page.samples, isColour ? bitsAt : page.bits);
-        entry(259, 3, 1, 1), entry(262, 3, 1, isColour ? 2 : 1), entry(273, 4, 1, dataAt);
-        entry(274, 3, 1, page.orientation), entry(277, 3, 1, page.samples), entry(278, 3, 1, page.height);
-        entry(279, 4, 1, static_cast<long long>(page.data.size()));
-        if (page.samples == 4) entry(338, 3, 1, 2);  // the fourth is the opacity
-    }
-    file.I32(0);
-    return file;
-}
-
-Bytes Samples(int bits, const std::vector<unsigned>& values) {
-    Bytes bytes;
-    for (const unsigned value : values)
-        bits == 8 ? bytes.U8(value) : bytes.U16(value);
-    return bytes;
-}
-
 TEST_F(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     // 24-bit BMP, three columns: its rows are padded to twelve bytes.
     Bytes padded;

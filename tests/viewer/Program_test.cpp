@@ -8,6 +8,7 @@
 #include "support/Bytes.h"
 #include "support/Printer.h"
 #include "viewer/Driver.h"
+#include "viewer/Samples.h"
 
 namespace test {
 namespace {
@@ -50,6 +51,23 @@ TEST(Files, ComeFromTheCommandLineByDragAndDropAndFromTheRecentOnes) {
         EXPECT_EQ(view.Title(), L"first - KestView");
         view.Drop(FullPath(L"second.bmp"));
         EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"second - KestView"; })) << "dropped on the window";
+        // A file with pages, and names whose extension says what is written.
+        const TemporaryFile pages("pages.tif", Tiff({{2, 1, 8, 1, Samples(8, {1, 2})}, {1, 1, 8, 1, Samples(8, {5})}})),
+            saved("saved.png");
+        view.Drop(FullPath(L"pages.tif"));
+        ASSERT_TRUE(view.WaitForDialog(L"Page 1 to 2 of pages.tif"));
+        view.Type(L"2");
+        view.Press({VK_RETURN});
+        EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"pages (page 2 of 2) - KestView"; }));
+        for (const wchar_t* name : {L"saved.gif", L"saved.png"}) {
+            view.Press({VK_MENU, 'F'});
+            view.Press({'P'});
+            ASSERT_TRUE(view.AnswerFileDialog(L"Save Picture", FullPath(name)));
+            if (name[6] == 'g') {
+                EXPECT_NE(view.AnswerBox(VK_RETURN).find(L"has none of these extensions"), std::wstring::npos);
+            }
+        }
+        EXPECT_TRUE(Driver::WaitFor([&] { return saved.Content().size() > 8 && saved.Content()[1] == 'P'; }));
         // The bar between picture and panes.
         RECT before, after;
         GetWindowRect(view.Control(IDC_SIDE_TABS), &before);
@@ -63,8 +81,8 @@ TEST(Files, ComeFromTheCommandLineByDragAndDropAndFromTheRecentOnes) {
     Driver view(L"", true);
     ASSERT_TRUE(view.Main());
     view.Press({VK_MENU, 'F'});
-    view.Press({'2'});
-    EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"first - KestView"; })) << "the last but one";
+    view.Press({'3'});
+    EXPECT_TRUE(Driver::WaitFor([&] { return view.Title() == L"first - KestView"; })) << "the last but two";
     RECT window, tabs;
     GetWindowRect(view.Main(), &window);
     GetWindowRect(view.Control(IDC_SIDE_TABS), &tabs);

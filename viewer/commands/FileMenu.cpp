@@ -78,7 +78,9 @@ void FileSaveSessionAs(MainWindow& main, int) {
 
 void FileSavePicture(MainWindow& main, int) {
     Document& document = *main.Active();
-    const auto path = AskSavePath(main, "Save Picture", saveFilters, "bmp", document.Name() + ".bmp");
+    // Without an extension the dialog adds that of the chosen format, unless the name seems to have one.
+    const bool hasDot = document.Name().find('.') != std::string::npos;
+    const auto path = AskSavePath(main, "Save Picture", saveFilters, "bmp", document.Name() + (hasDot ? ".bmp" : ""));
     if (!path) return;
     const PlainPixels plain(document);
     const std::vector<std::string> foreign = ForeignSamples(document.Image(), *path);
