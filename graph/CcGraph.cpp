@@ -20,16 +20,15 @@ constexpr int defaultPrecision = 2, highestPrecision = 5;
 constexpr COLORREF curveColours[] = {0x0000FF, 0x00FF00, 0xFF0000, 0xFF00FF, 0xFFFF00,
                                      0x8000FF, 0x004080, 0xFF8000, 0x008000, 0x000000};
 
-void CorrectPrecision(int& precision, bool isWrong, const char* message) {
-    if (!isWrong) return;
-    kest::ShowMessage(message, "Error");
-    precision = defaultPrecision;
+bool Correct(int& precision, bool isWrong) {
+    if (isWrong) precision = defaultPrecision;
+    return isWrong;
 }
 
-void CorrectRange(float minimum, float& maximum) {
-    if (minimum != maximum) return;
-    kest::ShowMessage("The Minimum and Maximum values cannot be equal.", "Error");
+bool CorrectRange(float minimum, float& maximum) {
+    if (minimum != maximum) return false;
     maximum += 1.0F;
+    return true;
 }
 
 void SetText(char (&field)[KEST_GRAPH_TEXT_SIZE], const char* text) {
@@ -76,10 +75,10 @@ CcGraph::CcGraph()
         appearance.iWidth = 1;
         std::snprintf(appearance.szName, sizeof appearance.szName, "Curve %d", i);
     }
-    hResourceLibrary.Adopt(kest::LoadGraphResources());
+    hResourceLibrary.Adopt(kest::LoadOwnGraphResources());
 }
 
-CcGraph::~CcGraph() = default;
+CcGraph::~CcGraph() { kest::CloseSettingsDialogs(*this); }
 
 int CcGraph::SetCurveList(CcList* pList) {
     pCurveList = pList;
@@ -115,12 +114,19 @@ int CcGraph::SetMinMaxValues(float fNewXMin, float fNewXMax, float fNewYMin, flo
 
     constexpr char negative[] = "You cannot have a negative Precision.\n\nPrecision will be set to default.";
     constexpr char tooHigh[] = "A Maximum Precision of 5 is allowed.\n\nPrecision will be set to default.";
-    CorrectPrecision(iXPrecision, iXPrecision < 0, negative);
-    CorrectPrecision(iYPrecision, iYPrecision < 0, negative);
-    CorrectPrecision(iXPrecision, iXPrecision > highestPrecision, tooHigh);
-    CorrectPrecision(iYPrecision, iYPrecision > highestPrecision, tooHigh);
-    CorrectRange(fXMin, fXMax);
-    CorrectRange(fYMin, fYMax);
+    constexpr char equal[] = "The Minimum and Maximum values cannot be equal.";
+    const struct {
+        bool isMade;
+        const char* message;
+    } corrections[] = {{Correct(iXPrecision, iXPrecision < 0), negative},
+                       {Correct(iYPrecision, iYPrecision < 0), negative},
+                       {Correct(iXPrecision, iXPrecision > highestPrecision), tooHigh},
+                       {Correct(iYPrecision, iYPrecision > highestPrecision), tooHigh},
+                       {CorrectRange(fXMin, fXMax), equal},
+                       {CorrectRange(fYMin, fYMax), equal}};
+    // A box runs the host's timers, which may set values of their own or delete the graph.
+    for (const auto& [isMade, message] : corrections)
+        if (isMade) kest::ShowMessage(message, "Error");
     return KEST_OK;
 }
 
@@ -178,26 +184,17 @@ int CcGraph::SetCurveAppearance(int iIndex, const tagCURVEAPPEARANCE* pAppearanc
     return KEST_OK;
 }
 
-int CcGraph::ShowDLBLineStyle() {
+int CcGraph::ShowDialog(RunDialog* pRun) {
+    if (!hResourceLibrary) hResourceLibrary.Adopt(kest::LoadGraphResourcesByName());
     if (!hResourceLibrary) return KEST_FAILED;
-    kest::RunLineStyleDialog(*this, hResourceLibrary, GetFocus());
+    pRun(*this, hResourceLibrary, GetFocus());
     return KEST_OK;
 }
 
-int CcGraph::ShowDLBSetGridMarkings() {
-    if (!hResourceLibrary) return KEST_FAILED;
-    kest::RunGridMarkingsDialog(*this, hResourceLibrary, GetFocus());
-    return KEST_OK;
-}
+int CcGraph::ShowDLBLineStyle() { return ShowDialog(kest::RunLineStyleDialog); }
 
-int CcGraph::ShowDLBSetMM() {
-    if (!hResourceLibrary) return KEST_FAILED;
-    kest::RunMinMaxDialog(*this, hResourceLibrary, GetFocus());
-    return KEST_OK;
-}
+int CcGraph::ShowDLBSetGridMarkings() { return ShowDialog(kest::RunGridMarkingsDialog); }
 
-int CcGraph::ShowDLBTitle() {
-    if (!hResourceLibrary) return KEST_FAILED;
-    kest::RunTitleDialog(*this, hResourceLibrary, GetFocus());
-    return KEST_OK;
-}
+int CcGraph::ShowDLBSetMM() { return ShowDialog(kest::RunMinMaxDialog); }
+
+int CcGraph::ShowDLBTitle() { return ShowDialog(kest::RunTitleDialog); }

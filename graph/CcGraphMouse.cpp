@@ -24,20 +24,28 @@ kest::IntPoint ToLogical(HDC dc, POINT point) {
 
 int CcGraph::FindBreakPoint(HDC hDC, POINT* ptDevice, const kest::HitAxes& axes) {
     if (!pCurveList || !ptDevice) return KEST_FAILED;
+    const POINT device = *ptDevice;
     const kest::MapModeGuard mapMode(hDC, MM_ANISOTROPIC);
-    SetMapping(hDC);
-    const kest::IntPoint cursor = ToLogical(hDC, *ptDevice);
-    for (int i = 0; i < pCurveList->GetNumberOfObjects(); ++i) {
-        pSelectedCurve = kest::AsCurve(pCurveList->GetAtIndex(i));
+    const auto toLogical = [&] {
+        SetMapMode(hDC, MM_ANISOTROPIC);
+        SetMapping(hDC);
+        return ToLogical(hDC, device);
+    };
+    kest::IntPoint cursor = toLogical();
+    CcList* const list = pCurveList;
+    for (int i = 0; pCurveList == list && i < list->GetNumberOfObjects(); ++i) {
+        pSelectedCurve = kest::AsCurve(list->GetAtIndex(i));
         if (!pSelectedCurve) {
+            // The host may paint the graph anew meanwhile, or take its list away.
             kest::ShowMessage("Null Curve in 'IsCursorOnBP'", "Graph Error");
+            cursor = toLogical();
             continue;
         }
         const std::span<const tagPoints> points = kest::PointsOf(*pSelectedCurve);
         if (points.empty()) continue;
         iSelectedPoint = kest::FirstPointNear(Scales(), points, cursor, axes);
         if (iSelectedPoint < 0) continue;
-        pCurveList->SelectObjectAtIndex(i);
+        list->SelectObjectAtIndex(i);
         return iSelectedPoint;
     }
     return KEST_FAILED;

@@ -27,9 +27,10 @@ private:
 
     std::span<NumberField> Fields() override { return fields; }
 
-    void Fill() override {
+    bool Fill() override {
         for (const LinesBox& box : boxes)
             CheckDlgButton(window, box.id, *box.lines == 1 ? BST_CHECKED : BST_UNCHECKED);
+        return true;
     }
 
     bool TakeOver(int controlId, int) override {
@@ -67,7 +68,7 @@ private:
 }  // namespace
 
 void RunGridMarkingsDialog(CcGraph& graph, HMODULE resources, HWND owner) {
-    SettingsDialog::Run<GridMarkingsDialog>(graph, resources, owner, "SETGRIDMARKINGS");
+    SettingsDialog::Run<GridMarkingsDialog>(graph, resources, owner, "SETGRIDMARKINGS", "Grid and Tick Marks");
 }
 
 }  // namespace kest

@@ -46,28 +46,30 @@ public:
 private:
     std::span<NumberField> Fields() override { return fields; }
 
-    void Fill() override {
+    bool Fill() override {
+        if (!ReadCurves()) return false;
         for (const char* name : styleNames)
             SendDlgItemMessageA(window, IDC_STYLE, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
-        ReadCurves();
         for (int i = 0; i < count; ++i)
             SendDlgItemMessageA(window, IDC_CURVES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entries[static_cast<std::size_t>(i)].name));
         CcList* const list = graph.GetCurveList();
         const int selected = list ? list->GetSelectedObjectsIndex() : -1;
         Select(selected >= 0 && selected < count ? selected : 0);
+        return true;
     }
 
-    void ReadCurves() {
+    bool ReadCurves() {
         CcList* const list = graph.GetCurveList();
         const ListPositionGuard position(list);
         const int curves = list ? list->GetNumberOfObjects() : 0;
         count = std::max(KEST_GRAPH_CURVES, curves);
-        if (!entries.Allocate(count)) count = 0;
+        if (!entries.Allocate(count)) return false;
         for (int i = 0; i < count; ++i) {
             CurveEntry& entry = entries[static_cast<std::size_t>(i)];
             entry.curve = i < curves ? AsCurve(list->GetAtIndex(i)) : nullptr;
             ReadLook(entry, i);
         }
+        return true;
     }
 
     void ReadLook(CurveEntry& entry, int index) {
@@ -87,65 +89,67 @@ private:
         entry.before = entry.look;
     }
 
-    CurveEntry* Selected() { return selectedEntry < count ? &entries[static_cast<std::size_t>(selectedEntry)] : nullptr; }
+    CurveEntry& Selected() { return entries[static_cast<std::size_t>(selectedEntry)]; }
 
     void Select(int index) {
         selectedEntry = index;
         SendDlgItemMessageA(window, IDC_CURVES, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        const CurveEntry* const entry = Selected();
-        if (!entry) return;
-        SendDlgItemMessageA(window, IDC_STYLE, CB_SETCURSEL, static_cast<WPARAM>(entry->look.style), 0);
-        width = entry->look.width;
+        const CurveLook& look = Selected().look;
+        SendDlgItemMessageA(window, IDC_STYLE, CB_SETCURSEL, static_cast<WPARAM>(look.style), 0);
+        width = look.width;
         ShowFields();
     }
 
     bool TakeOver(int controlId, int code) override {
-        CurveEntry* const entry = Selected();
-        if (!entry) return false;
+        // A program that operates the dialog can select nothing; what was selected stays.
+        const auto chosenIn = [&](UINT question) {
+            return static_cast<int>(SendDlgItemMessageA(window, controlId, question, 0, 0));
+        };
         if (controlId == IDC_CURVES && code == LBN_SELCHANGE) {
-            Select(static_cast<int>(SendDlgItemMessageA(window, IDC_CURVES, LB_GETCURSEL, 0, 0)));
+            const int chosen = chosenIn(LB_GETCURSEL);
+            Select(chosen >= 0 && chosen < count ? chosen : selectedEntry);
             return true;
         }
         if (controlId == IDC_STYLE && code == CBN_SELCHANGE) {
-            entry->look.style = static_cast<int>(SendDlgItemMessageA(window, IDC_STYLE, CB_GETCURSEL, 0, 0));
+            if (const int chosen = chosenIn(CB_GETCURSEL); chosen >= 0) Selected().look.style = chosen;
             return true;
         }
-        return controlId == IDC_COLOUR && code == BN_CLICKED && ChooseColour(entry->look.colour);
+        return controlId == IDC_COLOUR && code == BN_CLICKED && ChooseColour();
     }
 
-    bool ChooseColour(COLORREF& colour) const {
+    bool ChooseColour() {
         static COLORREF customColours[16] = {};
         CHOOSECOLORA choice = {};
         choice.lStructSize = sizeof choice;
         choice.hwndOwner = window;
-        choice.rgbResult = colour;
+        choice.rgbResult = Selected().look.colour;
         choice.lpCustColors = customColours;
         choice.Flags = CC_RGBINIT | CC_FULLOPEN;
-        if (!ChooseColorA(&choice)) return false;
-        colour = choice.rgbResult;
+        const HWND dialog = window;
+        if (!ChooseColorA(&choice) || !IsWindow(dialog)) return false;
+        Selected().look.colour = choice.rgbResult;
         return true;
     }
 
     void UpdatePreview() override {
-        CurveEntry* const entry = Selected();
-        if (!entry) return;
-        entry->look.width = width;
-        const bool isPattern = entry->look.style >= PS_DASH && entry->look.style <= PS_DASHDOTDOT;
+        CurveLook& look = Selected().look;
+        look.width = width;
+        const bool isPattern = look.style >= PS_DASH && look.style <= PS_DASHDOTDOT;
         ShowRemark(isPattern && width > 1 ? "Wider than 1, lines are drawn solid." : "");
         Redraw(IDC_SWATCH);
     }
 
     void Draw(HDC dc, HWND control, const RECT& area) override {
-        const CurveEntry* const entry = Selected();
-        if (!entry) return;
+        const CurveLook& look = Selected().look;
         if (GetDlgCtrlID(control) == IDC_SWATCH) {
-            const GdiObject<HBRUSH> brush(CreateSolidBrush(entry->look.colour));
+            const GdiObject<HBRUSH> brush(CreateSolidBrush(look.colour));
             FillRect(dc, &area, brush);
             return;
         }
         // The look belongs to the curve drawn here, on the same terms as in a graph.
-        const bool hasLines = entry->look.style != KEST_CURVE_SQUARES;
-        const GdiObject<HPEN> made(MakeCurvePen(entry->look.style, entry->look.colour, std::clamp(entry->look.width, -widestShown, widestShown)));
+        const bool hasLines = look.style != KEST_CURVE_SQUARES;
+        const int shownWidth = std::clamp(look.width, -widestShown, widestShown);
+        const GdiObject<HPEN> made(MakeCurvePen(look.style, look.colour, shownWidth));
         const SelectedObject pen(dc, made);
         const BackgroundModeGuard background(dc, TRANSPARENT);
         POINT points[5];
@@ -159,11 +163,15 @@ private:
     }
 
     void Apply() override {
+        CcList* const list = graph.GetCurveList();
+        const ListPositionGuard position(list);
         for (int i = 0; i < count; ++i) {
             const CurveEntry& entry = entries[static_cast<std::size_t>(i)];
             const CurveLook& look = entry.look;
             if (look == entry.before) continue;
-            if (entry.curve) entry.curve->SetCurveStyle(look.style, look.colour, look.width);
+            // The host may have taken curves out of the list, and deleted them, since the dialog opened.
+            CcCurve* const curve = list && i < list->GetNumberOfObjects() ? AsCurve(list->GetAtIndex(i)) : nullptr;
+            if (curve && curve == entry.curve) curve->SetCurveStyle(look.style, look.colour, look.width);
             tagCURVEAPPEARANCE appearance;
             if (graph.GetCurveAppearance(i, &appearance) < 0) continue;
             appearance.iStyle = look.style;
@@ -183,7 +191,7 @@ private:
 }  // namespace
 
 void RunLineStyleDialog(CcGraph& graph, HMODULE resources, HWND owner) {
-    SettingsDialog::Run<LineStyleDialog>(graph, resources, owner, "LINESTYLEDLB");
+    SettingsDialog::Run<LineStyleDialog>(graph, resources, owner, "LINESTYLEDLB", "Curve Styles");
 }
 
 }  // namespace kest

@@ -37,9 +37,9 @@ private:
     void Apply() override { SetRanges(graph); }
 
     void SetRanges(CcGraph& target) const {
+        target.SetXYOriginCross(x.origin, y.origin);
         target.SetMinMaxValues(x.minimum, x.maximum, y.minimum, y.maximum, x.exponent, x.decimalPlaces, y.exponent,
                                y.decimalPlaces);
-        target.SetXYOriginCross(x.origin, y.origin);
     }
 
     Axis x = {}, y = {};
@@ -60,7 +60,7 @@ private:
 }  // namespace
 
 void RunMinMaxDialog(CcGraph& graph, HMODULE resources, HWND owner) {
-    SettingsDialog::Run<MinMaxDialog>(graph, resources, owner, "XYMINMAX");
+    SettingsDialog::Run<MinMaxDialog>(graph, resources, owner, "XYMINMAX", "Axis Ranges");
 }
 
 }  // namespace kest

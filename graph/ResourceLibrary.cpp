@@ -6,11 +6,11 @@
 #include "core/Module.h"
 
 namespace kest {
+namespace {
+constexpr char fileName[] = "Kest_GRes.dll";
+}
 
-HMODULE LoadGraphResources() {
-    constexpr char fileName[] = "Kest_GRes.dll";
-    if (const HMODULE found = LoadLibraryA(fileName)) return found;
-
+HMODULE LoadOwnGraphResources() {
     char path[MAX_PATH];
     const DWORD length = GetModuleFileNameA(LibraryModule(), path, sizeof path);
     if (length == 0 || length >= sizeof path) return nullptr;
@@ -20,5 +20,7 @@ HMODULE LoadGraphResources() {
     std::memcpy(path + folderLength, fileName, sizeof fileName);
     return LoadLibraryA(path);
 }
+
+HMODULE LoadGraphResourcesByName() { return LoadLibraryA(fileName); }
 
 }  // namespace kest

@@ -7,7 +7,9 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/Messages.h"
 #include "graph/CurvePoints.h"
+#include "graph/Dialogs.h"
 #include "graph/resources/DialogIds.h"
 
 namespace kest {
@@ -82,11 +84,55 @@ INT_PTR SettingsDialog::Dispatch(HWND window, UINT message, WPARAM wParam, LPARA
     }
 }
 
-void SettingsDialog::Start() {
-    Fill();
+namespace {
+
+/// The open dialogs of all threads, each linked to the next.
+SettingsDialog* firstOpen = nullptr;
+SRWLOCK openLock = SRWLOCK_INIT;
+
+}  // namespace
+
+SettingsDialog::SettingsDialog(CcGraph& edited, HWND dialogWindow)
+    : graph(edited), window(dialogWindow), preview(edited) {
+    AcquireSRWLockExclusive(&openLock);
+    nextOpen = firstOpen;
+    firstOpen = this;
+    ReleaseSRWLockExclusive(&openLock);
+}
+
+SettingsDialog::~SettingsDialog() {
+    AcquireSRWLockExclusive(&openLock);
+    SettingsDialog** link = &firstOpen;
+    while (*link != this) link = &(*link)->nextOpen;
+    *link = nextOpen;
+    ReleaseSRWLockExclusive(&openLock);
+}
+
+void SettingsDialog::CloseAllOf(const CcGraph& graph) {
+    AcquireSRWLockShared(&openLock);
+    for (SettingsDialog* open = firstOpen; open; open = open->nextOpen) {
+        if (&open->graph != &graph) continue;
+        open->isStarted = false;
+        open->preview.SetCurveList(nullptr);
+        PostMessageA(open->window, WM_COMMAND, IDCANCEL, 0);
+    }
+    ReleaseSRWLockShared(&openLock);
+}
+
+void CloseSettingsDialogs(const CcGraph& graph) { SettingsDialog::CloseAllOf(graph); }
+
+void SettingsDialog::TellNotMade(const char* title) {
+    char text[80];
+    std::snprintf(text, sizeof text, "Can't open dialog:%s", title);
+    ShowMessage(text, "Error...");
+}
+
+bool SettingsDialog::Start() {
+    if (!Fill()) return false;
     ShowFields();
     isStarted = true;
     Refresh();
+    return true;
 }
 
 void SettingsDialog::ShowFields() {
@@ -98,11 +144,10 @@ void SettingsDialog::ShowFields() {
 }
 
 void SettingsDialog::Command(int controlId, int code) {
-    if (!isStarted) return;
+    if (controlId == IDCANCEL) EndDialog(window, IDCANCEL);
+    if (!isStarted || controlId == IDCANCEL) return;
     if (controlId == IDOK) {
         Accept();
-    } else if (controlId == IDCANCEL) {
-        EndDialog(window, IDCANCEL);
     } else if (NumberField* const field = FieldOf(controlId)) {
         if (code == EN_CHANGE) FieldChanged(*field);
         if (code == EN_KILLFOCUS) FieldLeft(*field);
@@ -159,8 +204,9 @@ void SettingsDialog::Accept() {
         SendMessageA(window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(window, field.Id())), TRUE);
         return;
     }
+    const HWND dialog = window;
     Apply();
-    EndDialog(window, IDOK);
+    EndDialog(dialog, IDOK);
 }
 
 INT_PTR SettingsDialog::EditColour(HDC dc, HWND control) {
@@ -197,6 +243,7 @@ void SettingsDialog::DrawItem(const DRAWITEMSTRUCT& item) {
 
 // Its curves are the edited graph's own.
 void SettingsDialog::Draw(HDC dc, HWND control, const RECT&) {
+    if (isStarted) preview.SetCurveList(graph.GetCurveList());
     const ListPositionGuard position(preview.GetCurveList());
     preview.ShowGraph(control, dc, 0);
 }

@@ -46,29 +46,38 @@ private:
 };
 
 /// One open dialog. It works on variables of its own, and changes the graph in Apply only.
+///
+/// Whatever runs messages (this dialog, a box, a dialog over this one) lets the host change what the graph refers to,
+/// delete the graph, or destroy the window and this object with it.
 class SettingsDialog : Guard, public KestHeapObject {
 public:
-    /// Runs a dialog of the derived class until it is closed. A template that is missing shows nothing.
+    /// Runs a dialog of the derived class until it is closed. One that cannot be made is told by its `title`.
     template <class Dialog>
-    static void Run(CcGraph& graph, HMODULE resources, HWND owner, const char* templateName) {
+    static void Run(CcGraph& graph, HMODULE resources, HWND owner, const char* templateName, const char* title) {
         LoadCommonControls();
-        DialogBoxParamA(resources, templateName, owner, Procedure<Dialog>, reinterpret_cast<LPARAM>(&graph));
+        const INT_PTR result =
+            DialogBoxParamA(resources, templateName, owner, Procedure<Dialog>, reinterpret_cast<LPARAM>(&graph));
+        if (result == notMade) TellNotMade(title);
     }
 
+    /// Cancels the open dialogs of a graph.
+    static void CloseAllOf(const CcGraph& graph);
+
 protected:
-    SettingsDialog(CcGraph& edited, HWND dialogWindow) : graph(edited), window(dialogWindow), preview(edited) {}
-    virtual ~SettingsDialog() = default;
+    SettingsDialog(CcGraph& edited, HWND dialogWindow);
+    virtual ~SettingsDialog();
 
     virtual std::span<NumberField> Fields() { return {}; }
-    /// Fills the controls that are no number fields.
-    virtual void Fill() {}
-    /// Takes over what such a control tells (the identifier and code of its WM_COMMAND); false for what is not its own.
+    /// Fills the controls that are no number fields; false without the memory for it.
+    virtual bool Fill() { return true; }
+    /// Takes over what such a control tells (the identifier and code of its WM_COMMAND); false for what is not its own,
+    /// and when the dialog is gone.
     virtual bool TakeOver(int, int) { return false; }
     /// Brings `preview` up to date with the entries.
     virtual void UpdatePreview() {}
     /// Draws an owner-drawn control. Here: `preview`, as the graph itself is drawn.
     virtual void Draw(HDC dc, HWND control, const RECT& area);
-    /// Hands the entries to the graph.
+    /// Hands the entries to the graph. What shows boxes comes last.
     virtual void Apply() = 0;
 
     /// Writes the number fields' variables into their controls; what was wrong in them is gone.
@@ -89,12 +98,13 @@ private:
         if (message != WM_INITDIALOG) return Dispatch(window, message, wParam, lParam);
         SettingsDialog* const made = new Dialog(*reinterpret_cast<CcGraph*>(lParam), window);
         SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(made));
-        made ? made->Start() : static_cast<void>(EndDialog(window, IDCANCEL));
+        if (!made || !made->Start()) EndDialog(window, notMade);
         return TRUE;
     }
     static INT_PTR Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-    void Start();
+    bool Start();
+    static void TellNotMade(const char* title);
     void Command(int controlId, int code);
     void Accept();
     void FieldChanged(NumberField& field);
@@ -106,7 +116,10 @@ private:
     INT_PTR EditColour(HDC dc, HWND control);
     INT_PTR LabelColour(HDC dc, HWND control) const;
 
-    bool isStarted = false;
+    /// What DialogBoxParamA itself returns for it.
+    static constexpr INT_PTR notMade = -1;
+    SettingsDialog* nextOpen;
+    bool isStarted = false;  // and its graph is there: commands count
     bool isProblem = false;  // not just a remark
     GdiObject<HBRUSH> wrongBrush{CreateSolidBrush(wrongBackground)};
     static constexpr COLORREF wrongBackground = RGB(255, 221, 221), wrongText = RGB(176, 0, 0);

@@ -15,12 +15,13 @@ private:
         char title[KEST_GRAPH_TEXT_SIZE], x[KEST_GRAPH_TEXT_SIZE], y[KEST_GRAPH_TEXT_SIZE];
     };
 
-    void Fill() override {
+    bool Fill() override {
         Texts texts;
         graph.GetGraphText(texts.title, texts.x, texts.y);
         FillText(IDC_TITLE, texts.title);
         FillText(IDC_X_TEXT, texts.x);
         FillText(IDC_Y_TEXT, texts.y);
+        return true;
     }
 
     bool TakeOver(int controlId, int code) override {
@@ -47,7 +48,7 @@ private:
 }  // namespace
 
 void RunTitleDialog(CcGraph& graph, HMODULE resources, HWND owner) {
-    SettingsDialog::Run<TitleDialog>(graph, resources, owner, "TITLEDLB");
+    SettingsDialog::Run<TitleDialog>(graph, resources, owner, "TITLEDLB", "Graph Titles");
 }
 
 }  // namespace kest

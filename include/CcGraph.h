@@ -39,7 +39,8 @@ static_assert(sizeof(tagCURVEAPPEARANCE) == 32);
 class KEST_API CcGraph : public CcHLObject {
 public:
     /// Ranges 0 to 500, three major and three minor marks an axis, major grid lines. Loads the library with the
-    /// templates of the settings dialogs, "Kest_GRes.dll", by its name or else from the folder of this library.
+    /// templates of the settings dialogs, "Kest_GRes.dll", from the folder of this library; where it does not lie there
+    /// the first dialog loads it by its name.
     CcGraph();
     CcGraph(const CcGraph&) = default;
     CcGraph& operator=(const CcGraph&) = default;
@@ -57,7 +58,7 @@ public:
 
     /// Ranges in data coordinates; exponents by which the labels are scaled (3: thousands); decimals of the labels.
     /// Corrects, after a message box with the caption "Error": a precision outside 0 to 5 to 2, and a maximum that
-    /// equals its minimum to 1 more. A minimum above its maximum turns the axis round. Always 0.
+    /// equals its minimum to 1 more. The boxes come when all is stored and corrected. A minimum above its maximum turns the axis round. Always 0.
     int SetMinMaxValues(float fNewXMin, float fNewXMax, float fNewYMin, float fNewYMax, int iXOption,
                         int iNewXPrecision, int iYOption, int iNewYPrecision);
     /// The same values in the same order. Null is skipped.
@@ -131,7 +132,11 @@ public:
     /// @}
     /// @name Settings dialogs
     /// Modal to the window with the focus. 0 however they are closed; -1 when the library with their templates
-    /// could not be loaded. Redraw the graph afterwards.
+    /// could not be loaded. A dialog that cannot be made, for want of its template or of memory, changes nothing and
+    /// returns 0 after a message box "Can't open dialog:%s" with the caption "Error...". Redraw the graph afterwards.
+    ///
+    /// The host's timers and paint handlers run meanwhile. They may change the list of curves: a curve that is no longer
+    /// in it when the user accepts is not touched. When they delete the graph its dialog is cancelled.
     /// @{
 
     int ShowDLBLineStyle();        ///< colour, style and width of the curves
@@ -174,6 +179,8 @@ private:
     /// Moves the viewport origin to a device position.
     int SetOriginViaMouse(POINT* ptDevice);
 
+    using RunDialog = void(CcGraph& graph, HMODULE resources, HWND owner);
+    int ShowDialog(RunDialog* pRun);
     kest::GraphAxis XAxis() const;
     kest::GraphAxis YAxis() const;
     kest::GraphScales Scales() const;

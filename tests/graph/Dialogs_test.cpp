@@ -265,12 +265,105 @@ TEST(GraphDialogs, AreLaidOutLeaveNothingBehindAndNeedTheirTemplates) {
     EXPECT_EQ(openAll(), before);
     EXPECT_EQ(made.list.GetCurrentObjectsIndex(), 0);
 
-    test::OpenGraph none, noTemplates;
-    none.hResourceLibrary.Adopt(nullptr);
+    test::OpenGraph noTemplates;
     noTemplates.hResourceLibrary.Adopt(LoadLibraryA("Kernel32.dll"));
+    std::vector<std::string> told;
     for (const ShowDialog show : allDialogs) {
-        EXPECT_EQ((none.*show)(), -1);
         EXPECT_EQ((noTemplates.*show)(), 0);
+        for (const test::Box& box : test::TakeBoxes()) told.push_back(box.caption + '|' + box.text);
+    }
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        "Error...|Can't open dialog:Graph Titles", "Error...|Can't open dialog:Axis Ranges",
+                        "Error...|Can't open dialog:Grid and Tick Marks", "Error...|Can't open dialog:Curve Styles"}));
+}
+
+/// "Kest_GRes.dll" beside the library is away, and the current folder is one of its own, perhaps with such a file.
+struct FolderWithoutTemplates {
+    char home[MAX_PATH], kept[MAX_PATH], away[MAX_PATH], planted[MAX_PATH];
+
+    explicit FolderWithoutTemplates(bool plants) {
+        GetCurrentDirectoryA(sizeof home, home);
+        GetModuleFileNameA(GetModuleHandleA("KestApi.dll"), kept, sizeof kept);
+        std::strcpy(std::strrchr(kept, '\\') + 1, "Kest_GRes.dll");
+        std::snprintf(away, sizeof away, "%s.away", kept);
+        CreateDirectoryA("planted", nullptr);
+        SetCurrentDirectoryA("planted");
+        GetFullPathNameA("Kest_GRes.dll", sizeof planted, planted, nullptr);
+        if (plants) CopyFileA(kept, planted, FALSE);
+        MoveFileA(kept, away);
+    }
+    ~FolderWithoutTemplates() {
+        MoveFileA(away, kept);
+        DeleteFileA(planted);
+        SetCurrentDirectoryA(home);
+        RemoveDirectoryA("planted");
+    }
+};
+
+TEST(GraphDialogs, TemplatesInTheCurrentFolderAreTheLastThatAreTried) {
+    const auto plantedIsLoaded = [](const FolderWithoutTemplates& folder) { return GetModuleHandleA(folder.planted); };
+    {
+        const FolderWithoutTemplates folder(true);
+        test::OpenGraph graph;
+        EXPECT_FALSE(graph.hResourceLibrary || plantedIsLoaded(folder));
+        const auto cancel = [](DialogUser& user) { user.Click(IDCANCEL); };
+        Operate(graph, &CcGraph::ShowDLBTitle, cancel);
+        EXPECT_TRUE(plantedIsLoaded(folder));
+        MoveFileA(folder.away, folder.kept);
+        test::OpenGraph another;
+        char path[MAX_PATH];
+        GetModuleFileNameA(another.hResourceLibrary, path, sizeof path);
+        EXPECT_EQ(lstrcmpiA(path, folder.kept), 0) << path;
+    }
+    const FolderWithoutTemplates folder(false);
+    CcGraph graph;
+    for (const ShowDialog show : allDialogs) EXPECT_EQ((graph.*show)(), -1);
+    EXPECT_TRUE(test::TakeBoxes().empty());
+}
+
+TEST(GraphDialogs, TheHostChangesTheCurvesAndDeletesTheGraph) {
+    // A program that operates the dialog selects nothing; then the second curve is deleted.
+    CurvesToStyle made;
+    auto deleted = std::make_unique<test::Curve>(made.second);
+    made.list.DeleteAtIndex(1);
+    made.list.InsertAtIndex(deleted.get(), 1);
+    made.list.SelectObjectAtIndex(1);
+    Operate(made.graph, &CcGraph::ShowDLBLineStyle, [&](DialogUser& user) {
+        const HWND dialog = GetParent(user.Control(IDOK));
+        for (const auto& [id, select, code] :
+             {std::tuple{IDC_CURVES, LB_SETCURSEL, LBN_SELCHANGE}, {IDC_STYLE, CB_SETCURSEL, CBN_SELCHANGE}}) {
+            SendMessageA(user.Control(id), static_cast<UINT>(select), static_cast<WPARAM>(-1), 0);
+            SendMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(MAKELONG(id, code)), 0);
+        }
+        user.TypeInto(IDC_WIDTH, "5");
+        user.Look(IDC_PREVIEW);
+        made.list.DeleteAtIndex(1);
+        made.list.InsertAtIndex(&made.second, 1);
+        deleted.reset();
+        user.Click(IDOK);
+    });
+    EXPECT_EQ(made.Styles()[5], 9);
+    tagCURVEAPPEARANCE appearance;
+    made.graph.GetCurveAppearance(1, &appearance);
+    EXPECT_EQ(appearance.iWidth, 5);
+    EXPECT_EQ(appearance.iStyle, PS_DASH);
+
+    for (const ShowDialog show : allDialogs) {
+        auto graph = std::make_unique<CcGraph>();
+        auto list = std::make_unique<CcList>();
+        list->InsertTail(&made.first);
+        graph->SetCurveList(list.get());
+        CcGraph& shown = *graph;
+        Operate(shown, show, [&](DialogUser& user) {
+            graph->SetCurveList(nullptr);
+            list.reset();
+            user.Look(IDC_PREVIEW);
+            InvalidateRect(user.Control(IDC_PREVIEW), nullptr, FALSE);
+            UpdateWindow(user.Control(IDC_PREVIEW));
+            graph.reset();
+            user.Look(IDC_PREVIEW);
+            test::PumpMessages(50);
+        });
     }
 }
 

@@ -73,8 +73,16 @@ TEST_F(Picking, FirstHitInListOrderWins) {
     EXPECT_EQ(At(100, 100, onSelected), -1);
     graph.iSelectedPoint = 0;
     EXPECT_EQ(At(100, 100, &CcGraph::SetSelBPViaMouse), 0);
-    graph.SetCurveList(nullptr);
+    // The host takes the list away while the box is open.
+    test::TestWindow host(50, 50);
+    SetFocus(host);
+    host.onMessage = [&](UINT message, WPARAM, LPARAM) {
+        if (message == WM_ENABLE) graph.SetCurveList(nullptr);
+        return false;
+    };
     EXPECT_EQ(At(100, 100), -1);
+    EXPECT_EQ(test::TakeBoxes().size(), 1U);
+    EXPECT_EQ(graph.GetCurveList(), nullptr);
     EXPECT_EQ(At(100, 100, onSelected), -1);
     EXPECT_EQ(graph.SetSelBPDirect(1, 2), -1);
 }
