@@ -130,7 +130,7 @@ BOOL WINAPI ChoosePrinter(PRINTDLGA* setup) {
 }
 int WINAPI StartJob(HDC, const DOCINFOA*) { return 1; }
 int WINAPI StartOrEnd(HDC) { return 1; }
-int WINAPI FinishPage(HDC) { return ++pages; }
+int WINAPI FinishJob(HDC) { return ++pages; }
 INT_PTR WINAPI RunDialog(HINSTANCE, const char*, HWND, DLGPROC, LPARAM) { return IDCANCEL; }
 
 Row StandIn(Row row, auto* function) {
@@ -172,12 +172,13 @@ std::vector<Row> Rows() {
         KEST_FAULT(Objects, CreateRectRgn, none, 0), KEST_FAULT(Objects, CreateRectRgnIndirect, none, 0),
         KEST_FAULT(Selection, SelectObject, none, 0), KEST_FAULT(Selection, SelectPalette, none, 0),
         KEST_FAULT(Window, GetClientRect, FALSE, 0), KEST_FAULT(Window, ClientToScreen, FALSE, 0),
-        StandIn(KEST_FAULT(PrintJob, StartDocA, -1, 0), &StartJob), StandIn(KEST_FAULT(PrintJob, StartPage, 0, 0), &StartOrEnd), StandIn(KEST_FAULT(PrintJob, EndPage, 0, 0), &FinishPage),
-        StandIn(KEST_FAULT(PrintJob, EndDoc, 0, 0), &StartOrEnd), StandIn(KEST_FAULT(PrintJob, PrintDlgA, FALSE, 0), &ChoosePrinter),
+        StandIn(KEST_FAULT(PrintJob, StartDocA, -1, 0), &StartJob), StandIn(KEST_FAULT(PrintJob, StartPage, 0, 0), &StartOrEnd), StandIn(KEST_FAULT(PrintJob, EndPage, 0, 0), &StartOrEnd),
+        StandIn(KEST_FAULT(PrintJob, EndDoc, 0, 0), &FinishJob), StandIn(KEST_FAULT(PrintJob, PrintDlgA, FALSE, 0), &ChoosePrinter),
         KEST_FAULT(Clipboard, OpenClipboard, FALSE, 0), KEST_FAULT(Clipboard, EmptyClipboard, FALSE, 0),
         KEST_FAULT(Clipboard, SetClipboardData, none, 0),
         StandIn(KEST_FAULT(Dialog, DialogBoxParamA, -1, 0), &RunDialog),
         {"MessageBoxA", reinterpret_cast<void*>(&AnswerBox), &unused},
+        {"AbortDoc", reinterpret_cast<void*>(&StartOrEnd), &unused},
         {"free", reinterpret_cast<void*>(&Free), &unused},
         {"GlobalFree", reinterpret_cast<void*>(&FreeGlobal), &unused},
         {"CloseHandle", reinterpret_cast<void*>(&ClosePath), &unused},

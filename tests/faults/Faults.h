@@ -34,7 +34,7 @@ std::string Ledger();
 /// How many boxes the library has shown since the last call.
 int TakeBoxCount();
 
-/// Pages that the library has ended on the printer that stands in for the system's.
+/// Jobs of one page that the library has finished on the printer that stands in for the system's.
 int PagesPrinted();
 
 /// An operation of the library on objects of its own. It is made anew for each trial.

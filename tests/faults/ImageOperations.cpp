@@ -29,6 +29,7 @@ template <class Image>
 Operation ShowInto(const std::string& name, unsigned short table, unsigned short mode) {
     return {name + " Show " + std::to_string(table) + " mode " + std::to_string(mode), [=] {
         auto image = SceneImage<Image>();
+        image->GetOverlay()[3 * sceneWidth + 5] = 13;
         auto paper = std::make_shared<MemoryPicture>(sceneWidth, sceneHeight);
         return Scene{[=] {
                          const int shown = image->Show(*paper, SceneWindow(), table, mode, 1, 1, 2);

@@ -442,3 +442,14 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(fixed.List(102, 0)[100].x, 100.0F) << "the other tables stay";
     for (const int x : {0, 3}) EXPECT_EQ(after.At(x, 0), before.At(x, 0)) << x;
 }
+
+TEST(WideImages, PictureReplacedWhileTheSaveDialogIsOpen) {
+    const test::TemporaryFile bmp("replaced.bmp"), raw("replaced.i32");
+    CcGrayImageInt32 image, opened;
+    image.MakeBlankBMP(2000, 2000, 5, "large");
+    test::AnswerFileDialog(bmp.Path(), [&] { image.MakeBlankBMP(3, 4, 70000, "small"); });
+    ASSERT_EQ(image.SaveBMPFile(nullptr), 0);
+    EXPECT_EQ(raw.Content().size(), 12u + 4 * 12);
+    ASSERT_EQ(opened.OpenBMPFile(bmp.Path()), 0);
+    EXPECT_EQ(opened(3, 2), 70000.0F);
+}
