@@ -51,6 +51,13 @@ bool GraphWindow::Create(HWND parent, const RECT& place) {
     return Window::Create(look, parent, place);
 }
 
+void GraphWindow::RunDialog(int (CcGraph::*show)()) {
+    isInDialog = true;
+    (graph.*show)();
+    isInDialog = false;
+    Invalidate();
+}
+
 void GraphWindow::ClearCurves() {
     for (const auto& curve : curves) {
         Style present = {};

@@ -36,6 +36,9 @@ public:
     /// Gives the curves' styles to the graph, for its file; and takes those of the file for the curves of these names.
     void NoteStyles();
     void TakeStyles();
+    /// Runs one of the graph's own dialogs. Meanwhile the curves must stay.
+    void RunDialog(int (CcGraph::*show)());
+    bool IsInDialog() const { return isInDialog; }
     /// Ranges with as many decimals as they need.
     void SetRanges(float xMin, float xMax, float yMin, float yMax);
     /// The program's ranges count again.
@@ -83,6 +86,7 @@ private:
     CcList list;
     CcGraph graph;
     int draggedPoint = -1;
+    bool isInDialog = false;
     // What the program set last, to tell what the user has changed since.
     std::optional<Texts> programTexts;
     std::optional<Ranges> programRanges;

@@ -157,6 +157,7 @@ void MainWindow::FocusNextPart() {
             !(GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP))
             continue;
         SetFocus(control);
+        PageOf(sidePage).BringFocusIntoView();
         return;
     }
 }
@@ -178,7 +179,11 @@ bool MainWindow::IsPaneMessage(MSG& message) {
     }
     for (DocumentPane* pane :
          {static_cast<DocumentPane*>(&resultsPane), static_cast<DocumentPane*>(&roiListPane), &PageOf(sidePage)})
-        if (IsChild(*pane, message.hwnd)) return IsDialogMessageA(*pane, &message) != 0;
+        if (IsChild(*pane, message.hwnd)) {
+            const bool isTaken = IsDialogMessageA(*pane, &message) != 0;
+            if (isKey) pane->BringFocusIntoView();
+            return isTaken;
+        }
     return false;
 }
 

@@ -204,36 +204,7 @@ POINT PictureView::PointOf(double x, double y) const {
 
 void PictureView::OnScroll(int bar, WPARAM wParam) {
     if (!document) return;
-    SCROLLINFO info = {sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
-    GetScrollInfo(window, bar, &info);
-    const int line = std::max(1, 16 / std::max(document->view.zoom, 1)), page = static_cast<int>(info.nPage);
-    int position = info.nPos;
-    switch (LOWORD(wParam)) {
-        case SB_LINEUP:
-            position -= line;
-            break;
-        case SB_LINEDOWN:
-            position += line;
-            break;
-        case SB_PAGEUP:
-            position -= page;
-            break;
-        case SB_PAGEDOWN:
-            position += page;
-            break;
-        case SB_THUMBTRACK:
-        case SB_THUMBPOSITION:
-            position = info.nTrackPos;
-            break;
-        case SB_TOP:
-            position = 0;
-            break;
-        case SB_BOTTOM:
-            position = info.nMax;
-            break;
-        default:
-            return;
-    }
+    const int position = ScrolledTo(window, bar, wParam, std::max(1, 16 / std::max(document->view.zoom, 1)));
     if (bar == SB_HORZ)
         ScrollTo(position, document->view.yOffset);
     else

@@ -138,6 +138,24 @@ TEST(Pictures, AreEditedOneByOne) {
     view.ClickControl(IDC_BAND_LAST);
     EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(high) == L"180"; })) << "the last picture's";
 
+    // What stands behind a question is of the picture that it asks about: this one has a point selected, the other
+    // none.
+    view.Press({VK_CONTROL, 'H'});
+    const auto isNote = [&](const wchar_t* note) {
+        return Driver::WaitFor([&] { return TextOfWindow(view.Control(IDC_GRAPH_NOTE)) == note; });
+    };
+    EXPECT_TRUE(isNote(L"1 pixels"));
+    view.Press({VK_CONTROL, VK_TAB});
+    view.Press({VK_CONTROL, 'D'});
+    EXPECT_TRUE(isNote(L"76800 pixels"));
+    view.Press({VK_CONTROL, VK_TAB});
+    EXPECT_TRUE(isNote(L"1 pixels"));
+    PostMessageA(view.Main(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(Driver::WaitFor([&] { return !IsWindowEnabled(view.Main()); }));
+    EXPECT_TRUE(isNote(L"76800 pixels"));
+    EXPECT_EQ(view.AnswerBox(VK_ESCAPE), L"Save the changes to second in a session?");
+    view.Press({VK_CONTROL, VK_TAB});
+
     // While a question waits, the program is not closed under it.
     view.Press({VK_CONTROL, 'W'});
     ASSERT_TRUE(Driver::WaitFor([&] { return !IsWindowEnabled(view.Main()); }));

@@ -56,16 +56,16 @@ void GraphSettings(MainWindow& main, int id) {
     SetFocus(main.View());
     switch (id) {
         case ID_GRAPH_TITLES:
-            graph.ShowDLBTitle();
+            window.RunDialog(&CcGraph::ShowDLBTitle);
             break;
         case ID_GRAPH_RANGES:
-            graph.ShowDLBSetMM();
+            window.RunDialog(&CcGraph::ShowDLBSetMM);
             break;
         case ID_GRAPH_GRID:
-            graph.ShowDLBSetGridMarkings();
+            window.RunDialog(&CcGraph::ShowDLBSetGridMarkings);
             break;
         case ID_GRAPH_LINES:
-            graph.ShowDLBLineStyle();
+            window.RunDialog(&CcGraph::ShowDLBLineStyle);
             break;
         case ID_GRAPH_SAVE:
             window.NoteStyles();

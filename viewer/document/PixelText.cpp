@@ -25,6 +25,9 @@ std::string ValueText(Document& document, long x, long y) {
     }
     if (image.GetImageType() == KEST_IMAGE_INT32)
         return Format("%d", static_cast<const int*>(image.GetBitMapImageData())[index]);
+    // What is read here can be typed as the bound of a band.
+    if (image.GetImageType() == KEST_IMAGE_FLOAT)
+        return NumberText(static_cast<const float*>(image.GetBitMapImageData())[index]);
     return Format("%.6g", static_cast<double>(image(column, row)));
 }
 

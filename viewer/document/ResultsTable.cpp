@@ -91,8 +91,8 @@ std::string ResultText(const ResultRow& row, int column, int digits) {
     if (column == 1) return row.kind;
     if (!row.isMeasured) return "not measured";
     if (column == 2) return Format("%lld", row.values.llPixels);
-    if (!columns[column].value) return row.areaInBands < 0 ? "" : Format("%.*g", digits, row.areaInBands);
-    return Format("%.*g", digits, row.values.*columns[column].value);
+    if (!columns[column].value) return row.areaInBands < 0 ? "" : PlainNumber(row.areaInBands, digits);
+    return PlainNumber(row.values.*columns[column].value, digits);
 }
 
 std::string ResultsAsText(const ResultsTable& table, char separator) {

@@ -28,7 +28,7 @@ ResultsTable MeasureRois(Document& document);
 /// "Area (mm²)": titles say their units.
 std::string ResultTitle(const ResultsTable& table, int column);
 bool IsNumberColumn(int column);
-/// The text of a cell; `digits` significant digits.
+/// The text of a cell; `digits` significant digits, and of large numbers all before the decimal point.
 std::string ResultText(const ResultRow& row, int column, int digits);
 
 /// The whole table. `separator` is ',' for files and a tab for the clipboard; texts are quoted where needed.

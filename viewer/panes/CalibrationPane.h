@@ -21,6 +21,7 @@ public:
 
 private:
     void OnInit() override;
+    int SmallestHeight() const override { return LowestEdge(); }
     bool OnCommand(int id, int code) override;
     bool PicksPoints() const;
     bool Pick(POINT pixel);

@@ -25,6 +25,11 @@ void GraphPane::OnSize(int width, int height) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+int GraphPane::SmallestHeight() const {
+    constexpr int smallestGraph = 180;
+    return PlaceOf(IDC_GRAPH_AREA).top + MulDiv(smallestGraph, DpiOf(window), 96) + HeightOf(PlaceOf(IDC_GRAPH_NOTE));
+}
+
 void GraphPane::OnShown(bool isShown) {
     isInFront = isShown;
     if (isShown) Update();
@@ -37,7 +42,7 @@ void GraphPane::UpdateSoon() {
 bool GraphPane::OnOther(UINT message, WPARAM wParam, LPARAM, LRESULT&) {
     if (message != WM_TIMER || wParam != updateTimer) return false;
     // A dialog may be at work on the curves; the timer comes again.
-    if (!IsWindowEnabled(GetAncestor(window, GA_ROOT))) return true;
+    if (graph.IsInDialog()) return true;
     KillTimer(window, updateTimer);
     Update();
     return true;

@@ -15,6 +15,7 @@ public:
 protected:
     void OnInit() override;
     void OnSize(int width, int height) override;
+    int SmallestHeight() const override;
     bool OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     /// Asks for Update, once the messages at hand are done.
     void UpdateSoon();

@@ -77,6 +77,7 @@ void ResultsPane::Measure() {
             list.SetText(static_cast<int>(row), column, ResultText(table.rows[row], column, shownDigits));
         list.SetSelected(static_cast<int>(row), document->Roi(static_cast<int>(row)).IsROISelected() != 0);
     }
+    list.FitColumns();
     std::string note = "No picture";
     if (document && document->Calibration())
         note = "Lengths and areas in " + table.units + ", by the calibration.";

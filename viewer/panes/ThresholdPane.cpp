@@ -171,6 +171,7 @@ void ThresholdPane::FillBands() {
         list.SetText(row, 2, BoundText(band.high));
         list.SetSelected(row, row == SelectedBand());
     }
+    list.FitColumns();
     InvalidateRect(Item(IDC_BAND_LIST), nullptr, FALSE);
     const bool isPossible = document && ThresholdPreview::IsPossible(document->Image());
     Enable(IDC_BAND_ADD, isPossible && count < mostBands);
@@ -254,7 +255,7 @@ void ThresholdPane::ShowCount() {
     const BandCount count = CountInBands(*document, mask, roi);
     std::string text = Format("In the bands: %lld pixels", count.pixels);
     if (document->Calibration())
-        text += Format(",\n%.6g square %s", count.area, document->Calibration()->GetUnitsOfMeasure());
+        text += ",\n" + PlainNumber(count.area, 6) + " square " + document->Calibration()->GetUnitsOfMeasure();
     text += roi ? std::string("\ninside ") + roi->GetName() + "." : "\nof the whole picture.";
     SetText(IDC_BAND_COUNT, text);
 }

@@ -19,6 +19,7 @@ public:
 private:
     void OnInit() override;
     void OnSize(int width, int height) override;
+    int SmallestHeight() const override { return LowestEdge(); }
     bool OnCommand(int id, int code) override;
     LRESULT OnNotify(NMHDR& header) override;
     bool OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;

@@ -5,6 +5,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "platform/Window.h"
 
 namespace kestview {
@@ -19,9 +21,7 @@ void ListView::AddColumn(const char* title, int width, bool isNumber) const {
     column.pszText = const_cast<char*>(title);
     column.cx = MulDiv(width, DpiOf(list), 96);
     column.fmt = isNumber ? LVCFMT_RIGHT : LVCFMT_LEFT;
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0)),
-                 reinterpret_cast<LPARAM>(&column));
+    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
 }
 
 void ListView::SetColumnTitle(int column, const std::string& title) const {
@@ -31,10 +31,46 @@ void ListView::SetColumnTitle(int column, const std::string& title) const {
     SendMessageA(list, LVM_SETCOLUMNA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
 }
 
+HWND ListView::Header() const {
+    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+}
+
+int ListView::ColumnCount() const {
+    return static_cast<int>(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0));
+}
+
+std::string ListView::TextAt(int row, int column) const {
+    char text[512] = {};
+    LVITEMA item = {};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
+void ListView::FitColumns() const {
+    const int margins = MulDiv(14, DpiOf(list), 96);
+    const auto widthOf = [&](const char* text) {
+        return static_cast<int>(SendMessageA(list, LVM_GETSTRINGWIDTHA, 0, reinterpret_cast<LPARAM>(text))) + margins;
+    };
+    for (int column = 0; column < ColumnCount(); ++column) {
+        char title[128] = {};
+        HDITEMA header = {};
+        header.mask = HDI_TEXT;
+        header.pszText = title;
+        header.cchTextMax = sizeof title;
+        SendMessageA(Header(), HDM_GETITEMA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&header));
+        int width = widthOf(title);
+        for (int row = 0; row < RowCount(); ++row)
+            width = std::max(width, widthOf(TextAt(row, column).c_str()));
+        if (width > SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0))
+            SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
+    }
+}
+
 void ListView::ScaleColumns(int newDpi, int oldDpi) const {
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-    const auto count = static_cast<WPARAM>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
-    for (WPARAM column = 0; column < count; ++column)
+    for (WPARAM column = 0; column < static_cast<WPARAM>(ColumnCount()); ++column)
         SendMessageA(list, LVM_SETCOLUMNWIDTH, column,
                      MulDiv(static_cast<int>(SendMessageA(list, LVM_GETCOLUMNWIDTH, column, 0)), newDpi, oldDpi));
 }
@@ -59,13 +95,9 @@ void ListView::SetRowCount(int count) const {
 }
 
 void ListView::SetText(int row, int column, const std::string& text) const {
-    char old[512] = {};
+    if (text == TextAt(row, column)) return;
     LVITEMA item = {};
     item.iSubItem = column;
-    item.pszText = old;
-    item.cchTextMax = sizeof old;
-    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    if (text == old) return;
     item.pszText = const_cast<char*>(text.c_str());
     SendMessageA(list, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }

@@ -15,6 +15,8 @@ public:
     /// `width` is for 96 dots an inch; numbers are aligned to the right.
     void AddColumn(const char* title, int width, bool isNumber = false) const;
     void SetColumnTitle(int column, const std::string& title) const;
+    /// Makes columns wider until their titles and texts are seen whole.
+    void FitColumns() const;
     void ScaleColumns(int newDpi, int oldDpi) const;
     int RowCount() const;
     /// Adds or takes away rows at the end.
@@ -27,6 +29,10 @@ public:
     int SelectedRow() const;
 
 private:
+    HWND Header() const;
+    int ColumnCount() const;
+    std::string TextAt(int row, int column) const;
+
     HWND list;
 };
 

@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <new>
 
 #include "platform/Boxes.h"
@@ -11,6 +12,11 @@
 #include "platform/Window.h"
 
 namespace kestview {
+namespace {
+
+constexpr int lineLength = 16;
+
+}  // namespace
 
 Pane::~Pane() {
     if (!window) return;
@@ -58,7 +64,15 @@ INT_PTR Pane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             SetWindowLongPtrA(window, DWLP_MSGRESULT, OnNotify(*reinterpret_cast<NMHDR*>(lParam)));
             return TRUE;
         case WM_SIZE:
-            OnSize(LOWORD(lParam), HIWORD(lParam));
+            Arrange();
+            return TRUE;
+        case WM_VSCROLL:
+            // Sliders send it too.
+            if (lParam) break;
+            ScrollTo(ScrolledTo(window, SB_VERT, wParam, MulDiv(lineLength, dpi, 96)));
+            return TRUE;
+        case WM_MOUSEWHEEL:
+            ScrollTo(scrolled - MulDiv(3 * GET_WHEEL_DELTA_WPARAM(wParam), MulDiv(lineLength, dpi, 96), WHEEL_DELTA));
             return TRUE;
         case WM_NCDESTROY:
             SetWindowLongPtrA(window, DWLP_USER, 0);
@@ -68,17 +82,70 @@ INT_PTR Pane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnDpiChanged();
             return TRUE;
         default:
-            if (!OnOther(message, wParam, lParam, result)) return FALSE;
-            // These messages take their result directly.
-            if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORDLG || message == WM_CTLCOLORBTN) return result;
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
-            return TRUE;
+            break;
     }
+    if (!OnOther(message, wParam, lParam, result)) return FALSE;
+    // These messages take their result directly.
+    if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORDLG || message == WM_CTLCOLORBTN) return result;
+    SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
+    return TRUE;
+}
+
+void Pane::Arrange() {
+    // Showing the bar changes the client area.
+    if (isArranging) return;
+    const Filling arranging(isArranging);
+    const int position = scrolled;
+    ScrollTo(0);
+    RECT client;
+    GetClientRect(window, &client);
+    const int smallest = SmallestHeight();
+    if (smallest > 0) ShowScrollBar(window, SB_VERT, client.bottom < smallest);
+    GetClientRect(window, &client);
+    room = {client.right, std::max<LONG>(client.bottom, smallest)};
+    if (room.cy > client.bottom) {
+        SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE, 0, 0, 0, 0, 0};
+        info.nMax = room.cy - 1;
+        info.nPage = static_cast<UINT>(client.bottom);
+        SetScrollInfo(window, SB_VERT, &info, TRUE);
+    }
+    OnSize(room.cx, room.cy);
+    ScrollTo(position);
+}
+
+void Pane::ScrollTo(int position) {
+    RECT client;
+    GetClientRect(window, &client);
+    position = std::clamp<int>(position, 0, std::max<LONG>(0, room.cy - client.bottom));
+    if (position == scrolled) return;
+    ScrollWindowEx(window, 0, scrolled - position, nullptr, nullptr, nullptr, nullptr,
+                   SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+    scrolled = position;
+    SetScrollPos(window, SB_VERT, scrolled, TRUE);
+}
+
+void Pane::BringFocusIntoView() {
+    const HWND focus = GetFocus();
+    if (!focus || GetParent(focus) != window) return;
+    RECT place, client;
+    GetWindowRect(focus, &place);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    GetClientRect(window, &client);
+    if (place.bottom > client.bottom) ScrollTo(scrolled + place.bottom - client.bottom);
+    if (place.top < 0) ScrollTo(scrolled + place.top);
+}
+
+int Pane::LowestEdge() const {
+    LONG lowest = 0;
+    for (HWND control = GetWindow(window, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
+        lowest = std::max(lowest, PlaceOf(control).bottom);
+    return static_cast<int>(lowest) + MulDiv(lineLength, DpiOf(window), 96) / 2;
 }
 
 /// The system scales the controls, but not the columns of lists.
 void Pane::OnDpiChanged() {
     const int newDpi = DpiOf(window);
+    scrolled = MulDiv(scrolled, newDpi, dpi);
     for (HWND control = GetWindow(window, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
         char className[32] = {};
         GetClassNameA(control, className, sizeof className);
@@ -130,19 +197,18 @@ void Pane::SetNumber(int id, double value, int significantDigits) const {
     SetText(id, Format("%.*g", significantDigits, value));
 }
 
-RECT Pane::PlaceOf(int id) const {
+RECT Pane::PlaceOf(HWND control) const {
     RECT place;
-    GetWindowRect(Item(id), &place);
+    GetWindowRect(control, &place);
     MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    OffsetRect(&place, 0, scrolled);
     return place;
 }
 
 void Pane::Stretch(int id, int rightMargin, int bottomMargin) const {
-    RECT client;
-    GetClientRect(window, &client);
     const RECT place = PlaceOf(id);
-    const int width = rightMargin < 0 ? WidthOf(place) : static_cast<int>(client.right) - rightMargin - place.left;
-    const int height = bottomMargin < 0 ? HeightOf(place) : static_cast<int>(client.bottom) - bottomMargin - place.top;
+    const int width = rightMargin < 0 ? WidthOf(place) : static_cast<int>(room.cx) - rightMargin - place.left;
+    const int height = bottomMargin < 0 ? HeightOf(place) : static_cast<int>(room.cy) - bottomMargin - place.top;
     SetWindowPos(Item(id), nullptr, 0, 0, width > 0 ? width : 0, height > 0 ? height : 0,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -20,11 +20,16 @@ public:
     bool Create(int templateId, HWND parent);
     /// Runs a modal dialog; what it was ended with.
     INT_PTR RunModal(int templateId, HWND owner);
+    /// Scrolls to the control with the keyboard focus, should it be in this pane.
+    void BringFocusIntoView();
 
 protected:
     virtual void OnInit() {}
-    /// The client area has a new size.
+    /// The room for the controls has a new size: the client area, or more of it than is seen at once.
     virtual void OnSize(int, int) {}
+    /// The height that the controls need, before they are arranged anew; in a lower client area the pane scrolls. 0:
+    /// they find room in any.
+    virtual int SmallestHeight() const { return 0; }
     /// A control's notification or a pressed button; true when it was handled.
     virtual bool OnCommand(int, int) { return false; }
     virtual LRESULT OnNotify(NMHDR&) { return 0; }
@@ -43,9 +48,12 @@ protected:
     void SetNumber(int id, double value, int significantDigits = 6) const;
     bool IsChecked(int id) const { return IsDlgButtonChecked(window, id) == BST_CHECKED; }
     void Check(int id, bool isChecked) const { CheckDlgButton(window, id, isChecked ? BST_CHECKED : BST_UNCHECKED); }
-    /// A control's place in the client area.
-    RECT PlaceOf(int id) const;
-    /// Moves a control's right and bottom edges to these margins from the client area's; -1 leaves an edge.
+    /// Below all controls; a height that is enough when none of them can do with less.
+    int LowestEdge() const;
+    /// A control's place in the room for the controls.
+    RECT PlaceOf(HWND control) const;
+    RECT PlaceOf(int id) const { return PlaceOf(Item(id)); }
+    /// Moves a control's right and bottom edges to these margins from those of the room; -1 leaves an edge.
     void Stretch(int id, int rightMargin, int bottomMargin) const;
     LRESULT Send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageA(Item(id), message, wParam, lParam);
@@ -57,7 +65,12 @@ protected:
 private:
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnDpiChanged();
-    int dpi = 96;  ///< that the list columns have been made for
+    void Arrange();
+    void ScrollTo(int position);
+    int dpi = 96;      ///< that the list columns have been made for
+    SIZE room = {};    ///< for the controls
+    int scrolled = 0;  ///< rows of the room above the client area
+    bool isArranging = false;
 
     static INT_PTR CALLBACK Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 };

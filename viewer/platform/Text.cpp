@@ -36,6 +36,12 @@ std::string Format(const char* format, ...) {
     return text;
 }
 
+std::string PlainNumber(double value, int significantDigits) {
+    const std::string text = Format("%.*g", significantDigits, value);
+    const bool isWhole = std::abs(value) >= 1 && std::abs(value) < 1e15;
+    return isWhole && text.find('e') != std::string::npos ? Format("%.0f", value) : text;
+}
+
 std::string NumberText(float value) {
     char digits[32] = {};
     std::to_chars(digits, digits + sizeof digits - 1, value);

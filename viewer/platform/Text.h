@@ -10,6 +10,8 @@ namespace kestview {
 
 [[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
 
+/// So many significant digits, or all of those before the decimal point: without an exponent up to 15 of them.
+std::string PlainNumber(double value, int significantDigits);
 /// As few digits as tell the number from every other one.
 std::string NumberText(float value);
 /// The number that the whole text is; none for anything else or a number that is not finite. A comma counts as the

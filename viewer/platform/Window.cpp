@@ -77,6 +77,31 @@ HINSTANCE ProgramInstance() {
     return GetModuleHandleA(nullptr);
 }
 
+int ScrolledTo(HWND window, int bar, WPARAM wParam, int line) {
+    SCROLLINFO info = {sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
+    GetScrollInfo(window, bar, &info);
+    const int page = static_cast<int>(info.nPage);
+    switch (LOWORD(wParam)) {
+        case SB_LINEUP:
+            return info.nPos - line;
+        case SB_LINEDOWN:
+            return info.nPos + line;
+        case SB_PAGEUP:
+            return info.nPos - page;
+        case SB_PAGEDOWN:
+            return info.nPos + page;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            return info.nTrackPos;
+        case SB_TOP:
+            return 0;
+        case SB_BOTTOM:
+            return info.nMax;
+        default:
+            return info.nPos;
+    }
+}
+
 int DpiOf(HWND window) {
     const UINT dpi = GetDpiForWindow(window);
     return dpi ? static_cast<int>(dpi) : 96;

@@ -44,6 +44,8 @@ std::string TextOf(HWND window);
 HINSTANCE ProgramInstance();
 /// Dots an inch of the monitor that shows the window.
 int DpiOf(HWND window);
+/// Where a scroll message wants the thumb of a window's bar; `line` is what its arrows move it by.
+int ScrolledTo(HWND window, int bar, WPARAM wParam, int line);
 /// The position that a mouse message carries.
 inline POINT MousePosition(LPARAM lParam) {
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
