@@ -66,11 +66,12 @@ add_test(NAME win${bits}.viewer COMMAND test_viewer WORKING_DIRECTORY ${CMAKE_BI
 set_tests_properties(win${bits}.viewer PROPERTIES TIMEOUT 500 RUN_SERIAL ON)
 
 # Tool libraries, good and hostile ones, beside the test program that loads them.
-foreach(library RecordingTool EndlessText NoEntry)
-  add_library(${library} SHARED tests/tools/libraries/${library}.cpp)
+foreach(source RecordingTool.cpp EndlessText.c NoEntry.cpp)
+  cmake_path(GET source STEM library)
+  add_library(${library} SHARED tests/tools/libraries/${source})
   target_include_directories(${library} PRIVATE include)
   target_link_libraries(${library} PRIVATE kest_options)
-  set_target_properties(${library} PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+  set_target_properties(${library} PROPERTIES PREFIX "" IMPORT_PREFIX "lib" C_STANDARD 99 C_EXTENSIONS OFF)
 endforeach()
 add_dependencies(test_tools RecordingTool EndlessText NoEntry HistogramTool)
 

@@ -24,8 +24,9 @@ public:
     ~CcFileObjectStorage() override;
 
     /// Opens `pszFileName` at its start without sharing; `ulAccess` is GENERIC_READ, GENERIC_WRITE or both. A missing
-    /// file is created; an existing one is neither cut nor appended to, so a shorter stream leaves the old tail behind
-    /// it. KEST_NULL_ARGUMENT, KEST_ALREADY_OPEN, KEST_OPEN_FAILED.
+    /// file is created, for reading too: ask GetFileAttributesA first when it must be there. An existing one is neither
+    /// cut nor appended to, so a shorter stream leaves the old tail behind it. KEST_NULL_ARGUMENT, KEST_ALREADY_OPEN,
+    /// KEST_OPEN_FAILED.
     int Open(const char* pszFileName, unsigned long ulAccess);
     /// KEST_NOT_OPEN without an open file.
     int Close();

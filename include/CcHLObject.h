@@ -26,7 +26,8 @@ public:
     /// Writes the object's data to a stream. Base: -1.
     virtual int Store(CcObjectStorage* pStorage);                   // slot 2
     /// Writes the class name, the key by which a stream makes the object again, with its terminator into `pszBuffer`.
-    /// -1 when `lLength` is not greater than the name's length. Base: -1, writes nothing.
+    /// -1 when `lLength` is not greater than the name's length. Base: -1, writes nothing. Write the A in overrides and
+    /// calls: the platform's headers make GetClassNameW of GetClassName in a host that defines UNICODE.
     virtual int GetClassNameA(char* pszBuffer, long lLength);       // slot 3
     /// Writes the object's name with its terminator into `pszBuffer`. -1 for a null buffer, a length below 1, or a
     /// length not greater than the name's.

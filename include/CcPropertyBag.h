@@ -53,7 +53,8 @@ public:
 
     /// The general put: `iType` is a tag of tagPROPERTY.
     int PutProp(const char* pszName, int iType, const void* pData, long lLength);
-    /// The general lookup: copies exactly the stored bytes, the rest of the buffer stays untouched.
+    /// The general lookup: copies exactly the stored bytes, the rest of the buffer stays untouched. (The A belongs to the
+    /// name, as that of GetClassNameA.)
     int GetPropA(const char* pszName, int iType, void* pBuffer, long lLength);
     /// The stored bytes of the value that GetPropA would copy, so that a caller can provide a buffer.
     int GetPropLength(const char* pszName, int iType, long* plLength);

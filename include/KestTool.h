@@ -1,5 +1,5 @@
 /* KestTool.h: what a tool and its host exchange. A tool is a dynamic library of its own that exports KestInitialize; a
- * host loads it with CLOADDLL. Plain C, so that a tool can be written with any compiler; a tool needs no other header.
+ * host loads it with CLOADDLL. Plain C (of 1999 or later) and C++; a tool needs no other header of the library.
  *
  * A tool's source begins so:
  *
@@ -53,7 +53,8 @@ typedef struct tagToolInfo {
 /** The entry point: called once, when the tool was loaded, before any other of its functions. */
 typedef void(__cdecl* KestToolInitialize)(tagToolInfo* pInfo);
 
-#ifndef _WIN64
+/* Older C has no static_assert. */
+#if !defined(_WIN64) && (defined(__cplusplus) || __STDC_VERSION__ >= 201112L)
 static_assert(offsetof(tagToolInfo, szMenuText) == 0, "layout of the tool record");
 static_assert(offsetof(tagToolInfo, pfnMain) == 80, "layout of the tool record");
 static_assert(offsetof(tagToolInfo, pfnSendMessage) == 84, "layout of the tool record");

@@ -66,6 +66,7 @@ bool SaveSession(const char* path, CcImage& image, const char* calibrationFile, 
 
 std::unique_ptr<CcImage> LoadSession(const char* path, char (&calibrationFile)[KEST_NAME_SIZE]) {
     // [load]
+    if (GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES) return nullptr;  // Open would make an empty file
     CcFileObjectStorage stream;
     if (stream.Open(path, GENERIC_READ) < 0) return nullptr;
     CcPropertyBag settings;
@@ -130,6 +131,8 @@ void Streams() {
     Expect(SaveSession("no folder\\x.ost", image, "", result) == false && result == KEST_OPEN_FAILED,
            "a file that cannot be made has its own code");
     DeleteFileA(path);
+    Expect(!LoadSession(path, calibrationFile) && GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES,
+           "loading a session that is not there makes no file");
 
     // [memory]
     CcMemObjectStorage memory;

@@ -37,7 +37,7 @@ public:
         const int result = pStorage->GetNextObject(&bag);
         return result < 0 ? result : bag.GetString("text", text, sizeof text);
     }
-    // The platform's headers define GetClassName as GetClassNameA, so the name is the same either way.
+    // The A belongs to the name: with UNICODE the platform's headers make another one of GetClassName.
     int GetClassNameA(char* pszBuffer, long lLength) override {
         constexpr char name[] = "Remark";
         if (!pszBuffer || lLength < static_cast<long>(sizeof name)) return -1;
