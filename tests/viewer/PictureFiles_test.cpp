@@ -219,6 +219,9 @@ TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
     const auto write = [](const std::string&) { return true; };
     EXPECT_FALSE(SaveWhole("The table", "table.csv", 1LL << 60, write, error));
     EXPECT_NE(error.find("The disk is full: 1099511627776 MB are needed, "), std::string::npos) << error;
+    EXPECT_FALSE(SaveWhole(
+        "The table", "table.csv", 1, [](const std::string&) { return false; }, error));
+    EXPECT_NE(error.find("\n\nNot all of it could be written; the disk may be full."), std::string::npos) << error;
     EXPECT_FALSE(FileExists("table.csv"));
 }
 

@@ -208,7 +208,8 @@ bool SavePicture(CcImage& image, const std::string& path, std::string& error) {
         return false;
     }
     const auto write = [&](const std::string& newPath) { return EncodePicture(image, format->other, newPath); };
-    return SaveWhole(pictureName, path, SampleBytes(image), write, error);
+    // How small the pixels become is known only afterwards.
+    return SaveWhole(pictureName, path, 0, write, error);
 }
 
 bool KeepsWholePicture(CcImage& image, const std::string& path) {

@@ -87,6 +87,7 @@ bool SaveWhole(const std::string& what, const std::string& path, long long bytes
         file.Abandon();
         // What the disk or another program did meanwhile.
         reason = WhyNotWritable(path, bytes);
+        if (reason.empty()) reason = "Not all of it could be written; the disk may be full.";
     }
     error = NotWritten(what, path, reason);
     return false;

@@ -12,7 +12,7 @@ std::string WhyNotWritable(const std::string& path, long long bytes);
 /// What the user is told when `what` ("The session") could not be written, with the reason when there is one.
 std::string NotWritten(const std::string& what, const std::string& path, const std::string& reason);
 
-/// Lets `write` write a new file of about so many bytes beside the one at `path`, which it then replaces. On failure
+/// Lets `write` write a new file of at least so many bytes beside the one at `path`, which it then replaces. On failure
 /// `path` is as it was, and `error` tells why `what` could not be written.
 bool SaveWhole(const std::string& what, const std::string& path, long long bytes,
                const std::function<bool(const std::string& newPath)>& write, std::string& error);
