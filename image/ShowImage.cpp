@@ -22,7 +22,18 @@ int Draw(HDC dc, const LookSource& takeLook, const ShowArguments& arguments, Pla
     BlitPlan blit;
     if (!plan({0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom}, blit))
         return KEST_FAILED;
-    return DrawDib(dc, TakeDisplayTable(look), blit, SRCCOPY) ? KEST_OK : KEST_FAILED;
+    return DrawLook(dc, look, palette, blit) ? KEST_OK : KEST_FAILED;
+}
+
+/// The colours that the palette has for the picture's indices.
+void NameColours(HPALETTE palette, const DibPicture& picture, RGBQUAD (&colours)[GrayColours]) {
+    PALETTEENTRY entries[GrayColours] = {};
+    GetPaletteEntries(palette, 0, GrayColours, entries);
+    const auto* indices = static_cast<const std::uint16_t*>(picture.colours);
+    for (int i = 0; i < GrayColours; ++i) {
+        const PALETTEENTRY& entry = entries[indices[i] % GrayColours];
+        colours[i] = {entry.peBlue, entry.peGreen, entry.peRed, 0};
+    }
 }
 
 }  // namespace
@@ -41,6 +52,18 @@ DibPicture TakeDisplayTable(const ImageLook& look) {
     const void* colours = look.displayTable ? look.displayTable : look.dibColours;
     const int colourBytes = look.displayTable ? ColourTableBytes : look.dibColourBytes;
     return {look.bits, look.width, look.height, look.bitCount, colours, colourBytes, look.colourUse};
+}
+
+bool DrawLook(HDC dc, const ImageLook& look, const LookPalette& palette, const BlitPlan& plan) {
+    DibPicture picture = TakeDisplayTable(look);
+    RGBQUAD colours[GrayColours];
+    // Indices name the colours of the selected palette; where it could not be selected they would be any others.
+    if (picture.colourUse == DIB_PAL_COLORS && !palette.IsSelected() && look.palette && look.displayTable) {
+        NameColours(look.palette, picture, colours);
+        picture.colours = colours;
+        picture.colourUse = DIB_RGB_COLORS;
+    }
+    return DrawDib(dc, picture, plan, SRCCOPY);
 }
 
 int ShowInRect(HDC dc, const RECT* rect, const LookSource& takeLook, const ShowArguments& arguments) {

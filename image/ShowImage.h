@@ -33,6 +33,7 @@ using LookSource = Source<ImageLook>;
 class LookPalette : Guard {
 public:
     LookPalette(HDC dc, const ImageLook& look);
+    bool IsSelected() const { return selected && selected->IsSelected(); }
 
 private:
     std::optional<SelectedPalette> selected;
@@ -54,5 +55,8 @@ int ShowInWindow(HWND window, const LookSource& takeLook, const ShowArguments& a
 
 /// Copies the display table into the DIB and gives the picture in these colours.
 DibPicture TakeDisplayTable(const ImageLook& look);
+
+/// Draws the look's picture through its display table.
+bool DrawLook(HDC dc, const ImageLook& look, const LookPalette& palette, const BlitPlan& plan);
 
 }  // namespace kest
