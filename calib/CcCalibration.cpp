@@ -5,9 +5,11 @@
 #include <cstdio>
 #include <cstring>
 
+#include "KestWholeFile.h"
 #include "calib/kernel/CalibrationFile.h"
 #include "core/FileDialogs.h"
 #include "core/Files.h"
+#include "core/Messages.h"
 #include "core/kernel/NameCounter.h"
 #include "core/kernel/TextField.h"
 
@@ -132,9 +134,6 @@ int CcCalibration::Save(const char* pszFileName) {
         if (!kest::AskPathToSave({fileFilter, proposal, startDirectory, defaultExtension, 0}, path)) return KEST_FAILED;
         pszFileName = path;
     }
-    const kest::FileHandle file(kest::OpenForWriting(pszFileName));
-    if (!file.IsOpen()) return KEST_FAILED;
-
     kest::CalibrationHeader header;
     header.type = GetType();
     header.version = kest::calibrationVersion2;
@@ -147,11 +146,13 @@ int CcCalibration::Save(const char* pszFileName) {
     std::copy_n(stWorldPoints, 4, header.worldPoints);
     std::uint8_t bytes[kest::headerBytesVersion2];
     kest::WriteVersion2(header, bytes);
-    kest::WriteExactly(file, bytes, sizeof bytes);
-    if (header.HasMap() && pAreaMap)
-        kest::WriteExactly(file, pAreaMap, kest::AreaMapBytes(iAreaMapWidth, iAreaMapHeight));
-    kest::FinishWriting(file);
-    return KEST_OK;
+    KestWholeFile file(pszFileName);
+    file.Write(bytes, sizeof bytes);
+    if (header.HasMap() && pAreaMap) file.Write(pAreaMap, kest::AreaMapBytes(iAreaMapWidth, iAreaMapHeight));
+    if (file.Replace() == KEST_OK) return KEST_OK;
+    if (file.GetResult() == KestWholeFile::NotWritten)
+        kest::ShowMessage("Problem writing calibration to file", "File I/O Error");
+    return KEST_FAILED;
 }
 
 int CcCalibration::Open(const char* pszFileName) {
@@ -174,19 +175,16 @@ int CcCalibration::Open(const char* pszFileName) {
             return KEST_FAILED;
         kest::ReadPoints(points, header);
     }
+    // The bytes that exist are counted first, so that no file makes a block larger than itself. An old map stays until the
+    // new one is whole.
+    KestGlobalBlock newMap;
     if (header.HasMap()) {
-        // The bytes that exist are counted first, so that no file makes a block larger than itself.
         const kest::Size64 mapBytes = kest::AreaMapBytes(header.mapWidth, header.mapHeight);
-        if (mapBytes == 0 || mapBytes > kest::BytesLeft(file) || !MakeAreaMap(header.mapWidth, header.mapHeight))
+        if (mapBytes == 0 || mapBytes > kest::BytesLeft(file) || !newMap.Allocate(mapBytes) ||
+            !kest::ReadExactly(file, newMap.Get(), mapBytes))
             return KEST_FAILED;
-        if (!kest::ReadExactly(file, pAreaMap, mapBytes)) {
-            DropAreaMap();
-            return KEST_FAILED;
-        }
-    } else {
-        DropAreaMap();
     }
-
+    TakeAreaMap(newMap, header.mapWidth, header.mapHeight);
     SetName(header.name);
     TakeMapping(fTransform, header.mapping);
     kest::CopyField(szUnitsOfMeasure, header.units, sizeof header.units);
@@ -202,6 +200,21 @@ void CcCalibration::DropAreaMap() {
     hAreaMap.Release();
     pAreaMap = nullptr;
     iAreaMapWidth = iAreaMapHeight = -1;
+}
+
+// The map of a file; a block of none, for none. One of the same size is filled anew and stays where it is.
+void CcCalibration::TakeAreaMap(KestGlobalBlock& newMap, int iWidth, int iHeight) {
+    const bool isSameSize = pAreaMap && newMap.Get() && iAreaMapWidth == iWidth && iAreaMapHeight == iHeight;
+    if (isSameSize) {
+        std::memcpy(pAreaMap, newMap.Get(), static_cast<std::size_t>(newMap.Size()));
+        return;
+    }
+    DropAreaMap();
+    if (!newMap.Get()) return;
+    hAreaMap.Swap(newMap);
+    pAreaMap = static_cast<float*>(hAreaMap.Get());
+    iAreaMapWidth = iWidth;
+    iAreaMapHeight = iHeight;
 }
 
 // A map of this size is kept, whatever it holds. On failure there is none.

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "CcGraph.h"
+#include "KestWholeFile.h"
 #include "core/Files.h"
 #include "core/Messages.h"
 #include "core/kernel/ByteReader.h"
@@ -39,9 +40,10 @@ struct FieldReader {
     }
 };
 
-void ShowOpenFailure(const char* fileName, const char* purpose) {
+/// `format` takes the greatest length of the name, and the name.
+void ShowFileFailure(const char* format, const char* fileName) {
     char text[MAX_PATH + 40];
-    std::snprintf(text, sizeof text, "Can't open file:%.*s for %s", MAX_PATH, fileName ? fileName : "", purpose);
+    std::snprintf(text, sizeof text, format, MAX_PATH, fileName ? fileName : "");
     kest::ShowMessage(text, "Error...");
 }
 
@@ -76,23 +78,24 @@ void CcGraph::VisitAppearance(Visitor visit) {
 }
 
 int CcGraph::SaveAppearance(const char* pszFileName) {
-    const kest::FileHandle file(
-        CreateFileA(pszFileName, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) {
-        ShowOpenFailure(pszFileName, "saving");
-        return KEST_FAILED;
-    }
     std::uint8_t bytes[fileBytes];
     kest::ByteWriter writer(bytes);
     VisitAppearance(FieldWriter{writer});
-    kest::WriteExactly(file, bytes, fileBytes);
-    return KEST_OK;
+    constexpr unsigned long notShared = 0;
+    KestWholeFile file(pszFileName, notShared);
+    file.Write(bytes, fileBytes);
+    if (file.Replace() == KEST_OK) return KEST_OK;
+    if (file.GetResult() == KestWholeFile::NotCreated)
+        ShowFileFailure("Can't open file:%.*s for saving", pszFileName);
+    else
+        ShowFileFailure("Can't write file:%.*s", pszFileName);
+    return KEST_FAILED;
 }
 
 int CcGraph::RestoreAppearance(const char* pszFileName) {
     const kest::FileHandle file(kest::OpenForReading(pszFileName));
     if (!file.IsOpen()) {
-        ShowOpenFailure(pszFileName, "reading");
+        ShowFileFailure("Can't open file:%.*s for reading", pszFileName);
         return KEST_FAILED;
     }
     std::uint8_t bytes[fileBytes];

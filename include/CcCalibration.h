@@ -16,7 +16,7 @@ constexpr int KEST_UNITS_SIZE = 80;
 /// lengths are in the calibration's unit (GetUnitsOfMeasure), areas in its square. A new calibration maps every point
 /// to itself and has no area map.
 ///
-/// Results: 0, or -1 for failure. Nothing shows a message. A copy shares its source's area map (see KestBlocks.h).
+/// Results: 0, or -1 for failure. Only a Save that the disk does not take shows a message. A copy shares its source's area map (see KestBlocks.h).
 class KEST_API CcCalibration : public CcHLObject {
 public:
     CcCalibration();
@@ -66,12 +66,13 @@ public:
     /// Version of the file that Open read last, 1 or 2; 2 at first.
     int GetLoadedVersionNumber();
 
-    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created; write
-    /// errors are not checked.
+    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created; -1 after a
+    /// message box "Problem writing calibration to file" with the caption "File I/O Error", and an old file as it was, when
+    /// the disk does not take all of it.
     int Save(const char* pszFileName);
     /// Reads a ".cal" file of version 1 (which has no points; they stay as they were) or 2; a null path asks the user.
-    /// -1, with nothing changed, when that is cancelled or the file cannot be opened, is no calibration or is shorter
-    /// than it says; -1, with the area map gone, without memory for the new map or when reading it fails.
+    /// -1, with nothing changed, when that is cancelled or the file cannot be opened or read, is no calibration or is
+    /// shorter than it says, or without memory for its area map beside the old one.
     int Open(const char* pszFileName);
 
     static int iCalibrationCount;  ///< calibrations named so far
@@ -90,5 +91,6 @@ protected:
 
 private:
     void DropAreaMap();
+    void TakeAreaMap(KestGlobalBlock& newMap, int iWidth, int iHeight);
     bool MakeAreaMap(int iWidth, int iHeight);
 };

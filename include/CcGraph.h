@@ -85,7 +85,8 @@ public:
     int SetCurveAppearance(int iIndex, const tagCURVEAPPEARANCE* pAppearance);
 
     /// Writes the settings, without the curves, to a file of 3560 bytes. -1 after a message box "Can't open file:%s for
-    /// saving" with the caption "Error..."; writing itself is not checked.
+    /// saving" with the caption "Error..."; -1 after "Can't write file:%s", and an old file as it was, when the disk does
+    /// not take all of it.
     int SaveAppearance(const char* pszFileName);
     /// Reads what SaveAppearance wrote. -1 after a message box "Can't open file:%s for reading" with the caption
     /// "Error..."; -1 without a box, and nothing changed, for a file that is too short.

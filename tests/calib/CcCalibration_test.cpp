@@ -240,6 +240,22 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     }
     EXPECT_EQ(calibration.Open("no such file.cal"), -1);
     EXPECT_EQ(calibration.Save("no such folder\\x.cal"), -1);
+    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_EQ(calibration.Save(R"(Z:\dev\full)"), -1);
+    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"File I/O Error", "Problem writing calibration to file"}}));
+
+    // Numbers of every kind are kept as they are.
+    constexpr float wild[] = {NAN, INFINITY, 1e38F, -1e38F};
+    Bytes numbers = header(6, 2, 2, 2).Add(points).Add(fourAreas);
+    for (int i = 348; i < 384; i += 4) std::memcpy(&numbers[i], &wild[i / 4 % 4], 4);
+    for (int i = 392; i < 472; i += 4) std::memcpy(&numbers[i], &wild[i / 4 % 4], 4);
+    const TemporaryFile shared("shared.cal", numbers);
+    const HANDLE other = CreateFileA(shared.Path(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    CcCalibration copied;
+    EXPECT_EQ(copied.Open(shared.Path()) + copied.Save(shared.Path()), 0);
+    CloseHandle(other);
+    EXPECT_EQ(shared.Content(), numbers);
 
     EXPECT_EQ(calibration.Save(nullptr), -1);
     calibration.SetName("");
