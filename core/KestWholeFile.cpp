@@ -92,13 +92,26 @@ bool KestWholeFile::CloseNew() {
     return isCut && isClosed;
 }
 
-int KestWholeFile::Replace() {
+int KestWholeFile::Complete() {
     if (eResult != Writing) return KEST_FAILED;
-    if (!CloseNew()) {
-        Abandon();
-        return KEST_FAILED;
-    }
-    bool isInPlace = szNewPath[0] == 0 || MoveIntoPlace();
+    if (bComplete) return KEST_OK;
+    bComplete = CloseNew() && AskForReplacing();
+    if (!bComplete) Abandon();
+    return bComplete ? KEST_OK : KEST_FAILED;
+}
+
+/// False when the old file can neither be moved away nor written to.
+bool KestWholeFile::AskForReplacing() {
+    if (szNewPath[0] == 0) return true;
+    // Asked before, since a replacing that fails can leave files behind.
+    bMovable = !bOldFile || CanBeMoved(szPath);
+    return bMovable ||
+           kest::FileHandle(kest::OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE)).IsOpen();
+}
+
+int KestWholeFile::Replace() {
+    if (Complete() < 0) return KEST_FAILED;
+    bool isInPlace = szNewPath[0] == 0 || (bMovable && MoveIntoPlace());
     if (!isInPlace && CopyIntoPlace()) {
         isInPlace = true;
         DeleteFileA(szNewPath);
@@ -114,12 +127,8 @@ int KestWholeFile::Replace() {
 }
 
 bool KestWholeFile::MoveIntoPlace() {
-    if (bOldFile) {
-        // Asked before, since a replacing that fails can leave files behind.
-        if (!CanBeMoved(szPath)) return false;
-        // It keeps what belongs to the old file (attributes, permissions).
-        if (ReplaceFileA(szPath, szNewPath, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) return true;
-    }
+    // Replacing keeps what belongs to the old file (attributes, permissions).
+    if (bOldFile && ReplaceFileA(szPath, szNewPath, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) return true;
     return MoveFileExA(szNewPath, szPath, MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 

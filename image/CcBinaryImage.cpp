@@ -42,10 +42,18 @@ void CcBinaryImage::SetCurves(float fOne, float fOthers) {
 
 void CcBinaryImage::ReleaseTables() { kest::ReleaseTable(stTable); }
 
-void CcBinaryImage::MakeTables() {
+bool CcBinaryImage::MakeTables() {
+    if (!lpBits) return true;
     CountDibColors(&iNumColors, &iColorTableBytes);
-    kest::MakeColourTable(stTable);
-    TakeDefaultLook();
+    const bool isNew = !stTable.pTable;
+    if (!kest::MakeColourTable(stTable)) return false;
+    if (isNew)
+        for (int channel = 1; channel <= 3; ++channel) FillChannel(channel);
+    return true;
+}
+
+void CcBinaryImage::FillChannel(int iChannel) {
+    kest::FillColourChannel({CurveOf(101, iChannel), kest::GrayColours}, kest::ColoursOf(stTable), 3 - iChannel);
 }
 
 void CcBinaryImage::TakeDefaultLook() {
@@ -70,7 +78,7 @@ int CcBinaryImage::SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {
     tagPoints* curve = CurveOf(iLUT, iChannel);
     if (!pPoints || !curve || !kest::HasLevelSteps({pPoints, kest::GrayColours})) return KEST_FAILED;
     std::copy_n(pPoints, kest::GrayColours, curve);
-    kest::FillColourChannel({curve, kest::GrayColours}, kest::ColoursOf(stTable), 3 - iChannel);
+    FillChannel(iChannel);
     return KEST_OK;
 }
 
@@ -88,7 +96,7 @@ kest::ImageLook CcBinaryImage::Look(unsigned short) {
 }
 
 int CcBinaryImage::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) {
-    if (!lpBits) return KEST_FAILED;
+    if (!lpBits || !MakeTables()) return KEST_FAILED;
     GetOverlay();
     return kest::CopyToClipboard(
         hWnd, [&] { return Look(usLUT); }, [&] { return OverlayPicture(); }, pRect);
@@ -96,7 +104,7 @@ int CcBinaryImage::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect)
 
 int CcBinaryImage::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                          int iZoom) {
-    if (!lpBits) return KEST_FAILED;
+    if (!lpBits || !MakeTables()) return KEST_FAILED;
     const kest::PrinterDc printer(stPrintSetup);
     if (!printer) return KEST_FAILED;
     GetOverlay();

@@ -14,15 +14,13 @@ void CcGrayImage256::ReleaseTables() {
         kest::ReleaseTable(*table);
 }
 
-void CcGrayImage256::MakeTables() {
+bool CcGrayImage256::MakeTables() {
     kest::DibLayout layout;
-    if (!kest::ReadDibLayout(kest::BytesOf(hDib), layout)) return;
+    if (!lpBits || !kest::ReadDibLayout(kest::BytesOf(hDib), layout)) return true;
     CountDibColors(&iNumColors, &iColorTableBytes);
-    kest::MakeFileColourTable(stTable100, kest::BytesOf(hDib), layout);
-    kest::MakeColourTable(stTable101);
-    kest::MakeIndexTable(stTable102, 256);
-    kest::MakeIndexTable(stTable103, 128);
-    kest::MakeIndexTable(stTable104, 64);
+    return kest::MakeFileColourTable(stTable100, kest::BytesOf(hDib), layout) && kest::MakeColourTable(stTable101) &&
+           kest::MakeIndexTable(stTable102, 256) && kest::MakeIndexTable(stTable103, 128) &&
+           kest::MakeIndexTable(stTable104, 64);
 }
 
 tagPoints* CcGrayImage256::PointsOf(int iLUT, int iChannel, int* piCount) {
@@ -58,7 +56,7 @@ int CcGrayImage256::SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {
         const bool isColourList = iLUT == 101 && kest::HasLevelSteps({pPoints, 256});
         return isColourList ? KEST_OK : KEST_FAILED;
     }
-    if (!kest::HasLevelSteps({pPoints, static_cast<std::size_t>(count)})) return KEST_FAILED;
+    if (!kest::HasLevelSteps({pPoints, static_cast<std::size_t>(count)}) || !MakeTables()) return KEST_FAILED;
     std::copy_n(pPoints, count, own);
     FillTable(iLUT, iChannel, own);
     return KEST_OK;
@@ -100,7 +98,7 @@ kest::ImageLook CcGrayImage256::Look(unsigned short usLUT) {
 }
 
 int CcGrayImage256::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) {
-    if (!lpBits) return KEST_FAILED;
+    if (!lpBits || !MakeTables()) return KEST_FAILED;
     GetOverlay();
     const bool isKnown = usLUT >= 100 && usLUT <= 104;
     return kest::CopyToClipboard(
@@ -109,7 +107,7 @@ int CcGrayImage256::CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect
 
 int CcGrayImage256::Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                           int iZoom) {
-    if (!lpBits) return KEST_FAILED;
+    if (!lpBits || !MakeTables()) return KEST_FAILED;
     const kest::PrinterDc printer(stPrintSetup);
     if (!printer || usLUT < 100 || usLUT > 104) return KEST_FAILED;
     // Everything is printed in the colours of table 101's palette; the table itself is left as it is.

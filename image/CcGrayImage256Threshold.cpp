@@ -14,16 +14,18 @@ struct Curves {
         for (int channel = 0; channel < 3; ++channel) image.GetDisplayLUT(colourTable, channel + 1, channels[channel]);
         kest::MakeGray(channels);
     }
-    void PutInto(CcGrayImage256& image) {
-        for (int channel = 0; channel < 3; ++channel) image.SetDisplayLUT(colourTable, channel + 1, channels[channel]);
+    /// -1, and nothing changed, when the display tables cannot be had.
+    int PutInto(CcGrayImage256& image) {
+        for (int channel = 0; channel < 3; ++channel)
+            if (image.SetDisplayLUT(colourTable, channel + 1, channels[channel]) < 0) return KEST_FAILED;
+        return KEST_OK;
     }
 };
 
 }  // namespace
 
 int CcGrayImage256::BeginThresholding(HWND, unsigned short) {
-    Curves(*this).PutInto(*this);
-    return KEST_OK;
+    return Curves(*this).PutInto(*this);
 }
 
 int CcGrayImage256::ThresholdImage(HWND, float fLow, float fHigh, int iRed, int iGreen, int iBlue) {
@@ -31,8 +33,7 @@ int CcGrayImage256::ThresholdImage(HWND, float fLow, float fHigh, int iRed, int 
     if (band.IsEmpty()) return KEST_FAILED;
     Curves curves(*this);
     kest::ColourBand(curves.channels, band, iRed, iGreen, iBlue);
-    curves.PutInto(*this);
-    return KEST_OK;
+    return curves.PutInto(*this);
 }
 
 int CcGrayImage256::ThresholdImageMulti(HWND, ThresholdTag* pBands, int iCount) {
@@ -42,8 +43,7 @@ int CcGrayImage256::ThresholdImageMulti(HWND, ThresholdTag* pBands, int iCount) 
         const ThresholdTag& tag = pBands[i];
         kest::ColourBand(curves.channels, kest::FindBand(tag.fLow, tag.fHigh), tag.iRed, tag.iGreen, tag.iBlue);
     }
-    curves.PutInto(*this);
-    return KEST_OK;
+    return curves.PutInto(*this);
 }
 
 int CcGrayImage256::EndThresholding() { return BeginThresholding(nullptr, 0); }

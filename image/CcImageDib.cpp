@@ -44,19 +44,17 @@ bool CcImage::RefillDib(int iSameHeight, int iSameWidth, int iValue, int iBytesP
     return true;
 }
 
-void CcImage::PutDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) const {
+bool CcImage::PutDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) const {
     kest::DibLayout layout;
     if (!lpBits || !kest::ReadDibLayout(kest::BytesOf(hDib), layout)) {
-        bag.PutLong(pszSizeKey, kest::DibHeaderBytes);
-        return;
+        return bag.PutLong(pszSizeKey, kest::DibHeaderBytes) == KEST_OK;
     }
     // A block that came from a stream with another form of header can be smaller than header, table and pixels in the
     // usual form.
     const kest::Size64 usual =
         kest::DibHeaderBytes + layout.ColourTableSize() + kest::Product(iWidth, iHeight) * iBytesPerPixel;
     const auto bytes = static_cast<long>(usual < hDib.Size() ? usual : hDib.Size());
-    bag.PutLong(pszSizeKey, bytes);
-    bag.ReferToBlob(pszDataKey, hDib.Get(), bytes);
+    return bag.PutLong(pszSizeKey, bytes) == KEST_OK && bag.ReferToBlob(pszDataKey, hDib.Get(), bytes) == KEST_OK;
 }
 
 bool CcImage::TakeDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) {

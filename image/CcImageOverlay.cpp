@@ -18,7 +18,7 @@ constexpr int overlayFrontBytes = kest::DibHeaderBytes + kest::ColourTableBytes;
 }  // namespace
 
 int CcImage::CreateOverlay() {
-    if (!lpBits) return KEST_FAILED;
+    if (!lpBitmapInfo) return KEST_FAILED;
     lpOverlayInfo = nullptr;
     lpOverlayBits = nullptr;
     lpOverlayColors = nullptr;
@@ -45,20 +45,20 @@ int CcImage::FreeOverlay() {
 }
 
 int CcImage::ClearOverlay() {
-    if (!lpBits) return KEST_FAILED;
+    if (!lpBitmapInfo) return KEST_FAILED;
     if (!lpOverlayInfo) return CreateOverlay();
     if (lpOverlayBits) std::memset(lpOverlayBits, 0, static_cast<std::size_t>(hOverlay.Size() - overlayFrontBytes));
     return KEST_OK;
 }
 
 unsigned char* CcImage::GetOverlay() {
-    if (!lpBits) return nullptr;
+    if (!lpBitmapInfo) return nullptr;
     if (!lpOverlayInfo) CreateOverlay();
     return lpOverlayBits;
 }
 
 int CcImage::ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    if (!lpBits || iZoom < 1 || !hWnd) return KEST_FAILED;
+    if (!lpBitmapInfo || iZoom < 1 || !hWnd) return KEST_FAILED;
     if (!lpOverlayBits) {
         kest::ShowMessage("No Overlay to Display", "Error");
         return KEST_FAILED;
@@ -68,7 +68,7 @@ int CcImage::ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYO
 }
 
 int CcImage::ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    if (!lpBits || iZoom < 1 || !hDC || !hWnd || !lpOverlayBits) return KEST_FAILED;
+    if (!lpBitmapInfo || iZoom < 1 || !hDC || !hWnd || !lpOverlayBits) return KEST_FAILED;
     return DrawOverlay(hDC, hWnd, usMode, iXOffset, iYOffset, iZoom) ? KEST_OK : KEST_FAILED;
 }
 

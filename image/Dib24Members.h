@@ -67,8 +67,8 @@ struct KestDib24Members {
         if (!storage) return KEST_FAILED;
         {
             CcPropertyBag bag;
-            image.PutDib(bag, Traits::sizeKey, Traits::dataKey, bytesPerPixel);
-            if (storage->PutObject(&bag) < 0) return KEST_FAILED;
+            if (!image.PutDib(bag, Traits::sizeKey, Traits::dataKey, bytesPerPixel) || storage->PutObject(&bag) < 0)
+                return KEST_FAILED;
         }
         return image.CcImage::Store(storage);
     }
@@ -106,7 +106,7 @@ struct KestDib24Members {
         kest::PathBuffer path;
         if (!kest::ChoosePathToSave(pathToSave, image.szObjectName, Image::cFullFilePathSave, path, Traits::bmpFilter))
             return KEST_FAILED;
-        kest::WriteDib24(kest::BytesOf(image.hDib), path);
+        if (kest::WriteDib24(kest::BytesOf(image.hDib), path) < 0) return KEST_FAILED;
         if (!pathToSave) kest::TakeDirectoryOfPath(path, Image::cFullFilePathSave);
         return KEST_OK;
     }

@@ -2,8 +2,8 @@
 // pixel access and regions. A class brings what differs:
 //
 //   KestDib8Traits<Image>::className
-//   ReleaseTables(), MakeTables()   its display tables, which live as long as a DIB
-//   TakeDefaultLook()               what a blank image is shown with when its DIB was only refilled
+//   ReleaseTables(), MakeTables()   its display tables, which live as long as a DIB; MakeTables completes them
+//   TakeDefaultLook()               what a new image is shown with, also when its DIB was only refilled
 #pragma once
 
 #include <algorithm>
@@ -36,7 +36,14 @@ struct KestDib8Members {
         if (result < 0) return result;
         bag.GetString("IMAGE_NAME", image.szObjectName, sizeof image.szObjectName);
         if (!image.TakeDib(bag, "DIB_SIZE", "DIB_DATA", 1)) return KEST_FAILED;
-        if (image.lpBits) image.MakeTables();
+        // Without colours of its own it is an image of another kind, which nothing can show.
+        int colours, tableBytes;
+        image.CountDibColors(&colours, &tableBytes);
+        if (image.lpBits && colours == 0) {
+            image.ReleaseDib();
+            return KEST_FAILED;
+        }
+        StartTables(image);
         return image.CcImage::Load(storage);
     }
 
@@ -44,9 +51,9 @@ struct KestDib8Members {
         if (!storage) return KEST_FAILED;
         {
             CcPropertyBag bag;
-            bag.PutString("IMAGE_NAME", image.szObjectName);
-            image.PutDib(bag, "DIB_SIZE", "DIB_DATA", 1);
-            if (storage->PutObject(&bag) < 0) return KEST_FAILED;
+            if (bag.PutString("IMAGE_NAME", image.szObjectName) < 0 ||
+                !image.PutDib(bag, "DIB_SIZE", "DIB_DATA", 1) || storage->PutObject(&bag) < 0)
+                return KEST_FAILED;
         }
         return image.CcImage::Store(storage);
     }
@@ -68,18 +75,22 @@ struct KestDib8Members {
             return KEST_FAILED;
         }
         kest::TakeNameOfPath(path, image.szObjectName);
-        image.MakeTables();
+        StartTables(image);
         return KEST_OK;
     }
 
     static int Save(Image& image, const char* pathToSave) {
-        if (!image.lpBits) {
+        if (!image.lpBitmapInfo) {
             kest::ShowUnownedMessage("No Image to save", "Error");
             return KEST_FAILED;
         }
         kest::PathBuffer path;
         if (!kest::ChoosePathToSave(pathToSave, image.szObjectName, Image::cFullFilePathSave, path)) return KEST_FAILED;
-        kest::WriteDib8(kest::BytesOf(image.hDib), path);
+        KestWholeFile file(path);
+        kest::WriteDib(kest::BytesOf(image.hDib), 8, file);
+        file.Replace();
+        // A file that cannot be created is no failure.
+        if (file.GetResult() == KestWholeFile::NotWritten) return kest::TellDib8NotWritten();
         kest::CopyCut(Image::cFullFilePathSave, path);
         return KEST_OK;
     }
@@ -95,10 +106,16 @@ struct KestDib8Members {
                 kest::ShowUnownedMessage("Could not make Blank DIB", "Error", MB_ICONEXCLAMATION);
                 return KEST_FAILED;
             }
-            image.MakeTables();
+            StartTables(image);
         }
         if (name) kest::CopyCut(image.szObjectName, name);
         return KEST_OK;
+    }
+
+    /// Tables for which memory is short now are made when they are needed.
+    static void StartTables(Image& image) {
+        image.MakeTables();
+        image.TakeDefaultLook();
     }
 
     static float& ReadPosition(Image& image, float x, float y) {

@@ -17,17 +17,20 @@ void* IMAGE_CLASS::GetBitMapImageData() { return lpBits; }
 
 int IMAGE_CLASS::Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                       int iZoom) {
+    if (!MakeTables()) return KEST_FAILED;
     return kest::ShowInRect(
         hDC, pRect, [&] { return Look(usLUT); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                       int iZoom) {
+    if (!MakeTables()) return KEST_FAILED;
     return kest::ShowInWindow(
         hDC, hWnd, [&] { return Look(usLUT); }, {usMode, iXOffset, iYOffset, iZoom});
 }
 
 int IMAGE_CLASS::Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
+    if (!MakeTables()) return KEST_FAILED;
     return kest::ShowInWindow(
         hWnd, [&] { return Look(usLUT); }, {usMode, iXOffset, iYOffset, iZoom});
 }

@@ -1,6 +1,7 @@
 // DIB blocks from and to BMP files, and blank ones.
 #include "image/DibFiles.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "KestTypes.h"
@@ -23,6 +24,7 @@ void Tell(const Refusal& refusal) {
 }
 
 constexpr Refusal notOpened = {"Can't open file", "File I/O Error"};
+constexpr Refusal notWritten = {"Can't write file", "File I/O Error"};
 constexpr Refusal noMemory = {"Memory Allocation Failure", "Memory Error"};
 
 /// What can go wrong until a file's bytes are in memory, in this order.
@@ -60,48 +62,28 @@ LoadFault LoadDib(const char* path, BmpFileHeader& header, KestGlobalBlock& dib)
     return ReadExactly(file, dib.Get(), dib.Size()) ? LoadFault::None : LoadFault::CutShort;
 }
 
-/// What speaks against a loaded 24-bit file; null when nothing does. The plane's turn comes after the header's size.
+/// What speaks against a loaded 24-bit file; null when nothing does. Only a file that is accepted gets its plane.
 const Refusal* Judge24(const BmpFileHeader& header, std::span<const std::uint8_t> dib, KestGlobalBlock* plane) {
     const BmpVerdict verdict = JudgeBmp(header, dib, 24);
+    if (verdict != BmpVerdict::Accepted) return &verdictRefusals[static_cast<int>(verdict)];
     DibLayout layout;
-    if (plane && verdict != BmpVerdict::WrongHeaderSize && ReadDibLayout(dib, layout) &&
-        AllocatePlane(*plane, layout.width, layout.height) == KestGlobalBlock::NotAllocated)
-        return &noMemory;
-    return verdict == BmpVerdict::Accepted ? nullptr : &verdictRefusals[static_cast<int>(verdict)];
+    const bool needsPlane = plane && ReadDibLayout(dib, layout);
+    return needsPlane && AllocatePlane(*plane, layout.width, layout.height) == KestGlobalBlock::NotAllocated ? &noMemory
+                                                                                                             : nullptr;
 }
 
-/// Writes header, `tableBytes` of colours and pixels. The DIB's own header and table are written where they have the
-/// usual form, else `rebuild(front)` makes them.
-template <class Rebuild>
-int WriteDib(std::span<const std::uint8_t> dib, const char* path, int bitCount, int usualColours, Rebuild rebuild) {
-    DibLayout layout;
-    const int bytesPerPixel = bitCount / 8;
-    if (!ReadDibLayout(dib, layout) || !LiesInBlock(layout, bytesPerPixel, static_cast<Size64>(dib.size())))
-        return KEST_FAILED;
-    const FileHandle file(OpenForWriting(path));
-    if (!file.IsOpen()) return KEST_FAILED;
-
-    // The file's sizes always count the usual table.
-    constexpr int largestFront = BmpFileHeaderBytes + DibHeaderBytes + ColourTableBytes;
-    const int pixelOffset = BmpFileHeaderBytes + DibHeaderBytes + 4 * usualColours;
-    const Size64 pixelBytes = layout.PixelCount() * bytesPerPixel;
-    std::uint8_t front[largestFront] = {};
-    const std::span<std::uint8_t> frontBytes(front);
-    WriteBmpFileHeader(frontBytes.first<BmpFileHeaderBytes>(),
-                       {static_cast<std::uint32_t>(pixelBytes + pixelOffset), static_cast<std::uint32_t>(pixelOffset)});
-    Size64 frontLength = pixelOffset;
-    if (layout.headerBytes == DibHeaderBytes && layout.colourCount <= usualColours) {
-        std::memcpy(front + BmpFileHeaderBytes, dib.data(), static_cast<std::size_t>(layout.pixelOffset));
-        frontLength = BmpFileHeaderBytes + layout.pixelOffset;
-    } else {
-        // A DIB with another form of header, or more colours, came from a stream.
-        WriteDibHeader(frontBytes.subspan(BmpFileHeaderBytes), layout.width, layout.height, bitCount);
-        rebuild(layout, frontBytes.subspan(BmpFileHeaderBytes + DibHeaderBytes));
+/// Header and colours in the usual form, of a DIB from a stream that has them in another one.
+void WriteUsualFront(std::span<const std::uint8_t> dib, const DibLayout& layout, int bitCount, KestWholeFile& file) {
+    std::uint8_t front[DibHeaderBytes + ColourTableBytes] = {};
+    WriteDibHeader(front, layout.width, layout.height, bitCount);
+    if (bitCount == 24) {
+        file.Write(front, DibHeaderBytes);
+        return;
     }
-    WriteExactly(file, front, frontLength);
-    WriteExactly(file, dib.data() + layout.pixelOffset, pixelBytes);
-    FinishWriting(file);
-    return KEST_OK;
+    const std::uint8_t* colour = dib.data() + layout.headerBytes;
+    for (Size64 i = 0; i < layout.colourCount && i < GrayColours; ++i, colour += layout.colourBytes)
+        std::memcpy(front + DibHeaderBytes + 4 * i, colour, 3);
+    file.Write(front, sizeof front);
 }
 
 }  // namespace
@@ -123,22 +105,46 @@ std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, KestGlobalBlock*
     if (!refusal) return static_cast<std::uint8_t*>(dib.Get());
     if (plane && (fault == LoadFault::None || fault == LoadFault::CutShort)) plane->Release();
     dib.Release();
-    Tell(*refusal);
+    if (plane)
+        Tell(*refusal);
+    else
+        ShowMessage(refusal->text, refusal->caption);
     return nullptr;
 }
 
-int WriteDib8(std::span<const std::uint8_t> dib, const char* path) {
-    return WriteDib(dib, path, 8, GrayColours, [&](const DibLayout& layout, std::span<std::uint8_t> table) {
-        const std::uint8_t* colour = dib.data() + layout.headerBytes;
-        for (Size64 i = 0; i < layout.colourCount && i < GrayColours; ++i, colour += layout.colourBytes)
-            std::memcpy(&table[static_cast<std::size_t>(4 * i)], colour, 3);
-    });
+void WriteDib(std::span<const std::uint8_t> dib, int bitCount, KestWholeFile& file) {
+    DibLayout layout;
+    if (!ReadDibLayout(dib, layout)) return file.Abandon();
+    // The file's sizes always count the usual table.
+    const int pixelOffset = BmpFileHeaderBytes + DibHeaderBytes + (bitCount == 8 ? ColourTableBytes : 0);
+    const Size64 pixelBytes = layout.PixelCount() * (bitCount / 8);
+    std::uint8_t header[BmpFileHeaderBytes];
+    WriteBmpFileHeader(header,
+                       {static_cast<std::uint32_t>(pixelBytes + pixelOffset), static_cast<std::uint32_t>(pixelOffset)});
+    file.Write(header, sizeof header);
+
+    const auto held = static_cast<Size64>(dib.size());
+    Size64 start = 0;
+    if (layout.headerBytes != DibHeaderBytes || (bitCount == 24 && layout.colourCount > 0)) {
+        WriteUsualFront(dib, layout, bitCount, file);
+        start = std::min(layout.pixelOffset, held);
+    }
+    // Table and pixels follow the header in the block as in the file.
+    file.Write(dib.data() + start, std::min(layout.pixelOffset + pixelBytes, held) - start);
+}
+
+int TellDib8NotWritten() {
+    ShowUnownedMessage("Could not write DIB file", "Error", MB_ICONEXCLAMATION);
+    return KEST_FAILED;
 }
 
 int WriteDib24(std::span<const std::uint8_t> dib, const char* path) {
-    const int result = WriteDib(dib, path, 24, 0, [](const DibLayout&, std::span<std::uint8_t>) {});
-    if (result < 0) Tell(notOpened);
-    return result;
+    KestWholeFile file(path);
+    WriteDib(dib, 24, file);
+    if (file.Replace() == KEST_OK) return KEST_OK;
+    const bool isCreated = file.GetResult() != KestWholeFile::NotCreated;
+    Tell(isCreated ? notWritten : notOpened);
+    return isCreated ? KEST_FAILED : KEST_OK;
 }
 
 std::uint8_t* MakeBlankDib8(int height, int width, std::uint8_t fill, KestGlobalBlock& dib) {

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "KestBlocks.h"
+#include "KestWholeFile.h"
 
 namespace kest {
 
@@ -13,14 +14,19 @@ namespace kest {
 std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib);
 
 /// Reads a 24-bit BMP file into a block: info header and pixels. Null, after a message, when the file is refused. A
-/// `plane`, if there is one, is allocated with the size of the pixels, as soon as the header's own size is known to be
-/// right; it is released when anything behind that is refused.
+/// `plane`, if there is one, is allocated with the size of the pixels of a file that is accepted, and released when it
+/// is refused for what follows its file header. Messages have the focus window as owner; with a plane they have none.
 std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, KestGlobalBlock* plane = nullptr);
 
-/// Writes an 8-bit DIB as a BMP file; -1 when the file cannot be created.
-int WriteDib8(std::span<const std::uint8_t> dib, const char* path);
+/// Writes a DIB of 8 or 24 bits as a BMP file, which Replace then puts in its place. What went wrong is the file's to
+/// tell. Of a DIB whose header counts more than the block holds, what the block holds is written.
+void WriteDib(std::span<const std::uint8_t> dib, int bitCount, KestWholeFile& file);
 
-/// Writes a 24-bit DIB as a BMP file; -1, after a message, when the file cannot be created.
+/// Tells that an 8-bit BMP file was not written; -1.
+int TellDib8NotWritten();
+
+/// Writes a 24-bit DIB as the BMP file at the path. 0, also after "Can't open file" when it cannot be created; -1 after
+/// "Can't write file", with the old file as it was.
 int WriteDib24(std::span<const std::uint8_t> dib, const char* path);
 
 /// A DIB with 256 grays and every pixel `fill`. Null when it cannot be had.

@@ -18,6 +18,7 @@ HPALETTE MakePalette(std::span<const PALETTEENTRY> entries) {
 }
 
 void MakeGrayPalette(KestDisplayTable& table, int grays) {
+    if (table.hPalette) return;
     PALETTEENTRY entries[GrayColours];
     for (int i = 0; i < grays; ++i) {
         const auto level = static_cast<BYTE>(i * (GrayColours / grays));
@@ -26,33 +27,47 @@ void MakeGrayPalette(KestDisplayTable& table, int grays) {
     table.hPalette.Adopt(MakePalette({entries, static_cast<std::size_t>(grays)}));
 }
 
+/// True when there was none, and one could be had.
+bool IsBlockNew(KestDisplayTable& table) {
+    if (table.pTable) return false;
+    table.pTable = table.hTable.Allocate(ColourTableBytes);
+    return table.pTable != nullptr;
+}
+
 }  // namespace
 
-void MakeFileColourTable(KestDisplayTable& table, std::span<const std::uint8_t> dib, const DibLayout& layout) {
-    PALETTEENTRY entries[GrayColours];
+bool MakeFileColourTable(KestDisplayTable& table, std::span<const std::uint8_t> dib, const DibLayout& layout) {
     const auto colours = static_cast<std::size_t>(std::min<Size64>(layout.colourCount, GrayColours));
-    const std::uint8_t* own = dib.data() + layout.headerBytes;
-    table.pTable = table.hTable.Allocate(ColourTableBytes);
-    auto* copy = static_cast<std::uint8_t*>(table.pTable);
-    for (std::size_t i = 0; i < colours; ++i, own += layout.colourBytes) {
-        entries[i] = {own[2], own[1], own[0], 0};
-        if (copy) std::copy(own, own + layout.colourBytes, copy + 4 * i);
+    if (IsBlockNew(table)) {
+        const std::uint8_t* own = dib.data() + layout.headerBytes;
+        std::uint8_t* copy = ColoursOf(table).data();
+        for (std::size_t i = 0; i < colours; ++i, own += layout.colourBytes, copy += 4)
+            std::copy_n(own, layout.colourBytes, copy);
     }
-    table.hPalette.Adopt(MakePalette({entries, colours}));
+    if (!table.pTable) return false;
+    if (!table.hPalette) {
+        PALETTEENTRY entries[GrayColours];
+        const std::uint8_t* colour = ColoursOf(table).data();
+        for (std::size_t i = 0; i < colours; ++i, colour += 4) entries[i] = {colour[2], colour[1], colour[0], 0};
+        table.hPalette.Adopt(MakePalette({entries, colours}));
+    }
+    return true;
 }
 
-void MakeColourTable(KestDisplayTable& table) {
+bool MakeColourTable(KestDisplayTable& table) {
     MakeGrayPalette(table, GrayColours);
-    table.pTable = table.hTable.Allocate(ColourTableBytes);
-    if (table.pTable) WriteGrayColours(ColoursOf(table));
+    if (IsBlockNew(table)) WriteGrayColours(ColoursOf(table));
+    return table.pTable != nullptr;
 }
 
-void MakeIndexTable(KestDisplayTable& table, int grays) {
+bool MakeIndexTable(KestDisplayTable& table, int grays) {
     MakeGrayPalette(table, grays);
-    table.pTable = table.hTable.Allocate(ColourTableBytes);
-    const std::span<std::uint16_t> indices = IndicesOf(table);
-    for (std::size_t v = 0; v < indices.size(); ++v)
-        indices[v] = static_cast<std::uint16_t>(v / static_cast<std::size_t>(GrayColours / grays));
+    if (IsBlockNew(table)) {
+        const std::span<std::uint16_t> indices = IndicesOf(table);
+        for (std::size_t v = 0; v < indices.size(); ++v)
+            indices[v] = static_cast<std::uint16_t>(v / static_cast<std::size_t>(GrayColours / grays));
+    }
+    return table.pTable != nullptr;
 }
 
 void ReleaseTable(KestDisplayTable& table) {

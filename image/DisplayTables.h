@@ -9,14 +9,18 @@
 
 namespace kest {
 
-/// The colours of a DIB's own table, as many as it has, and a palette of them.
-void MakeFileColourTable(KestDisplayTable& table, std::span<const std::uint8_t> dib, const DibLayout& layout);
+// Each of these makes what a table has not got yet, so that one for which memory was short is complete after a later
+// call. False while there is no block; a palette that cannot be had stays null.
+
+/// The colours of a DIB's own table, as many as it has, and a palette of them. Nothing else may be drawn through the DIB
+/// before they are kept here.
+bool MakeFileColourTable(KestDisplayTable& table, std::span<const std::uint8_t> dib, const DibLayout& layout);
 
 /// 256 gray colours and a palette of them.
-void MakeColourTable(KestDisplayTable& table);
+bool MakeColourTable(KestDisplayTable& table);
 
 /// Indices into a palette of `grays` grays (256, 128 or 64): entry v is v * grays / 256.
-void MakeIndexTable(KestDisplayTable& table, int grays);
+bool MakeIndexTable(KestDisplayTable& table, int grays);
 
 void ReleaseTable(KestDisplayTable& table);
 

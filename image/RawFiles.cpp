@@ -3,49 +3,46 @@
 
 #include <cstdio>
 
-#include "KestTypes.h"
 #include "core/Files.h"
 #include "core/kernel/PathParts.h"
 
 namespace kest {
 namespace {
 
-/// Drive, directory and name of a BMP file, with another extension.
-class RawPath {
-public:
-    RawPath(const char* bmpPath, const char* extension) {
-        const PathParts parts = SplitPath(bmpPath);
-        std::snprintf(path, sizeof path, "%.*s%.*s%.*s%s", static_cast<int>(parts.drive.size()), parts.drive.data(),
-                      static_cast<int>(parts.directory.size()), parts.directory.data(),
-                      static_cast<int>(parts.name.size()), parts.name.data(), extension);
-    }
-    operator const char*() const { return path; }
-
-private:
-    char path[KEST_NAME_SIZE + 8];
-};
+/// After a failed opening.
+bool IsAbsent(const char* path) {
+    const DWORD error = GetLastError();
+    const DWORD attributes = GetFileAttributesA(path);
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
+           (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
+}
 
 }  // namespace
 
-bool ReadRawFile(const char* bmpPath, const char* extension, const RawHeader& header, void* samples,
-                 int bytesPerSample) {
-    const FileHandle file(OpenForReading(RawPath(bmpPath, extension)));
-    std::uint8_t headerBytes[RawHeaderBytes];
-    return file.IsOpen() && ReadExactly(file, headerBytes, RawHeaderBytes) &&
-           IsRawFile(headerBytes, BytesLeft(file), header, bytesPerSample) &&
-           ReadExactly(file, samples, header.SampleBytes(bytesPerSample));
+RawPath::RawPath(const char* bmpPath, const char* extension) {
+    const PathParts parts = SplitPath(bmpPath);
+    std::snprintf(path, sizeof path, "%.*s%.*s%.*s%s", static_cast<int>(parts.drive.size()), parts.drive.data(),
+                  static_cast<int>(parts.directory.size()), parts.directory.data(),
+                  static_cast<int>(parts.name.size()), parts.name.data(), extension);
 }
 
-bool WriteRawFile(const char* bmpPath, const char* extension, const RawHeader& header, const void* samples,
-                  int bytesPerSample) {
-    const FileHandle file(OpenForWriting(RawPath(bmpPath, extension)));
-    if (!file.IsOpen()) return false;
+RawReading ReadRawFile(const char* path, const RawHeader& header, void* samples, int bytesPerSample) {
+    const FileHandle file(OpenForReading(path));
+    if (!file.IsOpen()) return IsAbsent(path) ? RawReading::Unfit : RawReading::Unreadable;
+    LARGE_INTEGER size;
+    if (!GetFileSizeEx(file, &size)) return RawReading::Unreadable;
+    if (size.QuadPart < RawHeaderBytes) return RawReading::Unfit;
+    std::uint8_t headerBytes[RawHeaderBytes];
+    if (!ReadExactly(file, headerBytes, RawHeaderBytes)) return RawReading::Unreadable;
+    if (!IsRawFile(headerBytes, size.QuadPart - RawHeaderBytes, header, bytesPerSample)) return RawReading::Unfit;
+    return ReadExactly(file, samples, header.SampleBytes(bytesPerSample)) ? RawReading::Read : RawReading::Unreadable;
+}
+
+void WriteRaw(const RawHeader& header, const void* samples, int bytesPerSample, KestWholeFile& file) {
     std::uint8_t headerBytes[RawHeaderBytes];
     WriteRawHeader(headerBytes, header);
-    WriteExactly(file, headerBytes, RawHeaderBytes);
-    WriteExactly(file, samples, header.SampleBytes(bytesPerSample));
-    FinishWriting(file);
-    return true;
+    file.Write(headerBytes, RawHeaderBytes);
+    file.Write(samples, header.SampleBytes(bytesPerSample));
 }
 
 }  // namespace kest

@@ -1,17 +1,30 @@
 // Raw sample files of the wide images, beside a BMP file and of its name. Their form is in kernel/WideSamplesFile.
 #pragma once
 
+#include "KestTypes.h"
+#include "KestWholeFile.h"
 #include "image/kernel/WideSamplesFile.h"
 
 namespace kest {
 
-/// Reads the samples of the raw file beside a BMP file into an array that holds as many as the header says. False when
-/// there is none with this header and all samples; the array's content is then of no use.
-bool ReadRawFile(const char* bmpPath, const char* extension, const RawHeader& header, void* samples,
-                 int bytesPerSample);
+/// Drive, directory and name of a BMP file, with another extension.
+class RawPath {
+public:
+    RawPath(const char* bmpPath, const char* extension);
+    operator const char*() const { return path; }
 
-/// False when the file cannot be created.
-bool WriteRawFile(const char* bmpPath, const char* extension, const RawHeader& header, const void* samples,
-                  int bytesPerSample);
+private:
+    char path[KEST_NAME_SIZE + 8];
+};
+
+/// A raw file that is not there, or has another header or fewer samples, is Unfit; one that is there and could be the
+/// right one, but that the system does not give out, is Unreadable.
+enum class RawReading { Read, Unfit, Unreadable };
+
+/// Reads the samples into an array that holds as many as the header says; its content is of no use unless all are Read.
+RawReading ReadRawFile(const char* path, const RawHeader& header, void* samples, int bytesPerSample);
+
+/// Writes header and samples, which Replace then puts in their place. What went wrong is the file's to tell.
+void WriteRaw(const RawHeader& header, const void* samples, int bytesPerSample, KestWholeFile& file);
 
 }  // namespace kest

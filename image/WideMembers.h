@@ -9,6 +9,9 @@
 
 #include "core/Messages.h"
 #include "core/kernel/CheckedSize.h"
+#include "core/kernel/TextField.h"
+#include "image/BmpPaths.h"
+#include "image/DibFiles.h"
 #include "image/RawFiles.h"
 #include "image/WideTraits.h"
 #include "image/kernel/Bilinear.h"
@@ -66,26 +69,43 @@ struct KestWideMembers {
     static int Open(Image& image, const char* path) {
         if (image.CcGrayImage256::OpenBMPFile(path) < 0 || !MakeSamples(image, Traits::noMemory)) return KEST_FAILED;
         const std::span<Sample> samples = Samples(image);
-        if (kest::ReadRawFile(Image::cFullFilePathOpen, Traits::rawExtension, RawHeaderOf(image), samples.data(),
-                              sizeof(Sample))) {
-            image.bAutoUpdateDisplay = 1;
-            image.iReScaleOnShow = SamplesChanged;
-            Normalise(image);
-        } else {
-            Copy8Bit(image.lpBits, samples.data(), image.iHeight, image.iWidth);
+        const kest::RawPath rawPath(Image::cFullFilePathOpen, Traits::rawExtension);
+        switch (kest::ReadRawFile(rawPath, RawHeaderOf(image), samples.data(), sizeof(Sample))) {
+            case kest::RawReading::Read:
+                image.bAutoUpdateDisplay = 1;
+                image.iReScaleOnShow = SamplesChanged;
+                Normalise(image);
+                return KEST_OK;
+            case kest::RawReading::Unfit:
+                return Copy8Bit(image.lpBits, samples.data(), image.iHeight, image.iWidth);
+            case kest::RawReading::Unreadable:
+                break;
         }
-        return KEST_OK;
+        // An image of 8-bit values would be saved over the samples that are there.
+        ReleaseSamples(image);
+        return Tell(Traits::notRead);
     }
 
-    static int Save(Image& image, const char* path) {
-        if (Samples(image).empty() || !image.lpBits || image.CcGrayImage256::SaveBMPFile(path) < 0) return KEST_FAILED;
+    static int Save(Image& image, const char* pathToSave) {
+        kest::PathBuffer path;
+        if (Samples(image).empty() || !image.lpBits ||
+            !kest::ChoosePathToSave(pathToSave, image.szObjectName, Image::cFullFilePathSave, path))
+            return KEST_FAILED;
+        // Taken anew: while the dialog was open the host may have got itself another picture.
         const std::span<const Sample> samples = Samples(image);
         if (samples.empty()) return KEST_FAILED;
-        if (kest::WriteRawFile(Image::cFullFilePathSave, Traits::rawExtension, RawHeaderOf(image), samples.data(),
-                               sizeof(Sample)))
-            return KEST_OK;
-        kest::ShowUnownedMessage(Traits::notSaved, "File I/O Error");
-        return KEST_FAILED;
+        KestWholeFile bmp(path), raw(kest::RawPath(path, Traits::rawExtension));
+        kest::CopyCut(Image::cFullFilePathSave, path);
+        if (raw.GetResult() == KestWholeFile::NotCreated) return Tell(Traits::notSaved);
+        kest::WriteDib(kest::BytesOf(image.hDib), 8, bmp);
+        bmp.Complete();
+        // That the BMP file cannot be created is no failure.
+        if (bmp.GetResult() == KestWholeFile::NotWritten) return kest::TellDib8NotWritten();
+        kest::WriteRaw(RawHeaderOf(image), samples.data(), sizeof(Sample), raw);
+        if (raw.Complete() < 0) return Tell(Traits::notWritten);
+        bmp.Replace();
+        if (bmp.GetResult() == KestWholeFile::NotWritten) return kest::TellDib8NotWritten();
+        return raw.Replace() < 0 ? Tell(Traits::notWritten) : KEST_OK;
     }
 
     static int MakeBlank(Image& image, int height, int width, int value, const char* name) {
@@ -136,7 +156,7 @@ struct KestWideMembers {
     /// Brings the display image up to date and calls `showDisplay`. A target that is missing is not reported.
     template <class ShowDisplay>
     static int Show(Image& image, bool hasTarget, ShowDisplay showDisplay) {
-        if (Samples(image).empty() || !image.lpBits) return KEST_FAILED;
+        if (Samples(image).empty() || !image.lpBits || !image.MakeTables()) return KEST_FAILED;
         if (image.iReScaleOnShow >= DisplayStale) {
             Normalise(image);
             if (image.bAutoUpdateDisplay == 1) SpreadAllLists(image);
@@ -152,9 +172,9 @@ struct KestWideMembers {
         int count = 0;
         tagPoints* own = image.PointsOf(lut, channel, &count);
         if (!own) return KEST_OK;
-        if (!points) return KEST_FAILED;
+        if (!points || !image.MakeTables()) return KEST_FAILED;
         std::copy_n(points, count, own);
-        if (image.bKeepsDisplayRange) return ShowLevels(image, lut, channel, {own, static_cast<std::size_t>(count)});
+        if (image.bKeepsDisplayRange) return ShowLevels(image, lut, channel, own);
         const bool isMaxNew = TakeBound(image.fDisplayMax, own[count - 1].x);
         const bool isMinNew = TakeBound(image.fDisplayMin, own[0].x);
         if (!isMaxNew && !isMinNew) return RebuildTable(image, lut, channel);
@@ -175,7 +195,7 @@ struct KestWideMembers {
     static int RebuildTable(Image& image, int lut, int channel) {
         int count = 0;
         const tagPoints* points = image.PointsOf(lut, channel, &count);
-        if (!points) return KEST_FAILED;
+        if (!points || !image.MakeTables()) return KEST_FAILED;
         tagPoints levels[256];
         kest::PickLevels({points, static_cast<std::size_t>(count)},
                          {image.fDisplayMin, image.fDisplayMax, image.fScale, image.fOffset}, levels);
@@ -227,6 +247,11 @@ private:
     };
     static constexpr ListName lists[] = {{101, 1}, {101, 2}, {101, 3}, {102, 0}, {103, 0}, {104, 0}};
 
+    static int Tell(const char* message) {
+        kest::ShowUnownedMessage(message, "File I/O Error");
+        return KEST_FAILED;
+    }
+
     static kest::RawHeader RawHeaderOf(const Image& image) { return {Traits::typeCode, image.iHeight, image.iWidth}; }
 
     /// Of the image's own samples.
@@ -264,19 +289,12 @@ private:
         return true;
     }
 
-    /// Takes a colour list of thresholding into use. One that covers another range than the display, because the image was
-    /// not shown yet or updates nothing by itself, is spread over it: its points are the levels then.
-    static int ShowLevels(Image& image, int lut, int channel, std::span<const tagPoints> points) {
-        const double low = image.fDisplayMin, high = image.fDisplayMax;
-        // The last point of a spread list carries the rounding of its steps.
-        const double rounding = 0.1 + 0x1p-16 * std::max(std::abs(low), std::abs(high));
-        if (!(std::abs(low - points.front().x) <= 0.1) || !(std::abs(high - points.back().x) <= rounding)) {
-            const auto mapping = kest::DisplayMapping::Of(image.fDisplayMin, image.fDisplayMax);
-            if (mapping.scale != image.fScale || mapping.offset != image.fOffset) Normalise(image);
-            // The three colour lists come first.
-            SpreadList(image, channel - 1);
-        }
-        return RebuildTable(image, lut, channel);
+    /// Takes a colour list of thresholding into use. Its points are the levels, whatever samples they stood for before.
+    static int ShowLevels(Image& image, int lut, int channel, const tagPoints* levels) {
+        // The three colour lists come first.
+        SpreadList(image, channel - 1);
+        image.FillTable(lut, channel, levels);
+        return KEST_OK;
     }
 
     static void SpreadAllLists(Image& image) {

@@ -13,6 +13,8 @@ struct KestWideTraits<CcGrayImageInt16> {
     static constexpr char rawExtension[] = ".i16";
     static constexpr char noMemory[] = "Unable to Allocate Memory for 16-bit Image";
     static constexpr char notSaved[] = "Can't open file for saving 16-bit image data";
+    static constexpr char notWritten[] = "Can't write file of 16-bit image data";
+    static constexpr char notRead[] = "Can't read file of 16-bit image data";
     static constexpr bool isInteger = true;
     static Sample Truncate(float value) { return static_cast<Sample>(kest::TruncateToInt(value)); }
 };
@@ -24,6 +26,8 @@ struct KestWideTraits<CcGrayImageInt32> {
     static constexpr char rawExtension[] = ".i32";
     static constexpr char noMemory[] = "Unable to Allocate Memory for 32-bit Image";
     static constexpr char notSaved[] = "Can't open file for saving 32-bit image data";
+    static constexpr char notWritten[] = "Can't write file of 32-bit image data";
+    static constexpr char notRead[] = "Can't read file of 32-bit image data";
     static constexpr bool isInteger = true;
     static Sample Truncate(float value) { return kest::TruncateToInt(value); }
 };
@@ -35,6 +39,8 @@ struct KestWideTraits<CcGrayImageFloat> {
     static constexpr char rawExtension[] = ".flt";
     static constexpr char noMemory[] = "Unable to Allocate Memory for Floating Point Image";
     static constexpr char notSaved[] = "Can't open file for saving floating point image data";
+    static constexpr char notWritten[] = "Can't write file of floating point image data";
+    static constexpr char notRead[] = "Can't read file of floating point image data";
     static constexpr bool isInteger = false;
     static Sample Truncate(float value) { return value; }
 };

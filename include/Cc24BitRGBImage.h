@@ -28,7 +28,7 @@ public:
     /// -1. The name is not part of the record. The depth of a stored DIB is not checked; its colour table and three
     /// bytes a pixel must lie inside its block.
     int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
-    /// Writes DIB and ROI list.
+    /// Writes DIB and ROI list. -1 when one of them cannot be written.
     int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
     // Copying, showing and printing use no palette; usLUT is not looked at.
@@ -56,8 +56,9 @@ public:
     /// The image then has no pixels. A path of 260 or more characters gives -1 without a message. The name is the file's
     /// up to its first dot.
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
-    /// -1 without an image (after a message) and for a cancelled dialog. 0 also when the file cannot be created, after
-    /// "Can't open file".
+    /// -1 without an image, after "No Image to save"; when the disk does not take the file, after "Can't write file", with
+    /// the old one as it was; for a cancelled dialog; and for a path of 260 or more characters. 0 also when the file
+    /// cannot be created, after "Can't open file".
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every byte gets the low 8 bits of iValue. An image of that size already is refilled.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16

@@ -80,7 +80,8 @@ private:
     tagPoints* CurveOf(int iLUT, int iChannel);
     void SetCurves(float fOne, float fOthers);
     void ReleaseTables();
-    void MakeTables();
+    bool MakeTables();
+    void FillChannel(int iChannel);
     void TakeDefaultLook();
     kest::ImageLook Look(unsigned short usLUT);
 };

@@ -18,13 +18,14 @@ public:
     ~CcGrayImage256() override;                                                                     // slot 0
 
     /// A record that cannot be read (the stream's own code) or holds no usable DIB (-1) leaves an image without pixels;
-    /// -1 also when only the ROI list fails. The depth of a stored DIB is not checked; its colour table and a byte a
-    /// pixel must lie inside its block.
+    /// -1 also when only the ROI list fails. The depth of a stored DIB is not checked; it must have a colour table, which
+    /// lies inside its block with a byte a pixel.
     int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
-    /// Writes name, DIB and ROI list.
+    /// Writes name, DIB and ROI list. -1 when one of them cannot be written.
     int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
-    /// Needs an image; copies nothing for an empty or turned rectangle (-1). An unknown LUT counts as 101.
+    /// Needs an image and its display tables; copies nothing for an empty or turned rectangle (-1). An unknown LUT counts
+    /// as 101.
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     void* GetBitMapImageData() override;                                                            // slot 7
     /// @name Show
@@ -47,21 +48,26 @@ public:
     /// anything else.
     int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 12
     /// Point k must have x = k (LUT 101, 102), 2k (103) or 4k (104), else -1; its y is the level shown for input x,
-    /// clamped to 0..255 and truncated. Between the points the table is constant.
+    /// clamped to 0..255 and truncated. Between the points the table is constant. -1, and nothing changed, also while
+    /// memory for a display table is short.
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
     /// -1 after a message: "Could not open DIB file", or for a file with other than 256 colours "This type of Object
     /// only handles 256 Color BitMaps" (until the next image arrives this one then has no pixels). A path of 260 or more
-    /// characters gives -1 without one.
+    /// characters gives -1 without one. Display tables for which memory is short are made when they are needed.
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
-    /// 0 also when the file cannot be created; -1 without an image (after a message), for a cancelled dialog, and for a path
-    /// of 260 or more characters.
+    /// 0 also, and without a message, when the file cannot be created (a folder that is not there, a file that is
+    /// write-protected or in use): look for the file where that matters. -1 without an image, after "No Image to save";
+    /// when the disk does not take the file, after "Could not write DIB file", with the old one as it was; for a cancelled
+    /// dialog; and for a path of 260 or more characters. What is written after OpenBMPFile refused a colour count is that
+    /// file's DIB.
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every pixel gets the low 8 bits of iValue. An image of that size already is refilled and keeps its colours.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
     /// @name Thresholding
     /// It sets the curves of LUT 101 and changes no pixel; show the image with LUT 101 to see it. Levels in a band
     /// (from fLow rounded down to fHigh rounded up) show the band's colour, all others their gray. A band from
-    /// 255.0 on starts at 0. Window and usLUT are not used.
+    /// 255.0 on starts at 0. Window and usLUT are not used. -1, and nothing changed, while memory for a display table is
+    /// short.
     /// @{
 
     /// All gray.
@@ -111,8 +117,9 @@ protected:
 
     /// Releases the five display tables.
     void ReleaseTables();
-    /// Builds them from the DIB. The point lists stay, but are not applied before the next SetDisplayLUT.
-    void MakeTables();
+    /// Builds from the DIB what is missing of them; false while memory is short. The point lists stay, but are not
+    /// applied before the next SetDisplayLUT.
+    bool MakeTables();
     /// The point list of a display table's channel and its number of points; null for an unknown pair.
     tagPoints* PointsOf(int iLUT, int iChannel, int* piCount);
     /// Computes what a display table shows for the levels 0 to 255 from as many points as its list has.

@@ -51,11 +51,14 @@ public:
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
     /// Without a raw file of the class's code, the image's size and enough bytes the samples are the 8-bit values;
     /// statistics and display are then not made stale (ReScaleImageOnShow does so for an object that held another
-    /// image before). -1 for a BMP file that is refused (old samples stay), and after "Unable to Allocate Memory for
-    /// 16-bit Image".
+    /// image before). -1 for a BMP file that is refused (old samples stay); without samples after "Unable to Allocate
+    /// Memory for 16-bit Image", and after "Can't read file of 16-bit image data" when there is a raw file that cannot be
+    /// opened or read: with 8-bit values in their place its samples would be lost at the next save.
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
-    /// Writes the display image as BMP file and the raw file beside it. -1 without samples, for a cancelled dialog, and
-    /// after "Can't open file for saving 16-bit image data".
+    /// Writes the display image as BMP file and the raw file beside it; both are complete before an old one is replaced.
+    /// -1 without samples and for a cancelled dialog, and with both old files as they were after "Can't open file for
+    /// saving 16-bit image data" (the raw file cannot be created), "Can't write file of 16-bit image data" or "Could not
+    /// write DIB file". A BMP file that cannot be created is passed over, as by the 8-bit image.
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every sample gets iValue's low 16 bits. -1 after "Could not make Blank DIB", or after "Unable to Allocate
     /// Memory for Floating Point Image" (whatever the sample type). Refilling an image of that size already keeps

@@ -223,8 +223,9 @@ protected:
     void AttachUnusableDib();
     /// Sets every pixel byte of an image of exactly this size; false when there is none.
     bool RefillDib(int iSameHeight, int iSameWidth, int iValue, int iBytesPerPixel);
-    /// Puts the DIB's size (header of 40 bytes, colour table and pixels) and its bytes into a bag.
-    void PutDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) const;
+    /// Puts the DIB's size (header of 40 bytes, colour table and pixels) and its bytes into a bag; false when memory is
+    /// short.
+    bool PutDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) const;
     /// Replaces the DIB by the one in a bag. False, without pixels, when there is none or its parts do not fit. A bag of
     /// an image without pixels gives one, and true.
     bool TakeDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel);

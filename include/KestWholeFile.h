@@ -45,6 +45,11 @@ public:
     /// file is written in place; null when it was not created.
     const char* LendPath();
 
+    /// For files that are replaced together: closes the new file and asks whether the old one lets itself be replaced, so
+    /// that all of them are ready before the first one is put in place. Nothing can be written after it. KEST_OK, or
+    /// KEST_FAILED with the old file as it was.
+    int Complete();
+
     /// Puts the new file in the old one's place. KEST_OK, or KEST_FAILED with the old file as it was. Should the system
     /// break off in the middle, so that the old file is gone or half overwritten, the new one stays beside it ("~kest1"
     /// and so on, with the extension of the path).
@@ -58,12 +63,15 @@ public:
 private:
     bool OpenNew();
     bool CloseNew();
+    bool AskForReplacing();
     bool MoveIntoPlace();
     bool CopyIntoPlace();
 
     char szPath[KEST_NAME_SIZE];     ///< the file to replace
     char szNewPath[KEST_NAME_SIZE];  ///< the new file; empty: written in place
     bool bOldFile = false;           ///< there was a file at the path
+    bool bComplete = false;          ///< the new file is closed, and how it gets into place is known
+    bool bMovable = false;           ///< it can be moved there
     HANDLE hFile = INVALID_HANDLE_VALUE;
     Result eResult = NotCreated;
 };

@@ -30,8 +30,8 @@ struct DisplayMapping {
 };
 
 /// Writes one byte a sample: 255 above the display range, 0 below, else sample * scale + offset, each step rounded to
-/// single precision, truncated toward zero and cut to its low 8 bits. Bounds are compared with integer samples after
-/// truncation to int (what fits none becomes the smallest one).
+/// single precision, truncated toward zero and cut to its low 8 bits. With integer samples the bounds are
+/// compared after truncation; NaN bounds nothing.
 void MapSamples(std::span<const std::uint16_t> samples, const DisplayMapping& mapping, std::uint8_t* bytes);
 void MapSamples(std::span<const std::int32_t> samples, const DisplayMapping& mapping, std::uint8_t* bytes);
 void MapSamples(std::span<const float> samples, const DisplayMapping& mapping, std::uint8_t* bytes);

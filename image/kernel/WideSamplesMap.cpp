@@ -1,12 +1,28 @@
 // Samples to display bytes, 16 at a time in vector registers, which compute every bit as the plain rule does.
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 
 #include "image/kernel/Sse2.h"
 #include "image/kernel/WideSamplesPlain.h"
 
 namespace kest {
 namespace {
+
+/// Bounds in a lane of integer samples: one beyond all samples counts as the outermost sample.
+template <class Sample>
+struct LaneBounds {
+    std::int32_t low, high;
+    bool areSamplesInside;  ///< false: one bound is beyond all samples on the other's side
+
+    explicit LaneBounds(const DisplayMapping& mapping) {
+        constexpr Size64 smallest = std::numeric_limits<Sample>::min(), largest = std::numeric_limits<Sample>::max();
+        const SampleBounds<Sample> bounds(mapping);
+        areSamplesInside = bounds.low <= largest && bounds.high >= smallest;
+        low = static_cast<std::int32_t>(std::clamp(bounds.low, smallest, largest));
+        high = static_cast<std::int32_t>(std::clamp(bounds.high, smallest, largest));
+    }
+};
 
 #if KEST_HAS_SSE2
 
@@ -33,10 +49,10 @@ struct Mapper16 {
     const __m128i low, high;
 
     explicit Mapper16(const DisplayMapping& mapping)
-        : line(mapping), low(Turned(mapping.displayMin)), high(Turned(mapping.displayMax)) {}
-    static __m128i Turned(float bound) {
-        return _mm_set1_epi16(static_cast<short>(std::clamp(TruncateToInt(bound), 0, 0xFFFF) - 0x8000));
-    }
+        : line(mapping),
+          low(Turned(LaneBounds<std::uint16_t>(mapping).low)),
+          high(Turned(LaneBounds<std::uint16_t>(mapping).high)) {}
+    static __m128i Turned(int bound) { return _mm_set1_epi16(static_cast<short>(bound - 0x8000)); }
     __m128i Map8(const std::uint16_t* samples) const {
         const __m128i taken = LoadVector(samples), zero = _mm_setzero_si128();
         const __m128i first = line.LowByteAt(_mm_cvtepi32_ps(_mm_unpacklo_epi16(taken, zero)));
@@ -74,8 +90,8 @@ struct Mapper32 {
 
     explicit Mapper32(const DisplayMapping& mapping)
         : line(mapping),
-          low(_mm_set1_epi32(TruncateToInt(mapping.displayMin))),
-          high(_mm_set1_epi32(TruncateToInt(mapping.displayMax))) {}
+          low(_mm_set1_epi32(LaneBounds<std::int32_t>(mapping).low)),
+          high(_mm_set1_epi32(LaneBounds<std::int32_t>(mapping).high)) {}
     __m128i Map4(const std::int32_t* samples) const {
         const __m128i taken = LoadVector(samples);
         return WithBounds(line.LowByteAt(_mm_cvtepi32_ps(taken)), _mm_cmpgt_epi32(low, taken),
@@ -186,19 +202,20 @@ DisplayMapping DisplayMapping::Of(float displayMin, float displayMax) {
 }
 
 void MapSamples(std::span<const std::uint16_t> samples, const DisplayMapping& mapping, std::uint8_t* bytes) {
-    // Bounds outside of what samples can be count as the nearest one that they can, unless no sample is inside.
-    const int low = std::max(TruncateToInt(mapping.displayMin), 0);
-    const int high = std::min(TruncateToInt(mapping.displayMax), 0xFFFF);
-    if (low > 0xFFFF || high < 0)
+    const LaneBounds<std::uint16_t> bounds(mapping);
+    if (!bounds.areSamplesInside)
         MapOneByOne(samples, 0, mapping, bytes);
-    else if (IsCutByLevels(mapping, low, high))
+    else if (IsCutByLevels(mapping, bounds.low, bounds.high))
         Map<CuttingMapper16>(samples, mapping, bytes);
     else
         Map<Mapper16>(samples, mapping, bytes);
 }
 
 void MapSamples(std::span<const std::int32_t> samples, const DisplayMapping& mapping, std::uint8_t* bytes) {
-    Map<Mapper32>(samples, mapping, bytes);
+    if (LaneBounds<std::int32_t>(mapping).areSamplesInside)
+        Map<Mapper32>(samples, mapping, bytes);
+    else
+        MapOneByOne(samples, 0, mapping, bytes);
 }
 
 void MapSamples(std::span<const float> samples, const DisplayMapping& mapping, std::uint8_t* bytes) {

@@ -47,9 +47,10 @@ void Add(std::vector<Operation>& list, const std::string& name, const std::strin
         return Scene{[=] { return image->MakeBlankBMP(5, 8, 2, "blank"); }, [=] { return SamplesOf(image.get()); }};
     }, PartlyDone});
 
-    // Both files of a wide image, or none.
+    // Both files of a wide image, or none; but its samples make a BMP file that could not be created dispensable.
     const auto fileState = [rawExtension](const TemporaryFile& bmp, const TemporaryFile& raw) {
-        return ContentOf(bmp) + (rawExtension.empty() ? "" : ContentOf(raw));
+        if (rawExtension.empty()) return ContentOf(bmp);
+        return ContentOf(raw) == ContentOf(*OldFile("untouched")) ? ContentOf(bmp) : ContentOf(raw);
     };
     list.push_back({name + " SaveBMPFile", [=] {
         auto image = SceneImage<Image>();

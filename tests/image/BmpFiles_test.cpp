@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "image/Support.h"
@@ -70,8 +71,10 @@ TEST(BmpFiles, RefusedFiles) {
     EXPECT_EQ(image.OpenBMPFile(std::string(300, 'p').c_str()), -1);
 }
 
-TEST(BmpFiles, AfterARefusedColourCountTheImageHasNoPixels) {
-    const test::TemporaryFile file("sixteen.bmp", BmpFile8(4, 3, std::vector<std::uint8_t>(12, 5), 16));
+// Its block stays attached: it can be saved and bear an overlay, but has no pixels that the image can use.
+TEST(BmpFiles, AfterARefusedColourCount) {
+    const Bytes sixteen = BmpFile8(4, 3, std::vector<std::uint8_t>(12, 5), 16);
+    const test::TemporaryFile file("sixteen.bmp", sixteen), saved("saved.bmp");
     CcGrayImage256 image;
     test::FillPattern(image, 7, 6);
     EXPECT_EQ(image.OpenBMPFile(file.Path()), -1);
@@ -79,15 +82,70 @@ TEST(BmpFiles, AfterARefusedColourCountTheImageHasNoPixels) {
     EXPECT_EQ(image(1.5F, 1.5F), -1.0F);
     image = 4.0F;
     EXPECT_EQ(image.GetBitMapImageData(), nullptr);
-    EXPECT_EQ(image.CreateOverlay(), -1);
-    EXPECT_EQ(image.SaveBMPFile("never.bmp"), -1);
-    TakeBoxes();
     EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), 0);
     CcRoiRect roi;
     EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
     test::StoredBytes(image);
+    // The overlay has the size that the image had; the file gets the sixteen colours and the bytes that follow them.
+    ASSERT_EQ(image.CreateOverlay(), 0);
+    std::fill_n(image.GetOverlay(), 7 * 6, std::uint8_t{19});
+    EXPECT_EQ(image.ClearOverlay(), 0);
+    EXPECT_EQ(TakeBoxes(), wrongColours);
+    EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
+    Bytes expected = sixteen;
+    expected.resize(54 + 64 + 12);
+    EXPECT_EQ(saved.Content(), expected);
+    // What a larger count promises beyond the block is not there to be written.
+    for (const int colours : {512, -1}) {
+        const Bytes more = BmpFile8(4, 3, std::vector<std::uint8_t>(12, 5), colours);
+        const test::TemporaryFile other("more.bmp", more);
+        EXPECT_EQ(image.OpenBMPFile(other.Path()), -1);
+        EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
+        EXPECT_EQ(saved.Content(), more);
+    }
+    TakeBoxes();
     EXPECT_EQ(image.MakeBlankBMP(6, 7, 9, "new"), 0);
     EXPECT_EQ(image(6, 5), 9.0F);
+}
+
+// Others may read and write the files meanwhile. Who does not let others write keeps the old file.
+TEST(BmpFiles, FilesThatOthersHaveOpen) {
+    const test::TemporaryFile bmp("wide.bmp"), raw("wide.i16");
+    CcGrayImageInt16 image, back;
+    const auto heldBy = [](const test::TemporaryFile& file, DWORD access, DWORD sharing) {
+        return std::unique_ptr<void, decltype(&CloseHandle)>(
+            CreateFileA(file.Path(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr), &CloseHandle);
+    };
+    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    image.MakeBlankBMP(3, 4, 1000, "wide");
+    ASSERT_EQ(image.SaveBMPFile(bmp.Path()), 0);
+    for (const DWORD access : {GENERIC_READ, GENERIC_READ | GENERIC_WRITE}) {
+        image(0, 0) = 0.0F;
+        image = static_cast<float>(access == GENERIC_READ ? 2000 : 3000);
+        const float written = image(0, 0);
+        const auto first = heldBy(bmp, access, FILE_SHARE_READ | FILE_SHARE_WRITE), second = heldBy(raw, access, all);
+        EXPECT_EQ(image.SaveBMPFile(bmp.Path()), 0);
+        EXPECT_EQ(back.OpenBMPFile(bmp.Path()), 0);
+        EXPECT_EQ(back(0, 0), written);
+    }
+    EXPECT_TRUE(TakeBoxes().empty());
+
+    const auto oldBmp = bmp.Content(), oldRaw = raw.Content();
+    image.MakeBlankBMP(5, 5, 7, "other");
+    {
+        const auto reader = heldBy(raw, GENERIC_READ, FILE_SHARE_READ);
+        EXPECT_EQ(image.SaveBMPFile(bmp.Path()), -1);
+    }
+    {
+        const auto owner = heldBy(raw, GENERIC_READ, 0);
+        EXPECT_EQ(back.OpenBMPFile(bmp.Path()), -1);
+        EXPECT_EQ(back.SaveBMPFile(bmp.Path()), -1) << "8-bit values are not saved over samples";
+    }
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"File I/O Error", "Can't open file for saving 16-bit image data"},
+                                             {"File I/O Error", "Can't read file of 16-bit image data"}}));
+    EXPECT_EQ(bmp.Content(), oldBmp);
+    EXPECT_EQ(raw.Content(), oldRaw);
+    EXPECT_EQ(back.OpenBMPFile(bmp.Path()), 0);
 }
 
 TEST(BmpFiles, Dialogs) {

@@ -160,13 +160,15 @@ TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
         EXPECT_EQ(back(0, 1), 3.0F);
     }
     const Bytes good = Dib8(2, 2, four);
+    // A depth of 24 bits means no colours.
+    Bytes withoutColours = test::DibOf(test::BmpFile24(2, 2, std::vector<std::uint8_t>(12, 9)));
     Bytes tooHigh = good, topDown = good, deep = good, headerless = good, tiny;
     tooHigh[8] = 3;
     std::fill_n(topDown.begin() + 8, 4, std::uint8_t{0xFF});
     deep[14] = 0x1F;
     headerless[0] = 0;
     tiny.U8(40);
-    for (const Bytes& dib : {tooHigh, topDown, deep, headerless, tiny, Dib8(2, 2, four, 300)}) {
+    for (const Bytes& dib : {tooHigh, topDown, deep, headerless, tiny, withoutColours, Dib8(2, 2, four, 300)}) {
         OpenImage image;
         test::FillPattern(image, 6, 6);
         EXPECT_EQ(LoadRecord(image, ImageRecord("bad", static_cast<long>(dib.size()), dib)), -1);

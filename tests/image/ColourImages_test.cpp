@@ -108,9 +108,16 @@ TYPED_TEST(ColourImages, BmpFilesToTheByteAndTheirRefusals) {
     expectRefused(tiny, {badSize, notOpened});
     tiny[2] = 14;
     expectRefused(tiny, {noMemory, notOpened});
+    // A size that the file does not have costs no memory.
+    expectRefused(test::BmpFile24(20000, 25000, {}), {badSize, notOpened});
     EXPECT_EQ(image.SaveBMPFile("never.bmp"), -1);
     EXPECT_EQ(image.OpenBMPFile("none.bmp"), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "No Image to save"}, noFile, notOpened}));
+    // The reader's box is the focus window's, but not that of the reader which makes two planes.
+    const test::TestWindow window(50, 50);
+    SetFocus(window);
+    EXPECT_EQ(image.OpenBMPFile("none.bmp"), -1);
+    EXPECT_EQ(TakeBoxes()[0].isOwned, !this->isHsl);
 }
 
 TYPED_TEST(ColourImages, PublicCollection) {

@@ -429,6 +429,21 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(fresh.Through(101).At(3, 0), 0x010203u);
     EXPECT_EQ(fresh.Through(101).At(0, 0), 0u);
 
+    // A colour list may be spaced as it likes: its points are the levels, and in the end plain gray is shown.
+    Open16 uneven;
+    uneven.Fill(1, 4, {0, 120, 160, 255});
+    const test::Picture plain = uneven.Through(101);
+    for (int channel = 1; channel <= 3; ++channel) {
+        std::vector<tagPoints> squares = uneven.List(101, channel);
+        for (tagPoints& point : squares) point.x = point.x * point.x / 255.0F;
+        EXPECT_EQ(uneven.SetDisplayLUT(101, channel, squares.data()), 0);
+    }
+    EXPECT_EQ(uneven.ThresholdImage(nullptr, 100.0F, 150.0F, 255, 0, 0), 0);
+    EXPECT_EQ(uneven.Through(101).At(1, 0), 0xFF0000u);
+    EXPECT_EQ(uneven.Through(101).At(2, 0), plain.At(2, 0));
+    EXPECT_EQ(uneven.EndThresholding(), 0);
+    EXPECT_EQ(uneven.Through(101), plain);
+
     // Nor do they when a range is not to follow the samples: the bounds are levels all the same.
     Open16 fixed;
     fixed.Fill(1, 4, {0, 390, 600, 1000});

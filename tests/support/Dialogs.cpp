@@ -35,7 +35,7 @@ bool IsBox(HWND dialog) {
 }
 
 void AnswerBox(HWND dialog) {
-    boxes.push_back({TextOf(dialog), TextOf(GetDlgItem(dialog, boxText))});
+    boxes.push_back({TextOf(dialog), TextOf(GetDlgItem(dialog, boxText)), GetWindow(dialog, GW_OWNER) != nullptr});
     CallOnce(duringBox);
     SendMessageA(dialog, WM_COMMAND, GetDlgItem(dialog, IDYES) ? IDYES : IDOK, 0);
 }

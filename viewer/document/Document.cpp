@@ -61,10 +61,6 @@ void Document::TakeWholeRange() {
         wholeRange = shownRange = {image->GetMinPixelValue(), image->GetMaxPixelValue()};
     }
     DrawPlainly(*image);
-    // Integers are compared with the range's ends as integers: the end must be one of 32 bits.
-    constexpr float largestEnd = 2147483520.0f;
-    if (Class().type == KEST_IMAGE_INT32)
-        wholeRange = {std::min(wholeRange.x, largestEnd), std::min(wholeRange.y, largestEnd)};
     // Infinite samples leave the library no range.
     if (shownRange.x != wholeRange.x || shownRange.y != wholeRange.y) {
         std::vector<tagPoints> straight = PointsFor(102, {{wholeRange.x, 0}, {wholeRange.y, 255}});

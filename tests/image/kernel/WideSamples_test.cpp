@@ -29,10 +29,9 @@ long long Truncated(float value) {
 template <class Sample>
 unsigned LevelByRule(Sample sample, const DisplayMapping& mapping) {
     constexpr bool isFloat = std::is_same_v<Sample, float>;
-    if (isFloat ? sample > mapping.displayMax : static_cast<long long>(sample) > Truncated(mapping.displayMax))
-        return 255;
-    if (isFloat ? sample < mapping.displayMin : static_cast<long long>(sample) < Truncated(mapping.displayMin))
-        return 0;
+    // Bounds are compared as numbers, without their fractions where the samples have none.
+    if (sample > (isFloat ? mapping.displayMax : std::trunc(double{mapping.displayMax}))) return 255;
+    if (sample < (isFloat ? mapping.displayMin : std::trunc(double{mapping.displayMin}))) return 0;
     const volatile float product = static_cast<float>(sample) * mapping.scale;
     const volatile float level = product + mapping.offset;
     return static_cast<unsigned>(Truncated(level) & 0xFF);
@@ -137,7 +136,7 @@ TEST(WideSamples, MapsAll16BitSamplesByTheRule) {
     std::vector<std::pair<float, float>> ranges = {
         {0.0F, 65535.0F}, {100.0F, 300.0F}, {0.0F, 255.0F}, {100.9F, 101.8F}, {7.0F, 7.0F},
         {500.0F, 20.0F},  {-10.5F, 70000.0F}, {-9.0F, -3.0F}, {7e4F, 8e4F},   {0.0F, 1e-3F},
-        {0.0F, infinity}, {noNumber, 5.0F}, {0.0F, 1e-30F}};
+        {0.0F, infinity}, {noNumber, 5.0F}, {0.0F, 1e-30F}, {0.0F, 3e9F}, {2147483648.0F, 3e9F}, {-3e9F, 4294967296.0F}};
     while (ranges.size() < 213) ranges.push_back({bounds.Next(), bounds.Next()});
     for (const auto& [low, high] : ranges) ExpectMapped(all, DisplayMapping::Of(low, high));
     // The line can also be any other one, as after a range that was set before.
@@ -154,6 +153,12 @@ TEST(WideSamples, MapsRandom32BitAndFloatSamplesByTheRule) {
         ExpectMapped(RandomSamples<std::int32_t>(bounds.random, 300 + bounds.random() % 40), mapping);
         ExpectMapped(RandomSamples<float>(bounds.random, 300 + bounds.random() % 40), mapping);
     }
+    // The largest int is no float, so a range up to it ends above it.
+    const std::int32_t upToLargest[] = {0, 1000000000, 2000000000, 2147483647};
+    std::uint8_t levels[4];
+    MapSamples(std::span(upToLargest), DisplayMapping::Of(0.0F, 2147483647.0F), levels);
+    EXPECT_EQ(std::vector<int>(levels, levels + 4), (std::vector<int>{0, 118, 237, 255}))
+        << "as does the largest int itself in single precision";
 }
 
 TEST(WideSamples, PowersOfTwoAreShifted) {
