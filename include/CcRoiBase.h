@@ -89,17 +89,18 @@ public:
     virtual void* GetRoiImageCord();                                                                // slot 9
     /// Begins drawing, moving or resizing at the mouse position (client pixels) and captures the mouse. -1 for a mode
     /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points. -1 as well,
-    /// with the mouse left alone, when the window has no device context to draw in.
+    /// with the mouse left alone, when the window has no device context to draw in or no size, or memory is short.
     virtual int StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                                POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom);  // slot 10
-    /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon. -1 when no drag runs, or its window has gone; the drag
-    /// has then ended, and the mouse is free.
+    /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon. -1 when no drag runs, when its window has gone
+    /// (the drag has then ended, and the mouse is free), or when the window's size cannot be had (nothing has changed).
     virtual int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                             POINT stMouse, int iAddVertex);                                         // slot 11
-    /// Ends the drag and releases the mouse; -1 as DoMouseDrag. The application then draws the ROI with ShowROI. A rectangle
-    /// that is drawn (mode 2) keeps the sides that the last DoMouseDrag gave it; one of them that lies at the mouse goes a
-    /// pixel further right or down, so that a click gives a rectangle and not nothing. A rectangle released where it was
-    /// last drawn is therefore one pixel larger than what was seen. The other shapes end at the mouse.
+    /// Ends the drag and releases the mouse, also where it returns -1 for what DoMouseDrag does, for too many segments, or
+    /// when memory is short. The application then draws the ROI with ShowROI. A rectangle that is drawn (mode 2) keeps the
+    /// sides that the last DoMouseDrag gave it; one of them that lies at the mouse goes a pixel further right or down, so
+    /// that a click gives a rectangle and not nothing. A rectangle released where it was last drawn is therefore one pixel
+    /// larger than what was seen. The other shapes end at the mouse.
     virtual int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                               POINT stMouse);                                                       // slot 12
     /// The bounding rectangle (top above bottom), without preparing queries; a line's is from its start (left, top) to its

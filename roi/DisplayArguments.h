@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "CcImage.h"
 #include "core/WindowView.h"
 #include "core/kernel/Geometry.h"
@@ -29,6 +31,12 @@ struct DisplayArguments {
     bool MakeView(HWND window, View& view) const {
         int width, height;
         return GetClientSize(window, width, height) && MakeView(width, height, view);
+    }
+    /// For a drag, which goes on without an image: there is no view then. False for an image without a window.
+    bool MakeDragView(HWND window, std::optional<View>& view) const {
+        View made;
+        if (MakeView(window, made)) view = made;
+        return view || !image;
     }
 };
 

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
+#include <optional>
 
 #include "CcObjectStorage.h"
 #include "CcPropertyBag.h"
@@ -78,29 +79,36 @@ struct KestOutlineMembers {
     static int StartDrag(Roi& roi, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
         roi.iZoom = display.zoom;
         if (!kest::BeginDrag(window, roi.hDragDC, roi.iDragMode, mode)) return KEST_FAILED;
-        kest::View view;
-        const bool hasView = display.MakeView(window, view);
+        std::optional<kest::View> view;
+        if (!display.MakeDragView(window, view)) {
+            kest::EndDrag(roi.hDragDC, roi.iDragMode);
+            return KEST_FAILED;
+        }
         kest::IntRect range = kest::ClientOnScreen(window);
         // A message that was shown lets the host do anything, also end the drag.
         if (!kest::GoesOn(roi.hDragDC, roi.iDragMode)) return KEST_FAILED;
         const bool isMove = (mode == KEST_DRAG_CONVERT && source) || mode == KEST_DRAG_MOVE;
-        const RECT* bounds = isMove ? roi.GetBoundingRect() : nullptr;
-        if ((!isMove && mode != KEST_DRAG_CREATE) || (isMove && !bounds)) {
+        if (!isMove && mode != KEST_DRAG_CREATE) {
             roi.iDragMode = -1;
             return KEST_FAILED;
         }
-        if (isMove && hasView) {
-            const kest::IntPoint low = kest::ImageToWindow(view, kest::IntPoint{bounds->left, bounds->top});
-            const kest::IntPoint high = kest::ImageToWindow(view, kest::IntPoint{bounds->right, bounds->bottom});
+        const RECT* bounds = isMove ? roi.GetBoundingRect() : nullptr;
+        if (isMove && !bounds) {
+            kest::EndDrag(roi.hDragDC, roi.iDragMode);
+            return KEST_FAILED;
+        }
+        if (isMove && view) {
+            const kest::IntPoint low = kest::ImageToWindow(*view, kest::IntPoint{bounds->left, bounds->top});
+            const kest::IntPoint high = kest::ImageToWindow(*view, kest::IntPoint{bounds->right, bounds->bottom});
             range = kest::ClipForMove(range, {low.x, low.y, high.x, high.y}, kest::ToPoint(mouse));
         }
         kest::ConfineCursor(range);
 
         roi.stLastMouse = mouse;
         roi.stLastMouseImg = {};
-        if (hasView) roi.stLastMouseImg = ImagePoint(view, mouse);
+        if (view) roi.stLastMouseImg = ImagePoint(*view, mouse);
         if (isMove) {
-            DrawMoving(roi, view, hasView);
+            DrawMoving(roi, view);
         } else {
             roi.iSegIndex = 0;
             Segments(roi).BeginAt(mouse, roi.stLastMouseImg);
@@ -109,14 +117,15 @@ struct KestOutlineMembers {
     }
 
     static int ContinueDrag(Roi& roi, HWND window, const Display& display, POINT mouse, int addVertex) {
-        if (!kest::GoesOn(roi.hDragDC, roi.iDragMode)) return KEST_FAILED;
+        std::optional<kest::View> view;
+        if (!kest::GoesOn(roi.hDragDC, roi.iDragMode) || !display.MakeDragView(window, view)) return KEST_FAILED;
         if (roi.iDragMode != KEST_DRAG_CREATE) {
-            MoveByMouse(roi, window, display, mouse, true);
+            MoveByMouse(roi, view, mouse, true);
             return KEST_OK;
         }
         const kest::SegmentArrays segments = Segments(roi);
         segments.Draw(roi.hDragDC);
-        EndSegment(roi, window, display, mouse);
+        EndSegment(roi, view, mouse);
         segments.Draw(roi.hDragDC);
         if (Traits::hasVertices && addVertex != 1) return KEST_OK;
         if (!segments.Advance()) {
@@ -130,13 +139,16 @@ struct KestOutlineMembers {
     static int StopDrag(Roi& roi, HWND window, const Display& display, POINT mouse) {
         if (!kest::GoesOn(roi.hDragDC, roi.iDragMode)) return KEST_FAILED;
         const bool isCreation = roi.iDragMode == KEST_DRAG_CREATE;
+        std::optional<kest::View> view;
+        const bool isThere = display.MakeDragView(window, view);
         if (isCreation)
             Segments(roi).Draw(roi.hDragDC);
         else
-            MoveByMouse(roi, window, display, mouse, false);
+            MoveByMouse(roi, view, mouse, false);
         kest::EndDrag(roi.hDragDC, roi.iDragMode);
+        if (!isThere) return KEST_FAILED;
         if (isCreation) {
-            EndSegment(roi, window, display, mouse);
+            EndSegment(roi, view, mouse);
             Segments(roi).KeepPixel();
             if (roi.iSegIndex > KEST_MAX_SEGMENTS - 2) {
                 kest::TellSegmentLimit();
@@ -348,24 +360,21 @@ private:
     }
 
     /// Without an image the last known image point stays.
-    static void EndSegment(Roi& roi, HWND window, const Display& display, POINT mouse) {
-        kest::View view;
-        if (display.MakeView(window, view)) roi.stLastMouseImg = ImagePoint(view, mouse);
+    static void EndSegment(Roi& roi, const std::optional<kest::View>& view, POINT mouse) {
+        if (view) roi.stLastMouseImg = ImagePoint(*view, mouse);
         roi.stLastMouse = mouse;
         Segments(roi).EndAt(mouse, roi.stLastMouseImg);
     }
 
-    static void DrawMoving(Roi& roi, const kest::View& view, bool hasView) {
-        if (hasView) kest::DrawOutlinePixels(roi.hDragDC, view, Pixels(roi), Traits::isClosed);
+    static void DrawMoving(Roi& roi, const std::optional<kest::View>& view) {
+        if (view) kest::DrawOutlinePixels(roi.hDragDC, *view, Pixels(roi), Traits::isClosed);
     }
 
-    static void MoveByMouse(Roi& roi, HWND window, const Display& display, POINT mouse, bool drawAgain) {
-        kest::View view;
-        const bool hasView = display.MakeView(window, view);
-        DrawMoving(roi, view, hasView);
+    static void MoveByMouse(Roi& roi, const std::optional<kest::View>& view, POINT mouse, bool drawAgain) {
+        DrawMoving(roi, view);
         roi.stLastMouse = mouse;
-        if (!hasView) return;
-        const POINT image = ImagePoint(view, mouse);
+        if (!view) return;
+        const POINT image = ImagePoint(*view, mouse);
         const kest::Size64 dx = kest::Size64{image.x} - roi.stLastMouseImg.x;
         const kest::Size64 dy = kest::Size64{image.y} - roi.stLastMouseImg.y;
         roi.stQueries.iSortedPoints = 0;
@@ -375,7 +384,7 @@ private:
             points[i].y = kest::Saturate(points[i].y + dy);
         }
         roi.stLastMouseImg = image;
-        if (drawAgain) DrawMoving(roi, view, hasView);
+        if (drawAgain) DrawMoving(roi, view);
     }
 
     static bool TakeDrawnSegments(Roi& roi) {

@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 #include "CcObjectStorage.h"
 #include "CcPropertyBag.h"
@@ -89,9 +90,12 @@ struct KestShapeMembers {
     static int StartDrag(Shape& shape, HWND window, const Display& display, POINT mouse, int mode, CcRoiBase* source) {
         shape.iZoom = display.zoom;
         if (!kest::BeginDrag(window, shape.hDragDC, shape.iDragMode, mode)) return KEST_FAILED;
-        kest::View view;
-        const bool hasView = display.MakeView(window, view);
-        if (!PlaceForDrag(shape, hasView ? &view : nullptr, mouse, source)) {
+        std::optional<kest::View> view;
+        if (!display.MakeDragView(window, view)) {
+            kest::EndDrag(shape.hDragDC, shape.iDragMode);
+            return KEST_FAILED;
+        }
+        if (!PlaceForDrag(shape, view, mouse, source)) {
             shape.iDragMode = -1;
             return KEST_FAILED;
         }
@@ -107,12 +111,14 @@ struct KestShapeMembers {
 
         shape.stLastMouse = mouse;
         Traits::DrawRubberBand(shape.hDragDC, place);
-        if (hasView) Traits::TakeCorners(shape, view, kest::ImageCorners(view, place));
+        if (view) Traits::TakeCorners(shape, *view, kest::ImageCorners(*view, place));
         return KEST_OK;
     }
 
     static int ContinueDrag(Shape& shape, HWND window, Display display, POINT mouse, int) {
-        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode)) return KEST_FAILED;
+        display.zoom = shape.iZoom;
+        std::optional<kest::View> view;
+        if (!kest::GoesOn(shape.hDragDC, shape.iDragMode) || !display.MakeDragView(window, view)) return KEST_FAILED;
         kest::IntRect place = Traits::WindowOf(shape);
         Traits::DrawRubberBand(shape.hDragDC, place);
         if (shape.iDragMode == KEST_DRAG_CREATE)
@@ -122,8 +128,7 @@ struct KestShapeMembers {
         shape.stLastMouse = mouse;
         Traits::SetWindow(shape, place);
         Traits::DrawRubberBand(shape.hDragDC, place);
-        display.zoom = shape.iZoom;
-        TakeWindowCorners(shape, window, display);
+        if (view) Traits::TakeCorners(shape, *view, kest::ImageCorners(*view, place));
         return KEST_OK;
     }
 
@@ -138,9 +143,11 @@ struct KestShapeMembers {
         if (Traits::isNormalised) place = kest::Normalised(place);
         Traits::SetWindow(shape, place);
         display.zoom = shape.iZoom;
-        TakeWindowCorners(shape, window, display);
+        std::optional<kest::View> view;
+        const bool isThere = display.MakeDragView(window, view);
+        if (view) Traits::TakeCorners(shape, *view, kest::ImageCorners(*view, place));
         kest::EndDrag(shape.hDragDC, shape.iDragMode);
-        return KEST_OK;
+        return isThere ? KEST_OK : KEST_FAILED;
     }
 
     // Drawing
@@ -234,7 +241,7 @@ struct KestShapeMembers {
 
 private:
     /// Without a view the window copy stays.
-    static bool PlaceForDrag(Shape& shape, const kest::View* view, POINT mouse, CcRoiBase* source) {
+    static bool PlaceForDrag(Shape& shape, const std::optional<kest::View>& view, POINT mouse, CcRoiBase* source) {
         switch (shape.iDragMode) {
             case KEST_DRAG_CONVERT: {
                 const RECT* bounds = source ? source->GetCurrentBoundingRect() : nullptr;

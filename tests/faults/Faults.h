@@ -48,6 +48,7 @@ enum Allowance : unsigned {
     Nothing = 0,
     PartlyDone = 1,    ///< a failure may leave it half done: streams, drawings, what is replaced
     SilentIfOpen = 2,  ///< a file that cannot be opened or created is no failure, and nothing changes
+    Told = 8,          ///< a write that the disk does not take is told in a box, not by the result, and nothing changes
     Drawn = 4,         ///< how it is drawn is not part of success: pens, texts and clips that the system refused
 };
 

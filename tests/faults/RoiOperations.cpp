@@ -24,7 +24,7 @@ void Add(std::vector<Operation>& list, const std::string& name) {
         auto roi = SceneRoi<Roi>(*SceneImage<Image>());
         auto file = OldFile("fault.roi");
         return Scene{[=] { return roi->Save(file->Path()); }, [=] { return ContentOf(*file); }};
-    }});
+    }, Told});
     list.push_back({name + " Restore", [] {
         auto file = OldFile("fault.roi");
         auto image = SceneImage<Image>();
@@ -104,7 +104,7 @@ void AddOutline(std::vector<Operation>& list, const std::string& name) {
         record->stPOINTS = points->data();
         return Scene{[=, keep = points] { return roi->SetRoiImageCord(record.get()); },
                      [=] { return RecordOf(*roi) + RowsOf(*roi); }};
-    }});
+    }, PartlyDone});  // without memory an outline has no points left
     list.push_back({name + " PrintPerimiterPointsToFile", [] {
         auto roi = SceneRoi<Outline>(*SceneImage<CcGrayImage256>());
         auto file = OldFile("fault.txt");
