@@ -158,7 +158,7 @@ TEST(WideDocuments, ShowWhatIsANumber) {
         EXPECT_EQ((*shown)(1, 0), 0.0f);
         EXPECT_EQ((*shown)(columns - 2, rows - 1), 255.0f);
     }
-    EXPECT_EQ(MakeHistogram(*document, nullptr).high, high);
+    EXPECT_EQ(MakeHistogram(*document, nullptr)->high, high);
     // Any range can be had, however it was reached.
     for (const float from : {0.5f, 0.08f, 0.05f})
         document->SetTableCurve(102, 0, {{from, 0}, {1, 255}});
@@ -437,12 +437,12 @@ TEST(Results, AreATableThatOtherProgramsRead) {
 TEST(Graphs, CountAndFollowTheRegion) {
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
     auto rect = MakeRect({0, 1, 3, 0});
-    Histogram histogram = MakeHistogram(*document, rect.get());
+    Histogram histogram = *MakeHistogram(*document, rect.get());
     EXPECT_EQ(histogram.pixels, 8);
     for (const int value : {0, 7, 14, 21, 91, 98, 105, 112})
         EXPECT_EQ(histogram.channels[0].counts[static_cast<std::size_t>(value)], 1);
     auto colours = MakeDocument(KEST_IMAGE_HSL);
-    histogram = MakeHistogram(*colours, nullptr);
+    histogram = *MakeHistogram(*colours, nullptr);
     std::vector<long long> hues(256);
     for (int i = 0; i < rows * columns; ++i)
         ++hues[static_cast<BYTE*>(static_cast<Cc24BitHSLImage&>(colours->Image()).GetBitMapImageDataHSL())[3 * i + 2]];

@@ -10,16 +10,17 @@
 namespace kestview {
 namespace {
 
+/// False when memory was short.
 template <class Sample>
-void CountSamples(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
+bool CountSamples(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
     const auto* samples = static_cast<const Sample*>(document.Image().GetBitMapImageData());
-    if (!samples) return;
+    if (!samples) return true;
     const double low = static_cast<double>(histogram.low);
     const double span = static_cast<double>(histogram.high) - low;
     const double scale = span > 0 ? (histogramBins - 1) / span : 0;
     auto& counts = histogram.channels[0].counts;
     const long long all = SampleBytes(document.Image()) / static_cast<long long>(sizeof(Sample));
-    ForEachRun(document, roi, [&](std::size_t first, int count) {
+    return ForEachRun(document, roi, [&](std::size_t first, int count) {
         busy.Report(static_cast<long long>(first), all);
         for (int i = 0; i < count; ++i) {
             const auto value = static_cast<double>(samples[first + static_cast<std::size_t>(i)]);
@@ -30,8 +31,8 @@ void CountSamples(Document& document, CcRoiBase* roi, Histogram& histogram, Busy
     });
 }
 
-/// Three bytes a pixel, the first channel last.
-void CountColours(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
+/// Three bytes a pixel, the first channel last. False when memory was short.
+bool CountColours(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
     CcImage& image = document.Image();
     const auto* pixels = static_cast<const unsigned char*>(image.GetBitMapImageData());
     if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(&image)) {
@@ -41,9 +42,9 @@ void CountColours(Document& document, CcRoiBase* roi, Histogram& histogram, Busy
     } else {
         histogram.channels = {{"Red", RGB(220, 0, 0), {}}, {"Green", RGB(0, 150, 0), {}}, {"Blue", RGB(0, 0, 220), {}}};
     }
-    if (!pixels) return;
+    if (!pixels) return true;
     const long long all = SampleBytes(image) / 3;
-    ForEachRun(document, roi, [&](std::size_t first, int count) {
+    return ForEachRun(document, roi, [&](std::size_t first, int count) {
         busy.Report(static_cast<long long>(first), all);
         const unsigned char* pixel = pixels + 3 * first;
         for (int i = 0; i < count; ++i, pixel += 3)
@@ -55,13 +56,13 @@ void CountColours(Document& document, CcRoiBase* roi, Histogram& histogram, Busy
 
 }  // namespace
 
-Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
+std::optional<Histogram> MakeHistogram(Document& document, CcRoiBase* roi) {
     const PlainPixels plain(document);
     Busy busy("Counting");
     Histogram histogram;
     CcImage& image = document.Image();
     if (document.Class().isColour) {
-        CountColours(document, roi, histogram, busy);
+        if (!CountColours(document, roi, histogram, busy)) return std::nullopt;
         return histogram;
     }
     histogram.channels = {{"Pixels", RGB(40, 70, 130), {}}};
@@ -71,20 +72,15 @@ Histogram MakeHistogram(Document& document, CcRoiBase* roi) {
         histogram.low = document.WholeRange().x;
         histogram.high = document.WholeRange().y;
     }
-    switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16:
-            CountSamples<unsigned short>(document, roi, histogram, busy);
-            break;
-        case KEST_IMAGE_INT32:
-            CountSamples<int>(document, roi, histogram, busy);
-            break;
-        case KEST_IMAGE_FLOAT:
-            CountSamples<float>(document, roi, histogram, busy);
-            break;
-        default:
-            CountSamples<unsigned char>(document, roi, histogram, busy);
-            break;
-    }
+    const auto count = [&] {
+        switch (image.GetImageType()) {
+            case KEST_IMAGE_INT16: return CountSamples<unsigned short>(document, roi, histogram, busy);
+            case KEST_IMAGE_INT32: return CountSamples<int>(document, roi, histogram, busy);
+            case KEST_IMAGE_FLOAT: return CountSamples<float>(document, roi, histogram, busy);
+            default: return CountSamples<unsigned char>(document, roi, histogram, busy);
+        }
+    };
+    if (!count()) return std::nullopt;
     return histogram;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "document/Document.h"
@@ -23,7 +24,7 @@ struct Histogram {
     std::vector<HistogramChannel> channels;  ///< one, or the three of a colour picture
 };
 
-/// Null: of the whole picture.
-Histogram MakeHistogram(Document& document, CcRoiBase* roi);
+/// Null: of the whole picture. Nothing when memory is short.
+std::optional<Histogram> MakeHistogram(Document& document, CcRoiBase* roi);
 
 }  // namespace kestview

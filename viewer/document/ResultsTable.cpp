@@ -67,7 +67,11 @@ ResultsTable MeasureRois(Document& document) {
         CcRoiBase& roi = document.Roi(i);
         ResultRow row = {roi.GetName(), KindLabel(roi), {}, true, -1};
         row.isMeasured = KestMeasureRoi(&document.Image(), &roi, &row.values) == 0;
-        if (!mask.empty()) row.areaInBands = CountInBands(document, mask, &roi).area;
+        if (!mask.empty()) {
+            const std::optional<BandCount> inBands = CountInBands(document, mask, &roi);
+            row.isMeasured = row.isMeasured && inBands;
+            if (inBands) row.areaInBands = inBands->area;
+        }
         table.rows.push_back(row);
         busy.Report(i + 1, count);
     }

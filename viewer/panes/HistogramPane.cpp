@@ -22,7 +22,12 @@ void HistogramPane::Update() {
         return;
     }
     CcRoiBase* roi = document->SelectedRoi();
-    const Histogram histogram = MakeHistogram(*document, roi);
+    const std::optional<Histogram> made = MakeHistogram(*document, roi);
+    if (!made) {
+        SetText(IDC_GRAPH_NOTE, "There is not enough memory to count.");
+        return;
+    }
+    const Histogram& histogram = *made;
     float most = 1;
     for (const HistogramChannel& channel : histogram.channels) {
         std::vector<tagPoints> points;

@@ -247,15 +247,14 @@ void ThresholdPane::ShowCount() {
     // A picture of levels is drawn twice, and compared.
     const Busy busy("Counting", 8 * PixelCount());
     CcRoiBase* roi = document->SelectedRoi();
-    const std::vector<std::uint8_t> mask = document->BandMask();
-    if (mask.empty()) {
+    const std::optional<BandCount> count = CountInBands(*document, document->BandMask(), roi);
+    if (!count) {
         SetText(IDC_BAND_COUNT, "There is not enough memory to count.");
         return;
     }
-    const BandCount count = CountInBands(*document, mask, roi);
-    std::string text = Format("In the bands: %lld pixels", count.pixels);
+    std::string text = Format("In the bands: %lld pixels", count->pixels);
     if (document->Calibration())
-        text += ",\n" + PlainNumber(count.area, 6) + " square " + document->Calibration()->GetUnitsOfMeasure();
+        text += ",\n" + PlainNumber(count->area, 6) + " square " + document->Calibration()->GetUnitsOfMeasure();
     text += roi ? std::string("\ninside ") + roi->GetName() + "." : "\nof the whole picture.";
     SetText(IDC_BAND_COUNT, text);
 }
