@@ -12,15 +12,9 @@
 
 #include "CcCalibration.h"
 #include "CcImage.h"
-#include "CcRoiEllipse.h"
-#include "CcRoiFreeHand.h"
-#include "CcRoiFreeHandLine.h"
 #include "CcRoiLine.h"
-#include "CcRoiPoint.h"
-#include "CcRoiPolyFreeHand.h"
-#include "CcRoiPolyLine.h"
-#include "CcRoiRect.h"
 #include "CcRoiRows.h"
+#include "KestOutline.h"
 #include "calib/kernel/OutlineLines.h"
 #include "calib/kernel/Perspective.h"
 #include "calib/kernel/PixelRuns.h"
@@ -91,17 +85,23 @@ void AddEllipse(Lengths& lengths, const RECT& record) {
     for (int i = 0; i < ellipseChords; ++i) lengths.Add(at(i), at(i + 1));
 }
 
-/// Whether a drawn outline goes back to its beginning; nothing for another shape.
+/// Whether a drawn outline goes back to its beginning; nothing for another shape. The type code tells the classes apart, as a
+/// host may have compiled its own without run-time types.
 std::optional<bool> IsClosedOutline(CcRoiBase& roi) {
-    if (dynamic_cast<CcRoiFreeHand*>(&roi) || dynamic_cast<CcRoiPolyFreeHand*>(&roi)) return true;
-    if (dynamic_cast<CcRoiFreeHandLine*>(&roi) || dynamic_cast<CcRoiPolyLine*>(&roi)) return false;
-    return std::nullopt;
+    switch (roi.GetROIType()) {
+        case KEST_ROI_FREEHAND:
+        case KEST_ROI_POLYFREEHAND: return true;
+        case KEST_ROI_FREEHANDLINE:
+        case KEST_ROI_POLYLINE: return false;
+        default: return std::nullopt;
+    }
 }
 
 /// The pixels of a drawn outline, in the order drawn.
 std::span<const kest::IntPoint> ChainOf(CcRoiBase& roi) {
-    const auto& outline = *static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
-    if (!outline.stPOINTS || !outline.hPOINTS || outline.iNumOfPoints < 1) return {};
+    const auto* record = static_cast<const PixelGroupTag*>(roi.GetRoiImageCord());
+    if (!record || !record->stPOINTS || !record->hPOINTS || record->iNumOfPoints < 1) return {};
+    const PixelGroupTag& outline = *record;
     static_assert(sizeof(POINT) == sizeof(kest::IntPoint));
     const std::size_t count = std::min<std::size_t>(static_cast<std::size_t>(outline.iNumOfPoints),
                                                     GlobalSize(outline.hPOINTS) / sizeof(POINT));
@@ -116,23 +116,25 @@ void AddOutline(Lengths& lengths, CcRoiBase& roi, bool isClosed) {
                              });
 }
 
+void AddLine(Lengths& lengths, const tagROILINE& line) {
+    lengths.Add({static_cast<double>(line.iStartX), static_cast<double>(line.iStartY)},
+                {static_cast<double>(line.iEndX), static_cast<double>(line.iEndY)});
+}
+
 /// False for a shape of a host's own.
 bool AddRoi(Lengths& lengths, CcRoiBase& roi) {
-    if (dynamic_cast<CcRoiPoint*>(&roi)) return true;
-    if (dynamic_cast<CcRoiLine*>(&roi)) {
-        const auto& line = *static_cast<const tagROILINE*>(roi.GetRoiImageCord());
-        lengths.Add({static_cast<double>(line.iStartX), static_cast<double>(line.iStartY)},
-                    {static_cast<double>(line.iEndX), static_cast<double>(line.iEndY)});
-    } else if (dynamic_cast<CcRoiRect*>(&roi)) {
-        AddRectangle(lengths, *static_cast<const RECT*>(roi.GetRoiImageCord()));
-    } else if (dynamic_cast<CcRoiEllipse*>(&roi)) {
-        AddEllipse(lengths, *static_cast<const RECT*>(roi.GetRoiImageCord()));
-    } else if (const std::optional<bool> isClosed = IsClosedOutline(roi)) {
-        AddOutline(lengths, roi, *isClosed);
-    } else {
-        return false;
+    const void* record = roi.GetRoiImageCord();
+    if (!record) return false;
+    switch (roi.GetROIType()) {
+        case KEST_ROI_POINT: return true;
+        case KEST_ROI_LINE: AddLine(lengths, *static_cast<const tagROILINE*>(record)); return true;
+        case KEST_ROI_RECT: AddRectangle(lengths, *static_cast<const RECT*>(record)); return true;
+        case KEST_ROI_ELLIPSE: AddEllipse(lengths, *static_cast<const RECT*>(record)); return true;
+        default: break;
     }
-    return true;
+    const std::optional<bool> isClosed = IsClosedOutline(roi);
+    if (isClosed) AddOutline(lengths, roi, *isClosed);
+    return isClosed.has_value();
 }
 
 /// An image's values, and the world area of its pixels.
@@ -202,6 +204,7 @@ bool VisitRuns(const MeasuredImage& image, CcRoiBase& roi, Visit visit) {
     for (int row = first; row <= last; ++row) {
         int count = 0;
         const KestSpan* listed = rows.GetSpans(row, &count);
+        if (count < 0) return false;
         if (!listed) continue;
         if (!copies.Reserve(kest::Product(count, sizeof(KestSpan)))) return false;
         const std::span<KestSpan> runs(reinterpret_cast<KestSpan*>(copies.Get()), static_cast<std::size_t>(count));

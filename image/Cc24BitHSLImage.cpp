@@ -54,9 +54,9 @@ struct KestDib24Traits<Cc24BitHSLImage> {
         if (image.pHSLData && image.hHSLData.Size() == bytes) return true;
         return image.AllocatePlane(image.iHeight, image.iWidth) != KestGlobalBlock::NotAllocated;
     }
-    static void CopyPlaneRegion(const Image& image, CcRoiBase& roi, const kest::RegionFrame& frame, Image& region) {
-        if (image.HasPlane() && region.HasPlane())
-            KestDib24Members<Image>::CopyRegion(image, roi, frame, image.pHSLData, region.pHSLData);
+    static bool CopyPlaneRegion(const Image& image, CcRoiBase& roi, const kest::RegionFrame& frame, Image& region) {
+        return !image.HasPlane() || !region.HasPlane() ||
+               KestDib24Members<Image>::CopyRegion(image, roi, frame, image.pHSLData, region.pHSLData);
     }
 
     static unsigned char* ByteAt(const Image& image, int index) {

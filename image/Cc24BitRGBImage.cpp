@@ -33,7 +33,7 @@ struct KestDib24Traits<Cc24BitRGBImage> {
     }
     static void ReleasePlane(Image&) {}
     static bool FitPlane(Image&) { return true; }
-    static void CopyPlaneRegion(const Image&, CcRoiBase&, const kest::RegionFrame&, Image&) {}
+    static bool CopyPlaneRegion(const Image&, CcRoiBase&, const kest::RegionFrame&, Image&) { return true; }
 
     static float ReadValue(const Image& image, int index) {
         const unsigned char* pixel = image.lpBits + index * kest::PlaneBytesPerPixel;

@@ -19,9 +19,9 @@ CcImage* CcGrayImageInt16::GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign
     kest::RegionFrame frame;
     if (Members::Samples(*this).empty() || !kest::FrameRegion(pRoi, iAlign, szObjectName, iWidth, iHeight, frame))
         return nullptr;
-    auto* region = kest::MakeBlankRegion<CcGrayImageInt16>(frame, iFillValue);
-    if (region)
-        kest::CopyRegion(*pRoi, frame, {reinterpret_cast<const std::uint8_t*>(pSamples), iWidth, iHeight, SizeOf()},
-                         {reinterpret_cast<std::uint8_t*>(region->pSamples), frame.width, frame.height, SizeOf()});
-    return region;
+    return kest::MakeRegion<CcGrayImageInt16>(frame, iFillValue, [&](CcGrayImageInt16& region) {
+        return kest::CopyRegion(*pRoi, frame,
+                                {reinterpret_cast<const std::uint8_t*>(pSamples), iWidth, iHeight, SizeOf()},
+                                {reinterpret_cast<std::uint8_t*>(region.pSamples), frame.width, frame.height, SizeOf()});
+    });
 }

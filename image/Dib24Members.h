@@ -7,7 +7,7 @@
 //   Refill                        fills the DIB if it has this size, else false
 //   ReleasePlane, FitPlane        what it keeps beside the DIB; FitPlane sees to its size
 //   ReadValue, WriteValue         a pixel's value in the access channel
-//   CopyPlaneRegion               cuts the region out of what it keeps beside the DIB
+//   CopyPlaneRegion               cuts the region out of what it keeps beside the DIB; false when memory is short
 //
 // all of them members of its KestDib24Traits, in the file of the class.
 #pragma once
@@ -181,17 +181,16 @@ struct KestDib24Members {
         kest::RegionFrame frame;
         if (!image.lpBits || !kest::FrameRegion(roi, align, image.szObjectName, image.iWidth, image.iHeight, frame))
             return nullptr;
-        auto* region = kest::MakeBlankRegion<Image>(frame, fillValue);
-        if (!region) return nullptr;
-        CopyRegion(image, *roi, frame, image.lpBits, region->lpBits);
-        Traits::CopyPlaneRegion(image, *roi, frame, *region);
-        return region;
+        return kest::MakeRegion<Image>(frame, fillValue, [&](Image& region) {
+            return CopyRegion(image, *roi, frame, image.lpBits, region.lpBits) &&
+                   Traits::CopyPlaneRegion(image, *roi, frame, region);
+        });
     }
 
     /// Of a plane of the image to the same plane of the region.
-    static void CopyRegion(const Image& image, CcRoiBase& roi, const kest::RegionFrame& frame,
+    static bool CopyRegion(const Image& image, CcRoiBase& roi, const kest::RegionFrame& frame,
                            const std::uint8_t* source, std::uint8_t* target) {
-        kest::CopyRegion(roi, frame, {source, image.iWidth, image.iHeight, bytesPerPixel},
-                         {target, frame.width, frame.height, bytesPerPixel});
+        return kest::CopyRegion(roi, frame, {source, image.iWidth, image.iHeight, bytesPerPixel},
+                                {target, frame.width, frame.height, bytesPerPixel});
     }
 };

@@ -150,10 +150,9 @@ struct KestDib8Members {
         if (!image.lpBits ||
             !kest::FrameRegion(roi, align, image.szObjectName, image.iWidth, image.iHeight, frame))
             return nullptr;
-        auto* region = kest::MakeBlankRegion<Image>(frame, fillValue);
-        if (region)
-            kest::CopyRegion(*roi, frame, {image.lpBits, image.iWidth, image.iHeight, 1},
-                             {region->lpBits, frame.width, frame.height, 1});
-        return region;
+        return kest::MakeRegion<Image>(frame, fillValue, [&](Image& region) {
+            return kest::CopyRegion(*roi, frame, {image.lpBits, image.iWidth, image.iHeight, 1},
+                                    {region.lpBits, frame.width, frame.height, 1});
+        });
     }
 };

@@ -26,7 +26,7 @@ bool FrameRegion(CcRoiBase* roi, int align, const char* imageName, int imageWidt
     return true;
 }
 
-void CopyRegion(CcRoiBase& roi, const RegionFrame& frame, const Plane<const std::uint8_t>& source,
+bool CopyRegion(CcRoiBase& roi, const RegionFrame& frame, const Plane<const std::uint8_t>& source,
                 const Plane<std::uint8_t>& target) {
     CcRoiRows rows(&roi);
     // Rows outside the image have nothing to copy, however far the ROI reaches.
@@ -35,9 +35,11 @@ void CopyRegion(CcRoiBase& roi, const RegionFrame& frame, const Plane<const std:
     for (int row = first; row < end; ++row) {
         int count = 0;
         const KestSpan* spans = rows.GetSpans(row, &count);
+        if (count < 0) return false;
         if (spans)
             CopyRegionRow(source, target, row, {spans, static_cast<std::size_t>(count)}, frame.left, frame.bottom);
     }
+    return true;
 }
 
 }  // namespace kest

@@ -20,19 +20,20 @@ struct RegionFrame {
 bool FrameRegion(CcRoiBase* roi, int align, const char* imageName, int imageWidth, int imageHeight,
                  RegionFrame& frame);
 
-/// A new image of the frame's size and name, filled with a value; null when it cannot be made.
-template <class Image>
-Image* MakeBlankRegion(const RegionFrame& frame, int fillValue) {
+/// A new image of the frame's size and name, filled with a value, into which copy(region) copies the pixels; null when it
+/// cannot be made or `copy` is false.
+template <class Image, class Copy>
+Image* MakeRegion(const RegionFrame& frame, int fillValue, Copy copy) {
     auto* region = new Image;
-    if (region && region->MakeBlankBMP(frame.height, frame.width, fillValue, frame.name) < 0) {
+    if (region && (region->MakeBlankBMP(frame.height, frame.width, fillValue, frame.name) < 0 || !copy(*region))) {
         delete region;
         region = nullptr;
     }
     return region;
 }
 
-/// Copies the pixels under the ROI row by row: of each row all listed columns but the last one.
-void CopyRegion(CcRoiBase& roi, const RegionFrame& frame, const Plane<const std::uint8_t>& source,
+/// Copies the pixels under the ROI row by row: of each row all listed columns but the last one. False when memory is short.
+bool CopyRegion(CcRoiBase& roi, const RegionFrame& frame, const Plane<const std::uint8_t>& source,
                 const Plane<std::uint8_t>& target);
 
 }  // namespace kest

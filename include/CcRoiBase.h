@@ -128,8 +128,9 @@ public:
     /// The bounding rectangle (top above bottom); prepares the boundary queries. Null for an outline without
     /// points, or when memory is short.
     virtual RECT* GetBoundingRect();                                                                // slot 18
-    /// The y values of the ROI on a column, `*piCount` of them; 0 when it misses the column. The buffer stays the ROI's
-    /// and is overwritten by the next query. Call GetBoundingRect first.
+    /// The y values of the ROI on a column, `*piCount` of them; null and 0 when it misses the column, null and -1 when
+    /// memory is short. The buffer stays the ROI's and is overwritten or replaced by the next query. Call GetBoundingRect
+    /// first.
     virtual int* GetYBoundary(int iColumn, int* piCount);                                           // slot 19
     /// The x values of the ROI on a row, in the same way.
     virtual int* GetXBoundary(int iRow, int* piCount);                                              // slot 20
@@ -171,7 +172,9 @@ protected:
     RECT stBoundingRect;         ///< what GetBoundingRect returns
     int* piBoundary;             ///< what the boundary queries return
     KestWorkBlock hBoundary;     ///< the block behind it
-    int iBoundarySize;           ///< entries in the work buffer, if there is one
+    /// Entries in the work buffer, if there is one: after GetBoundingRect two for each pixel of the larger side, or
+    /// 131,072 when that is more; a query that lists more makes room for them.
+    int iBoundarySize;
 
     /// The work buffer; null in a copy, whose members tell of its source's until it makes its own. A block of the source
     /// that is freed meanwhile can come back here: the size tells them apart.
@@ -180,17 +183,21 @@ protected:
                            hBoundary.Size() == static_cast<long long>(iBoundarySize) * static_cast<long long>(sizeof(int));
         return isOwn ? piBoundary : nullptr;
     }
-    /// Makes a copy of a ROI that answers boundary queries answer them, too.
-    void PrepareCopy() {
-        if (piBoundary && !Boundary()) GetBoundingRect();
-    }
-    /// Makes the work buffer hold what a query over the larger side of stBoundingRect writes. False without memory.
+    /// Makes a copy of a ROI that answers boundary queries answer them, too. False when memory is short.
+    bool PrepareCopy();
+    /// Entries that a query over stBoundingRect may list: two for each pixel of the larger side, or what the work buffer
+    /// holds anyway.
+    long long BoundaryRoom() const;
+    /// Makes the work buffer ready for queries over stBoundingRect. False without memory.
     bool SizeBoundary();
-    /// Fills the work buffer with every value from iFirst to iLast, both included. Null, with a count of 0, when there is
-    /// none or memory is short.
+    /// Makes the work buffer hold `llEntries` entries at least. False, with the buffer as it was, without memory.
+    bool GrowBoundary(long long llEntries);
+    /// Fills the work buffer with every value from iFirst to iLast, both included.
     int* ListRange(int iFirst, int iLast, int* piCount);
     /// Null, with a count of 0.
     int* ListNothing(int* piCount);
+    /// Null, with a count of -1: memory is short.
+    int* ListFailed(int* piCount);
     /// The pen for an iPenSelect argument.
     HPEN PenFor(int iPenSelect);
 };

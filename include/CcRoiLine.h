@@ -70,6 +70,4 @@ protected:
 private:
     friend struct KestShapeMembers<CcRoiLine>;
     friend struct KestShapeTraits<CcRoiLine>;
-    KestWorkBlock hLinePixels;  // x and y of each pixel, filled by GetBoundingRect
-    int iLinePixels;
 };

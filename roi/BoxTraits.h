@@ -31,7 +31,6 @@ struct BoxTraits {
         place.right = mouse.x;
         place.bottom = mouse.y;
     }
-    static bool PrepareQueries(Shape&) { return true; }
 };
 
 }  // namespace kest

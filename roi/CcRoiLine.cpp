@@ -1,4 +1,4 @@
-// CcRoiLine: the straight line. Its pixels are rasterised when the bounding rectangle is asked for.
+// CcRoiLine: the straight line.
 #include "CcRoiLine.h"
 
 #include <cstdio>
@@ -52,24 +52,6 @@ struct KestShapeTraits<CcRoiLine> {
     }
     static void FinishCreation(kest::IntRect& place, kest::IntPoint mouse) { FollowCreation(place, mouse); }
 
-    static bool PrepareQueries(CcRoiLine& shape) {
-        const kest::Size64 count = kest::LinePixelCount(Start(shape), End(shape));
-        shape.iLinePixels = 0;
-        // Room for two pixels a unit of the larger extent; it is kept until it is too small.
-        const kest::Size64 bytes = 2 * count * static_cast<kest::Size64>(sizeof(kest::IntPoint));
-        if (bytes > shape.hLinePixels.Size() && !shape.hLinePixels.Allocate(bytes)) return false;
-        shape.iLinePixels = static_cast<int>(count);
-        kest::RasteriseLine(Start(shape), End(shape), Pixels(shape));
-        return true;
-    }
-    /// None in a copy, whose count is its source's, until its own list is made.
-    static std::span<kest::IntPoint> Pixels(CcRoiLine& shape) {
-        auto* pixels = static_cast<kest::IntPoint*>(shape.hLinePixels.Get());
-        const kest::Size64 bytes = shape.iLinePixels * static_cast<kest::Size64>(sizeof(kest::IntPoint));
-        const bool areOwn = pixels && shape.Boundary() && bytes <= shape.hLinePixels.Size();
-        return {pixels, areOwn ? static_cast<std::size_t>(shape.iLinePixels) : 0};
-    }
-
     static int HitTest(CcRoiLine& shape, const kest::View& view, kest::IntPoint mouse) {
         const kest::IntPoint position = kest::WindowToImage(view, mouse);
         const int tolerance = kest::LineTolerance(view);
@@ -79,38 +61,34 @@ struct KestShapeTraits<CcRoiLine> {
             code = StartPoint;
         } else if (kest::IsAnyNear({&end, 1}, position, tolerance)) {
             code = EndPoint;
-        } else if (shape.GetBoundingRect()) {
-            const std::span<const kest::IntPoint> pixels = Pixels(shape);
-            if (kest::IsAnyNear(kest::PixelsOnRow(pixels, position.y), position, tolerance) ||
-                kest::IsAnyNear(kest::PixelsOnColumn(pixels, position.x), position, tolerance))
-                code = 0;
+        } else if (shape.GetBoundingRect() && IsOnLine(start, end, position, tolerance)) {
+            code = 0;
         }
         if (code != -1) shape.iHitCode = code;
         return code;
     }
 
-    template <class Coordinate>
-    static int* List(CcRoiLine& shape, std::span<const kest::IntPoint> pixels, int* count, Coordinate coordinate) {
-        if (pixels.empty() || !count || !shape.Boundary() || std::ssize(pixels) > shape.iBoundarySize)
-            return shape.ListNothing(count);
-        std::transform(pixels.begin(), pixels.end(), shape.piBoundary, coordinate);
-        *count = static_cast<int>(pixels.size());
-        return shape.piBoundary;
+    static bool IsOnLine(kest::IntPoint start, kest::IntPoint end, kest::IntPoint position, int tolerance) {
+        KestSpan span;
+        return (kest::LineRow(start, end, position.y, span) && kest::IsNearSpan(span, position.x, tolerance)) ||
+               (kest::LineColumn(start, end, position.x, span) && kest::IsNearSpan(span, position.y, tolerance));
     }
     static int* ListRow(CcRoiLine& shape, int row, int* count) {
-        return List(shape, kest::PixelsOnRow(Pixels(shape), row), count, [](const kest::IntPoint& p) { return p.x; });
+        KestSpan span;
+        const bool isHit = kest::LineRow(Start(shape), End(shape), row, span);
+        return isHit ? shape.ListRange(span.iFirst, span.iLast, count) : shape.ListNothing(count);
     }
     static int* ListColumn(CcRoiLine& shape, int column, int* count) {
-        return List(shape, kest::PixelsOnColumn(Pixels(shape), column), count,
-                    [](const kest::IntPoint& p) { return p.y; });
+        KestSpan span;
+        const bool isHit = kest::LineColumn(Start(shape), End(shape), column, span);
+        return isHit ? shape.ListRange(span.iFirst, span.iLast, count) : shape.ListNothing(count);
     }
 };
 
 using Members = KestShapeMembers<CcRoiLine>;
 
 CcRoiLine::CcRoiLine()
-    : stImageLine{}, stWindowLine{}, stLastMouse{}, iDragMode(-1),
-      iLinePixels(0) {
+    : stImageLine{}, stWindowLine{}, stLastMouse{}, iDragMode(-1) {
     iROIType = Members::Traits::typeCode;
     std::snprintf(szObjectName, sizeof szObjectName, "Line.%d", kest::NextNumber(iLineROICount));
 }

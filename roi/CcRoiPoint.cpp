@@ -60,7 +60,6 @@ struct KestShapeTraits<CcRoiPoint> {
     }
     static void FinishCreation(kest::IntRect& place, kest::IntPoint mouse) { FollowCreation(place, mouse); }
 
-    static bool PrepareQueries(CcRoiPoint&) { return true; }
     /// The zoom counts whatever the display mode: at 0 the point is under every mouse position, below 0 under none.
     static int HitTest(CcRoiPoint& shape, const kest::View& view, kest::IntPoint mouse) {
         const double tolerance = 5.0 / view.zoom;

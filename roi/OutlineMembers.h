@@ -16,6 +16,7 @@
 
 #include "CcObjectStorage.h"
 #include "CcPropertyBag.h"
+#include "CcRoiRows.h"
 #include "core/ClassName.h"
 #include "core/GdiGuards.h"
 #include "core/kernel/ByteReader.h"
@@ -192,9 +193,14 @@ struct KestOutlineMembers {
         if (Pixels(roi).empty() || !display.MakeView(window, view)) return KEST_FAILED;
         const kest::IntPoint position = kest::WindowToImage(view, kest::ToPoint(mouse));
         if (!Traits::isClosed) return kest::IsAnyNear(Pixels(roi), position, kest::LineTolerance(view)) ? 0 : -1;
+        if (!roi.GetBoundingRect()) return KEST_FAILED;
+        CcRoiRows rows(&roi);
         int count = 0;
-        const int* columns = roi.GetBoundingRect() ? roi.GetXBoundary(position.y, &count) : nullptr;
-        return columns && std::binary_search(columns, columns + count, position.x) ? 0 : -1;
+        const KestSpan* spans = rows.GetSpans(position.y, &count);
+        const bool isHit = std::any_of(spans, spans + std::max(count, 0), [&position](const KestSpan& span) {
+            return span.iFirst <= position.x && position.x <= span.iLast;
+        });
+        return isHit ? 0 : KEST_FAILED;
     }
 
     static RECT* CurrentBounds(Roi& roi) {
@@ -209,11 +215,12 @@ struct KestOutlineMembers {
         if (pixels.empty()) return nullptr;
         roi.stBoundingRect = kest::FromRect(kest::OutlineBounds(pixels));
         if (!roi.SizeBoundary() || !SizeWorkArrays(static_cast<int>(pixels.size()))) return nullptr;
-        return SortRows(roi, roi.stBoundingRect) ? &roi.stBoundingRect : nullptr;
+        return SortRows(roi, roi.stBoundingRect) == Query::Sorted ? &roi.stBoundingRect : nullptr;
     }
 
     static int* ListRow(Roi& roi, int row, int* count) {
-        if (!IsThere(Roi::stXCommonPerimPoints) || !SortRows(roi)) return roi.ListNothing(count);
+        const Query query = IsThere(Roi::stXCommonPerimPoints) ? SortRows(roi) : Query::Nothing;
+        if (query != Query::Sorted) return Unlisted(roi, query, count);
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cRows);
         NoteRow(Roi::stXCommonPerimPoints, index->PixelsOfRow(row), [row](auto& record, int column) {
             record.x = column;
@@ -223,7 +230,8 @@ struct KestOutlineMembers {
     }
 
     static int* ListColumn(Roi& roi, int column, int* count) {
-        if (!IsThere(Roi::stYCommonPerimPoints) || !SortColumns(roi)) return roi.ListNothing(count);
+        const Query query = IsThere(Roi::stYCommonPerimPoints) ? SortColumns(roi) : Query::Nothing;
+        if (query != Query::Sorted) return Unlisted(roi, query, count);
         const kest::OutlineIndex* index = IndexIn(roi.stQueries.cColumns);
         NoteRow(Roi::stYCommonPerimPoints, index->PixelsOfRow(column), [column](auto& record, int row) {
             record.x = column;
@@ -232,15 +240,11 @@ struct KestOutlineMembers {
         return List(roi, *index, column, count);
     }
 
-    /// The runs of a row, without the lists.
+    /// The runs of a row, without the lists: how many, or KEST_FAILED when memory is short.
     static int SpansOfRow(Roi& roi, int row, KestHeapBlock& block) {
-        roi.PrepareCopy();
-        if (!SortRows(roi)) return 0;
-        const kest::OutlineIndex* index = IndexIn(roi.stQueries.cRows);
-        const auto pixels = static_cast<long long>(index->PixelsOfRow(row).size());
-        if (pixels == 0 || !block.Reserve(pixels * static_cast<long long>(sizeof(KestSpan)))) return 0;
-        auto* spans = reinterpret_cast<KestSpan*>(block.Get());
-        return kest::CutSpans(spans, index->SpansOfRow(row, spans), roi.iBoundarySize);
+        const Query query = roi.PrepareCopy() ? SortRows(roi) : Query::NoMemory;
+        if (query != Query::Sorted) return query == Query::NoMemory ? KEST_FAILED : 0;
+        return TakeSpans(roi, *IndexIn(roi.stQueries.cRows), row, block);
     }
 
     // Record, files and streams
@@ -441,42 +445,50 @@ private:
         return reinterpret_cast<const kest::OutlineIndex*>(block.Get());
     }
 
-    static bool Sort(std::span<const kest::IntPoint> pixels, kest::Axis axis, int first, int last,
-                     KestHeapBlock& block) {
+    /// What there is to answer a query from. Nothing: an outline without points, or not made ready by GetBoundingRect.
+    enum class Query { Sorted, Nothing, NoMemory };
+
+    static Query Sort(std::span<const kest::IntPoint> pixels, kest::Axis axis, int first, int last,
+                      KestHeapBlock& block) {
         constexpr kest::Size64 front = (sizeof(kest::OutlineIndex) + 7) / 8 * 8;
         const kest::Size64 rows = kest::Size64{last} - first + 1;
         const kest::Size64 bytes = front + kest::OutlineIndex::BytesNeeded(std::ssize(pixels), rows);
-        if (!block.Reserve(bytes)) return false;
+        if (!block.Reserve(bytes)) return Query::NoMemory;
         auto* index = new (block.Get()) kest::OutlineIndex;
-        index->Build(pixels, axis, Traits::order, first, static_cast<int>(rows), block.Get() + front);
-        return true;
+        index->Build(pixels, axis, Traits::order, first, rows, block.Get() + front);
+        return Query::Sorted;
     }
 
-    static bool SortRows(Roi& roi, const RECT& bounds) {
+    static Query SortRows(Roi& roi, const RECT& bounds) {
         KestOutlineQueries& queries = roi.stQueries;
         const std::span<const kest::IntPoint> pixels = Pixels(roi);
         queries.stBounds = bounds;
         queries.bColumnsSorted = false;
-        if (!Sort(pixels, kest::Axis::Rows, bounds.bottom, bounds.top, queries.cRows)) return false;
-        queries.iSortedPoints = static_cast<int>(pixels.size());
-        return true;
+        const Query query = Sort(pixels, kest::Axis::Rows, bounds.bottom, bounds.top, queries.cRows);
+        if (query == Query::Sorted) queries.iSortedPoints = static_cast<int>(pixels.size());
+        return query;
     }
 
     /// Points that changed since GetBoundingRect are sorted when they are asked for.
-    static bool SortRows(Roi& roi) {
-        if (roi.stQueries.iSortedPoints > 0) return true;
-        if (!roi.Boundary() || Pixels(roi).empty()) return false;
+    static Query SortRows(Roi& roi) {
+        if (roi.stQueries.iSortedPoints > 0) return Query::Sorted;
+        if (!roi.Boundary() || Pixels(roi).empty()) return Query::Nothing;
         return SortRows(roi, kest::FromRect(kest::OutlineBounds(Pixels(roi))));
     }
 
     /// Columns are sorted when the first of them is asked for.
-    static bool SortColumns(Roi& roi) {
-        if (!SortRows(roi)) return false;
+    static Query SortColumns(Roi& roi) {
+        const Query query = SortRows(roi);
         KestOutlineQueries& queries = roi.stQueries;
-        if (!queries.bColumnsSorted)
-            queries.bColumnsSorted = Sort(Pixels(roi), kest::Axis::Columns, queries.stBounds.left,
-                                          queries.stBounds.right, queries.cColumns);
-        return queries.bColumnsSorted;
+        if (query != Query::Sorted || queries.bColumnsSorted) return query;
+        const Query columns = Sort(Pixels(roi), kest::Axis::Columns, queries.stBounds.left, queries.stBounds.right,
+                                   queries.cColumns);
+        queries.bColumnsSorted = columns == Query::Sorted;
+        return columns;
+    }
+
+    static int* Unlisted(Roi& roi, Query query, int* count) {
+        return query == Query::NoMemory ? roi.ListFailed(count) : roi.ListNothing(count);
     }
 
     /// `records` is a class-wide array, taken when no other thread has it.
@@ -491,26 +503,40 @@ private:
         }
     }
 
+    /// A row's runs as far as its list has room for them: how many, or KEST_FAILED when memory is short.
+    static int TakeSpans(Roi& roi, const kest::OutlineIndex& index, int row, KestHeapBlock& block) {
+        const auto pixels = static_cast<long long>(index.PixelsOfRow(row).size());
+        if (pixels == 0) return 0;
+        if (!block.Reserve(pixels * static_cast<long long>(sizeof(KestSpan)))) return KEST_FAILED;
+        auto* spans = reinterpret_cast<KestSpan*>(block.Get());
+        return kest::CutSpans(spans, index.SpansOfRow(row, spans), roi.BoundaryRoom());
+    }
+
     /// Writing stops silently when the work buffer is full.
     static int* List(Roi& roi, const kest::OutlineIndex& index, int row, int* count) {
         const std::span<const kest::OutlineIndex::Entry> pixels = index.PixelsOfRow(row);
         if (!count || pixels.empty() || !roi.Boundary()) return roi.ListNothing(count);
-        int written = 0;
-        if (Traits::order == kest::RowOrder::Filled) {
-            KestHeapBlock& block = roi.stQueries.cSpans;
-            if (!block.Reserve(static_cast<long long>(pixels.size_bytes()))) return roi.ListNothing(count);
-            auto* spans = reinterpret_cast<KestSpan*>(block.Get());
-            const int spanCount = index.SpansOfRow(row, spans);
-            for (int i = 0; i < spanCount; ++i)
-                for (kest::Size64 x = spans[i].iFirst; x <= spans[i].iLast && written < roi.iBoundarySize; ++x)
-                    roi.piBoundary[written++] = static_cast<int>(x);
-        } else {
-            for (const kest::OutlineIndex::Entry& pixel : pixels) {
-                if (written == roi.iBoundarySize) break;
-                roi.piBoundary[written++] = pixel.Column();
-            }
-        }
-        *count = written;
+        if (Traits::order == kest::RowOrder::Filled) return ListSpans(roi, index, row, count);
+        const kest::Size64 entries = std::min<kest::Size64>(std::ssize(pixels), roi.BoundaryRoom());
+        if (!roi.GrowBoundary(entries)) return roi.ListFailed(count);
+        *count = static_cast<int>(entries);
+        std::transform(pixels.begin(), pixels.begin() + *count, roi.piBoundary,
+                       [](const kest::OutlineIndex::Entry& pixel) { return pixel.Column(); });
+        return roi.piBoundary;
+    }
+
+    static int* ListSpans(Roi& roi, const kest::OutlineIndex& index, int row, int* count) {
+        KestHeapBlock& block = roi.stQueries.cSpans;
+        const int spanCount = TakeSpans(roi, index, row, block);
+        if (spanCount < 0) return roi.ListFailed(count);
+        const std::span spans(reinterpret_cast<const KestSpan*>(block.Get()), static_cast<std::size_t>(spanCount));
+        kest::Size64 entries = 0;
+        for (const KestSpan& span : spans) entries += kest::Size64{span.iLast} - span.iFirst + 1;
+        if (!roi.GrowBoundary(entries)) return roi.ListFailed(count);
+        *count = static_cast<int>(entries);
+        int* next = roi.piBoundary;
+        for (const KestSpan& span : spans)
+            for (kest::Size64 x = span.iFirst; x <= span.iLast; ++x) *next++ = static_cast<int>(x);
         return roi.piBoundary;
     }
 

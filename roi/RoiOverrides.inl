@@ -60,13 +60,11 @@ int ROI_CLASS::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned shor
 RECT* ROI_CLASS::GetBoundingRect() { return Members::Bounds(*this); }
 
 int* ROI_CLASS::GetYBoundary(int iColumn, int* piCount) {
-    PrepareCopy();
-    return Members::ListColumn(*this, iColumn, piCount);
+    return PrepareCopy() ? Members::ListColumn(*this, iColumn, piCount) : ListFailed(piCount);
 }
 
 int* ROI_CLASS::GetXBoundary(int iRow, int* piCount) {
-    PrepareCopy();
-    return Members::ListRow(*this, iRow, piCount);
+    return PrepareCopy() ? Members::ListRow(*this, iRow, piCount) : ListFailed(piCount);
 }
 
 int ROI_CLASS::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }

@@ -12,7 +12,6 @@
 //   FollowCreation, FinishCreation         where the corners go in a drag that draws the shape, and at its release
 //   isNormalised                           whether the corners are put in order at the end of a drag
 //   HitTest                                the hit code under the mouse
-//   PrepareQueries                         what GetBoundingRect makes ready beyond the work buffer
 //   ListRow, ListColumn                    the boundary queries
 #pragma once
 
@@ -191,7 +190,7 @@ struct KestShapeMembers {
 
     static RECT* Bounds(Shape& shape) {
         shape.stBoundingRect = kest::FromRect(kest::ImageBounds(Traits::CornersOf(shape), Traits::isNormalised));
-        return shape.SizeBoundary() && Traits::PrepareQueries(shape) ? &shape.stBoundingRect : nullptr;
+        return shape.SizeBoundary() ? &shape.stBoundingRect : nullptr;
     }
 
     static int* ListRow(Shape& shape, int row, int* count) { return Traits::ListRow(shape, row, count); }

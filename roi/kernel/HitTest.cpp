@@ -36,6 +36,10 @@ bool IsNear(RealPoint point, RealPoint position, double tolerance) {
     return std::fabs(point.x - position.x) < tolerance && std::fabs(point.y - position.y) < tolerance;
 }
 
+bool IsNearSpan(const KestSpan& span, int position, int tolerance) {
+    return position > Size64{span.iFirst} - tolerance && position < Size64{span.iLast} + tolerance;
+}
+
 bool IsAnyNear(std::span<const IntPoint> points, IntPoint position, int tolerance) {
     const auto isNear = [tolerance](int a, int b) { return std::abs(Size64{a} - b) < tolerance; };
     return std::any_of(points.begin(), points.end(), [&](const IntPoint& point) {

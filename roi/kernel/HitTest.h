@@ -3,6 +3,7 @@
 
 #include <span>
 
+#include "KestTypes.h"
 #include "core/kernel/Geometry.h"
 #include "core/kernel/ViewTransform.h"
 
@@ -18,7 +19,10 @@ int HitEllipseHandle(const IntRect& box, RealPoint position);
 /// True when the point is nearer to the position than the tolerance in both directions.
 bool IsNear(RealPoint point, RealPoint position, double tolerance);
 
-/// True when any of the points is.
+/// True when any value of the span is nearer to the position than the tolerance.
+bool IsNearSpan(const KestSpan& span, int position, int tolerance);
+
+/// True when any of the points is near in both directions.
 bool IsAnyNear(std::span<const IntPoint> points, IntPoint position, int tolerance);
 
 }  // namespace kest

@@ -1,21 +1,16 @@
-// The pixels of a straight line, one for each step along its longer side, and those of them on a row or column.
+// The pixels of a straight line: one for each step along its longer side, ascending, the end with the larger coordinate
+// excluded. Those on a row or on a column are neighbours, so nothing has to be kept of the others.
 #pragma once
 
-#include <span>
-
-#include "core/kernel/CheckedSize.h"
+#include "KestTypes.h"
 #include "core/kernel/Geometry.h"
 
 namespace kest {
 
-/// Their number: the longer of width and height; the end with the larger coordinate is no pixel of the line.
-Size64 LinePixelCount(IntPoint start, IntPoint end);
+/// The columns of the line's pixels on row `row`. False when the row misses the line, as every row does one without length.
+bool LineRow(IntPoint start, IntPoint end, int row, KestSpan& columns);
 
-/// Ascending along the longer side. `pixels` holds LinePixelCount pixels.
-void RasteriseLine(IntPoint start, IntPoint end, std::span<IntPoint> pixels);
-
-/// The pixels on a row, or on a column: neighbours in the list.
-std::span<const IntPoint> PixelsOnRow(std::span<const IntPoint> pixels, int row);
-std::span<const IntPoint> PixelsOnColumn(std::span<const IntPoint> pixels, int column);
+/// The rows of its pixels on a column.
+bool LineColumn(IntPoint start, IntPoint end, int column, KestSpan& rows);
 
 }  // namespace kest

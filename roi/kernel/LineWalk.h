@@ -33,7 +33,13 @@ public:
         return dx == 0 ? startX : TruncateToInt((y - static_cast<double>(intercept)) / slope);
     }
 
-    /// The same where all coordinates are within 2^30 of the origin; loops over them become vector instructions.
+    /// Where the line passes a row, and a column; for a line that does not run along it.
+    double PassesRow(double y) const { return (y - intercept) / slope; }
+    double PassesColumn(double x) const { return x * slope + intercept; }
+    /// From the left to the right, so from the bottom to the top it goes to the right.
+    bool Rises() const { return slope > 0; }
+
+    /// RowAt and ColumnAt where all coordinates are within 2^30 of the origin; loops over them become vector instructions.
     int NearRowAt(int x) const {
         return dy == 0 ? startY : static_cast<int>(x * static_cast<double>(slope) + intercept);
     }

@@ -12,71 +12,98 @@ struct RowReader {
 
     int Row(std::size_t i) const { return axis == Axis::Rows ? outline[i].y : outline[i].x; }
     int Column(std::size_t i) const { return axis == Axis::Rows ? outline[i].x : outline[i].y; }
+    /// Of the pixel after, round to the first one.
+    int RowAfter(std::size_t i) const { return Row(i + 1 == outline.size() ? 0 : i + 1); }
+    /// That of the last run of pixels on one row which ends before the first pixel or at it; 0 if all are on one row.
+    int RowOfLastRun() const {
+        for (std::size_t i = outline.size(); i-- > 0;)
+            if (Row(i) != RowAfter(i)) return Row(i);
+        return 0;
+    }
 };
+
+/// A chain of pixels has no more rows than pixels, so this takes far points out of the count of rows only.
+bool HasSlotForEachRow(Size64 points, Size64 rows) {
+    constexpr Size64 fewRows = 4096;
+    return rows <= std::max(fewRows, 4 * points);
+}
 
 }  // namespace
 
 Size64 OutlineIndex::BytesNeeded(Size64 points, Size64 rows) {
-    return points * static_cast<Size64>(sizeof(Entry)) + (rows + 1) * static_cast<Size64>(sizeof(std::uint32_t));
+    const bool hasEachRow = HasSlotForEachRow(points, rows);
+    const Size64 most = hasEachRow ? rows : points;
+    return points * static_cast<Size64>(sizeof(Entry)) + (most + 1) * static_cast<Size64>(sizeof(std::uint32_t)) +
+           (hasEachRow ? 0 : points * static_cast<Size64>(sizeof(int)));
 }
 
-void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder order, int firstRow, int rows,
+std::uint32_t OutlineIndex::SlotOf(int row) const {
+    // A row below the first one wraps round to more than there are slots, as rows end before the numbers do.
+    if (!slotRows) return static_cast<std::uint32_t>(row) - static_cast<std::uint32_t>(first);
+    const int* found = std::lower_bound(slotRows, slotRows + slots, row);
+    return found != slotRows + slots && *found == row ? static_cast<std::uint32_t>(found - slotRows) : slots;
+}
+
+void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder order, int firstRow, Size64 rows,
                          std::uint8_t* memory) {
     const RowReader points{outline, axis};
     const std::size_t count = outline.size();
     auto* sorted = reinterpret_cast<Entry*>(memory);
-    // A counter a row: first the pixels of the row before, then where the row's next pixel goes, in the end where the
-    // row ends.
+    // A counter a slot: first the pixels of the slot before, then where the slot's next pixel goes, in the end where the
+    // slot ends.
     auto* ends = reinterpret_cast<std::uint32_t*>(sorted + count);
-    std::fill_n(ends, rows + 1, 0u);
-    const auto isInRange = [&](int row) { return row >= firstRow && Size64{row} - firstRow < rows; };
+    first = firstRow;
+    slotRows = nullptr;
+    if (HasSlotForEachRow(std::ssize(outline), rows)) {
+        slots = static_cast<std::uint32_t>(rows);
+    } else {
+        int* own = reinterpret_cast<int*>(ends + count + 1);
+        int* end = own;
+        for (std::size_t i = 0; i < count; ++i)
+            if (const Size64 row = Size64{points.Row(i)} - first; row >= 0 && row < rows) *end++ = points.Row(i);
+        std::sort(own, end);
+        slots = static_cast<std::uint32_t>(std::unique(own, end) - own);
+        slotRows = own;
+    }
+    std::fill_n(ends, slots + 1, 0u);
     for (std::size_t i = 0; i < count; ++i)
-        if (isInRange(points.Row(i))) ++ends[Size64{points.Row(i)} - firstRow + 1];
+        if (const std::uint32_t slot = SlotOf(points.Row(i)); slot < slots) ++ends[slot + 1];
     std::uint32_t begin = 0;
-    for (int row = 0; row <= rows; ++row) {
-        begin += ends[row];
-        ends[row] = begin;
+    for (std::uint32_t slot = 0; slot <= slots; ++slot) {
+        begin += ends[slot];
+        ends[slot] = begin;
     }
 
     // Runs of pixels on one row end where the next pixel of the outline lies on another row. A run whose neighbours lie
     // on different sides of the row crosses it; its last pixel bears the mark.
-    std::size_t lastRunEnd = count;
-    for (std::size_t i = count; i-- > 0;)
-        if (points.Row(i) != points.Row(i + 1 == count ? 0 : i + 1)) {
-            lastRunEnd = i;
-            break;
-        }
-    int rowBefore = lastRunEnd < count ? points.Row(lastRunEnd) : 0;
+    int rowBefore = points.RowOfLastRun();
     const auto put = [&](std::size_t i, bool crosses) {
-        const int row = points.Row(i);
-        if (isInRange(row)) sorted[ends[Size64{row} - firstRow]++] = Entry(points.Column(i), i, crosses);
+        const std::uint32_t slot = SlotOf(points.Row(i));
+        if (slot < slots) sorted[ends[slot]++] = Entry(points.Column(i), i, crosses);
     };
     for (std::size_t i = 0; i < count; ++i) {
         const int row = points.Row(i);
-        const int rowAfter = points.Row(i + 1 == count ? 0 : i + 1);
+        const int rowAfter = points.RowAfter(i);
         const bool endsRun = rowAfter != row;
         put(i, endsRun && (rowBefore < row) != (rowAfter < row));
         if (endsRun) rowBefore = row;
     }
     if (order != RowOrder::Drawn) {
         std::uint32_t from = 0;
-        for (int row = 0; row < rows; ++row) {
-            std::sort(sorted + from, sorted + ends[row]);
-            from = ends[row];
+        for (std::uint32_t slot = 0; slot < slots; ++slot) {
+            std::sort(sorted + from, sorted + ends[slot]);
+            from = ends[slot];
         }
     }
     rowOrder = order;
-    first = firstRow;
-    rowCount = rows;
     entries = sorted;
-    rowEnds = ends;
+    slotEnds = ends;
 }
 
 std::span<const OutlineIndex::Entry> OutlineIndex::PixelsOfRow(int row) const {
-    const Size64 index = Size64{row} - first;
-    if (index < 0 || index >= rowCount) return {};
-    const std::uint32_t begin = index == 0 ? 0 : rowEnds[index - 1];
-    return {entries + begin, entries + rowEnds[index]};
+    const std::uint32_t slot = SlotOf(row);
+    if (slot >= slots) return {};
+    return {entries + (slot == 0 ? 0 : slotEnds[slot - 1]), entries + slotEnds[slot]};
 }
 
 int OutlineIndex::SpansOfRow(int row, KestSpan* spans) const {
@@ -99,7 +126,7 @@ int OutlineIndex::SpansOfRow(int row, KestSpan* spans) const {
     return count;
 }
 
-int CutSpans(KestSpan* spans, int count, int columns) {
+int CutSpans(KestSpan* spans, int count, Size64 columns) {
     Size64 room = columns;
     for (int i = 0; i < count; ++i) {
         const Size64 length = Size64{spans[i].iLast} - spans[i].iFirst + 1;

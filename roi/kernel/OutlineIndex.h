@@ -39,12 +39,13 @@ public:
         std::int64_t bits;
     };
 
-    /// Bytes that an index of `points` pixels over `rows` rows takes.
+    /// Bytes that an index of `points` pixels over `rows` rows takes. However far apart pixels lie, it grows with their
+    /// number only.
     static Size64 BytesNeeded(Size64 points, Size64 rows);
 
     /// Sorts the outline's pixels into `memory`, which holds BytesNeeded bytes, aligned to 8. Pixels outside the rows
     /// from `firstRow` on are left out.
-    void Build(std::span<const IntPoint> outline, Axis axis, RowOrder order, int firstRow, int rows,
+    void Build(std::span<const IntPoint> outline, Axis axis, RowOrder order, int firstRow, Size64 rows,
                std::uint8_t* memory);
 
     /// The pixels of a row, outline pixels that coincide listed each.
@@ -56,14 +57,19 @@ public:
     RowOrder Order() const { return rowOrder; }
 
 private:
+    // A slot a row: all rows from the first on, or of pixels that lie far apart only the rows that have one, ascending.
+    // Its number; one that no slot has for a row without.
+    std::uint32_t SlotOf(int row) const;
+
     RowOrder rowOrder = RowOrder::Filled;
     int first = 0;
-    int rowCount = 0;
+    std::uint32_t slots = 0;
+    const int* slotRows = nullptr;  // null: all rows
     const Entry* entries = nullptr;
-    const std::uint32_t* rowEnds = nullptr;
+    const std::uint32_t* slotEnds = nullptr;
 };
 
 /// Cuts runs off behind their first `columns` columns (1 at least). Returns how many are left.
-int CutSpans(KestSpan* spans, int count, int columns);
+int CutSpans(KestSpan* spans, int count, Size64 columns);
 
 }  // namespace kest

@@ -2,11 +2,15 @@
 #include "KestMeasure.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <psapi.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <set>
+#include <typeinfo>
 #include <vector>
 
 #include "image/Support.h"
@@ -123,6 +127,49 @@ TEST(KestMeasure, RoisOfAllClasses) {
     EXPECT_DOUBLE_EQ(KestLengthPixels(corner, 3, 0), 7.0);
     EXPECT_DOUBLE_EQ(KestLengthPixels(corner, 3, 1), 12.0);
     EXPECT_EQ(KestLengthPixels(corner, 0, 1) + KestLengthPixels(nullptr, 3, 1), -2.0);
+}
+
+namespace {
+
+/// Bytes of memory that the process has for itself.
+long long PrivateBytes() {
+    PROCESS_MEMORY_COUNTERS counters = {};
+    K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return static_cast<long long>(counters.PagefileUsage);
+}
+
+/// Five ROIs as a session brings them: measured, hit and cut out they take no more than the picture's part asks for.
+template <class Roi, class Record>
+void ExpectModest(Record record, long long pixels) {
+    SCOPED_TRACE(typeid(Roi).name());
+    CcGrayImage256 image;
+    test::FillPattern(image, width, height);
+    Roi rois[5];
+    const long long before = PrivateBytes();
+    const DWORD start = GetTickCount();
+    for (Roi& roi : rois) {
+        ASSERT_EQ(roi.SetRoiImageCord(&record), 0);
+        EXPECT_EQ(Measure(image, roi).llPixels, pixels);
+        EXPECT_EQ(roi.MouseHitTest(GetDesktopWindow(), 0, 0, 1, &image, {0, height - 1}, 1) >= 0, pixels > 0);
+        EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
+    }
+    EXPECT_LT(GetTickCount() - start, 500u);
+    EXPECT_LT(PrivateBytes() - before, 8 << 20);
+}
+
+}  // namespace
+
+TEST(KestMeasure, FarCoordinatesCostNoMemory) {
+    constexpr int reach = 500'000'000;
+    ExpectModest<CcRoiRect>(RECT{0, 9, reach, 0}, 10 * width);
+    ExpectModest<CcRoiEllipse>(RECT{-reach, reach, reach, -reach}, width * height);
+    ExpectModest<CcRoiLine>(tagROILINE{0, 0, reach, 500}, width);
+    std::vector<POINT> apart = {{0, 0}, {0, reach}};
+    ExpectModest<CcRoiFreeHand>(Outline(apart), 1);
+    ExpectModest<CcRoiPolyFreeHand>(Outline(apart), 1);
+    apart = {{0, reach}, {0, 0}, {reach, 0}};
+    ExpectModest<CcRoiFreeHandLine>(Outline(apart), 1);
+    ExpectModest<CcRoiPolyLine>(Outline(apart), 1);
 }
 
 TEST(KestMeasure, ImagesOfAllClasses) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "KestApi.h"
@@ -100,4 +101,34 @@ TEST(OtherHosts, StreamClassesOfTheirOwn) {
     file.Close();
     EXPECT_EQ(path.Content(), record);
     delete picture;
+}
+
+TEST(OtherHosts, RoisThatListTheirOwnPixels) {
+    struct Stairs : CcRoiRect {
+        int* GetXBoundary(int iRow, int* piCount) override {
+            const int count = iRow % 4;
+            for (int i = 0; i < count; ++i) columns[i] = 2 * i + iRow - 1;
+            *piCount = count;
+            return columns;
+        }
+        int columns[4];
+    } roi;
+    CcGrayImage256 image;
+    ASSERT_EQ(image.MakeBlankBMP(8, 8, 0, "image"), 0);
+    auto* bytes = static_cast<unsigned char*>(image.GetBitMapImageData());
+    for (int i = 0; i < 64; ++i) bytes[i] = static_cast<unsigned char>(i);
+    RECT rect = {0, 7, 7, 0};
+    roi.SetRoiImageCord(&rect);
+    CcImage* region = image.GetRegion(&roi, 200, 0);
+    ASSERT_NE(region, nullptr);
+    EXPECT_EQ((*region)(1, 1), 200.0F);  // a single column: nothing is copied
+    for (const auto& [x, y] : {std::pair{1, 2}, {2, 3}, {4, 3}}) EXPECT_EQ((*region)(x, y), static_cast<float>(8 * y + x));
+    for (const auto& [x, y] : {std::pair{3, 2}, {6, 3}}) EXPECT_EQ((*region)(x, y), 200.0F);
+    delete region;
+    // Entries outside the image are left out.
+    KestRoiMeasurement measured;
+    ASSERT_EQ(KestMeasureRoi(&image, &roi, &measured), 0);
+    EXPECT_EQ(measured.llPixels, 1 + 2 + 3 + 1 + 2 + 1);
+    EXPECT_EQ(measured.dLengthPixels, 32.0);
+    EXPECT_EQ(KestOutlineCorners(&roi, nullptr, 0), 0);
 }

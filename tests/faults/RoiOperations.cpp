@@ -4,7 +4,7 @@
 namespace test {
 namespace {
 
-/// The ROI's pixels, row by row.
+/// The ROI's pixels, row by row; nothing when memory is short.
 std::string RowsOf(CcRoiBase& roi) {
     std::string text;
     const RECT* bounds = roi.GetBoundingRect();
@@ -12,6 +12,7 @@ std::string RowsOf(CcRoiBase& roi) {
     for (int row = bounds->bottom; row <= bounds->top; ++row) {
         int count = 0;
         const int* columns = roi.GetXBoundary(row, &count);
+        if (count < 0) return {};
         if (columns) text.append(reinterpret_cast<const char*>(columns), static_cast<std::size_t>(count) * sizeof(int));
     }
     return text + ".";

@@ -220,25 +220,3 @@ TEST(CcGrayImage256, RegionUnderARectangle) {
     image.SetName(longName.c_str());
     EXPECT_EQ(regionOf({1, 3, 2, 1}, 0, 0)->GetName(), longName);
 }
-
-TEST(CcGrayImage256, RegionUnderAHostsOwnRoi) {
-    // A class that a host derives is asked for its lists; entries outside the image are left out.
-    struct Stairs : CcRoiRect {
-        int* GetXBoundary(int iRow, int* piCount) override {
-            const int count = iRow % 4;
-            for (int i = 0; i < count; ++i) columns[i] = 2 * i + iRow - 1;
-            *piCount = count;
-            return columns;
-        }
-        int columns[4];
-    } roi;
-    CcGrayImage256 image;
-    test::FillPattern(image, 8, 8, "image");
-    RECT rect = {0, 7, 7, 0};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 200, 0));
-    ASSERT_NE(region, nullptr);
-    EXPECT_EQ((*region)(1, 1), 200.0F);  // a single column: nothing is copied
-    for (const auto& [x, y] : {std::pair{1, 2}, {2, 3}, {4, 3}}) EXPECT_EQ((*region)(x, y), PatternFloat(x, y));
-    for (const auto& [x, y] : {std::pair{3, 2}, {6, 3}}) EXPECT_EQ((*region)(x, y), 200.0F);
-}

@@ -221,11 +221,27 @@ TEST(OutlineIndex, OpenLinesListTheirPixels) {
     for (const int row : {INT_MIN, 0, 3, INT_MAX}) EXPECT_TRUE(drawn.index.PixelsOfRow(row).empty());
 }
 
-TEST(OutlineIndex, PixelsOutsideItsRowsAreLeftOut) {
-    const Points outline = {{0, 5}, {1, INT_MAX}, {2, INT_MIN}, {3, 6}};
+TEST(OutlineIndex, PixelsFarApartTakeTheRoomOfPixels) {
+    // Rows of their own, whether an index has all rows or only those with a pixel; rows that it is not for are left out.
+    const Points outline = {{0, 5}, {1, INT_MAX}, {2, INT_MIN}, {3, 6}, {4, 5}, {5, 7}};
+    EXPECT_LT(OutlineIndex::BytesNeeded(std::ssize(outline), 0x100000000), 256);
     std::vector<std::int64_t> memory(64);
     OutlineIndex index;
-    index.Build(outline, Axis::Rows, RowOrder::Filled, 5, 2, reinterpret_cast<std::uint8_t*>(memory.data()));
-    EXPECT_EQ(index.PixelsOfRow(5).size(), 1u);
-    EXPECT_EQ(index.PixelsOfRow(6)[0].Column(), 3);
+    const struct {
+        int first;
+        Size64 rows;
+        std::size_t pixels[6];  // of these rows
+    } cases[] = {{5, 2, {2, 1, 0, 0, 0, 0}},
+                 {INT_MAX, 1, {0, 0, 0, 0, 1, 0}},
+                 {5, INT_MAX - 4LL, {2, 1, 1, 0, 1, 0}},
+                 {INT_MIN, 0x100000000, {2, 1, 1, 0, 1, 1}}};
+    for (const auto& c : cases) {
+        index.Build(outline, Axis::Rows, RowOrder::Filled, c.first, c.rows,
+                    reinterpret_cast<std::uint8_t*>(memory.data()));
+        const int rows[] = {5, 6, 7, 8, INT_MAX, INT_MIN};
+        for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(index.PixelsOfRow(rows[i]).size(), c.pixels[i]) << c.rows << ' ' << i;
+    }
+    KestSpan spans[2];
+    EXPECT_EQ(index.SpansOfRow(5, spans), 2);
+    EXPECT_EQ(spans[1].iFirst, 4);
 }

@@ -3,7 +3,10 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdlib>
+#include <map>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "roi/kernel/EllipseExtent.h"
@@ -70,26 +73,49 @@ TEST(EllipseExtent, EdgesAndDegenerateBoxes) {
 }
 
 TEST(LinePixels, OnePixelAStepWithoutTheLargerEnd) {
-    const auto pixelsOf = [](IntPoint start, IntPoint end) {
-        std::vector<IntPoint> pixels(static_cast<std::size_t>(LinePixelCount(start, end)));
-        RasteriseLine(start, end, pixels);
-        return pixels;
+    const auto spanOf = [](bool isHit, const KestSpan& span) {
+        return isHit ? std::pair{span.iFirst, span.iLast} : std::pair{1, 0};
     };
-    for (const bool reversed : {false, true}) {
-        const auto flat = reversed ? pixelsOf({10, 4}, {0, 2}) : pixelsOf({0, 2}, {10, 4});
-        ASSERT_EQ(flat.size(), 10u);
-        EXPECT_EQ(PixelsOnRow(flat, 2).size(), 5u);
-        EXPECT_EQ(PixelsOnRow(flat, 4).size(), 0u);
-        ASSERT_EQ(PixelsOnColumn(flat, 9).size(), 1u);
-        EXPECT_EQ(PixelsOnColumn(flat, 9)[0].y, 3);
-        const auto steep = reversed ? pixelsOf({8, 0}, {4, 8}) : pixelsOf({4, 8}, {8, 0});
-        ASSERT_EQ(steep.size(), 8u);
-        EXPECT_EQ(PixelsOnColumn(steep, 7).size(), 2u);
-        EXPECT_EQ(PixelsOnRow(steep, 3)[0].x, 6);
+    constexpr std::pair none = {1, 0};
+    std::mt19937 random(11);
+    for (int round = 0; round < 3000; ++round) {
+        const int reach = round % 3 == 0 ? 8 : round % 3 == 1 ? 60 : 900, offset = round % 10 == 0 ? 1 << 24 : 0;
+        const auto coordinate = [&] { return static_cast<int>(random() % (2u * reach)) - reach + offset; };
+        const IntPoint start = {coordinate(), coordinate()}, end = {coordinate(), coordinate()};
+        // The rule, pixel by pixel: each row's columns and each column's rows.
+        std::map<int, std::pair<int, int>> rows, columns;
+        const auto widen = [](std::map<int, std::pair<int, int>>& lines, int line, int position) {
+            const auto at = lines.try_emplace(line, position, position).first;
+            at->second = {std::min(at->second.first, position), std::max(at->second.second, position)};
+        };
+        const int dx = end.x - start.x, dy = end.y - start.y;
+        const float m = dx == 0 ? 0 : static_cast<float>(static_cast<double>(dy) / dx);
+        const float b = static_cast<float>(start.y - static_cast<double>(start.x) * m);
+        if (std::abs(dy) > std::abs(dx))
+            for (int y = std::min(start.y, end.y); y < std::max(start.y, end.y); ++y) {
+                const int x = dx == 0 ? start.x : static_cast<int>((y - static_cast<double>(b)) / m);
+                widen(rows, y, x), widen(columns, x, y);
+            }
+        else
+            for (int x = std::min(start.x, end.x); x < std::max(start.x, end.x); ++x) {
+                const int y = dy == 0 ? start.y : static_cast<int>(x * static_cast<double>(m) + b);
+                widen(rows, y, x), widen(columns, x, y);
+            }
+        for (int at = -reach - 3 + offset; at < reach + 3 + offset; ++at) {
+            KestSpan span;
+            ASSERT_EQ(spanOf(LineRow(start, end, at, span), span), rows.contains(at) ? rows[at] : none) << round;
+            ASSERT_EQ(spanOf(LineColumn(start, end, at, span), span), columns.contains(at) ? columns[at] : none) << round;
+        }
     }
-    EXPECT_TRUE(pixelsOf({5, 5}, {5, 5}).empty());
-    EXPECT_EQ(PixelsOnColumn(pixelsOf({3, 9}, {3, 4}), 3).size(), 5u);
-    EXPECT_EQ(LinePixelCount({INT_MIN, 0}, {INT_MAX, INT_MAX}), 0xFFFFFFFFLL);
+    KestSpan span;
+    ASSERT_TRUE(LineRow({0, 2}, {10, 4}, 2, span));
+    EXPECT_EQ(span.iLast, 4);
+    for (const IntPoint start : {IntPoint{INT_MIN, 0}, {INT_MIN, INT_MIN}, {0, INT_MAX}, {INT_MAX, 7}})
+        for (const IntPoint end : {IntPoint{INT_MAX, INT_MAX}, {INT_MAX, 1}, {1, INT_MIN}, {INT_MIN, 7}})
+            for (const int at : {INT_MIN, -1, 0, 7, INT_MAX}) {
+                EXPECT_TRUE(!LineRow(start, end, at, span) || span.iFirst <= span.iLast);
+                EXPECT_TRUE(!LineColumn(start, end, at, span) || span.iFirst <= span.iLast);
+            }
 }
 
 TEST(HitTest, Tolerances) {
