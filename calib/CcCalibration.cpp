@@ -149,10 +149,10 @@ int CcCalibration::Save(const char* pszFileName) {
     KestWholeFile file(pszFileName);
     file.Write(bytes, sizeof bytes);
     if (header.HasMap() && pAreaMap) file.Write(pAreaMap, kest::AreaMapBytes(iAreaMapWidth, iAreaMapHeight));
-    if (file.Replace() == KEST_OK) return KEST_OK;
+    file.Replace();
     if (file.GetResult() == KestWholeFile::NotWritten)
         kest::ShowMessage("Problem writing calibration to file", "File I/O Error");
-    return KEST_FAILED;
+    return file.GetResult() == KestWholeFile::NotCreated ? KEST_FAILED : KEST_OK;
 }
 
 int CcCalibration::Open(const char* pszFileName) {

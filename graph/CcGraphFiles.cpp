@@ -84,11 +84,10 @@ int CcGraph::SaveAppearance(const char* pszFileName) {
     constexpr unsigned long notShared = 0;
     KestWholeFile file(pszFileName, notShared);
     file.Write(bytes, fileBytes);
-    if (file.Replace() == KEST_OK) return KEST_OK;
-    if (file.GetResult() == KestWholeFile::NotCreated)
-        ShowFileFailure("Can't open file:%.*s for saving", pszFileName);
-    else
-        ShowFileFailure("Can't write file:%.*s", pszFileName);
+    file.Replace();
+    if (file.GetResult() == KestWholeFile::NotWritten) ShowFileFailure("Can't write file:%.*s", pszFileName);
+    if (file.GetResult() != KestWholeFile::NotCreated) return KEST_OK;
+    ShowFileFailure("Can't open file:%.*s for saving", pszFileName);
     return KEST_FAILED;
 }
 

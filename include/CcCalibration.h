@@ -66,9 +66,9 @@ public:
     /// Version of the file that Open read last, 1 or 2; 2 at first.
     int GetLoadedVersionNumber();
 
-    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created; -1 after a
-    /// message box "Problem writing calibration to file" with the caption "File I/O Error", and an old file as it was, when
-    /// the disk does not take all of it.
+    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created. What the disk
+    /// does not take is told by a message box "Problem writing calibration to file" with the caption "File I/O Error"; an
+    /// old file is then as it was, and the result 0.
     int Save(const char* pszFileName);
     /// Reads a ".cal" file of version 1 (which has no points; they stay as they were) or 2; a null path asks the user.
     /// -1, with nothing changed, when that is cancelled or the file cannot be opened or read, is no calibration or is

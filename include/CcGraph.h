@@ -85,8 +85,8 @@ public:
     int SetCurveAppearance(int iIndex, const tagCURVEAPPEARANCE* pAppearance);
 
     /// Writes the settings, without the curves, to a file of 3560 bytes. -1 after a message box "Can't open file:%s for
-    /// saving" with the caption "Error..."; -1 after "Can't write file:%s", and an old file as it was, when the disk does
-    /// not take all of it.
+    /// saving" with the caption "Error...". What the disk does not take is told by a box "Can't write file:%s"; an old file
+    /// is then as it was, and the result 0.
     int SaveAppearance(const char* pszFileName);
     /// Reads what SaveAppearance wrote. -1 after a message box "Can't open file:%s for reading" with the caption
     /// "Error..."; -1 without a box, and nothing changed, for a file that is too short.

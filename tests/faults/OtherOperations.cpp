@@ -117,7 +117,7 @@ void AddCalibrations(std::vector<Operation>& list) {
         auto calibration = Calibrated(2, "c");
         auto file = OldFile("fault.cal");
         return Scene{[=] { return calibration->Save(file->Path()); }, [=] { return ContentOf(*file); }};
-    }});
+    }, Told});
     list.push_back({"CcCalibration Open", [] {
         auto file = OldFile("fault.cal");
         Calibrated(2, "c")->Save(file->Path());
@@ -131,7 +131,7 @@ void AddGraphs(std::vector<Operation>& list) {
         auto graph = SceneGraph(10);
         auto file = OldFile("fault.gra");
         return Scene{[=] { return graph->SaveAppearance(file->Path()); }, [=] { return ContentOf(*file); }};
-    }});
+    }, Told});
     list.push_back({"CcGraph RestoreAppearance", [] {
         auto file = OldFile("fault.gra");
         SceneGraph(5)->SaveAppearance(file->Path());
