@@ -467,4 +467,5 @@ TEST(WideImages, PictureReplacedWhileTheSaveDialogIsOpen) {
     EXPECT_EQ(raw.Content().size(), 12u + 4 * 12);
     ASSERT_EQ(opened.OpenBMPFile(bmp.Path()), 0);
     EXPECT_EQ(opened(3, 2), 70000.0F);
+    EXPECT_EQ(test::TakeFileDialogs().size(), 1u);
 }
