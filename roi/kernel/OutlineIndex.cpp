@@ -37,11 +37,11 @@ Size64 OutlineIndex::BytesNeeded(Size64 points, Size64 rows) {
            (hasEachRow ? 0 : points * static_cast<Size64>(sizeof(int)));
 }
 
-std::uint32_t OutlineIndex::SlotOf(int row) const {
+std::uint32_t OutlineIndex::RowSlots::Of(int row) const {
     // A row below the first one wraps round to more than there are slots, as rows end before the numbers do.
-    if (!slotRows) return static_cast<std::uint32_t>(row) - static_cast<std::uint32_t>(first);
-    const int* found = std::lower_bound(slotRows, slotRows + slots, row);
-    return found != slotRows + slots && *found == row ? static_cast<std::uint32_t>(found - slotRows) : slots;
+    if (!rows) return static_cast<std::uint32_t>(row) - static_cast<std::uint32_t>(first);
+    const int* found = std::lower_bound(rows, rows + count, row);
+    return found != rows + count && *found == row ? static_cast<std::uint32_t>(found - rows) : count;
 }
 
 void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder order, int firstRow, Size64 rows,
@@ -52,24 +52,23 @@ void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder 
     // A counter a slot: first the pixels of the slot before, then where the slot's next pixel goes, in the end where the
     // slot ends.
     auto* ends = reinterpret_cast<std::uint32_t*>(sorted + count);
-    first = firstRow;
-    slotRows = nullptr;
+    RowSlots own = {firstRow, 0, nullptr};
     if (HasSlotForEachRow(std::ssize(outline), rows)) {
-        slots = static_cast<std::uint32_t>(rows);
+        own.count = static_cast<std::uint32_t>(rows);
     } else {
-        int* own = reinterpret_cast<int*>(ends + count + 1);
-        int* end = own;
+        int* first = reinterpret_cast<int*>(ends + count + 1);
+        int* end = first;
         for (std::size_t i = 0; i < count; ++i)
-            if (const Size64 row = Size64{points.Row(i)} - first; row >= 0 && row < rows) *end++ = points.Row(i);
-        std::sort(own, end);
-        slots = static_cast<std::uint32_t>(std::unique(own, end) - own);
-        slotRows = own;
+            if (const Size64 row = Size64{points.Row(i)} - firstRow; row >= 0 && row < rows) *end++ = points.Row(i);
+        std::sort(first, end);
+        own.count = static_cast<std::uint32_t>(std::unique(first, end) - first);
+        own.rows = first;
     }
-    std::fill_n(ends, slots + 1, 0u);
+    std::fill_n(ends, own.count + 1, 0u);
     for (std::size_t i = 0; i < count; ++i)
-        if (const std::uint32_t slot = SlotOf(points.Row(i)); slot < slots) ++ends[slot + 1];
+        if (const std::uint32_t slot = own.Of(points.Row(i)); slot < own.count) ++ends[slot + 1];
     std::uint32_t begin = 0;
-    for (std::uint32_t slot = 0; slot <= slots; ++slot) {
+    for (std::uint32_t slot = 0; slot <= own.count; ++slot) {
         begin += ends[slot];
         ends[slot] = begin;
     }
@@ -78,8 +77,8 @@ void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder 
     // on different sides of the row crosses it; its last pixel bears the mark.
     int rowBefore = points.RowOfLastRun();
     const auto put = [&](std::size_t i, bool crosses) {
-        const std::uint32_t slot = SlotOf(points.Row(i));
-        if (slot < slots) sorted[ends[slot]++] = Entry(points.Column(i), i, crosses);
+        const std::uint32_t slot = own.Of(points.Row(i));
+        if (slot < own.count) sorted[ends[slot]++] = Entry(points.Column(i), i, crosses);
     };
     for (std::size_t i = 0; i < count; ++i) {
         const int row = points.Row(i);
@@ -90,19 +89,20 @@ void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder 
     }
     if (order != RowOrder::Drawn) {
         std::uint32_t from = 0;
-        for (std::uint32_t slot = 0; slot < slots; ++slot) {
+        for (std::uint32_t slot = 0; slot < own.count; ++slot) {
             std::sort(sorted + from, sorted + ends[slot]);
             from = ends[slot];
         }
     }
     rowOrder = order;
+    slots = own;
     entries = sorted;
     slotEnds = ends;
 }
 
 std::span<const OutlineIndex::Entry> OutlineIndex::PixelsOfRow(int row) const {
-    const std::uint32_t slot = SlotOf(row);
-    if (slot >= slots) return {};
+    const std::uint32_t slot = slots.Of(row);
+    if (slot >= slots.count) return {};
     return {entries + (slot == 0 ? 0 : slotEnds[slot - 1]), entries + slotEnds[slot]};
 }
 

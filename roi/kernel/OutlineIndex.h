@@ -57,14 +57,18 @@ public:
     RowOrder Order() const { return rowOrder; }
 
 private:
-    // A slot a row: all rows from the first on, or of pixels that lie far apart only the rows that have one, ascending.
-    // Its number; one that no slot has for a row without.
-    std::uint32_t SlotOf(int row) const;
+    /// A slot a row: all rows from the first on, or of pixels that lie far apart only the rows that have one, ascending.
+    struct RowSlots {
+        int first = 0;
+        std::uint32_t count = 0;
+        const int* rows = nullptr;  ///< null: all rows
+
+        /// The number of a row's slot; count or more for a row without.
+        std::uint32_t Of(int row) const;
+    };
 
     RowOrder rowOrder = RowOrder::Filled;
-    int first = 0;
-    std::uint32_t slots = 0;
-    const int* slotRows = nullptr;  // null: all rows
+    RowSlots slots;
     const Entry* entries = nullptr;
     const std::uint32_t* slotEnds = nullptr;
 };
