@@ -28,7 +28,7 @@ target_link_libraries(kest_test_support PUBLIC KestApi kest_kernels gtest kest_o
 target_include_directories(kest_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
 target_compile_options(kest_test_support PUBLIC -O1)
 target_compile_definitions(kest_test_support PUBLIC
-  KEST_SHARED_DIR="${PROJECT_SOURCE_DIR}/../shared" KEST_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  KEST_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data" KEST_PRINTED_PAGE="${CMAKE_BINARY_DIR}/printed-page.bmp")
 
 # What every test file reads first is read once.
 target_precompile_headers(kest_test_support PRIVATE <gtest/gtest.h> <KestApi.h> <functional> <fstream> <memory>)

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -181,26 +180,4 @@ TEST(BmpFiles, Dialogs) {
     EXPECT_EQ(dialogs[2].name, "cell.bmp");
     EXPECT_EQ(dialogs[3].name, "region.bmp");
     SetCurrentDirectoryA(folder);
-}
-
-// Which files of the public collection the 8-bit image accepts follows from the rules: only one has 256 colours and
-// unpadded rows.
-TEST(BmpFiles, PublicCollection) {
-    const std::filesystem::path folder = std::filesystem::path(KEST_SHARED_DIR) / "bmp";
-    if (!std::filesystem::exists(folder)) GTEST_SKIP() << "the collection of BMP files is not here";
-    // How the names begin of the files that differ from the accepted one in nothing but their colour count.
-    const char* otherColours[] = {"8bpp-320x240", "8bpp-colorsimportant-", "8bpp-colorsused-", "pels-per-meter-"};
-    int files = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.path().extension() != ".bmp") continue;
-        ++files;
-        const std::string name = entry.path().filename().string();
-        const bool isAccepted = name == "8bpp-colorsused-zero.bmp";
-        const bool hasOtherColours = std::any_of(std::begin(otherColours), std::end(otherColours),
-                                                 [&](const char* start) { return name.starts_with(start); });
-        CcGrayImage256 image;
-        EXPECT_EQ(image.OpenBMPFile(entry.path().string().c_str()), isAccepted ? 0 : -1) << name;
-        EXPECT_EQ(TakeBoxes(), isAccepted ? std::vector<Box>{} : hasOtherColours ? wrongColours : notOpened) << name;
-    }
-    EXPECT_EQ(files, 144);
 }

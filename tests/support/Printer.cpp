@@ -26,7 +26,7 @@ constexpr char printerDescription[] =
     "*DefaultPaperDimension: Letter\n*PaperDimension Letter: \"612 792\"\n"
     "*DefaultFont: Courier\n*Font Courier: Standard \"(002.004S)\" Standard ROM\n";
 
-constexpr char pagePath[] = KEST_SOURCE_DIR "/build/printed-page.bmp";
+constexpr char pagePath[] = KEST_PRINTED_PAGE;
 
 int ReadInt(const std::vector<std::uint8_t>& bytes, std::size_t at) {
     std::int32_t value = 0;
@@ -42,8 +42,7 @@ bool IsComplete(const std::vector<std::uint8_t>& file) { return file.size() > 54
 bool InstallPrinter() {
     char name[] = "Kest Page", driver[] = "wineps.drv", environment[] = "Windows NT x86", processor[] = "winprint";
     char dataType[] = "RAW", description[] = "kesttest.ppd";
-    char port[] = "|gs -q -dNOPAUSE -dBATCH -sDEVICE=bmp16m -r300 -g2550x3300 -sOutputFile=" KEST_SOURCE_DIR
-                  "/build/printed-page.bmp -";
+    char port[] = "|gs -q -dNOPAUSE -dBATCH -sDEVICE=bmp16m -r300 -g2550x3300 -sOutputFile=" KEST_PRINTED_PAGE " -";
     if (sizeof(void*) == 8) std::strcpy(environment, "Windows x64");
     BYTE folder[MAX_PATH];
     DWORD needed;

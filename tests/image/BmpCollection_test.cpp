@@ -1,0 +1,77 @@
+// The collection of valid, questionable and corrupt BMP files in tests/data: what the 8-bit and the colour images make of
+// each. Most are refused by design: compression, other depths and headers, padded rows, colour counts other than 256.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "KestApi.h"
+#include "support/Dialogs.h"
+
+using test::Box;
+
+namespace {
+
+using Boxes = std::vector<Box>;
+
+const Box notOpened = {"Error", "Could not open DIB file"};
+
+/// How the names begin of the files that get one verdict; an empty one stands for all others.
+struct Verdict {
+    Boxes boxes;  ///< none: the file is accepted
+    std::vector<std::string> names;
+};
+
+/// Accepted is what has 256 colours and unpadded rows; the second verdict's files differ from it in their colour count.
+const std::vector<Verdict> grayVerdicts = {
+    {{}, {"8bpp-colorsused-zero"}},
+    {{{"Error", "This type of Object only handles 256 Color BitMaps"}},
+     {"8bpp-320x240", "8bpp-colorsimportant-", "8bpp-colorsused-"}},
+    {{notOpened}, {""}}};
+
+const std::vector<Verdict> colourVerdicts = {
+    {{}, {"24bpp-imagesize-zero"}},
+    {{{"File I/O Error", "Can't read 'BITMAPFILEHEADER' info from file"}, notOpened},
+     {"emptyfile", "fileinfoheader-cropped", "magicnumber-cropped"}},
+    {{{"File Type Error", "Not a DIB type file format"}, notOpened}, {"magicnumber-bad"}},
+    {{{"Memory Error", "Memory Allocation Failure"}, notOpened}, {"filesize-zero"}},
+    {{{"File I/O Error", "Problem reading in information into memory"}, notOpened},
+     {"1bpp-pixeldata-cropped", "4bpp-pixeldata-cropped", "8bpp-pixeldata-cropped", "colormasks-", "infoheader-",
+      "infoheadersize-large", "palette-cropped", "palette-missing", "pixeldata-missing"}},
+    {{{"File Error", "Bad BITMAPINFOHEADER size in file"}, notOpened}, {"infoheadersize-small", "infoheadersize-zero"}},
+    {{{"File Error", "Can't open .bmp files using Compression"}, notOpened},
+     {"rle", "565", "compression", "pixeldata-rle8", "width-times-height"}},
+    {{{"File Error", "Incorrect Header; Can't open file"}, notOpened}, {"24bpp-1x1"}},
+    {{{"File Error", "Can't open .bmp files other than 24-bit color"}, notOpened}, {""}}};
+
+const Boxes& BoxesFor(const std::string& name, const std::vector<Verdict>& verdicts) {
+    const auto starts = [&](const std::string& start) { return name.starts_with(start); };
+    return std::find_if(verdicts.begin(), verdicts.end(), [&](const Verdict& verdict) {
+               return std::any_of(verdict.names.begin(), verdict.names.end(), starts);
+           })->boxes;
+}
+
+template <class Image>
+void ExpectVerdicts(const std::vector<Verdict>& verdicts) {
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(KEST_TEST_DATA_DIR "/bmp")) {
+        ++files;
+        const std::string name = entry.path().filename().string();
+        const Boxes& expected = BoxesFor(name, verdicts);
+        Image image;
+        EXPECT_EQ(image.OpenBMPFile(entry.path().string().c_str()), expected.empty() ? 0 : -1) << name;
+        EXPECT_EQ(test::TakeBoxes(), expected) << name;
+    }
+    EXPECT_EQ(files, 79);
+}
+
+}  // namespace
+
+TEST(BmpCollection, GrayImages) { ExpectVerdicts<CcGrayImage256>(grayVerdicts); }
+
+TEST(BmpCollection, ColourImages) {
+    ExpectVerdicts<Cc24BitRGBImage>(colourVerdicts);
+    ExpectVerdicts<Cc24BitHSLImage>(colourVerdicts);
+}
