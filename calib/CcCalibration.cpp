@@ -89,6 +89,14 @@ int CcCalibration::ConvertPoints(const tagPoints* pImage, tagPoints* pWorld, int
     return KEST_OK;
 }
 
+int CcCalibration::ConvertPointExactly(double dX, double dY, double* pdWorldX, double* pdWorldY) const {
+    if (!pdWorldX || !pdWorldY) return KEST_FAILED;
+    const kest::RealPoint world = kest::ImageToWorldExact(MappingOf(fTransform), {dX, dY});
+    *pdWorldX = world.x;
+    *pdWorldY = world.y;
+    return KEST_OK;
+}
+
 int CcCalibration::ReverseConvertPoint(float fWorldX, float fWorldY, float* pfX, float* pfY) {
     if (!pfX || !pfY) return KEST_FAILED;
     const tagPoints image = kest::WorldToImage(MappingOf(fTransform), {fWorldX, fWorldY});
@@ -101,6 +109,10 @@ float CcCalibration::GetAreaOfPixel(int iX, int iY) {
     if (!pAreaMap) return 1.0F;
     if (iX < 0 || iX >= iAreaMapWidth || iY < 0 || iY >= iAreaMapHeight) return -1.0F;
     return pAreaMap[kest::Product(iAreaMapWidth, iY) + iX];
+}
+
+float CcCalibration::ComputeAreaOfPixel(int iX, int iY) const {
+    return kest::PixelArea(MappingOf(fTransform), iX, iY);
 }
 
 int CcCalibration::GetSizeOfImage(int* piWidth, int* piHeight) {

@@ -1,6 +1,6 @@
 # The kernels (any system), and on Windows the DLL over them with the programs that use it.
 # A source file belongs to the target of the folder it lies in.
-set(KEST_PARTS core image roi calib graph tools)
+set(KEST_PARTS core image roi calib measure graph tools library)
 
 set(kernel_sources)
 set(class_sources)

@@ -35,6 +35,8 @@ public:
     /// The same for iCount points, much faster than one by one; both arrays may be the same. -1 for a null pointer or a
     /// negative count.
     int ConvertPoints(const tagPoints* pImage, tagPoints* pWorld, int iCount);
+    /// Image to world in double precision throughout, for lengths of many steps. -1 for a null pointer.
+    int ConvertPointExactly(double dX, double dY, double* pdWorldX, double* pdWorldY) const;
     /// World to image, for a mapping with perspective. The result is not finite when one of four terms is 0: always
     /// when h3 = h6 = 0, as in a new calibration or one without perspective and rotation. -1 for a null pointer.
     int ReverseConvertPoint(float fWorldX, float fWorldY, float* pfX, float* pfY);
@@ -45,6 +47,8 @@ public:
 
     /// World area of a pixel; 1.0 when there is no map, -1.0 outside the map.
     float GetAreaOfPixel(int iX, int iY);
+    /// World area of a pixel, inside the image or not, with a map or without: what a map would hold there.
+    float ComputeAreaOfPixel(int iX, int iY) const;
     /// The map, row by row from the bottom, GetSizeOfImage in size; null when there is none. It stays the calibration's
     /// and is gone with the next DoCalibration or Open.
     const float* GetAreaMap() const { return pAreaMap; }

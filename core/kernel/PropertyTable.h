@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "CheckedSize.h"
+#include "core/kernel/CheckedSize.h"
 #include "KestTypes.h"
 
 namespace kest {

@@ -9,8 +9,8 @@
 #include <random>
 #include <vector>
 
-#include "calib/kernel/OutlineLines.h"
-#include "calib/kernel/PixelRuns.h"
+#include "measure/kernel/OutlineLines.h"
+#include "measure/kernel/PixelRuns.h"
 #include "roi/kernel/OutlineRaster.h"
 
 using kest::IntPoint;

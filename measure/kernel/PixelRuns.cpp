@@ -1,5 +1,5 @@
 // The pixels under a ROI.
-#include "calib/kernel/PixelRuns.h"
+#include "measure/kernel/PixelRuns.h"
 
 #include <algorithm>
 #include <cmath>

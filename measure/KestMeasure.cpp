@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <numbers>
 #include <optional>
 #include <span>
@@ -15,9 +14,8 @@
 #include "CcRoiLine.h"
 #include "CcRoiRows.h"
 #include "KestOutline.h"
-#include "calib/kernel/OutlineLines.h"
-#include "calib/kernel/Perspective.h"
-#include "calib/kernel/PixelRuns.h"
+#include "measure/kernel/OutlineLines.h"
+#include "measure/kernel/PixelRuns.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/TextField.h"
 
@@ -27,20 +25,13 @@ using kest::RealPoint;
 
 constexpr double noLength = -1.0;
 
-kest::Perspective MappingOf(const CcCalibration* calibration) {
-    kest::Perspective mapping;
-    if (calibration) std::memcpy(mapping.h, calibration->GetTransform(), sizeof mapping.h);
-    return mapping;
-}
-
 /// Adds up the lengths of straight lines between image points, in pixels and in world units.
 class Lengths {
 public:
-    explicit Lengths(const CcCalibration* calibration) : mapping(MappingOf(calibration)) {}
+    explicit Lengths(const CcCalibration* known) : calibration(known) {}
 
     void Add(RealPoint from, RealPoint to) {
-        const RealPoint worldFrom = kest::ImageToWorldExact(mapping, from);
-        const RealPoint worldTo = kest::ImageToWorldExact(mapping, to);
+        const RealPoint worldFrom = ToWorld(from), worldTo = ToWorld(to);
         pixels += std::hypot(to.x - from.x, to.y - from.y);
         world += std::hypot(worldTo.x - worldFrom.x, worldTo.y - worldFrom.y);
     }
@@ -49,7 +40,13 @@ public:
     double world = 0;
 
 private:
-    kest::Perspective mapping;
+    RealPoint ToWorld(RealPoint image) const {
+        RealPoint world = image;
+        if (calibration) calibration->ConvertPointExactly(image.x, image.y, &world.x, &world.y);
+        return world;
+    }
+
+    const CcCalibration* calibration;
 };
 
 /// A shape's box as its pixels fill it.
@@ -143,8 +140,7 @@ public:
     explicit MeasuredImage(CcImage& image)
         : pixels(image.GetBitMapImageData()),
           type(image.GetImageType()),
-          calibration(image.GetCalibrationObject()),
-          mapping(MappingOf(calibration)) {
+          calibration(image.GetCalibrationObject()) {
         image.GetHeightWidth(&height, &width);
         if (calibration) calibration->GetSizeOfImage(&mapWidth, &mapHeight);
     }
@@ -174,7 +170,7 @@ public:
             return kest::SumOf(
                 {map + kest::Product(width, row) + run.iFirst, static_cast<std::size_t>(run.iLast - run.iFirst + 1)});
         double area = 0;
-        for (int x = run.iFirst; x <= run.iLast; ++x) area += kest::PixelArea(mapping, x, row);
+        for (int x = run.iFirst; x <= run.iLast; ++x) area += calibration->ComputeAreaOfPixel(x, row);
         return area;
     }
 
@@ -187,7 +183,6 @@ private:
     const void* pixels;
     int type;
     CcCalibration* calibration;
-    kest::Perspective mapping;
     int width = 0, height = 0;
     int mapWidth = -1, mapHeight = -1;
 };
