@@ -58,7 +58,7 @@ int CcPropertyBag::Load(CcObjectStorage* pStorage) {
 int CcPropertyBag::Store(CcObjectStorage* pStorage) {
     if (!pStorage) return KEST_NULL_ARGUMENT;
     pStorage->WriteObjectData(&iNumProps, sizeof iNumProps);
-    pStorage->WriteObjectData(pPropTable, static_cast<long>(iNumProps * sizeof(tagPROPERTY)));
+    pStorage->WriteObjectData(pPropTable, iNumProps * static_cast<long>(sizeof(tagPROPERTY)));
     const int referredBytes = pReferred ? pPropTable[iNumProps - 1].iPropLength : 0;
     const int valueBytes = iPropBufferUsed + referredBytes;
     pStorage->WriteObjectData(&valueBytes, sizeof valueBytes);
