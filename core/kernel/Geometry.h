@@ -6,6 +6,7 @@ namespace kest {
 struct IntPoint {
     int x;
     int y;
+    bool operator==(const IntPoint&) const = default;
 };
 
 /// Whether top or bottom is the larger depends on the space: in image coordinates (y upward) top is, in a window bottom.
@@ -14,6 +15,7 @@ struct IntRect {
     int top;
     int right;
     int bottom;
+    bool operator==(const IntRect&) const = default;
 };
 
 struct RealPoint {

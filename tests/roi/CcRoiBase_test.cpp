@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "KestApi.h"
+#include "support/KnownRois.h"
 #include "support/Slots.h"
 
 namespace {
@@ -81,12 +81,11 @@ TEST(CcRoiBase, DifferentRoisInDifferentThreads) {
         running.emplace_back([&wrong, thread] {
             std::vector<POINT> row(static_cast<std::size_t>(10 * thread));
             for (std::size_t x = 0; x < row.size(); ++x) row[x] = {static_cast<LONG>(x), thread};
-            PixelGroupTag line = {0, 0, 0, 10 * thread, row.data(), nullptr};
             for (int round = 0; round < rounds; ++round) {
                 const CcRoiRect rect;
                 CcRoiFreeHand outline;
                 int count = 0;
-                const bool isRight = outline.SetRoiImageCord(&line) == 0 && outline.GetBoundingRect() &&
+                const bool isRight = test::SetOutline(outline, row) == 0 && outline.GetBoundingRect() &&
                                      outline.GetXBoundary(thread, &count) && count == 10 * thread;
                 wrong += !isRight || !CcRoiBase::hSelectedPen;
             }

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "KestApi.h"
+#include "support/KnownRois.h"
 
 namespace {
 
@@ -23,8 +23,6 @@ CcRoiRect* AddRect(CcList& list, const std::string& name) {
     return roi;
 }
 
-LONG LeftOf(CcHLObject* roi) { return static_cast<RECT*>(static_cast<CcRoiRect*>(roi)->GetRoiImageCord())->left; }
-
 }  // namespace
 
 TEST(CcRoiHistory, DeletedPolygonComesBack) {
@@ -33,9 +31,7 @@ TEST(CcRoiHistory, DeletedPolygonComesBack) {
     CcRoiHistory history(&list);
     AddRect(list, "a");
     auto* polygon = new CcRoiPolyFreeHand;
-    POINT points[] = {{1, 1}, {2, 1}, {2, 2}, {1, 2}};
-    PixelGroupTag record = {0, 0, 0, 4, points, nullptr};
-    polygon->SetRoiImageCord(&record);
+    test::SetOutline(*polygon, {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
     polygon->SetName(std::string(200, 'p').c_str());
     polygon->SetSelected(1);
     list.InsertTail(polygon);
@@ -51,7 +47,7 @@ TEST(CcRoiHistory, DeletedPolygonComesBack) {
     auto* back = dynamic_cast<CcRoiPolyFreeHand*>(list.GetAtIndex(1));
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->IsROISelected(), 1);
-    const auto& outline = *static_cast<PixelGroupTag*>(back->GetRoiImageCord());
+    const PixelGroupTag& outline = test::OutlineOf(*back);
     ASSERT_EQ(outline.iNumOfPoints, 4);
     EXPECT_EQ(outline.stPOINTS[3].y, 2);
     EXPECT_EQ(history.CanUndo(), 0);
@@ -68,8 +64,7 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     CcRoiRect* b = AddRect(list, "b");
     for (int step = 0; step < 5; ++step) {
         history.Remember();
-        RECT moved = {10 * step, 5, 9, 1};
-        a->SetRoiImageCord(&moved);
+        test::SetBox(*a, {10 * step, 5, 9, 1});
         a->SetName(("a" + std::to_string(step)).c_str());
     }
     history.Remember();
@@ -80,7 +75,7 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     EXPECT_EQ(list.GetAtIndex(1), b);
     EXPECT_EQ(history.Undo(), 0);
     EXPECT_EQ(NamesOf(list), "a3 b ");
-    EXPECT_EQ(LeftOf(a), 30);
+    EXPECT_EQ(test::SidesOf(*a)[0], 30);
     EXPECT_EQ(history.Undo(), 0);
     // Older steps are forgotten.
     EXPECT_EQ(history.Undo(), -1);
@@ -117,21 +112,16 @@ TEST(CcRoiHistory, WhatCannotBeRestoredWholeChangesNothing) {
     CcRoiHistory history(&list);
     CcRoiRect* rect = AddRect(list, "rect");
     auto* outline = new CcRoiPolyLine;
-    const auto setPoints = [outline](std::vector<POINT> points) {
-        PixelGroupTag record = {0, 0, 0, static_cast<int>(points.size()), points.data(), nullptr};
-        EXPECT_EQ(outline->SetRoiImageCord(&record), 0);
-    };
-    setPoints({{1, 2}, {2, 2}});
+    test::SetOutline(*outline, {{1, 2}, {2, 2}});
     list.InsertTail(outline);
     AddRect(list, "deleted");
     auto* stubborn = new Stubborn;
     list.InsertTail(stubborn);
     list.InsertTail(new CcNumber);
     history.Remember();
-    RECT moved = {70, 90, 80, 85};
-    rect->SetRoiImageCord(&moved);
+    test::SetBox(*rect, {70, 90, 80, 85});
     rect->SetName("renamed");
-    setPoints({{5, 6}, {6, 6}, {7, 6}});
+    test::SetOutline(*outline, {{5, 6}, {6, 6}, {7, 6}});
     outline->SetSelected(1);
     list.DeleteAtIndex(2);
     stubborn->SetName("stubborn");
@@ -141,41 +131,19 @@ TEST(CcRoiHistory, WhatCannotBeRestoredWholeChangesNothing) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         EXPECT_EQ(attempt == 0 ? history.Undo() : history.Cancel(), -1);
         EXPECT_EQ(NamesOf(list), names);
-        EXPECT_EQ(LeftOf(rect), 70);
+        EXPECT_EQ(test::SidesOf(*rect)[0], 70);
         EXPECT_EQ(outline->IsROISelected(), 1);
-        const auto& points = *static_cast<PixelGroupTag*>(outline->GetRoiImageCord());
-        ASSERT_EQ(points.iNumOfPoints, 3);
-        EXPECT_EQ(points.stPOINTS[2].x, 7);
+        ASSERT_EQ(test::OutlineOf(*outline).iNumOfPoints, 3);
+        EXPECT_EQ(test::OutlineOf(*outline).stPOINTS[2].x, 7);
         EXPECT_EQ(history.CanRedo(), 0);
     }
     stubborn->loads = true;
     EXPECT_EQ(history.Undo(), 0);
     EXPECT_EQ(list.GetNumberOfObjects(), 5);
     EXPECT_STREQ(list.GetAtIndex(2)->GetName(), "deleted");
-    EXPECT_EQ(LeftOf(rect), 0);
-    EXPECT_EQ(static_cast<PixelGroupTag*>(outline->GetRoiImageCord())->iNumOfPoints, 2);
+    EXPECT_EQ(test::SidesOf(*rect)[0], 0);
+    EXPECT_EQ(test::OutlineOf(*outline).iNumOfPoints, 2);
     EXPECT_EQ(outline->IsROISelected(), 0);
     EXPECT_EQ(history.Redo(), 0);
     EXPECT_EQ(NamesOf(list), names);
-}
-
-TEST(CcRoiHistory, ThousandsOfEditsLeaveNothing) {
-    const int before = CcRoiBase::iNumOfROIs;
-    {
-        CcList list;
-        list.SetDestructionType(1);
-        CcRoiHistory history(&list, 10);
-        for (int i = 0; i < 2000; ++i) {
-            history.Remember();
-            if (i % 3 == 2)
-                list.DeleteHead();
-            else
-                AddRect(list, "r");
-            if (i % 5 == 4) history.Undo();
-            if (i % 10 == 4) history.Redo();
-            if (i % 50 == 49)
-                while (list.DeleteTail() == 0) continue;
-        }
-    }
-    EXPECT_EQ(CcRoiBase::iNumOfROIs, before);
 }

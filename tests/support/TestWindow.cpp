@@ -129,6 +129,12 @@ void TestWindow::PressButton() { SendMouse(MOUSEEVENTF_LEFTDOWN, mouse.x, mouse.
 
 void TestWindow::ReleaseButton() { SendMouse(MOUSEEVENTF_LEFTUP, mouse.x, mouse.y); }
 
+void TestWindow::Click(POINT at) {
+    MoveMouse(at.x, at.y);
+    PressButton();
+    ReleaseButton();
+}
+
 void TestWindow::Drag(POINT from, POINT to, int step) {
     MoveMouse(from.x, from.y);
     PressButton();

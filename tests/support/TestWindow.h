@@ -45,8 +45,9 @@ public:
     void MoveMouse(int clientX, int clientY);
     void PressButton();
     void ReleaseButton();
+    void Click(POINT at);
     /// Press, moves in steps of at most `step` pixels, release.
-    void Drag(POINT from, POINT to, int step = 7);
+    void Drag(POINT from, POINT to, int step = 20);
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

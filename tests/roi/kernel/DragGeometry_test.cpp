@@ -7,41 +7,28 @@
 
 using namespace kest;
 
-namespace {
-
-void ExpectRect(const IntRect& rect, int left, int top, int right, int bottom) {
-    EXPECT_EQ(rect.left, left);
-    EXPECT_EQ(rect.top, top);
-    EXPECT_EQ(rect.right, right);
-    EXPECT_EQ(rect.bottom, bottom);
-}
-
-}  // namespace
-
 TEST(DragGeometry, HandlesMoveTheirSides) {
-    const IntRect start = {10, 20, 30, 40};
-    const int expected[9][4] = {{10, 20, 30, 40}, {10, 22, 30, 40}, {10, 20, 30, 42}, {11, 20, 30, 40}, {10, 20, 31, 40},
+    const IntRect expected[] = {{10, 20, 30, 40}, {10, 22, 30, 40}, {10, 20, 30, 42}, {11, 20, 30, 40}, {10, 20, 31, 40},
                                 {11, 22, 30, 40}, {10, 22, 31, 40}, {11, 20, 30, 42}, {10, 20, 31, 42}};
     for (int code = 0; code <= 8; ++code) {
-        IntRect shape = start;
+        IntRect shape = expected[0];
         MoveSides(shape, SidesOfHandle(code), 1, 2);
-        ExpectRect(shape, expected[code][0], expected[code][1], expected[code][2], expected[code][3]);
+        EXPECT_EQ(shape, expected[code]) << code;
     }
     IntRect offset = {INT_MAX, INT_MIN, INT_MAX, 0};
     MoveSides(offset, AllSides, 5, -5);
-    ExpectRect(offset, INT_MAX, INT_MIN, INT_MAX, -5);
-    ExpectRect(Normalised({9, 8, 1, 2}), 1, 2, 9, 8);
+    EXPECT_EQ(offset, (IntRect{INT_MAX, INT_MIN, INT_MAX, -5}));
+    EXPECT_EQ(Normalised({9, 8, 1, 2}), (IntRect{1, 2, 9, 8}));
 }
 
 TEST(DragGeometry, CursorRange) {
-    const IntRect client = {100, 100, 300, 250};
-    const IntRect shape = {20, 30, 60, 80};
+    const IntRect client = {100, 100, 300, 250}, shape = {20, 30, 60, 80};
     // Moving: the mouse keeps its distance to each side.
-    ExpectRect(ClipForMove(client, shape, {25, 70}), 105, 140, 265, 240);
+    EXPECT_EQ(ClipForMove(client, shape, {25, 70}), (IntRect{105, 140, 265, 240}));
     // Resizing: the range is shifted by the distance between mouse and side.
-    ExpectRect(ClipForResize(client, shape, {22, 33}, TopSide | LeftSide), 102, 103, 302, 253);
-    ExpectRect(ClipForResize(client, shape, {58, 84}, BottomSide | RightSide), 98, 104, 298, 254);
-    ExpectRect(ClipForResize(client, shape, {58, 84}, 0), 100, 100, 300, 250);
+    EXPECT_EQ(ClipForResize(client, shape, {22, 33}, TopSide | LeftSide), (IntRect{102, 103, 302, 253}));
+    EXPECT_EQ(ClipForResize(client, shape, {58, 84}, BottomSide | RightSide), (IntRect{98, 104, 298, 254}));
+    EXPECT_EQ(ClipForResize(client, shape, {58, 84}, 0), client);
 }
 
 TEST(DragGeometry, RectangleHits) {

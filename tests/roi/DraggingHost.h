@@ -3,23 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <memory>
-
 #include "KestApi.h"
-#include "image/Support.h"
+#include "support/KnownRois.h"
 #include "support/TestWindow.h"
 
 namespace test {
-
-/// Left, top, right, bottom.
-using Sides = std::array<LONG, 4>;
-
-/// The record of a ROI that is a box, or a line from its first corner to the second.
-inline Sides SidesOf(CcRoiBase& roi) {
-    const RECT record = *static_cast<RECT*>(roi.GetRoiImageCord());
-    return {record.left, record.top, record.right, record.bottom};
-}
 
 template <class Roi>
 struct Host {
@@ -39,9 +27,16 @@ struct Host {
     }
     ~Host() { window.onMessage = nullptr; }
 
+    int Start(POINT mouse, int mode, CcRoiBase* source = nullptr) {
+        return roi.StartMouseDrag(window, xOffset, yOffset, display, &image, mouse, mode, source, zoom);
+    }
+    int Move(POINT mouse, int isClick = 0) {
+        return roi.DoMouseDrag(window, xOffset, yOffset, display, &image, mouse, isClick);
+    }
+    int Stop(POINT mouse) { return roi.StopMouseDrag(window, xOffset, yOffset, display, &image, mouse); }
     void Finish() {
         isDragging = false;
-        EXPECT_EQ(roi.StopMouseDrag(window, xOffset, yOffset, display, &image, released), 0);
+        EXPECT_EQ(Stop(released), 0);
     }
     int HitTest(int x, int y) {
         return roi.MouseHitTest(window, xOffset, yOffset, display, &image, {x, y}, zoom);
@@ -54,10 +49,10 @@ private:
         const bool isMouse = message == WM_LBUTTONDOWN || message == WM_MOUSEMOVE || message == WM_LBUTTONUP;
         if (isMouse) released = mouse;
         if (message == WM_LBUTTONDOWN && !isDragging) {
-            EXPECT_EQ(roi.StartMouseDrag(window, xOffset, yOffset, display, &image, mouse, dragMode, nullptr, zoom), 0);
+            EXPECT_EQ(Start(mouse, dragMode), 0);
             isDragging = true;
         } else if (message == WM_LBUTTONDOWN || (message == WM_MOUSEMOVE && isDragging)) {
-            EXPECT_EQ(roi.DoMouseDrag(window, xOffset, yOffset, display, &image, mouse, message == WM_LBUTTONDOWN), 0);
+            EXPECT_EQ(Move(mouse, message == WM_LBUTTONDOWN), 0);
         } else if (message == WM_LBUTTONUP && isDragging && !hasVertices) {
             Finish();
         }
