@@ -1,9 +1,9 @@
 # KestView, the program over the public headers alone. Its documents (files, conversion, measuring) are a library, so that
 # tests reach them without the windows.
 enable_language(RC)
-file(GLOB document_sources CONFIGURE_DEPENDS viewer/document/*.cpp)
+file(GLOB document_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/viewer/document/*.cpp)
 set(platform_sources)
-foreach(part Busy Drawing Program SavedFile Text)
+foreach(part Busy Drawing Program SavedFile Settings Text)
   list(APPEND platform_sources ${PROJECT_SOURCE_DIR}/viewer/platform/${part}.cpp)
 endforeach()
 add_library(kestview_documents STATIC ${document_sources}
@@ -16,14 +16,13 @@ target_link_libraries(kestview_documents PUBLIC KestApi kest_options gdi32 ole32
 target_precompile_headers(kestview_documents PRIVATE
   <windows.h> <KestApi.h> <algorithm> <functional> <map> <memory> <optional> <string> <vector>)
 
-file(GLOB window_sources CONFIGURE_DEPENDS
-  viewer/*.cpp viewer/commands/*.cpp viewer/dialogs/*.cpp viewer/panes/*.cpp viewer/platform/*.cpp)
-list(REMOVE_ITEM window_sources ${platform_sources})
+file(GLOB_RECURSE window_sources CONFIGURE_DEPENDS viewer/*.cpp)
+list(REMOVE_ITEM window_sources ${document_sources} ${platform_sources})
 add_executable(KestView WIN32 ${window_sources} viewer/KestView.rc)
 target_link_libraries(KestView PRIVATE kestview_documents comctl32 comdlg32 shell32)
 target_precompile_headers(KestView REUSE_FROM kestview_documents)
 set_source_files_properties(viewer/KestView.rc PROPERTIES OBJECT_DEPENDS
-  "${PROJECT_SOURCE_DIR}/viewer/Resource.h;${PROJECT_SOURCE_DIR}/viewer/res/KestView.manifest;${PROJECT_SOURCE_DIR}/viewer/res/KestView.ico")
+  "${PROJECT_SOURCE_DIR}/viewer/res/Resource.h;${PROJECT_SOURCE_DIR}/viewer/res/KestView.manifest;${PROJECT_SOURCE_DIR}/viewer/res/KestView.ico")
 
 # The sample tool, where the program looks for its tools.
 add_custom_command(TARGET KestView POST_BUILD

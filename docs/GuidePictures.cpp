@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "Resource.h"
+#include "res/Resource.h"
 #include "SamplePlate.h"
 #include "viewer/Driver.h"
 

@@ -4,7 +4,7 @@
 #include <shlobj.h>
 
 #include "KestApi.h"
-#include "Resource.h"
+#include "res/Resource.h"
 #include "support/Bytes.h"
 #include "support/Printer.h"
 #include "viewer/Driver.h"

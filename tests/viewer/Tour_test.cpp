@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "KestApi.h"
-#include "Resource.h"
+#include "res/Resource.h"
 #include "SamplePlate.h"
 #include "platform/Drawing.h"
 #include "support/Bytes.h"

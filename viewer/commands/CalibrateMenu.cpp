@@ -1,6 +1,6 @@
 // The Calibrate menu.
-#include "MainWindow.h"
 #include "commands/Commands.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 

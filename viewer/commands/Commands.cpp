@@ -1,8 +1,8 @@
 // The table of all menu entries.
 #include "commands/Commands.h"
 
-#include "MainWindow.h"
-#include "Resource.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

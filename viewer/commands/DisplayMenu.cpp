@@ -1,10 +1,10 @@
 // The Display menu.
-#include "MainWindow.h"
-#include "Resource.h"
 #include "commands/Commands.h"
 #include "platform/Boxes.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 

@@ -1,11 +1,11 @@
 // The Edit menu.
-#include "MainWindow.h"
-#include "RoiPainting.h"
 #include "commands/Commands.h"
 #include "dialogs/TextDialog.h"
+#include "picture/RoiPainting.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/Clipboard.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

@@ -5,16 +5,16 @@
 
 #include <algorithm>
 
-#include "Application.h"
-#include "MainWindow.h"
-#include "Resource.h"
-#include "RoiPainting.h"
 #include "commands/Commands.h"
 #include "document/PictureFiles.h"
 #include "document/Session.h"
+#include "picture/RoiPainting.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
+#include "platform/Settings.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 
@@ -25,7 +25,7 @@ void FileOpen(MainWindow& main, int) {
 void FileOpenRecent(MainWindow& main, int id) {
     const auto index = static_cast<std::size_t>(id - ID_FILE_RECENT_FIRST);
     // A copy: opening changes the list.
-    if (index < App().RecentFiles().size()) main.OpenFile(std::string(App().RecentFiles()[index]));
+    if (index < KeptSettings().RecentFiles().size()) main.OpenFile(std::string(KeptSettings().RecentFiles()[index]));
 }
 
 void FillRecentFiles(HMENU menu) {
@@ -33,13 +33,13 @@ void FillRecentFiles(HMENU menu) {
         DeleteMenu(menu, static_cast<UINT>(id), MF_BYCOMMAND);
     DeleteMenu(menu, ID_FILE_RECENT_LINE, MF_BYCOMMAND);
     UINT id = ID_FILE_RECENT_FIRST;
-    for (const std::string& path : App().RecentFiles()) {
+    for (const std::string& path : KeptSettings().RecentFiles()) {
         std::string text = Format("&%u  ", id - ID_FILE_RECENT_FIRST + 1);
         for (const char c : path)
             text += c == '&' ? std::string("&&") : std::string(1, c);
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_STRING, id++, text.c_str());
     }
-    if (!App().RecentFiles().empty())
+    if (!KeptSettings().RecentFiles().empty())
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_SEPARATOR, ID_FILE_RECENT_LINE, nullptr);
 }
 
@@ -63,7 +63,7 @@ bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
         ShowError(main, error);
         return false;
     }
-    App().NoteRecentFile(path);
+    KeptSettings().NoteRecentFile(path);
     main.Status().ShowMessage("Saved " + FileNameOf(path));
     return true;
 }

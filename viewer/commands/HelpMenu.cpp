@@ -1,8 +1,8 @@
 // The Help menu.
-#include "MainWindow.h"
 #include "commands/Commands.h"
 #include "dialogs/AboutDialog.h"
 #include "dialogs/KeysDialog.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 

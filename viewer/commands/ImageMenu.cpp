@@ -1,10 +1,10 @@
 // The Image menu.
-#include "MainWindow.h"
-#include "Resource.h"
 #include "commands/Commands.h"
 #include "document/Conversion.h"
 #include "document/Region.h"
 #include "platform/Boxes.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 

@@ -1,12 +1,12 @@
 // The ROI menu.
-#include "Application.h"
-#include "MainWindow.h"
-#include "Resource.h"
 #include "commands/Commands.h"
 #include "document/RoiFiles.h"
 #include "document/RoiKinds.h"
 #include "platform/Boxes.h"
+#include "platform/Settings.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {
@@ -30,9 +30,9 @@ bool IsRoiTool(MainWindow& main, int id) {
 
 void RoiColour(MainWindow& main, int id) {
     const bool isSelected = id == ID_ROI_COLOUR_SELECTED;
-    const auto colour = AskColour(main, App().RoiColour(isSelected));
+    const auto colour = AskColour(main, KeptSettings().RoiColour(isSelected));
     if (!colour) return;
-    App().SetRoiColour(isSelected, *colour);
+    KeptSettings().SetRoiColour(isSelected, *colour);
     main.View().Refresh(DisplayChanged);
 }
 

@@ -1,7 +1,7 @@
 // The Tools menu.
-#include "MainWindow.h"
-#include "Resource.h"
 #include "commands/Commands.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 

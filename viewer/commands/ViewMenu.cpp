@@ -1,9 +1,9 @@
 // The View menu.
 #include <algorithm>
 
-#include "MainWindow.h"
-#include "Resource.h"
 #include "commands/Commands.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

@@ -1,8 +1,8 @@
 // What the program is, and its version.
 #include "dialogs/AboutDialog.h"
 
-#include "Resource.h"
 #include "platform/Pane.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {

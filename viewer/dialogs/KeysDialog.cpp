@@ -5,9 +5,9 @@
 
 #include <iterator>
 
-#include "Resource.h"
 #include "platform/ListView.h"
 #include "platform/Pane.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {

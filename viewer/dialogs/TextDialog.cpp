@@ -1,8 +1,8 @@
 // The dialog that asks for one line of text.
 #include "dialogs/TextDialog.h"
 
-#include "Resource.h"
 #include "platform/Pane.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "MainWindow.h"
-#include "Resource.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/Drawing.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "MainWindow.h"
-#include "Resource.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

@@ -1,7 +1,7 @@
 // A pane that holds a graph with a line of text below it.
 #include "panes/GraphPane.h"
 
-#include "Resource.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {

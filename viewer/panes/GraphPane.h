@@ -1,8 +1,8 @@
 // A pane that holds a graph with a line of text below it.
 #pragma once
 
-#include "GraphWindow.h"
 #include "panes/DocumentPane.h"
+#include "panes/GraphWindow.h"
 
 namespace kestview {
 

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "Resource.h"
 #include "document/Histogram.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
 
 namespace kestview {
 

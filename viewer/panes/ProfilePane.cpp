@@ -1,11 +1,11 @@
 // The values along the selected ROI.
 #include "panes/ProfilePane.h"
 
-#include "Resource.h"
 #include "document/FiniteRange.h"
 #include "document/PixelText.h"
 #include "document/Profile.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
 
 namespace kestview {
 

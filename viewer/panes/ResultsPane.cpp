@@ -7,13 +7,13 @@
 
 #include <fstream>
 
-#include "MainWindow.h"
-#include "Resource.h"
 #include "platform/Boxes.h"
 #include "platform/Clipboard.h"
 #include "platform/ListView.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

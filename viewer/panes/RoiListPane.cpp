@@ -5,11 +5,11 @@
 
 #include <commctrl.h>
 
-#include "MainWindow.h"
-#include "Resource.h"
 #include "document/RoiKinds.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 

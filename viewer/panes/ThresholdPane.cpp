@@ -8,14 +8,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "MainWindow.h"
-#include "Resource.h"
 #include "document/BandCount.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/Drawing.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {

@@ -1,4 +1,4 @@
-// What the platform layer needs of the application object.
+// What all parts need of the application object.
 #include "platform/Program.h"
 
 namespace kestview {

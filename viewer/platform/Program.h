@@ -1,9 +1,11 @@
-// What the platform layer needs of the application object, which is derived from this: the program's only global.
+// What all parts need of the application object, which is derived from this: the program's only global.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
+
+#include "platform/Settings.h"
 
 namespace kestview {
 
@@ -18,6 +20,7 @@ public:
     /// text: it is done.
     virtual void ShowProgress(const std::string& text, double part) = 0;
 
+    Settings settings;
     COLORREF mixedColours[16] = {};  ///< the colours that the user mixed in the colour dialog
 };
 

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-#include "RoiMouse.h"
+#include "picture/RoiMouse.h"
 #include "platform/Window.h"
 
 namespace kestview {

@@ -1,11 +1,12 @@
 // The tool libraries of the folder "tools" beside the program.
-#include "Tools.h"
+#include "window/Tools.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "Resource.h"
-#include "Toolbar.h"
+#include "platform/Text.h"
+#include "res/Resource.h"
+#include "window/Toolbar.h"
 
 namespace kestview {
 
@@ -15,7 +16,10 @@ Tools::~Tools() {
     CloseAll();
 }
 
-void Tools::Load(const std::string& folder) {
+void Tools::Load() {
+    char program[4 * MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, program, sizeof program);
+    const std::string folder = FolderOf(program) + "tools\\";
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA((folder + "*.dll").c_str(), &found);

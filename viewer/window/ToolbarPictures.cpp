@@ -1,6 +1,6 @@
 // The toolbar's pictures: drawn four times as large on white and on black, which tells colour and transparency of each
 // pixel, and averaged.
-#include "ToolbarPictures.h"
+#include "window/ToolbarPictures.h"
 
 #include <algorithm>
 #include <vector>

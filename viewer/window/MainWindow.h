@@ -7,11 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "PictureView.h"
-#include "Splitters.h"
-#include "StatusBar.h"
-#include "Toolbar.h"
-#include "Tools.h"
 #include "document/Document.h"
 #include "panes/CalibrationPane.h"
 #include "panes/DisplayTablePane.h"
@@ -20,8 +15,13 @@
 #include "panes/ResultsPane.h"
 #include "panes/RoiListPane.h"
 #include "panes/ThresholdPane.h"
+#include "picture/PictureView.h"
 #include "platform/Drawing.h"
 #include "platform/Window.h"
+#include "window/Splitters.h"
+#include "window/StatusBar.h"
+#include "window/Toolbar.h"
+#include "window/Tools.h"
 
 namespace kestview {
 

@@ -1,6 +1,6 @@
 // The main window: its parts, and what passes between them. MainWindowDocuments.cpp has the open documents,
 // MainWindowLayout.cpp the places of the parts.
-#include "MainWindow.h"
+#include "window/MainWindow.h"
 
 #include <windows.h>
 
@@ -9,10 +9,10 @@
 
 #include <algorithm>
 
-#include "Application.h"
-#include "Resource.h"
 #include "commands/Commands.h"
+#include "platform/Settings.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {
@@ -74,12 +74,12 @@ void MainWindow::OnCreate() {
         pane.Create(sideTemplates[page], window);
         ShowWindow(pane, SW_HIDE);
     }
-    tools.Load(App().ProgramFolder() + "tools\\");
+    tools.Load();
     tools.AddTo(GetSubMenu(GetMenu(window), toolsMenuPosition), toolbar);
 
-    isSideShown = App().Layout().isSideShown != 0;
-    isResultsShown = App().Layout().isResultsShown != 0;
-    view.showsRoiNames = App().Layout().showsRoiNames != 0;
+    isSideShown = KeptSettings().layout.isSideShown != 0;
+    isResultsShown = KeptSettings().layout.isResultsShown != 0;
+    view.showsRoiNames = KeptSettings().layout.showsRoiNames != 0;
     OnDpiChanged({});
     SendMessageA(sideTabs, TCM_SETCURSEL, sidePage, 0);
     if (isSideShown) ShowSidePage(HistogramPage);
@@ -316,7 +316,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ENDSESSION:
             if (wParam) {
                 NoteLayout();
-                App().SaveSettings();
+                KeptSettings().Save();
             }
             return 0;
         case WM_DESTROY:

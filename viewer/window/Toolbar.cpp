@@ -1,8 +1,8 @@
 // The toolbar.
-#include "Toolbar.h"
+#include "window/Toolbar.h"
 
-#include "Resource.h"
-#include "ToolbarPictures.h"
+#include "res/Resource.h"
+#include "window/ToolbarPictures.h"
 
 namespace kestview {
 namespace {

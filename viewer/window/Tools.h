@@ -19,7 +19,7 @@ public:
     Tools& operator=(const Tools&) = delete;
 
     /// Loads every library of the folder, in the order of their names.
-    void Load(const std::string& folder);
+    void Load();
     /// Fills the menu and adds buttons for the tools that bring a picture.
     void AddTo(HMENU menu, Toolbar& toolbar);
     /// Opens the tool of a menu entry.

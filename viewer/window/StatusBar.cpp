@@ -1,13 +1,13 @@
 // The status bar: help or progress, the pixel under the mouse with its value and world position, zoom and picture.
-#include "StatusBar.h"
+#include "window/StatusBar.h"
 
 #include <windows.h>
 
 #include <commctrl.h>
 
-#include "Resource.h"
 #include "document/PixelText.h"
 #include "platform/Text.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {

@@ -1,5 +1,5 @@
 // The main window's places and sizes: of itself, of its parts, and of the bars between them.
-#include "MainWindow.h"
+#include "window/MainWindow.h"
 
 #include <windows.h>
 
@@ -7,8 +7,8 @@
 
 #include <algorithm>
 
-#include "Application.h"
-#include "Resource.h"
+#include "platform/Settings.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {
@@ -43,7 +43,7 @@ bool MainWindow::Create(int showCommand) {
     const int left = static_cast<int>(desk.left) + (WidthOf(desk) - width) / 2,
               top = static_cast<int>(desk.top) + (HeightOf(desk) - height) / 2;
     RECT place = {left, top, left + width, top + height};
-    const WindowLayout& layout = App().Layout();
+    const WindowLayout& layout = KeptSettings().layout;
     // The monitor of the last run may be gone.
     if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) {
         place = layout.place;
@@ -97,7 +97,7 @@ void MainWindow::Arrange() {
         SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     };
-    WindowLayout& layout = App().Layout();
+    WindowLayout& layout = KeptSettings().layout;
     const auto unscaled = [this](int length) { return MulDiv(length, 96, DpiOf(window)); };
     const int bar = Scaled(barThickness), mostSide = unscaled(WidthOf(room)) - smallestPicture,
               mostResults = unscaled(HeightOf(room)) - smallestPicture,
@@ -173,7 +173,7 @@ void MainWindow::NoteLayout() {
     const MONITORINFO monitor = MonitorOf(window);
     OffsetRect(&placement.rcNormalPosition, monitor.rcWork.left - monitor.rcMonitor.left,
                monitor.rcWork.top - monitor.rcMonitor.top);
-    WindowLayout& layout = App().Layout();
+    WindowLayout& layout = KeptSettings().layout;
     layout.place = placement.rcNormalPosition;
     layout.isMaximized = placement.showCmd == SW_SHOWMAXIMIZED;
     layout.isSideShown = isSideShown;

@@ -1,14 +1,14 @@
 // The window that shows a document's picture: zoom, scrolling, and keys. PictureCanvas.cpp has painting and mouse.
-#include "PictureView.h"
+#include "picture/PictureView.h"
 
 #include <windowsx.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "Resource.h"
-#include "RoiPainting.h"
+#include "picture/RoiPainting.h"
 #include "platform/Drawing.h"
+#include "res/Resource.h"
 
 namespace kestview {
 

@@ -1,14 +1,14 @@
 // Draws a document's ROIs and their names over its picture.
-#include "RoiPainting.h"
+#include "picture/RoiPainting.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <string>
 
-#include "Application.h"
 #include "platform/Busy.h"
 #include "platform/Drawing.h"
+#include "platform/Settings.h"
 #include "platform/Text.h"
 #include "platform/Window.h"
 
@@ -45,7 +45,7 @@ void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const
         POINT corner = ShownPoint(area, document.Size(), shown, std::min(bounds->left, bounds->right),
                                   std::max(bounds->top, bounds->bottom));
         corner.y = std::max(corner.y - scaled(2), scaled(16));
-        SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
+        SetTextColor(dc, KeptSettings().RoiColour(paint.marksSelected && roi.IsROISelected()));
         // The letters of the names are those of any language.
         const std::wstring name = Wide(roi.GetName());
         TextOutW(dc, corner.x, corner.y, name.c_str(), static_cast<int>(name.size()));
@@ -55,21 +55,14 @@ void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const
 
 }  // namespace
 
-POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y) {
-    const double magnification =
-        shown.mode == 1 ? shown.zoom : static_cast<double>(area.cx) / std::max<long>(picture.cx, 1);
-    return {static_cast<LONG>(std::floor((x + 0.5 - shown.xOffset) * magnification)),
-            static_cast<LONG>(std::floor((picture.cy - 0.5 - y - shown.yOffset) * magnification))};
-}
-
 void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint) {
     if (document.RoiCount() == 0) return;
     constexpr int asItIs = -1, asUnselected = 0;
-    App().ApplyRoiLook(document.Roi(0), shown.penZoom);
+    ApplyRoiLook(document.Roi(0), shown.penZoom);
     RECT place = {0, 0, area.cx, area.cy};
     for (int i = 0; i < document.RoiCount(); ++i) {
         CcRoiBase& roi = document.Roi(i);
-        SetTextColor(dc, App().RoiColour(paint.marksSelected && roi.IsROISelected()));
+        SetTextColor(dc, KeptSettings().RoiColour(paint.marksSelected && roi.IsROISelected()));
         const Nameless nameless(roi, !paint.showsNames);
         roi.ShowROI(dc, &place, shown.xOffset, shown.yOffset, shown.mode, &document.Image(), shown.zoom,
                     paint.marksSelected ? asItIs : asUnselected);

@@ -1,5 +1,5 @@
 // The bars between the parts of a window.
-#include "Splitters.h"
+#include "window/Splitters.h"
 
 #include <algorithm>
 

@@ -1,10 +1,9 @@
 // The mouse over a picture: drawing, selecting, moving and resizing ROIs.
-#include "RoiMouse.h"
+#include "picture/RoiMouse.h"
 
 #include <cmath>
 #include <cstdlib>
 
-#include "Application.h"
 #include "document/RoiKinds.h"
 
 namespace kestview {
@@ -77,7 +76,7 @@ void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
     hasVertices = kind->hasVertices;
     lastMouse = mouse;
     isDragging = true;
-    App().ApplyRoiLook(*drawn, shown.penZoom);
+    ApplyRoiLook(*drawn, shown.penZoom);
     if (drawn->StartMouseDrag(shown.canvas, shown.xOffset, shown.yOffset, shown.mode, &document->Image(), mouse,
                               KEST_DRAG_CREATE, nullptr, shown.zoom) < 0)
         Cancel();

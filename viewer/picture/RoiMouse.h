@@ -8,18 +8,9 @@
 
 #include "document/Document.h"
 #include "document/RoiEdit.h"
+#include "picture/Shown.h"
 
 namespace kestview {
-
-/// How the picture stands in its window: the display arguments of the library's calls.
-struct Shown {
-    HWND canvas = nullptr;
-    unsigned short mode = 1;  ///< 1: whole-number zoom; 0: the whole picture stretched over the window
-    int xOffset = 0;
-    int yOffset = 0;
-    int zoom = 1;
-    int penZoom = 1;  ///< how much larger than its pixels the picture is, for the pens; also when it is stretched
-};
 
 /// The tool that selects instead of drawing; any other tool is a ROI type.
 constexpr int selectTool = -1;

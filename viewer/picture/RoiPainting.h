@@ -5,8 +5,8 @@
 
 #include <memory>
 
-#include "RoiMouse.h"
 #include "document/Document.h"
+#include "picture/Shown.h"
 
 namespace kestview {
 
@@ -19,9 +19,6 @@ struct RoiPaint {
 /// `area` is the size of the drawn area, as the client area of a window is; the names are written in the font of the
 /// device context.
 void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint);
-
-/// The middle of a picture pixel in the drawn area.
-POINT ShownPoint(SIZE area, SIZE picture, const Shown& shown, double x, double y);
 
 enum class DrawnRois { None, Plain, WithNames };
 

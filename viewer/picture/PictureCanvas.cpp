@@ -1,8 +1,8 @@
 // The canvas of a PictureView: painting picture, overlay and ROIs into a back buffer, and the mouse.
 #include <windowsx.h>
 
-#include "PictureView.h"
-#include "RoiPainting.h"
+#include "picture/PictureView.h"
+#include "picture/RoiPainting.h"
 #include "platform/Drawing.h"
 
 namespace kestview {

@@ -1,5 +1,5 @@
 // The open documents of the main window: their tabs, opening and closing.
-#include "MainWindow.h"
+#include "window/MainWindow.h"
 
 #include <windows.h>
 
@@ -8,12 +8,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Application.h"
 #include "commands/Commands.h"
 #include "dialogs/TextDialog.h"
 #include "document/PictureFiles.h"
 #include "document/Session.h"
 #include "platform/Boxes.h"
+#include "platform/Settings.h"
 #include "platform/Text.h"
 
 namespace kestview {
@@ -124,7 +124,7 @@ void MainWindow::OpenFile(const std::string& path) {
         if (!error.empty()) ShowError(window, error);
         return;
     }
-    App().NoteRecentFile(path);
+    KeptSettings().NoteRecentFile(path);
     AddDocument(std::move(document));
     if (!warning.empty()) ShowNote(window, warning);
 }

@@ -1,5 +1,5 @@
 // A window that shows a CcGraph, and lets the user drag the points of its curves.
-#include "GraphWindow.h"
+#include "panes/GraphWindow.h"
 
 #include <algorithm>
 #include <cmath>
