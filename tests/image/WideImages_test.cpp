@@ -266,10 +266,8 @@ TYPED_TEST(WideImages, RegionsUnderARectangle) {
     std::iota(samples.begin(), samples.end(), typename TypeParam::Image::Sample{1000});
     image.Fill(8, 10, samples);
     image.Shown();
-    CcRoiRect roi;
-    RECT rect = {2, 6, 5, 3};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 500, 1));
+    const auto roi = test::Boxed<CcRoiRect>({2, 6, 5, 3});
+    const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 500, 1));
     ASSERT_NE(region, nullptr);
     const bool isWide = TypeParam::code == 5;
     EXPECT_EQ(region->GetImageType(), isWide ? 5 : 0);
