@@ -37,6 +37,19 @@ void CountSamples(Histogram& histogram, std::span<const Sample> samples) {
             ++histogram.counts[0][static_cast<int>((sample - histogram.lowest) * stepsPerUnit)];
 }
 
+void Count(Histogram& histogram, const unsigned char* pixels, std::size_t count) {
+    CountBytes(histogram, {pixels, count}, 1);
+}
+
+void Count(Histogram& histogram, const RGBTRIPLE* pixels, std::size_t count) {
+    CountBytes(histogram, {&pixels->rgbtBlue, 3 * count}, 3);
+}
+
+template <class Sample>
+void Count(Histogram& histogram, const Sample* samples, std::size_t count) {
+    CountSamples<Sample>(histogram, {samples, count});
+}
+
 }  // namespace
 
 unsigned Histogram::Peak() const {
@@ -46,35 +59,16 @@ unsigned Histogram::Peak() const {
     return peak;
 }
 
-double Histogram::ValueOf(int step) const { return lowest + (highest - lowest) * step / (steps - 1); }
+double Histogram::ValueOf(int step) const {
+    return lowest + (highest - lowest) * step / (steps - 1);
+}
 
 Histogram CountPixels(CcImage* image) {
     Histogram histogram;
     int height = 0, width = 0;
     if (!image || !image->GetBitMapImageData()) return histogram;
     image->GetHeightWidth(&height, &width);
-    const void* data = image->GetBitMapImageData();
-    const auto pixels = static_cast<std::size_t>(height) * width;
-    switch (image->GetImageType()) {
-        case KEST_IMAGE_GRAY256:
-        case KEST_IMAGE_BINARY:
-            CountBytes(histogram, {static_cast<const unsigned char*>(data), pixels}, 1);
-            break;
-        case KEST_IMAGE_RGB:
-        case KEST_IMAGE_HSL:
-            CountBytes(histogram, {static_cast<const unsigned char*>(data), 3 * pixels}, 3);
-            break;
-        case KEST_IMAGE_INT16:
-            CountSamples<unsigned short>(histogram, {static_cast<const unsigned short*>(data), pixels});
-            break;
-        case KEST_IMAGE_INT32:
-            CountSamples<int>(histogram, {static_cast<const int*>(data), pixels});
-            break;
-        case KEST_IMAGE_FLOAT:
-            CountSamples<float>(histogram, {static_cast<const float*>(data), pixels});
-            break;
-        default:
-            break;
-    }
+    const auto count = static_cast<std::size_t>(height) * width;
+    KestVisitSamples(*image, [&](const auto* pixels) { Count(histogram, pixels, count); });
     return histogram;
 }

@@ -13,25 +13,15 @@ namespace {
 
 constexpr double endless = std::numeric_limits<double>::infinity();
 
-/// Calls visit(first sample, count) with the samples of a wide image, which have one of three types.
+/// Calls visit(first sample, count) with the samples of a wide image.
 template <class Visit>
 void WithSamples(CcImage& image, Visit visit) {
-    const void* samples = image.GetBitMapImageData();
+    if (!ImageClassOf(image).isWide) return;
     const SIZE size = SizeOf(image);
-    const auto count = samples ? static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy) : 0;
-    switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16:
-            visit(static_cast<const std::uint16_t*>(samples), count);
-            break;
-        case KEST_IMAGE_INT32:
-            visit(static_cast<const std::int32_t*>(samples), count);
-            break;
-        case KEST_IMAGE_FLOAT:
-            visit(static_cast<const float*>(samples), count);
-            break;
-        default:
-            break;
-    }
+    const auto count = static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy);
+    KestVisitSamples(image, [&]<class Sample>(const Sample* samples) {
+        if constexpr (std::is_arithmetic_v<Sample>) visit(samples, samples ? count : 0);
+    });
 }
 
 template <class Sample>

@@ -14,14 +14,20 @@ namespace kestview {
 namespace {
 
 template <class Sample>
-void ReadSamples(const void* pixels, std::size_t first, std::vector<double>& values) {
-    const Sample* samples = static_cast<const Sample*>(pixels) + first;
+void ReadRow(const Sample* samples, std::vector<double>& values) {
     std::copy(samples, samples + values.size(), values.begin());
 }
 
+void ReadRow(const RGBTRIPLE* pixel, std::vector<double>& values) {
+    for (double& value : values) {
+        // Whole weights: a gray's luminance is its own level.
+        value = (299 * pixel->rgbtRed + 587 * pixel->rgbtGreen + 114 * pixel->rgbtBlue) / 1000.0;
+        ++pixel;
+    }
+}
+
 template <class Sample>
-void WriteSamples(void* pixels, std::size_t first, const std::vector<double>& values) {
-    Sample* samples = static_cast<Sample*>(pixels) + first;
+void WriteRow(Sample* samples, const std::vector<double>& values) {
     constexpr double low = static_cast<double>(std::numeric_limits<Sample>::lowest());
     constexpr double high = static_cast<double>(std::numeric_limits<Sample>::max());
     for (std::size_t i = 0; i < values.size(); ++i)
@@ -29,61 +35,14 @@ void WriteSamples(void* pixels, std::size_t first, const std::vector<double>& va
             std::isnan(values[i]) ? Sample{} : static_cast<Sample>(std::clamp(std::nearbyint(values[i]), low, high));
 }
 
-void ReadRow(CcImage& image, const void* pixels, std::size_t first, std::vector<double>& values) {
-    switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16:
-            ReadSamples<std::uint16_t>(pixels, first, values);
-            return;
-        case KEST_IMAGE_INT32:
-            ReadSamples<std::int32_t>(pixels, first, values);
-            return;
-        case KEST_IMAGE_FLOAT:
-            ReadSamples<float>(pixels, first, values);
-            return;
-        case KEST_IMAGE_RGB:
-        case KEST_IMAGE_HSL: {
-            const unsigned char* pixel = static_cast<const unsigned char*>(pixels) + 3 * first;
-            for (double& value : values) {
-                // Whole weights: a gray's luminance is its own level.
-                value = (299 * pixel[2] + 587 * pixel[1] + 114 * pixel[0]) / 1000.0;
-                pixel += 3;
-            }
-            return;
-        }
-        default:
-            ReadSamples<unsigned char>(pixels, first, values);
-            return;
-    }
+void WriteRow(float* samples, const std::vector<double>& values) {
+    std::transform(values.begin(), values.end(), samples, [](double value) { return static_cast<float>(value); });
 }
 
-void WriteRow(CcImage& image, void* pixels, std::size_t first, const std::vector<double>& values) {
-    switch (image.GetImageType()) {
-        case KEST_IMAGE_INT16:
-            WriteSamples<std::uint16_t>(pixels, first, values);
-            return;
-        case KEST_IMAGE_INT32:
-            WriteSamples<std::int32_t>(pixels, first, values);
-            return;
-        case KEST_IMAGE_FLOAT: {
-            float* samples = static_cast<float*>(pixels) + first;
-            std::transform(values.begin(), values.end(), samples,
-                           [](double value) { return static_cast<float>(value); });
-            return;
-        }
-        case KEST_IMAGE_RGB:
-        case KEST_IMAGE_HSL: {
-            unsigned char* pixel = static_cast<unsigned char*>(pixels) + 3 * first;
-            for (const double value : values) {
-                std::memset(pixel,
-                            std::isnan(value) ? 0 : static_cast<int>(std::nearbyint(std::clamp(value, 0.0, 255.0))), 3);
-                pixel += 3;
-            }
-            return;
-        }
-        default:
-            WriteSamples<unsigned char>(pixels, first, values);
-            return;
-    }
+void WriteRow(RGBTRIPLE* pixels, const std::vector<double>& values) {
+    std::vector<unsigned char> levels(values.size());
+    WriteRow(levels.data(), values);
+    std::transform(levels.begin(), levels.end(), pixels, [](BYTE level) { return RGBTRIPLE{level, level, level}; });
 }
 
 bool IsColour(CcImage& image) {
@@ -98,9 +57,9 @@ std::unique_ptr<CcImage> ConvertImage(CcImage& source, int type) {
     auto target = MakeImage(type, size.cy, size.cx, source.GetName());
     const void* from = source.GetBitMapImageData();
     if (!target || !from) return nullptr;
-    void* to = target->GetBitMapImageData();
     if (IsColour(source) && IsColour(*target)) {
-        std::memcpy(to, from, 3 * static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+        std::memcpy(target->GetBitMapImageData(), from,
+                    3 * static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
     } else {
         // What is shown of wide samples, for the classes that hold no more than 8 bits.
         const bool isShown = ImageClassOf(source).isWide && !ImageClassOf(*target).isWide && type != KEST_IMAGE_BINARY;
@@ -110,13 +69,13 @@ std::unique_ptr<CcImage> ConvertImage(CcImage& source, int type) {
         for (int row = 0; row < size.cy; ++row) {
             const std::size_t first = static_cast<std::size_t>(row) * values.size();
             if (isShown)
-                ReadSamples<std::uint8_t>(levels.data(), first, values);
+                ReadRow(levels.data() + first, values);
             else
-                ReadRow(source, from, first, values);
+                KestVisitSamples(source, [&](const auto* pixels) { ReadRow(pixels + first, values); });
             if (type == KEST_IMAGE_BINARY)
                 for (double& value : values)
                     value = value != 0;
-            WriteRow(*target, to, first, values);
+            KestVisitSamples(*target, [&](auto* pixels) { WriteRow(pixels + first, values); });
             busy.Report(row + 1, size.cy);
         }
     }

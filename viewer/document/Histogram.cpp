@@ -12,8 +12,7 @@ namespace {
 
 /// False when memory was short.
 template <class Sample>
-bool CountSamples(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
-    const auto* samples = static_cast<const Sample*>(document.Image().GetBitMapImageData());
+bool Count(const Sample* samples, Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
     if (!samples) return true;
     const double low = static_cast<double>(histogram.low);
     const double span = static_cast<double>(histogram.high) - low;
@@ -31,10 +30,10 @@ bool CountSamples(Document& document, CcRoiBase* roi, Histogram& histogram, Busy
     });
 }
 
-/// Three bytes a pixel, the first channel last. False when memory was short.
-bool CountColours(Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
+/// The first channel stands last in a pixel. False when memory was short.
+bool Count(const RGBTRIPLE* colours, Document& document, CcRoiBase* roi, Histogram& histogram, Busy& busy) {
     CcImage& image = document.Image();
-    const auto* pixels = static_cast<const unsigned char*>(image.GetBitMapImageData());
+    const auto* pixels = reinterpret_cast<const unsigned char*>(colours);
     if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(&image)) {
         histogram.channels = {
             {"Hue", RGB(200, 120, 0), {}}, {"Saturation", RGB(150, 0, 150), {}}, {"Lightness", RGB(90, 90, 90), {}}};
@@ -61,10 +60,6 @@ std::optional<Histogram> MakeHistogram(Document& document, CcRoiBase* roi) {
     Busy busy("Counting");
     Histogram histogram;
     CcImage& image = document.Image();
-    if (document.Class().isColour) {
-        if (!CountColours(document, roi, histogram, busy)) return std::nullopt;
-        return histogram;
-    }
     histogram.channels = {{"Pixels", RGB(40, 70, 130), {}}};
     // The two values stand apart from the frame, at whole marks.
     if (image.GetImageType() == KEST_IMAGE_BINARY) histogram.low = -1, histogram.high = 4;
@@ -72,15 +67,9 @@ std::optional<Histogram> MakeHistogram(Document& document, CcRoiBase* roi) {
         histogram.low = document.WholeRange().x;
         histogram.high = document.WholeRange().y;
     }
-    const auto count = [&] {
-        switch (image.GetImageType()) {
-            case KEST_IMAGE_INT16: return CountSamples<unsigned short>(document, roi, histogram, busy);
-            case KEST_IMAGE_INT32: return CountSamples<int>(document, roi, histogram, busy);
-            case KEST_IMAGE_FLOAT: return CountSamples<float>(document, roi, histogram, busy);
-            default: return CountSamples<unsigned char>(document, roi, histogram, busy);
-        }
-    };
-    if (!count()) return std::nullopt;
+    const bool isCounted =
+        KestVisitSamples(image, [&](const auto* pixels) { return Count(pixels, document, roi, histogram, busy); });
+    if (!isCounted) return std::nullopt;
     return histogram;
 }
 

@@ -21,6 +21,20 @@ const ImageClass classes[] = {
     {KEST_IMAGE_FLOAT, "float gray", ".flt", false, true, Make<CcGrayImageFloat>},
 };
 
+int Normalise(CcImage& image, const unsigned short* samples, unsigned char* levels, SIZE size) {
+    return static_cast<CcGrayImageInt16&>(image).NormalizeInt16ToByteImage(samples, levels, size.cy, size.cx, 0);
+}
+int Normalise(CcImage& image, const int* samples, unsigned char* levels, SIZE size) {
+    return static_cast<CcGrayImageInt32&>(image).NormalizeInt32ToByteImage(samples, levels, size.cy, size.cx, 0);
+}
+int Normalise(CcImage& image, const float* samples, unsigned char* levels, SIZE size) {
+    return static_cast<CcGrayImageFloat&>(image).NormalizeFloatToByteImage(samples, levels, size.cy, size.cx, 0);
+}
+/// Images of other samples have no levels besides.
+int Normalise(CcImage&, const void*, unsigned char*, SIZE) {
+    return -1;
+}
+
 }  // namespace
 
 const ImageClass* ImageClassOf(int type) {
@@ -54,16 +68,8 @@ SIZE SizeOf(CcImage& image) {
 std::vector<std::uint8_t> ShownLevels(CcImage& image) {
     const SIZE size = SizeOf(image);
     std::vector<std::uint8_t> levels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
-    const void* samples = image.GetBitMapImageData();
-    int result = -1;
-    if (auto* int16 = dynamic_cast<CcGrayImageInt16*>(&image))
-        result = int16->NormalizeInt16ToByteImage(static_cast<const unsigned short*>(samples), levels.data(), size.cy,
-                                                  size.cx, 0);
-    else if (auto* int32 = dynamic_cast<CcGrayImageInt32*>(&image))
-        result = int32->NormalizeInt32ToByteImage(static_cast<const int*>(samples), levels.data(), size.cy, size.cx, 0);
-    else if (auto* real = dynamic_cast<CcGrayImageFloat*>(&image))
-        result =
-            real->NormalizeFloatToByteImage(static_cast<const float*>(samples), levels.data(), size.cy, size.cx, 0);
+    const int result =
+        KestVisitSamples(image, [&](const auto* samples) { return Normalise(image, samples, levels.data(), size); });
     if (result < 0) levels.clear();
     return levels;
 }
