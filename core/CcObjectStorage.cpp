@@ -3,7 +3,7 @@
 #include "CcObjectStorage.h"
 
 #include "CcFileObjectStorage.h"
-#include "core/ExactClass.h"
+#include "core/FunctionTable.h"
 #include "core/ObjectFactory.h"
 #include "core/StreamCall.h"
 #include "core/kernel/ObjectRecord.h"
@@ -49,7 +49,9 @@ int CcObjectStorage::PutObject(CcHLObject* pObject) {
 /// This stream, when it is a file that may transfer the bytes of an object together: a derived class can have a way of
 /// its own for each of them.
 CcFileObjectStorage* CcObjectStorage::GatheringFile() {
-    return kest::IsExactly<CcFileObjectStorage>(*this) ? static_cast<CcFileObjectStorage*>(this) : nullptr;
+    const CcFileObjectStorage file;
+    const bool isFile = kest::FunctionTableOf(this) == kest::FunctionTableOf(&file);
+    return isFile ? static_cast<CcFileObjectStorage*>(this) : nullptr;
 }
 
 int CcObjectStorage::PutRecord(CcHLObject& object, CcFileObjectStorage* outermostFile) {

@@ -13,7 +13,17 @@ namespace kest {
 namespace {
 HINSTANCE libraryModule = nullptr;
 }
-HINSTANCE LibraryModule() { return libraryModule; }
+
+HINSTANCE LibraryModule() {
+    return libraryModule;
+}
+
+bool IsInLibrary(const void* address) {
+    HMODULE module = nullptr;
+    return GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                              static_cast<const char*>(address), &module) &&
+           module == libraryModule;
+}
 }  // namespace kest
 
 #if defined(KEST_WITH_MFC)

@@ -8,4 +8,7 @@ namespace kest {
 /// Null until the library is loaded.
 HINSTANCE LibraryModule();
 
+/// True when the address of a function or constant lies in the library.
+bool IsInLibrary(const void* address);
+
 }  // namespace kest

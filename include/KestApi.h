@@ -39,6 +39,7 @@
 #include "KestExport.h"
 #include "KestHeapObject.h"
 #include "KestMeasure.h"
+#include "KestRoiFacts.h"
 #include "KestSamples.h"
 #include "KestTool.h"
 #include "KestToolHost.h"

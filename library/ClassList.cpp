@@ -60,6 +60,8 @@ constexpr ListedClass classes[] = {
 
 }  // namespace
 
-std::span<const ListedClass> ClassList() { return classes; }
+std::span<const ListedClass> ClassList() {
+    return classes;
+}
 
 }  // namespace kest

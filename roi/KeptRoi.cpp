@@ -1,49 +1,31 @@
 // What a ROI held before an operation that may fail.
 #include "roi/KeptRoi.h"
 
+#include <cstring>
+
 #include "core/kernel/TextField.h"
-#include "roi/OutlineMembers.h"
+#include "roi/RoiClasses.h"
 
 namespace kest {
-namespace {
-
-/// Calls `act` with the members of the class and the ROI, if it is an outline.
-template <class Act>
-void WithOutline(CcRoiBase& roi, Act act) {
-    switch (roi.GetROIType()) {
-        case KEST_ROI_FREEHAND: return act(static_cast<CcRoiFreeHand&>(roi));
-        case KEST_ROI_FREEHANDLINE: return act(static_cast<CcRoiFreeHandLine&>(roi));
-        case KEST_ROI_POLYLINE: return act(static_cast<CcRoiPolyLine&>(roi));
-        case KEST_ROI_POLYFREEHAND: return act(static_cast<CcRoiPolyFreeHand&>(roi));
-        default: return;
-    }
-}
-
-/// Of the record of a shape; 0 for every other ROI.
-std::size_t ShapeBytes(CcRoiBase& roi) {
-    switch (roi.GetROIType()) {
-        case KEST_ROI_RECT:
-        case KEST_ROI_ELLIPSE:
-        case KEST_ROI_LINE: return sizeof(RECT);
-        case KEST_ROI_POINT: return sizeof(tagPoints);
-        default: return 0;
-    }
-}
-
-}  // namespace
 
 void KeptRoi::Keep(CcRoiBase& source) {
     roi = &source;
     CopyCut(name, roi->GetName());
     isSelected = roi->IsROISelected();
-    if (const std::size_t bytes = ShapeBytes(*roi)) std::memcpy(&shape, roi->GetRoiImageCord(), bytes);
-    WithOutline(*roi, [this]<class Roi>(Roi& kept) { KestOutlineMembers<Roi>::MoveOut(kept, outline); });
+    const std::optional<RoiClass> known = RoiClassOf(roi->GetROIType());
+    if (!known) return;
+    std::memcpy(shape, roi->GetRoiImageCord(), BytesOf(known->facts.iRecord));
+    if (known->moveOut) known->moveOut(*roi, outline);
 }
 
 void KeptRoi::PutBack() {
     if (!roi) return;
-    if (ShapeBytes(*roi) > 0) roi->SetRoiImageCord(&shape);
-    WithOutline(*roi, [this]<class Roi>(Roi& kept) { KestOutlineMembers<Roi>::MoveBack(kept, outline); });
+    if (const std::optional<RoiClass> known = RoiClassOf(roi->GetROIType())) {
+        if (known->moveBack)
+            known->moveBack(*roi, outline);
+        else
+            roi->SetRoiImageCord(shape);
+    }
     roi->SetName(name);
     roi->SetSelected(isSelected);
     Forget();

@@ -28,7 +28,7 @@ private:
     CcRoiBase* roi = nullptr;  ///< the one that is kept
     char name[KEST_NAME_SIZE] = {};
     int isSelected = 0;
-    RECT shape = {};  ///< the record of a shape, in its first bytes
+    char shape[sizeof(RECT)] = {};  ///< the record of a shape
     KeptOutline outline;
 };
 

@@ -138,8 +138,8 @@ void Viewer::ButtonUp(POINT mouse) {
 }
 
 bool Viewer::IsDrawingPolygon() const {
-    return dragged && isNew &&
-           (dragged->GetROIType() == KEST_ROI_POLYFREEHAND || dragged->GetROIType() == KEST_ROI_POLYLINE);
+    KestRoiFacts facts;
+    return dragged && isNew && KestGetRoiFacts(dragged->GetROIType(), &facts) == 0 && facts.bVertices;
 }
 // [/move]
 

@@ -3,11 +3,9 @@
 #include <windows.h>
 
 #include <cstring>
-#include <fstream>
 #include <string>
 
 #include "KestApi.h"
-#include "support/Bytes.h"
 
 namespace {
 
@@ -23,7 +21,7 @@ std::string ContentOf(HANDLE file) {
 struct Folder {
     Folder() {
         CreateDirectoryA("whole", nullptr);
-        std::ofstream("whole\\a.txt") << "the old text";
+        Put("whole\\a.txt", "the old text");
     }
     ~Folder() {
         for (const char* path : {"whole\\a.txt", "whole\\b.txt"}) {
@@ -32,12 +30,20 @@ struct Folder {
         }
         EXPECT_TRUE(RemoveDirectoryA("whole")) << "something was left beside the file";
     }
-    static HANDLE Open(DWORD sharing) {
-        return CreateFileA("whole\\a.txt", GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+    static void Put(const char* path, const std::string& text) {
+        const HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        DWORD length = 0;
+        WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
+        CloseHandle(file);
+    }
+    static HANDLE Open(DWORD sharing, const char* path = "whole\\a.txt") {
+        return CreateFileA(path, GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
     }
     static std::string Text(const char* path = "whole\\a.txt") {
-        const auto bytes = test::TemporaryFile::ReadAll(path);
-        return {bytes.begin(), bytes.end()};
+        const HANDLE file = Open(FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, path);
+        const std::string text = ContentOf(file);
+        CloseHandle(file);
+        return text;
     }
 };
 
@@ -75,7 +81,7 @@ TEST(KestWholeFile, ReplacesTheOldFileOrLeavesIt) {
     KestWholeFile lent("whole\\a.txt");
     const std::string path = lent.LendPath();
     EXPECT_EQ(path.substr(path.size() - 4), ".txt");
-    std::ofstream(path) << "by another";
+    Folder::Put(path.c_str(), "by another");
     EXPECT_EQ(Folder::Text(), "new");
     EXPECT_EQ(lent.Replace(), 0);
     EXPECT_EQ(Folder::Text(), "by another");

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "KestApi.h"
-#include "support/KnownRois.h"
 #include "support/Streams.h"
 
 namespace test {

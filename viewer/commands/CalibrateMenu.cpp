@@ -1,29 +1,28 @@
 // The Calibrate menu.
 #include "commands/Commands.h"
-#include "dialogs/CalibrationFiles.h"
-#include "res/Resource.h"
 #include "window/MainWindow.h"
 
 namespace kestview {
 
 void CalibratePoints(MainWindow& main, int) {
-    main.ShowPane(ID_CALIBRATE_POINTS);
+    main.SetRoiTool(selectTool);
+    main.ShowSidePage(CalibrationPage);
 }
 
 bool IsCalibratePoints(MainWindow& main, int) {
-    return main.IsPaneShown(ID_CALIBRATE_POINTS);
+    return main.IsSideShown() && main.ShownSidePage() == CalibrationPage;
 }
 
 void CalibrateOpen(MainWindow& main, int) {
-    OpenCalibration(main, *main.Active());
+    main.Calibration().OpenFile();
 }
 
 void CalibrateSave(MainWindow& main, int) {
-    SaveCalibration(main, *main.Active());
+    main.Calibration().SaveFile();
 }
 
 void CalibrateRemove(MainWindow& main, int) {
-    RemoveCalibration(main, *main.Active());
+    main.Calibration().Remove();
 }
 
 bool IsCalibrated(MainWindow& main, int) {

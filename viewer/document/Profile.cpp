@@ -7,46 +7,17 @@
 namespace kestview {
 namespace {
 
-/// The corners of the way along a ROI, in image coordinates.
+/// The corners of the way along a ROI, in image coordinates: of an outline not the stairs of its pixels, but the lines
+/// that they stand for.
 std::vector<tagPoints> PathOf(CcRoiBase& roi) {
-    const auto at = [](double x, double y) { return tagPoints{static_cast<float>(x), static_cast<float>(y)}; };
+    constexpr int ellipseCorners = 180;
     std::vector<tagPoints> path;
-    switch (roi.GetROIType()) {
-        case KEST_ROI_LINE: {
-            const auto* line = static_cast<const int*>(roi.GetRoiImageCord());
-            path = {at(line[0], line[1]), at(line[2], line[3])};
-            break;
-        }
-        case KEST_ROI_RECT: {
-            const RECT& r = *static_cast<const RECT*>(roi.GetRoiImageCord());
-            path = {at(r.left, r.bottom), at(r.right, r.bottom), at(r.right, r.top), at(r.left, r.top),
-                    at(r.left, r.bottom)};
-            break;
-        }
-        case KEST_ROI_ELLIPSE: {
-            const RECT& r = *static_cast<const RECT*>(roi.GetRoiImageCord());
-            const double a = (r.right - r.left) / 2.0, b = (r.top - r.bottom) / 2.0;
-            constexpr int corners = 180;
-            constexpr double fullTurn = 6.283185307179586;
-            for (int i = 0; i <= corners; ++i)
-                path.push_back(at(r.left + a + a * std::cos(fullTurn * i / corners),
-                                  r.bottom + b + b * std::sin(fullTurn * i / corners)));
-            break;
-        }
-        case KEST_ROI_FREEHAND:
-        case KEST_ROI_FREEHANDLINE:
-        case KEST_ROI_POLYLINE:
-        case KEST_ROI_POLYFREEHAND: {
-            // Not the stairs of its pixels, but the lines that they stand for.
-            path.resize(static_cast<std::size_t>(std::max(0, KestOutlineCorners(&roi, nullptr, 0))));
-            KestOutlineCorners(&roi, path.data(), static_cast<int>(path.size()));
-            const bool isClosed = roi.GetROIType() == KEST_ROI_FREEHAND || roi.GetROIType() == KEST_ROI_POLYFREEHAND;
-            if (isClosed && !path.empty()) path.push_back(path.front());
-            break;
-        }
-        default:
-            break;
-    }
+    KestVisitRoiCorners(&roi, KEST_BORDER_CENTRES, ellipseCorners, [&path](double x, double y) {
+        path.push_back({static_cast<float>(x), static_cast<float>(y)});
+    });
+    KestRoiFacts facts;
+    const bool isClosed = KestGetRoiFacts(roi.GetROIType(), &facts) == KEST_OK && facts.bClosed;
+    if (isClosed && !path.empty()) path.push_back(path.front());
     return path;
 }
 

@@ -9,14 +9,10 @@
 namespace kestview {
 namespace {
 
-bool IsPoint(CcRoiBase& roi) {
-    return roi.GetROIType() == KEST_ROI_POINT;
-}
-
-bool IsOutline(CcRoiBase& roi) {
-    const int type = roi.GetROIType();
-    return type == KEST_ROI_FREEHAND || type == KEST_ROI_FREEHANDLINE || type == KEST_ROI_POLYLINE ||
-           type == KEST_ROI_POLYFREEHAND;
+KestRoiRecord RecordOf(CcRoiBase& roi) {
+    KestRoiFacts facts = {};
+    KestGetRoiFacts(roi.GetROIType(), &facts);
+    return facts.iRecord;
 }
 
 constexpr int left = 0, top = 1, right = 2, bottom = 3;  // of the sides
@@ -33,12 +29,12 @@ RoiEdit::RoiEdit(CcRoiBase& newRoi, int hitCode, SIZE picture) : roi(newRoi) {
     const auto addX = [&](long x) { low.x = std::min(low.x, x), high.x = std::max(high.x, x); };
     const auto addY = [&](long y) { low.y = std::min(low.y, y), high.y = std::max(high.y, y); };
     const void* record = roi.GetRoiImageCord();
-    if (IsOutline(roi)) {
+    if (RecordOf(roi) == KEST_RECORD_OUTLINE) {
         const auto& group = *static_cast<const PixelGroupTag*>(record);
         if (group.stPOINTS) outline.assign(group.stPOINTS, group.stPOINTS + group.iNumOfPoints);
         for (const POINT& pixel : outline)
             addX(pixel.x), addY(pixel.y);
-    } else if (IsPoint(roi)) {
+    } else if (RecordOf(roi) == KEST_RECORD_POINT) {
         point = *static_cast<const tagPoints*>(record);
         addX(std::lround(std::floor(point.x))), addY(std::lround(std::floor(point.y)));
     } else {
@@ -67,7 +63,7 @@ void RoiEdit::MoveSides(POINT distance) {
     for (std::size_t i = 0; i < moved.size(); ++i)
         if (isHeld[i]) moved[i] += static_cast<int>(i % 2 == 0 ? distance.x : distance.y);
     // A handle can be drawn past the opposite side.
-    if (roi.GetROIType() != KEST_ROI_LINE) {
+    if (RecordOf(roi) != KEST_RECORD_LINE) {
         if (moved[left] > moved[right]) std::swap(moved[left], moved[right]);
         if (moved[bottom] > moved[top]) std::swap(moved[bottom], moved[top]);
     }
@@ -78,11 +74,11 @@ void RoiEdit::MoveBy(POINT distance) {
     distance.x = std::clamp(distance.x, across.least, across.most);
     distance.y = std::clamp(distance.y, up.least, up.most);
     hasMoved = distance.x != 0 || distance.y != 0;
-    if (IsOutline(roi)) {
+    if (RecordOf(roi) == KEST_RECORD_OUTLINE) {
         POINT* points = static_cast<PixelGroupTag*>(roi.GetRoiImageCord())->stPOINTS;
         for (const POINT& pixel : outline)
             *points++ = {pixel.x + distance.x, pixel.y + distance.y};
-    } else if (IsPoint(roi)) {
+    } else if (RecordOf(roi) == KEST_RECORD_POINT) {
         tagPoints moved = {point.x + static_cast<float>(distance.x), point.y + static_cast<float>(distance.y)};
         roi.SetRoiImageCord(&moved);
     } else {

@@ -12,14 +12,14 @@ std::unique_ptr<CcRoiBase> Make() {
 }  // namespace
 
 const RoiKind roiKinds[roiKindCount] = {
-    {KEST_ROI_POINT, "Point", false, Make<CcRoiPoint>},
-    {KEST_ROI_LINE, "Line", false, Make<CcRoiLine>},
-    {KEST_ROI_RECT, "Rectangle", false, Make<CcRoiRect>},
-    {KEST_ROI_ELLIPSE, "Ellipse", false, Make<CcRoiEllipse>},
-    {KEST_ROI_FREEHAND, "Freehand area", false, Make<CcRoiFreeHand>},
-    {KEST_ROI_FREEHANDLINE, "Freehand line", false, Make<CcRoiFreeHandLine>},
-    {KEST_ROI_POLYFREEHAND, "Polygon", true, Make<CcRoiPolyFreeHand>},
-    {KEST_ROI_POLYLINE, "Polyline", true, Make<CcRoiPolyLine>},
+    {KEST_ROI_POINT, "Point", Make<CcRoiPoint>},
+    {KEST_ROI_LINE, "Line", Make<CcRoiLine>},
+    {KEST_ROI_RECT, "Rectangle", Make<CcRoiRect>},
+    {KEST_ROI_ELLIPSE, "Ellipse", Make<CcRoiEllipse>},
+    {KEST_ROI_FREEHAND, "Freehand area", Make<CcRoiFreeHand>},
+    {KEST_ROI_FREEHANDLINE, "Freehand line", Make<CcRoiFreeHandLine>},
+    {KEST_ROI_POLYFREEHAND, "Polygon", Make<CcRoiPolyFreeHand>},
+    {KEST_ROI_POLYLINE, "Polyline", Make<CcRoiPolyLine>},
 };
 
 const RoiKind* RoiKindOf(int type) {

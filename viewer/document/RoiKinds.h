@@ -10,7 +10,6 @@ namespace kestview {
 struct RoiKind {
     int type;           ///< one of KestRoiType
     const char* label;  ///< as the results table calls it
-    bool hasVertices;   ///< clicks fix vertices; a double click, the right button or Enter ends it
     std::unique_ptr<CcRoiBase> (*make)();
 };
 

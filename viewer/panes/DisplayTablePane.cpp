@@ -9,6 +9,7 @@
 
 #include "platform/Text.h"
 #include "res/Resource.h"
+#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {
@@ -46,8 +47,8 @@ void DisplayTablePane::OnInit() {
 }
 
 void DisplayTablePane::Refresh(unsigned change) {
-    if (change & TableChosen) graph.FollowRanges();
-    if (change & (PictureChanged | TableChosen)) UpdateSoon();
+    if (change == EverythingChanged) graph.FollowRanges();
+    if (change & PictureChanged) UpdateSoon();
 }
 
 /// All samples, and what is shown of their range.
@@ -155,8 +156,8 @@ void DisplayTablePane::TakeCurves() {
 }
 
 void DisplayTablePane::ShowAtOnce() {
-    host.RepaintPicture();
-    UpdateWindow(host.Canvas());
+    main.View().Refresh(DisplayChanged);
+    UpdateWindow(main.View().Canvas());
 }
 
 void DisplayTablePane::Reset() {

@@ -73,7 +73,9 @@ void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
     drawn = kind ? kind->make() : nullptr;
     if (!drawn) return;
     dragShown = shown;
-    hasVertices = kind->hasVertices;
+    KestRoiFacts facts = {};
+    KestGetRoiFacts(tool, &facts);
+    hasVertices = facts.bVertices;
     lastMouse = mouse;
     isDragging = true;
     ApplyRoiLook(*drawn, shown.penZoom);

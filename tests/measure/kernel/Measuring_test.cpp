@@ -1,66 +1,14 @@
-// Straight lines in pixel chains, and the pixels under a ROI.
+// The pixels under a ROI.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <numbers>
 #include <random>
 #include <vector>
 
-#include "measure/kernel/OutlineLines.h"
 #include "measure/kernel/PixelRuns.h"
-#include "roi/kernel/OutlineRaster.h"
-
-using kest::IntPoint;
-
-namespace {
-
-struct Lines {
-    int count = 0;
-    double length = 0;
-
-    explicit Lines(std::span<const IntPoint> chain) {
-        kest::VisitStraightLines(chain, false, [this](IntPoint from, IntPoint to) {
-            ++count;
-            length += std::hypot(static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y);
-        });
-    }
-    /// Of the pixels drawn from point to point.
-    static Lines Drawn(std::span<const IntPoint> points) {
-        const auto starts = points.first(points.size() - 1), ends = points.subspan(1);
-        std::vector<IntPoint> chain(static_cast<std::size_t>(kest::RasterLength(starts, ends)));
-        kest::RasteriseOutline(starts, ends, chain);
-        return Lines(chain);
-    }
-};
-
-}  // namespace
-
-TEST(OutlineLines, MeasureTheShapeAndNotTheStairs) {
-    EXPECT_EQ(Lines({}).count, 0);
-    // Gaps and repeated pixels.
-    const IntPoint gaps[] = {{0, 0}, {0, 0}, {30, 40}, {30, 41}, {30, 41}, {30, 42}, {INT32_MAX, 42}};
-    EXPECT_DOUBLE_EQ(Lines(gaps).length, 50.0 + 2.0 + INT32_MAX - 30.0);
-
-    std::mt19937 random(9);
-    std::uniform_int_distribution<int> coordinate(30, 2000);
-    for (int i = 0; i < 50; ++i) {
-        const IntPoint ends[] = {{0, 0}, {coordinate(random), coordinate(random)}};
-        const Lines lines = Lines::Drawn(ends);
-        EXPECT_EQ(lines.count, 1);
-        EXPECT_NEAR(lines.length, std::hypot(ends[1].x, ends[1].y), 1.5);
-    }
-    std::vector<IntPoint> circle;
-    for (int degree = 0; degree <= 360; degree += 2) {
-        const double angle = degree * std::numbers::pi / 180;
-        circle.push_back({static_cast<int>(std::lround(300 * std::cos(angle))),
-                          static_cast<int>(std::lround(300 * std::sin(angle)))});
-    }
-    // Along the stairs it would be 5 % longer.
-    EXPECT_NEAR(Lines::Drawn(circle).length / (600 * std::numbers::pi), 1.0, 0.005);
-}
 
 TEST(PixelRuns, AreClippedSortedAndJoined) {
     KestSpan runs[] = {{12, 14}, {-5, 2}, {7, 7}, {3, 4}, {13, 20}, {40, 30}, {-9, -1}, {100, 200}};
@@ -75,10 +23,13 @@ TEST(PixelStatistics, AreThoseOfTheFormulaInTwoPasses) {
     std::vector<std::uint8_t> bytes(30000);
     std::vector<std::int32_t> integers(10000);
     std::vector<float> floats(10000);
-    for (auto& value : bytes) value = static_cast<std::uint8_t>(random());
+    for (auto& value : bytes)
+        value = static_cast<std::uint8_t>(random());
     // Large values with a small spread lose everything in a sum of squares.
-    for (auto& value : integers) value = INT32_MAX - static_cast<std::int32_t>(random() % 5);
-    for (auto& value : floats) value = 1e6F + static_cast<float>(random() % 4) / 4;
+    for (auto& value : integers)
+        value = INT32_MAX - static_cast<std::int32_t>(random() % 5);
+    for (auto& value : floats)
+        value = 1e6F + static_cast<float>(random() % 4) / 4;
     std::vector<double> luminances;
     for (std::size_t i = 0; i < bytes.size(); i += 3)
         luminances.push_back((114 * bytes[i] + 587 * bytes[i + 1] + 299 * bytes[i + 2]) / 1000.0);
@@ -90,8 +41,10 @@ TEST(PixelStatistics, AreThoseOfTheFormulaInTwoPasses) {
         for (std::size_t first = 0, length = 0; first < all.size(); first += length * unit, length = 3 * length + 1)
             add(statistics, all.subspan(first, std::min(length * unit, all.size() - first)));
         double mean = 0, squares = 0;
-        for (const double value : values) mean += value / static_cast<double>(values.size());
-        for (const double value : values) squares += (value - mean) * (value - mean);
+        for (const double value : values)
+            mean += value / static_cast<double>(values.size());
+        for (const double value : values)
+            squares += (value - mean) * (value - mean);
         EXPECT_EQ(statistics.count, static_cast<std::int64_t>(values.size()));
         EXPECT_NEAR(statistics.mean / mean, 1.0, 1e-12);
         EXPECT_NEAR(statistics.StandardDeviation(), std::sqrt(squares / static_cast<double>(values.size())), 1e-6);

@@ -13,16 +13,18 @@ namespace kest {
 /// are a line of their own. `first` itself for the last pixel. Pixels that repeat their predecessor are passed over.
 std::size_t EndOfStraightLine(std::span<const IntPoint> chain, std::size_t first);
 
-/// Calls visit(from, to) for each of the lines that make up the chain, and for the line back to the first pixel when it
-/// is closed.
+/// Calls visit(pixel) for the first pixel of the chain and for the end of each of the lines that make it up, and tells
+/// how many these are.
 template <class Visit>
-void VisitStraightLines(std::span<const IntPoint> chain, bool isClosed, Visit visit) {
-    for (std::size_t from = 0; from + 1 < chain.size();) {
-        const std::size_t to = EndOfStraightLine(chain, from);
-        visit(chain[from], chain[to]);
-        from = to;
+int VisitCorners(std::span<const IntPoint> chain, Visit visit) {
+    if (chain.empty()) return 0;
+    int count = 1;
+    visit(chain.front());
+    for (std::size_t at = 0; at + 1 < chain.size(); ++count) {
+        at = EndOfStraightLine(chain, at);
+        visit(chain[at]);
     }
-    if (isClosed && chain.size() > 1) visit(chain.back(), chain.front());
+    return count;
 }
 
 }  // namespace kest

@@ -4,7 +4,7 @@
 // diagonal. Counting all steps as x and the diagonal ones as y brings every line into one octant, without coordinates.
 // There the pixels of a line are those with bound <= a x - b y < bound + b; a pixel that lies just beyond makes the
 // line turn about the pixels it leans on.
-#include "measure/kernel/OutlineLines.h"
+#include "roi/kernel/OutlineLines.h"
 
 #include "core/kernel/CheckedSize.h"
 
