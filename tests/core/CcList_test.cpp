@@ -6,6 +6,7 @@
 
 #include "support/Census.h"
 #include "support/Dialogs.h"
+#include "support/KnownRois.h"
 #include "support/Streams.h"
 
 using test::Bytes;
@@ -46,50 +47,52 @@ struct Letters {
     Letters() {
         for (Counted* letter : {&a, &b, &c}) list.InsertTail(letter);
     }
+    /// What a step gave, and the list behind it.
+    void Expect(int result, int wanted, const char* state) {
+        EXPECT_EQ(result, wanted) << state;
+        EXPECT_EQ(StateOf(list), state);
+    }
+    void Expect(CcHLObject* found, CcHLObject* wanted, const char* state) {
+        EXPECT_EQ(found, wanted) << state;
+        EXPECT_EQ(StateOf(list), state);
+    }
 };
 
 }  // namespace
 
-TEST(CcList, WalkingAndLookingUp) {
+TEST(CcList, WalksAndLooksUp) {
     CcList empty;
     for (CcHLObject* none : {empty.GetHead(), empty.GetTail(), empty.GetNext(), empty.GetPrev(), empty.GetViaName("a")})
         EXPECT_EQ(none, nullptr);
 
     Letters with;
     CcList& list = with.list;
-    EXPECT_EQ(list.GetHead(), &with.a);
-    EXPECT_EQ(list.GetPrev(), nullptr);
-    EXPECT_EQ(list.GetNext(), &with.b);
-    EXPECT_EQ(list.GetNext(), &with.c);
-    EXPECT_EQ(list.GetNext(), nullptr);
-    EXPECT_EQ(list.GetPrev(), &with.b);
-    EXPECT_EQ(list.GetViaName("C"), nullptr);
-    EXPECT_EQ(StateOf(list), "abc 1 -1");
-    EXPECT_EQ(list.GetViaName("c"), &with.c);
-    for (const int outside : {3, -1}) EXPECT_EQ(list.GetAtIndex(outside), nullptr);
+    with.Expect(list.GetHead(), &with.a, "abc 0 -1");
+    with.Expect(list.GetPrev(), nullptr, "abc 0 -1");
+    with.Expect(list.GetNext(), &with.b, "abc 1 -1");
+    with.Expect(list.GetNext(), &with.c, "abc 2 -1");
+    with.Expect(list.GetNext(), nullptr, "abc 2 -1");
+    with.Expect(list.GetPrev(), &with.b, "abc 1 -1");
+    with.Expect(list.GetViaName("C"), nullptr, "abc 1 -1");
+    with.Expect(list.GetViaName("c"), &with.c, "abc 2 -1");
+    for (const int outside : {3, -1}) with.Expect(list.GetAtIndex(outside), nullptr, "abc 2 -1");
     EXPECT_EQ(list.GetSelected(), nullptr);
-    EXPECT_EQ(list.SelectObjectAtIndex(1), 0);
-    EXPECT_EQ(list.GetTail(), &with.c);
-    EXPECT_EQ(StateOf(list), "abc 2 1");
-    EXPECT_EQ(list.GetSelected(), &with.b);
-    for (const int outside : {3, -2}) EXPECT_EQ(list.SelectObjectAtIndex(outside), -1);
-    EXPECT_EQ(StateOf(list), "abc 1 1");
-    EXPECT_EQ(list.SelectObjectAtIndex(-1), 0);
-    EXPECT_EQ(StateOf(list), "abc 1 -1");
+    with.Expect(list.SelectObjectAtIndex(1), 0, "abc 1 1");
+    with.Expect(list.GetTail(), &with.c, "abc 2 1");
+    with.Expect(list.GetSelected(), &with.b, "abc 1 1");
+    for (const int outside : {3, -2}) with.Expect(list.SelectObjectAtIndex(outside), -1, "abc 1 1");
+    with.Expect(list.SelectObjectAtIndex(-1), 0, "abc 1 -1");
 }
 
 TEST(CcList, InsertsMoveCursorsAsStated) {
     Letters with;
     Counted x("x"), y("y"), z("z");
     with.list.SelectObjectAtIndex(1);  // b
-    EXPECT_EQ(with.list.InsertHead(&x), 0);
-    EXPECT_EQ(StateOf(with.list), "xabc 0 2");
-    EXPECT_EQ(with.list.InsertAtIndex(&y, 2), 0);
-    EXPECT_EQ(StateOf(with.list), "xaybc 2 3");
-    for (const int outside : {5, -1}) EXPECT_EQ(with.list.InsertAtIndex(&z, outside), -1);
+    with.Expect(with.list.InsertHead(&x), 0, "xabc 0 2");
+    with.Expect(with.list.InsertAtIndex(&y, 2), 0, "xaybc 2 3");
+    for (const int outside : {5, -1}) with.Expect(with.list.InsertAtIndex(&z, outside), -1, "xaybc 2 3");
     with.list.GetAtIndex(1);
-    EXPECT_EQ(with.list.InsertSelected(&z), 0);
-    EXPECT_EQ(StateOf(with.list), "xzaybc 1 1");
+    with.Expect(with.list.InsertSelected(&z), 0, "xzaybc 1 1");
 
     CcList empty;
     EXPECT_EQ(empty.InsertAtIndex(&x, 0), -1);
@@ -100,32 +103,25 @@ TEST(CcList, InsertsMoveCursorsAsStated) {
 }
 
 TEST(CcList, DeletesMoveCursorsAsStated) {
-    Letters with;
-    CcList& list = with.list;
-    list.SelectObjectAtIndex(2);
-    EXPECT_EQ(list.DeleteAtIndex(0), 0);
-    EXPECT_EQ(list.GetSelected(), &with.c);
-    EXPECT_EQ(StateOf(list), "bc 1 1");
-    EXPECT_EQ(list.DeleteAtIndex(2), -1);
-    EXPECT_EQ(list.DeleteSelected(), 0);
-    EXPECT_EQ(StateOf(list), "b 0 -1");
-    EXPECT_EQ(list.DeleteSelected(), -1);
-    EXPECT_EQ(list.DeleteTail(), 0);
-    EXPECT_EQ(StateOf(list), " -1 -1");
-    EXPECT_EQ(list.DeleteTail(), -1);
-    EXPECT_EQ(list.DeleteHead(), -1);
-    EXPECT_EQ(list.InsertSelected(&with.a), -1);
+    Letters with, more;
+    with.list.SelectObjectAtIndex(2);
+    EXPECT_EQ(with.list.DeleteAtIndex(0), 0);
+    with.Expect(with.list.GetSelected(), &with.c, "bc 1 1");
+    with.Expect(with.list.DeleteAtIndex(2), -1, "bc 1 1");
+    with.Expect(with.list.DeleteSelected(), 0, "b 0 -1");
+    with.Expect(with.list.DeleteSelected(), -1, "b 0 -1");
+    with.Expect(with.list.DeleteTail(), 0, " -1 -1");
+    with.Expect(with.list.DeleteTail(), -1, " -1 -1");
+    with.Expect(with.list.DeleteHead(), -1, " -1 -1");
+    with.Expect(with.list.InsertSelected(&with.a), -1, " -1 -1");
 
-    Letters more;
     Counted second("b");
     more.list.InsertTail(&second);
-    EXPECT_EQ(more.list.DeleteViaName("b"), 0);
-    EXPECT_EQ(more.list.DeleteViaName("none"), -1);
-    EXPECT_EQ(more.list.DeleteHead(), 0);
-    EXPECT_EQ(StateOf(more.list), "cb 0 -1");
-    EXPECT_EQ(more.list.DeleteTail(), 0);
-    EXPECT_EQ(more.list.DeleteHead(), 0);
-    EXPECT_EQ(StateOf(more.list), " 0 -1");
+    more.Expect(more.list.DeleteViaName("b"), 0, "acb 1 -1");
+    more.Expect(more.list.DeleteViaName("none"), -1, "acb 1 -1");
+    more.Expect(more.list.DeleteHead(), 0, "cb 0 -1");
+    more.Expect(more.list.DeleteTail(), 0, "c 0 -1");
+    more.Expect(more.list.DeleteHead(), 0, " 0 -1");
 }
 
 TEST(CcList, DestructionTypeSaysWhoDeletes) {
@@ -167,15 +163,13 @@ TEST(CcList, GrowsInTimeAndStaysInsideTheArray) {
 }
 
 TEST(CcList, StreamFormToTheByteAndBack) {
-    CcRoiRect first, second;
-    first.SetName("one");
-    second.SetName("two");
-    RECT rect = {1, 9, 5, 2};
-    first.SetRoiImageCord(&rect);
+    const auto first = test::Boxed<CcRoiRect>({1, 9, 5, 2}), second = test::Boxed<CcRoiRect>({});
+    first->SetName("one");
+    second->SetName("two");
     CcList list;
     list.SetName("rois");
-    list.InsertTail(&first);
-    list.InsertTail(&second);
+    list.InsertTail(first.get());
+    list.InsertTail(second.get());
     list.SelectObjectAtIndex(0);
     const auto rectRecord = [](const char* name, int left, int top, int right, int bottom) {
         Bytes bag = Bytes().I32(1).Add(test::PropertyEntry("CcRoiRect::stImageRect", 5, 0, 16));
@@ -210,14 +204,14 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     for (int depth = 0; depth < 5; ++depth) nested = Record("CcList", "", ListBag(0, 2, -1, 0).Add(nested).Add(bag));
     CcRoiRect rect;
     const Bytes roi = test::StoredBytes(rect);
-    CcHLObject* made = nullptr;
+    // The last one breaks off behind a nested list.
+    const Bytes breaksOff = Record("CcList", "", ListBag(0, 3, -1, 0).Add(nested));
     test::Census before;
     for (int round = 0; round < 3; ++round) {
         if (round == 1) before = test::TakeCensus();
-        for (const Bytes& member : {bag, nested, Bytes(roi).Add(nested)})
-            EXPECT_LT(HandMade(record(member, 2)).stream.GetNextObject(&made), 0);
-        // A list that breaks off behind a nested one.
-        EXPECT_LT(HandMade(Record("CcList", "", ListBag(0, 3, -1, 0).Add(nested))).stream.GetNextObject(&made), 0);
+        CcHLObject* made = nullptr;
+        for (const Bytes& bad : {record(bag, 2), record(nested, 2), record(Bytes(roi).Add(nested), 2), breaksOff})
+            EXPECT_LT(HandMade(bad).stream.GetNextObject(&made), 0);
     }
     EXPECT_EQ(test::TakeCensus(), before);
     const auto loaded = test::Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));

@@ -3,9 +3,11 @@
 #include <windows.h>
 
 #include <cstring>
+#include <fstream>
 #include <string>
 
 #include "KestApi.h"
+#include "support/Bytes.h"
 
 namespace {
 
@@ -21,7 +23,7 @@ std::string ContentOf(HANDLE file) {
 struct Folder {
     Folder() {
         CreateDirectoryA("whole", nullptr);
-        Put("whole\\a.txt", "the old text");
+        std::ofstream("whole\\a.txt") << "the old text";
     }
     ~Folder() {
         for (const char* path : {"whole\\a.txt", "whole\\b.txt"}) {
@@ -30,20 +32,12 @@ struct Folder {
         }
         EXPECT_TRUE(RemoveDirectoryA("whole")) << "something was left beside the file";
     }
-    static void Put(const char* path, const std::string& text) {
-        const HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-        DWORD length = 0;
-        WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
-        CloseHandle(file);
-    }
-    static HANDLE Open(DWORD sharing, const char* path = "whole\\a.txt") {
-        return CreateFileA(path, GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+    static HANDLE Open(DWORD sharing) {
+        return CreateFileA("whole\\a.txt", GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
     }
     static std::string Text(const char* path = "whole\\a.txt") {
-        const HANDLE file = Open(FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, path);
-        const std::string text = ContentOf(file);
-        CloseHandle(file);
-        return text;
+        const auto bytes = test::TemporaryFile::ReadAll(path);
+        return {bytes.begin(), bytes.end()};
     }
 };
 
@@ -81,7 +75,7 @@ TEST(KestWholeFile, ReplacesTheOldFileOrLeavesIt) {
     KestWholeFile lent("whole\\a.txt");
     const std::string path = lent.LendPath();
     EXPECT_EQ(path.substr(path.size() - 4), ".txt");
-    Folder::Put(path.c_str(), "by another");
+    std::ofstream(path) << "by another";
     EXPECT_EQ(Folder::Text(), "new");
     EXPECT_EQ(lent.Replace(), 0);
     EXPECT_EQ(Folder::Text(), "by another");

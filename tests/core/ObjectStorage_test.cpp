@@ -227,27 +227,6 @@ TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
     CloseHandle(server);
 }
 
-TEST(CcFileObjectStorage, TellsOfALargeValueThatIsLostBetweenSmallOnes) {
-    // A pipe that does not wait takes what fits into it: the records, but not the value between them.
-    struct Stream : CcFileObjectStorage {
-        using CcFileObjectStorage::hFile;
-    };
-    constexpr char name[] = "\\\\.\\pipe\\kest-full-disk";
-    const HANDLE server = CreateNamedPipeA(name, PIPE_ACCESS_INBOUND, PIPE_TYPE_BYTE | PIPE_NOWAIT, 1, 4096, 4096, 0,
-                                           nullptr);
-    ASSERT_NE(server, INVALID_HANDLE_VALUE);
-    Stream stream;
-    ASSERT_EQ(stream.Open(name, GENERIC_WRITE), 0);
-    DWORD mode = PIPE_READMODE_BYTE | PIPE_NOWAIT;
-    SetNamedPipeHandleState(stream.hFile, &mode, nullptr, nullptr);
-    CcPropertyBag bag;
-    const std::string blob(2000000, 'q');
-    bag.PutBlob("data", blob.data(), 2000000);
-    EXPECT_EQ(stream.PutObject(&bag), -11);
-    stream.Close();
-    CloseHandle(server);
-}
-
 TEST(CcFileObjectStorage, FileHoldsWhatTheMemoryStreamHolds) {
     const Bytes longOld = Bytes().Fill(5000, 0xEE);
     const test::TemporaryFile file("objects.ost", longOld);

@@ -45,19 +45,6 @@ TEST(Blocks, ACopyIsAssignedAnewThoughTheHandleWasUsedAgain) {
     EXPECT_TRUE(block.Owns());
 }
 
-TEST(CcHLObject, CountAndCopies) {
-    CcHLObject object;
-    EXPECT_EQ(object.DecReferenceCount(), -1);
-    EXPECT_EQ(object.IncReferenceCount(), 0);
-    object.SetName("one");
-    const CcHLObject copy(object);
-    CcHLObject twin;
-    twin = copy;
-    EXPECT_EQ(twin.GetReferenceCount(), 1);
-    EXPECT_STREQ(twin.GetName(), "one");
-    EXPECT_EQ(object.DecReferenceCount(), 0);
-}
-
 TEST(ValueObjects, TextsAreCut) {
     CcString text;
     EXPECT_EQ(text.SetString(std::string(400, 'x').c_str()), 0);

@@ -190,18 +190,15 @@ TYPED_TEST(ColourImages, ShownPixelByPixelAndCutOut) {
         }
         EXPECT_EQ(wrong, 0) << width << " zoom " << zoom;
     }
-    CcRoiEllipse roi;
-    roi.SetName("roi");
-    RECT rect = {3, 25, 14, 4};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 9, 1));
+    const auto roi = test::Boxed<CcRoiEllipse>({3, 25, 14, 4});
+    roi->SetName("roi");
+    const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 9, 1));
     ASSERT_NE(dynamic_cast<TypeParam*>(region.get()), nullptr);
     EXPECT_STREQ(region->GetName(), "image-roi");
     std::vector<std::uint8_t> expected(3 * 12 * 21, 9);
     for (int y = 4; y < 25; ++y) {
-        int count = 0;
-        const int* columns = roi.GetXBoundary(y, &count);
-        for (int i = 0; i + 1 < count; ++i) {
+        const std::vector<int> columns = test::RowOf(*roi, y);
+        for (std::size_t i = 0; i + 1 < columns.size(); ++i) {
             const test::PatternColour colour(columns[i], y);
             std::copy_n(&colour.blue, 3, &expected[3 * ((y - 4) * 12 + columns[i] - 3)]);
         }

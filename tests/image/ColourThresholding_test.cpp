@@ -147,10 +147,8 @@ TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
     EXPECT_EQ(PlaneOf(loaded, 3), Pixels(9));
     EXPECT_EQ(loaded.DoConvert(), 0);
     EXPECT_EQ(PlaneOf(loaded, 3), PlaneOf(image, 3));
-    CcRoiRect roi;
-    RECT rect = {1, 1, 3, 0};
-    roi.SetRoiImageCord(&rect);
-    const std::unique_ptr<CcImage> region(image.GetRegion(&roi, 0, 0));
+    const auto roi = test::Boxed<CcRoiRect>({1, 1, 3, 0});
+    const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 0, 0));
     const Pixels plane = PlaneOf(image, 3);
     EXPECT_EQ(PlaneOf(static_cast<Cc24BitHSLImage&>(*region), 2), Pixels(plane.begin() + 3, plane.end()));
 }

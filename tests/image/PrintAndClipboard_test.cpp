@@ -1,7 +1,6 @@
-// Images on a rendered page, and on the clipboard as this and another process read it.
+// Images on a rendered page and on the clipboard.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <memory>
 
 #include "image/Support.h"
@@ -37,8 +36,6 @@ Picture ClipboardPicture() {
     CloseClipboard();
     return picture;
 }
-
-constexpr char childFile[] = "clipboard-child.bin";
 
 }  // namespace
 
@@ -138,38 +135,4 @@ TEST(Clipboard, ColourPictureMakesNoOverlay) {
         EXPECT_EQ(wrong, 0) << overlay;
         image.GetOverlay()[2 * 21 + 3] = 13;
     }
-}
-
-TEST(Clipboard, AnotherProcessReadsIt) {
-    test::TestWindow window(50, 50);
-    CcBinaryImage image;
-    image.MakeBlankBMP(31, 27, 0, "mask");
-    static_cast<unsigned char*>(image.GetBitMapImageData())[5 * 27 + 3] = 1;
-    ASSERT_EQ(image.CopyToClipboard(window, 0, nullptr), 0);
-
-    char program[MAX_PATH];
-    GetModuleFileNameA(nullptr, program, sizeof program);
-    std::string command = '"' + std::string(program) +
-                          "\" --gtest_also_run_disabled_tests --gtest_filter=Clipboard.DISABLED_ReadByTheChild";
-    const test::TemporaryFile file(childFile);
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process;
-    ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
-    while (WaitForSingleObject(process.hProcess, 10) == WAIT_TIMEOUT) test::PumpMessages(10);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    std::vector<unsigned> expected(31 * 27, 0xFFFFFF);
-    expected[(30 - 5) * 27 + 3] = 0;
-    const auto content = file.Content();
-    ASSERT_EQ(content.size(), expected.size() * sizeof(unsigned));
-    EXPECT_EQ(std::memcmp(content.data(), expected.data(), content.size()), 0);
-}
-
-/// Run by the test above in a process of its own.
-TEST(Clipboard, DISABLED_ReadByTheChild) {
-    const Picture picture = ClipboardPicture();
-    std::ofstream(childFile, std::ios::binary)
-        .write(reinterpret_cast<const char*>(picture.pixels.data()),
-               static_cast<std::streamsize>(picture.pixels.size() * sizeof(unsigned)));
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "KestApi.h"
+#include "support/KnownRois.h"
 #include "support/Streams.h"
 
 namespace test {

@@ -128,10 +128,8 @@ TEST(BinaryImage, TablesFilesAndRegions) {
     EXPECT_EQ(ShownColours(*copy), ShownColours(opened));
     EXPECT_EQ(ShownColours(*copy)[77], white);
 
-    CcRoiRect roi;
-    RECT record = {4, 1, 8, 0};
-    roi.SetRoiImageCord(&record);
-    const std::unique_ptr<CcImage> region(opened.GetRegion(&roi, 0, 0));
+    const auto roi = test::Boxed<CcRoiRect>({4, 1, 8, 0});
+    const std::unique_ptr<CcImage> region(opened.GetRegion(roi.get(), 0, 0));
     ASSERT_NE(dynamic_cast<CcBinaryImage*>(region.get()), nullptr);
     EXPECT_EQ((*region)(1, 0), 1.0F);
 }

@@ -28,6 +28,20 @@ inline int SetOutline(CcRoiBase& roi, std::vector<POINT> points) {
     return roi.SetRoiImageCord(&record);
 }
 
+/// A ROI of that class with a box, or a line, or with an outline's points.
+template <class Roi>
+std::unique_ptr<Roi> Boxed(RECT box) {
+    auto roi = std::make_unique<Roi>();
+    SetBox(*roi, box);
+    return roi;
+}
+template <class Roi>
+std::unique_ptr<Roi> Outlined(std::vector<POINT> points) {
+    auto roi = std::make_unique<Roi>();
+    SetOutline(*roi, std::move(points));
+    return roi;
+}
+
 inline PixelGroupTag& OutlineOf(CcRoiBase& roi) { return *static_cast<PixelGroupTag*>(roi.GetRoiImageCord()); }
 
 inline std::vector<int> RowOf(CcRoiBase& roi, int y) {

@@ -1,28 +1,29 @@
 // The Calibrate menu.
 #include "commands/Commands.h"
+#include "dialogs/CalibrationFiles.h"
+#include "res/Resource.h"
 #include "window/MainWindow.h"
 
 namespace kestview {
 
 void CalibratePoints(MainWindow& main, int) {
-    main.SetRoiTool(selectTool);
-    main.ShowSidePage(CalibrationPage);
+    main.ShowPane(ID_CALIBRATE_POINTS);
 }
 
 bool IsCalibratePoints(MainWindow& main, int) {
-    return main.IsSideShown() && main.ShownSidePage() == CalibrationPage;
+    return main.IsPaneShown(ID_CALIBRATE_POINTS);
 }
 
 void CalibrateOpen(MainWindow& main, int) {
-    main.Calibration().OpenFile();
+    OpenCalibration(main, *main.Active());
 }
 
 void CalibrateSave(MainWindow& main, int) {
-    main.Calibration().SaveFile();
+    SaveCalibration(main, *main.Active());
 }
 
 void CalibrateRemove(MainWindow& main, int) {
-    main.Calibration().Remove();
+    RemoveCalibration(main, *main.Active());
 }
 
 bool IsCalibrated(MainWindow& main, int) {

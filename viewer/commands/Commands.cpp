@@ -108,13 +108,6 @@ const Command* CommandOf(int id) {
     return nullptr;
 }
 
-void RunCommand(MainWindow& main, int id) {
-    const Command* command = CommandOf(id);
-    if (!command || !command->isEnabled(main, id)) return;
-    command->run(main, id);
-    main.UpdateCommands();
-}
-
 std::string TipOf(int id, Tools& tools) {
     if (id >= ID_TOOLS_FIRST && id <= ID_TOOLS_LAST) return tools.TextOf(id);
     char text[256] = {};

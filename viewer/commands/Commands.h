@@ -9,7 +9,6 @@
 
 namespace kestview {
 
-class Document;
 class MainWindow;
 class Tools;
 
@@ -24,8 +23,6 @@ struct Command {
 std::span<const Command> AllCommands();
 /// Null for a number of no command.
 const Command* CommandOf(int id);
-/// Runs a command if it is possible now.
-void RunCommand(MainWindow& main, int id);
 /// What an entry or button does, in a line.
 std::string TipOf(int id, Tools& tools);
 
@@ -40,8 +37,6 @@ void FileClose(MainWindow& main, int id);
 void FileExit(MainWindow& main, int id);
 /// Puts the recent files in front of the last entries of the File menu.
 void FillRecentFiles(HMENU menu);
-/// Asks for a path when there is none yet, or always with `isPathAsked`. False when the user cancels or it fails.
-bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked);
 
 // EditMenu.cpp
 void EditUndo(MainWindow& main, int id);

@@ -1,6 +1,10 @@
 // The Display menu.
+#include <algorithm>
+
 #include "commands/Commands.h"
+#include "panes/GraphWindow.h"
 #include "platform/Boxes.h"
+#include "platform/Busy.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
 #include "res/Resource.h"
@@ -10,7 +14,6 @@ namespace kestview {
 
 void DisplayTable(MainWindow& main, int id) {
     main.Active()->SetDisplayTable(static_cast<unsigned short>(100 + id - ID_DISPLAY_TABLE_100));
-    main.DisplayTable().Refresh(EverythingChanged);
 }
 
 /// Colour and binary pictures have one look only.
@@ -23,23 +26,35 @@ bool IsDisplayTable(MainWindow& main, int id) {
 }
 
 void DisplayEdit(MainWindow& main, int) {
-    main.ShowSidePage(DisplayTablePage);
+    main.ShowPane(ID_DISPLAY_EDIT);
 }
 
 bool IsDisplayEdit(MainWindow& main, int) {
-    return main.IsSideShown() && main.ShownSidePage() == DisplayTablePage;
+    return main.IsPaneShown(ID_DISPLAY_EDIT);
 }
 
 void DisplayThreshold(MainWindow& main, int) {
-    main.ShowSidePage(ThresholdPage);
+    main.ShowPane(ID_DISPLAY_THRESHOLD);
 }
 
 bool IsDisplayThreshold(MainWindow& main, int) {
-    return main.IsSideShown() && main.ShownSidePage() == ThresholdPage;
+    return main.IsPaneShown(ID_DISPLAY_THRESHOLD);
 }
 
+/// A binary picture of the pixels in the bands, in a tab of its own.
 void DisplayMask(MainWindow& main, int) {
-    main.Threshold().MakeMask();
+    Document& document = *main.Active();
+    const SIZE size = document.Size();
+    const long long count = static_cast<long long>(size.cx) * size.cy;
+    const Busy busy("Making the mask", 8 * count);
+    const std::vector<std::uint8_t> pixels = document.BandMask();
+    auto mask = MakeImage(KEST_IMAGE_BINARY, size.cy, size.cx, document.Name() + "-mask");
+    if (!mask || static_cast<long long>(pixels.size()) != count) {
+        ShowError(main, "There is not enough memory for the mask.");
+        return;
+    }
+    std::copy(pixels.begin(), pixels.end(), static_cast<unsigned char*>(mask->GetBitMapImageData()));
+    main.AddNewPicture(std::move(mask), &document);
 }
 
 bool HasBands(MainWindow& main, int) {

@@ -7,7 +7,6 @@
 
 #include "commands/Commands.h"
 #include "document/PictureFiles.h"
-#include "document/Session.h"
 #include "picture/RoiPainting.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
@@ -43,37 +42,12 @@ void FillRecentFiles(HMENU menu) {
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_SEPARATOR, ID_FILE_RECENT_LINE, nullptr);
 }
 
-bool SaveSessionOf(MainWindow& main, Document& document, bool isPathAsked) {
-    if (document.Calibration() && document.calibrationPath.empty()) {
-        const int answer = AskYesNoCancel(
-            main,
-            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?");
-        if (answer != IDYES && answer != IDNO) return false;
-        if (answer == IDYES && !main.Calibration().SaveFile()) return false;
-    }
-    std::string path = document.sessionPath;
-    if (path.empty() || isPathAsked) {
-        const auto asked = AskSavePath(main, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|",
-                                       "kvs", path.empty() ? document.Name() + ".kvs" : path);
-        if (!asked) return false;
-        path = *asked;
-    }
-    std::string error;
-    if (!SaveSession(document, path, error)) {
-        ShowError(main, error);
-        return false;
-    }
-    KeptSettings().NoteRecentFile(path);
-    main.Status().ShowMessage("Saved " + FileNameOf(path));
-    return true;
-}
-
 void FileSaveSession(MainWindow& main, int) {
-    SaveSessionOf(main, *main.Active(), false);
+    main.SaveDocument(*main.Active(), false);
 }
 
 void FileSaveSessionAs(MainWindow& main, int) {
-    SaveSessionOf(main, *main.Active(), true);
+    main.SaveDocument(*main.Active(), true);
 }
 
 void FileSavePicture(MainWindow& main, int) {

@@ -50,7 +50,6 @@ bool IsClass(MainWindow& main, int id) {
 
 void ImageChannel(MainWindow& main, int id) {
     main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_LUMINANCE);
-    main.Threshold().Refresh(EverythingChanged);
 }
 
 /// Channels 0 to 3 belong to RGB pictures, 4 to 6 to HSL pictures.

@@ -7,7 +7,7 @@ namespace kestview {
 
 void ToolsRun(MainWindow& main, int id) {
     // Tools work on the picture's own pixels, not on the colours of bands.
-    if (main.Active() && main.Active()->IsPreviewing()) main.ShowSidePage(HistogramPage);
+    if (main.Active() && main.Active()->IsPreviewing()) main.ShowPane(ID_MEASURE_HISTOGRAM);
     main.LoadedTools().Run(id, main);
 }
 

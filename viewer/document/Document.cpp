@@ -149,7 +149,7 @@ void Document::CancelRoiEdit() {
 void Document::SetDisplayTable(unsigned short table) {
     if (displayTable == table) return;
     displayTable = table;
-    Changed(DisplayChanged, true);
+    Changed(DisplayChanged | TableChosen, true);
 }
 
 /// As many points as the table has, interpolated. Wide images take the ends of the list as the range that they show.
@@ -293,7 +293,7 @@ void Document::SetChannel(int channel) {
     if (auto* rgb = dynamic_cast<Cc24BitRGBImage*>(image.get())) rgb->SetAccess(channel);
     if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->SetAccess(channel);
     preview.Show(bands);
-    Changed(DisplayChanged, true);
+    Changed(DisplayChanged | ChannelChosen, true);
 }
 
 PlainPixels::PlainPixels(Document& newDocument) : document(newDocument), wasOn(newDocument.preview.ChangesPicture()) {

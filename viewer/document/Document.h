@@ -20,9 +20,11 @@ enum Change : unsigned {
     PictureChanged = 1,  ///< pixels
     RoisChanged = 2,     ///< number, shape, name or selection of ROIs
     CalibrationChanged = 4,
-    DisplayChanged = 8,  ///< display table, threshold bands
-    ViewChanged = 16,    ///< zoom or scroll position
-    TitleChanged = 32,   ///< name, or saved or not
+    DisplayChanged = 8,   ///< display table, threshold bands
+    ViewChanged = 16,     ///< zoom or scroll position
+    TitleChanged = 32,    ///< name, or saved or not
+    TableChosen = 64,     ///< another display table
+    ChannelChosen = 128,  ///< another channel of a colour picture
     EverythingChanged = ~0u,
 };
 

@@ -7,15 +7,13 @@
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/Drawing.h"
-#include "platform/SavedFile.h"
 #include "platform/Text.h"
+#include "platform/Window.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {
 
-constexpr const char* fileFilters = "Calibrations (*.cal)|*.cal|All files (*.*)|*.*|";
 constexpr int pointCount = 4;
 
 }  // namespace
@@ -24,20 +22,13 @@ void CalibrationPane::OnInit() {
     SelectPoint(0);
 }
 
-void CalibrationPane::OnShown(bool isShown) {
-    isInFront = isShown;
-    main.View().onPick = nullptr;
-    main.View().picksPoints = nullptr;
-    if (isShown) {
-        main.View().onPick = [this](POINT pixel) { return Pick(pixel); };
-        main.View().picksPoints = [this] { return PicksPoints(); };
-    }
-    if (isShown) {
+void CalibrationPane::OnShown() {
+    if (isInFront) {
         // Clicks now pick points; a drawing tool would draw instead.
-        main.SetRoiTool(selectTool);
+        host.UseSelectTool();
         TakeFromDocument();
     }
-    main.View().Refresh(DisplayChanged);
+    host.RepaintPicture();
 }
 
 void CalibrationPane::Refresh(unsigned change) {
@@ -102,7 +93,7 @@ void CalibrationPane::ShowPoints() {
                                         std::round(static_cast<double>(point.pixel.y) * 10) / 10)
                                : "click");
     }
-    main.View().Refresh(DisplayChanged);
+    host.RepaintPicture();
 }
 
 /// Once all are set, clicks select ROIs again, until a point is chosen to be set anew.
@@ -148,30 +139,20 @@ void CalibrationPane::ShowState() {
     SetText(IDC_CAL_STATE, state);
 }
 
-/// A calibration that is in no file would be lost.
-bool CalibrationPane::MayReplace() {
-    return !document->Calibration() || !document->calibrationPath.empty() ||
-           AskYesNo(main, "The picture's calibration is in no file yet.\n\nGive it up?");
-}
-
-void CalibrationPane::Remove() {
-    if (document && document->Calibration() && MayReplace()) document->RemoveCalibration();
-}
-
 void CalibrationPane::Apply() {
     const auto& points = document->calibrationDraft.points;
     tagPoints image[pointCount], world[pointCount];
     for (int i = 0; i < pointCount; ++i) {
         if (!points[i].isPicked) {
             ShowError(
-                main,
+                Owner(),
                 Format("Point %d has no place in the picture yet.\n\nChoose it on the left, then click in the picture.",
                        i + 1));
             return;
         }
         const auto x = Number(IDC_CAL_WORLD_X_1 + i), y = Number(IDC_CAL_WORLD_Y_1 + i);
         if (!x || !y) {
-            ShowError(main, Format("Point %d needs two numbers as its world position.", i + 1));
+            ShowError(Owner(), Format("Point %d needs two numbers as its world position.", i + 1));
             FocusField((x ? IDC_CAL_WORLD_Y_1 : IDC_CAL_WORLD_X_1) + i);
             return;
         }
@@ -180,8 +161,8 @@ void CalibrationPane::Apply() {
     }
     const std::string unit = Text(IDC_CAL_UNIT);
     if (unit.empty() || CutToBytes(unit, KEST_UNITS_SIZE) != unit) {
-        ShowError(main, unit.empty() ? "Type the unit of the world positions, for example mm."
-                                     : "This unit is too long. Type a short one, for example mm.");
+        ShowError(Owner(), unit.empty() ? "Type the unit of the world positions, for example mm."
+                                        : "This unit is too long. Type a short one, for example mm.");
         FocusField(IDC_CAL_UNIT);
         return;
     }
@@ -190,7 +171,7 @@ void CalibrationPane::Apply() {
     std::unique_ptr<CcCalibration> calibration(new CcCalibration);
     calibration->SetUnitsOfMeasure(unit.c_str());
     if (calibration->DoCalibration(image, world, pointCount, size.cx, size.cy) < 0) {
-        ShowError(main, "These four points do not determine a calibration: no three of them may lie on one line.");
+        ShowError(Owner(), "These four points do not determine a calibration: no three of them may lie on one line.");
         return;
     }
     calibration->SetName(CutForStreams(document->Name()).c_str());
@@ -200,56 +181,14 @@ void CalibrationPane::Apply() {
     TakeFromDocument();
 }
 
-void CalibrationPane::OpenFile() {
-    if (!document) return;
-    const auto path = AskOpenPath(main, "Open Calibration", fileFilters, "cal");
-    if (!path || !MayReplace()) return;
-    const Busy busy("Opening " + FileNameOf(*path), BytesOfFile(*path));
-    std::unique_ptr<CcCalibration> calibration(new CcCalibration);
-    if (calibration->Open(path->c_str()) < 0) {
-        ShowError(main, FileNameOf(*path) + " is not a calibration file, or it is damaged.");
-        return;
-    }
-    int width = 0, height = 0;
-    calibration->GetSizeOfImage(&width, &height);
-    const SIZE size = document->Size();
-    if (width < 1 || height < 1)
-        ShowError(main, FileNameOf(*path) + " holds a calibration that was never made by four points.");
-    else if (!document->SetCalibration(std::move(calibration), *path))
-        ShowError(main, Format("This calibration was made for pictures of %d x %d pixels; this one has %ld x %ld.",
-                               width, height, size.cx, size.cy));
-}
-
-bool CalibrationPane::SaveFile() {
-    if (!document || !document->Calibration()) return false;
-    const auto path = AskSavePath(main, "Save Calibration", fileFilters, "cal", document->Name() + ".cal");
-    if (!path) return false;
-    // The area of every pixel stands in the file.
-    const SIZE size = document->Size();
-    const long long areaBytes = 4LL * size.cx * size.cy;
-    const Busy busy("Saving " + FileNameOf(*path), areaBytes);
-    const auto write = [&](const std::string& newPath) {
-        return document->Calibration()->Save(newPath.c_str()) == 0 && BytesOfFile(newPath) > areaBytes;
-    };
-    std::string error;
-    if (!SaveWhole("The calibration", *path, areaBytes, write, error)) {
-        ShowError(main, error);
-        return false;
-    }
-    document->calibrationPath = *path;
-    document->Changed(CalibrationChanged, true);
-    return true;
-}
-
 void CalibrationPane::PaintOver(HDC dc) const {
-    if (!isInFront || !document) return;
+    if (!document) return;
     const auto& points = document->calibrationDraft.points;
     const int arm = MulDiv(9, DpiOf(window), 96);
     SetBkMode(dc, TRANSPARENT);
     for (int i = 0; i < pointCount; ++i) {
         if (!points[i].isPicked) continue;
-        const POINT at =
-            main.View().PointOf(static_cast<double>(points[i].pixel.x), static_cast<double>(points[i].pixel.y));
+        const POINT at = host.PointOf(static_cast<double>(points[i].pixel.x), static_cast<double>(points[i].pixel.y));
         // A dark line under a bright one is seen on any picture.
         for (const bool isBright : {false, true}) {
             const GdiObject pen(CreatePen(PS_SOLID, isBright ? 1 : 3, isBright ? RGB(255, 230, 0) : RGB(0, 0, 0)));
@@ -275,13 +214,13 @@ bool CalibrationPane::OnCommand(int id, int code) {
             Apply();
             break;
         case IDC_CAL_OPEN:
-            OpenFile();
+            host.RunCommand(ID_CALIBRATE_OPEN);
             break;
         case IDC_CAL_SAVE:
-            SaveFile();
+            host.RunCommand(ID_CALIBRATE_SAVE);
             break;
         case IDC_CAL_REMOVE:
-            Remove();
+            host.RunCommand(ID_CALIBRATE_REMOVE);
             break;
         case IDC_CAL_POINT_1:
         case IDC_CAL_POINT_2:

@@ -9,23 +9,16 @@ class CalibrationPane : public DocumentPane {
 public:
     using DocumentPane::DocumentPane;
     void Refresh(unsigned change) override;
-    void OnShown(bool isShown) override;
-
-    void OpenFile();
-    /// Asks first when it is in no file.
-    void Remove();
-    /// False when it was cancelled or failed.
-    bool SaveFile();
-    /// Marks the picked points over the picture.
-    void PaintOver(HDC dc) const;
+    bool PicksPoints() const override;
+    bool Pick(POINT pixel) override;
+    /// Marks the picked points.
+    void PaintOver(HDC dc) const override;
 
 private:
+    void OnShown() override;
     void OnInit() override;
     int SmallestHeight() const override { return LowestEdge(); }
     bool OnCommand(int id, int code) override;
-    bool PicksPoints() const;
-    bool Pick(POINT pixel);
-    bool MayReplace();
     void ShowState();
     void TakeFields();
     void Apply();
@@ -37,7 +30,6 @@ private:
     void ShowPoints();
     void FocusField(int id);
 
-    bool isInFront = false;
     bool isPointChosen = false;  ///< by the user, to be set anew
 };
 

@@ -9,7 +9,6 @@
 
 #include "platform/Text.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {
@@ -47,8 +46,8 @@ void DisplayTablePane::OnInit() {
 }
 
 void DisplayTablePane::Refresh(unsigned change) {
-    if (change == EverythingChanged) graph.FollowRanges();
-    if (change & PictureChanged) UpdateSoon();
+    if (change & TableChosen) graph.FollowRanges();
+    if (change & (PictureChanged | TableChosen)) UpdateSoon();
 }
 
 /// All samples, and what is shown of their range.
@@ -156,8 +155,8 @@ void DisplayTablePane::TakeCurves() {
 }
 
 void DisplayTablePane::ShowAtOnce() {
-    main.View().Refresh(DisplayChanged);
-    UpdateWindow(main.View().Canvas());
+    host.RepaintPicture();
+    UpdateWindow(host.Canvas());
 }
 
 void DisplayTablePane::Reset() {

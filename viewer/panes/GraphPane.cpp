@@ -30,9 +30,8 @@ int GraphPane::SmallestHeight() const {
     return PlaceOf(IDC_GRAPH_AREA).top + MulDiv(smallestGraph, DpiOf(window), 96) + HeightOf(PlaceOf(IDC_GRAPH_NOTE));
 }
 
-void GraphPane::OnShown(bool isShown) {
-    isInFront = isShown;
-    if (isShown) Update();
+void GraphPane::OnShown() {
+    if (isInFront) Update();
 }
 
 void GraphPane::UpdateSoon() {

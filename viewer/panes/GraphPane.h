@@ -9,11 +9,11 @@ namespace kestview {
 class GraphPane : public DocumentPane {
 public:
     using DocumentPane::DocumentPane;
-    GraphWindow& Graph() { return graph; }
-    void OnShown(bool isShown) override;
+    GraphWindow* Graph() override { return &graph; }
 
 protected:
     void OnInit() override;
+    void OnShown() override;
     void OnSize(int width, int height) override;
     int SmallestHeight() const override;
     bool OnOther(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
@@ -22,7 +22,6 @@ protected:
     virtual void Update() = 0;
 
     GraphWindow graph;
-    bool isInFront = false;
 };
 
 }  // namespace kestview

@@ -5,15 +5,10 @@
 
 #include <commctrl.h>
 
-#include <fstream>
-
-#include "platform/Boxes.h"
-#include "platform/Clipboard.h"
 #include "platform/ListView.h"
-#include "platform/SavedFile.h"
 #include "platform/Text.h"
+#include "platform/Window.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {
@@ -88,31 +83,9 @@ void ResultsPane::Measure() {
         Enable(button, !table.rows.empty());
 }
 
-void ResultsPane::CopyTable() {
-    if (!CopyText(main, ResultsAsText(Table(), '\t')))
-        ShowError(main, "The table could not be copied: another program is using the clipboard.");
-}
-
-void ResultsPane::ExportTable() {
-    const auto path = AskSavePath(main, "Export Results", "Comma-separated values (*.csv)|*.csv|All files (*.*)|*.*|",
-                                  "csv", document ? document->Name() + ".csv" : "");
-    if (!path) return;
-    // The mark tells spreadsheet programs that the text is UTF-8.
-    const std::string text = "\xEF\xBB\xBF" + ResultsAsText(Table(), ',');
-    const auto bytes = static_cast<long long>(text.size());
-    const auto write = [&](const std::string& newPath) {
-        std::ofstream file(newPath, std::ios::binary);
-        file << text;
-        file.close();
-        return !file.fail();
-    };
-    std::string error;
-    if (!SaveWhole("The table", *path, bytes, write, error)) ShowError(main, error);
-}
-
 bool ResultsPane::OnCommand(int id, int) {
-    if (id == IDC_RESULTS_COPY) CopyTable();
-    if (id == IDC_RESULTS_EXPORT) ExportTable();
+    if (id == IDC_RESULTS_COPY) host.RunCommand(ID_MEASURE_COPY);
+    if (id == IDC_RESULTS_EXPORT) host.RunCommand(ID_MEASURE_EXPORT);
     return true;
 }
 

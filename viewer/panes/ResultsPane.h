@@ -12,8 +12,6 @@ public:
     void Refresh(unsigned change) override;
     /// What the pane shows, up to date.
     const ResultsTable& Table();
-    void CopyTable();
-    void ExportTable();
 
 private:
     void OnInit() override;

@@ -8,8 +8,8 @@
 #include "document/RoiKinds.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
+#include "platform/Window.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
 
@@ -85,7 +85,7 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
             // What was chosen is shown.
             if ((item.uNewState & LVIS_SELECTED) && item.iItem >= 0 && item.iItem < document->RoiCount())
                 if (const RECT* bounds = document->Roi(item.iItem).GetCurrentBoundingRect())
-                    main.View().BringIntoView(*bounds);
+                    host.BringIntoView(*bounds);
             return 0;
         }
         case LVN_BEGINLABELEDITA: {

@@ -14,8 +14,8 @@
 #include "platform/Drawing.h"
 #include "platform/ListView.h"
 #include "platform/Text.h"
+#include "platform/Window.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
 namespace {
@@ -61,20 +61,17 @@ void ThresholdPane::OnSize(int width, int) {
     }
 }
 
-void ThresholdPane::OnShown(bool isShown) {
-    isInFront = isShown;
+void ThresholdPane::OnShown() {
     if (!document) return;
-    document->PreviewBands(isShown && IsChecked(IDC_BAND_SHOW), main.View().Canvas());
+    document->PreviewBands(isInFront && IsChecked(IDC_BAND_SHOW), host.Canvas());
     Refresh(EverythingChanged);
 }
 
 void ThresholdPane::Refresh(unsigned change) {
     if (!isInFront) return;
-    if (change == EverythingChanged) {
-        if (document && ThresholdPreview::IsPossible(document->Image()))
-            document->PreviewBands(IsChecked(IDC_BAND_SHOW), main.View().Canvas());
-        FillChannels();
-    }
+    if (change == EverythingChanged && document && ThresholdPreview::IsPossible(document->Image()))
+        document->PreviewBands(IsChecked(IDC_BAND_SHOW), host.Canvas());
+    if (change & ChannelChosen) FillChannels();
     if (change & PictureChanged) TakeScale();
     if (document && !document->Bands().empty()) {
         lastBands = document->Bands();
@@ -259,20 +256,6 @@ void ThresholdPane::ShowCount() {
     SetText(IDC_BAND_COUNT, text);
 }
 
-void ThresholdPane::MakeMask() {
-    if (!document || document->Bands().empty()) return;
-    const Busy busy("Making the mask", 8 * PixelCount());
-    const std::vector<std::uint8_t> pixels = document->BandMask();
-    const SIZE size = document->Size();
-    auto mask = MakeImage(KEST_IMAGE_BINARY, size.cy, size.cx, document->Name() + "-mask");
-    if (!mask || pixels.size() != static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy)) {
-        ShowError(main, "There is not enough memory for the mask.");
-        return;
-    }
-    std::copy(pixels.begin(), pixels.end(), static_cast<unsigned char*>(mask->GetBitMapImageData()));
-    main.AddNewPicture(std::move(mask), document);
-}
-
 void ThresholdPane::TakeTyped(int field) {
     const auto typed = Number(field);
     if (!typed) return;
@@ -311,17 +294,17 @@ bool ThresholdPane::OnCommand(int id, int code) {
             if (selected < 0) break;
             std::vector<Band> bands = document->Bands();
             COLORREF& present = bands[static_cast<std::size_t>(selected)].colour;
-            const auto colour = AskColour(main, present);
+            const auto colour = AskColour(Owner(), present);
             if (!colour) break;
             present = *colour;
             document->SetBands(std::move(bands));
             break;
         }
         case IDC_BAND_SHOW:
-            document->PreviewBands(IsChecked(IDC_BAND_SHOW), main.View().Canvas());
+            document->PreviewBands(IsChecked(IDC_BAND_SHOW), host.Canvas());
             break;
         case IDC_BAND_MASK:
-            MakeMask();
+            host.RunCommand(ID_DISPLAY_MASK);
             break;
         case IDC_BAND_CHANNEL:
             if (code == CBN_SELCHANGE)

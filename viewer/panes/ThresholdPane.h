@@ -12,12 +12,10 @@ class ThresholdPane : public DocumentPane {
 public:
     using DocumentPane::DocumentPane;
     void Refresh(unsigned change) override;
-    void OnShown(bool isShown) override;
-    /// A binary picture of the pixels in the bands, in a tab of its own.
-    void MakeMask();
 
 private:
     void OnInit() override;
+    void OnShown() override;
     void OnSize(int width, int height) override;
     int SmallestHeight() const override { return LowestEdge(); }
     bool OnCommand(int id, int code) override;
@@ -48,7 +46,6 @@ private:
     void ShowCount();
     int SelectedBand() const;
 
-    bool isInFront = false;
     bool isTyping = false;  ///< in a field: what stands in it is the user's
     Band bandAtRest;        ///< the selected band before the number at hand was typed
     std::size_t selectedBand = 0;

@@ -1,5 +1,5 @@
 // The main window: its parts, and what passes between them. MainWindowDocuments.cpp has the open documents,
-// MainWindowLayout.cpp the places of the parts.
+// MainWindowPanes.cpp the panes, MainWindowLayout.cpp the places of the parts.
 #include "window/MainWindow.h"
 
 #include <windows.h>
@@ -17,11 +17,6 @@
 namespace kestview {
 namespace {
 
-constexpr const char* sideTitles[sidePageCount] = {"Threshold", "Display", "Histogram", "Profile", "Calibrate"};
-constexpr int sideTemplates[sidePageCount] = {IDD_THRESHOLD, IDD_DISPLAY_TABLE, IDD_GRAPH, IDD_GRAPH, IDD_CALIBRATION};
-constexpr const char* sideTips[sidePageCount] = {
-    "Colour bands of values, and make masks of them", "Change how values become gray levels on the screen",
-    "How often each value occurs", "The values along the selected ROI", "Measure in a unit of your own"};
 constexpr int toolsMenuPosition = 8;
 
 HWND CreateTabs(HWND parent, int id, DWORD style) {
@@ -31,14 +26,10 @@ HWND CreateTabs(HWND parent, int id, DWORD style) {
 
 }  // namespace
 
-MainWindow::MainWindow()
-    : roiListPane(*this),
-      resultsPane(*this),
-      thresholdPane(*this),
-      displayTablePane(*this),
-      histogramPane(*this),
-      profilePane(*this),
-      calibrationPane(*this) {}
+MainWindow::MainWindow() : roiListPane(*this), resultsPane(*this) {
+    for (const SidePane& row : SidePanes())
+        sidePanes.push_back(row.make(*this));
+}
 
 MainWindow::~MainWindow() {
     view.SetDocument(nullptr);
@@ -50,16 +41,14 @@ void MainWindow::OnCreate() {
     statusBar.Create(window);
     tabs = CreateTabs(window, IDC_TABS, WS_VISIBLE | TCS_FOCUSNEVER | TCS_TOOLTIPS);
     sideTabs = CreateTabs(window, IDC_SIDE_TABS, WS_VISIBLE | TCS_FOCUSNEVER | TCS_TOOLTIPS);
-    for (int page = 0; page < sidePageCount; ++page) {
-        TCITEMA item = {};
-        item.mask = TCIF_TEXT;
-        item.pszText = const_cast<char*>(sideTitles[page]);
-        SendMessageA(sideTabs, TCM_INSERTITEMA, static_cast<WPARAM>(page), reinterpret_cast<LPARAM>(&item));
-    }
     view.Create(window);
     view.onHover = [this](const POINT* pixel) { statusBar.ShowPixel(active, pixel); };
     view.onToolChanged = [this] { UpdateCommands(); };
-    view.onPaintOver = [this](HDC dc) { calibrationPane.PaintOver(dc); };
+    view.onPick = [this](POINT pixel) { return isSideShown && ChosenPane().Pick(pixel); };
+    view.picksPoints = [this] { return isSideShown && ChosenPane().PicksPoints(); };
+    view.onPaintOver = [this](HDC dc) {
+        if (isSideShown) ChosenPane().PaintOver(dc);
+    };
     view.onContextMenu = [this] {
         POINT mouse;
         GetCursorPos(&mouse);
@@ -67,13 +56,7 @@ void MainWindow::OnCreate() {
         TrackPopupMenu(GetSubMenu(menu, 0), TPM_RIGHTBUTTON, mouse.x, mouse.y, 0, window, nullptr);
         DestroyMenu(menu);
     };
-    roiListPane.Create(IDD_ROI_LIST, window);
-    resultsPane.Create(IDD_RESULTS, window);
-    for (int page = 0; page < sidePageCount; ++page) {
-        DocumentPane& pane = PageOf(static_cast<SidePage>(page));
-        pane.Create(sideTemplates[page], window);
-        ShowWindow(pane, SW_HIDE);
-    }
+    CreatePanes();
     tools.Load();
     tools.AddTo(GetSubMenu(GetMenu(window), toolsMenuPosition), toolbar);
 
@@ -81,59 +64,11 @@ void MainWindow::OnCreate() {
     isResultsShown = KeptSettings().layout.isResultsShown != 0;
     view.showsRoiNames = KeptSettings().layout.showsRoiNames != 0;
     OnDpiChanged({});
-    SendMessageA(sideTabs, TCM_SETCURSEL, sidePage, 0);
-    if (isSideShown) ShowSidePage(HistogramPage);
+    if (isSideShown) ChooseSidePane(chosenPane);
     Activate(nullptr);
 }
 
-// Panes
-
-DocumentPane& MainWindow::PageOf(SidePage page) {
-    DocumentPane* const pages[sidePageCount] = {&thresholdPane, &displayTablePane, &histogramPane, &profilePane,
-                                                &calibrationPane};
-    return *pages[page];
-}
-
-std::vector<DocumentPane*> MainWindow::AllPanes() {
-    std::vector<DocumentPane*> panes = {&roiListPane, &resultsPane};
-    for (int page = 0; page < sidePageCount; ++page)
-        panes.push_back(&PageOf(static_cast<SidePage>(page)));
-    return panes;
-}
-
-void MainWindow::ShowPages() {
-    for (int page = 0; page < sidePageCount; ++page)
-        ShowWindow(PageOf(static_cast<SidePage>(page)), isSideShown && page == sidePage ? SW_SHOWNA : SW_HIDE);
-}
-
-void MainWindow::ShowSidePage(SidePage page) {
-    if (page != sidePage && active) active->PreviewBands(false, nullptr);
-    if (isSideShown) PageOf(sidePage).OnShown(false);
-    sidePage = page;
-    SendMessageA(sideTabs, TCM_SETCURSEL, page, 0);
-    if (isSideShown) {
-        ShowPages();
-    } else {
-        isSideShown = true;
-        Arrange();
-    }
-    PageOf(page).OnShown(true);
-    UpdateCommands();
-}
-
-GraphWindow* MainWindow::ShownGraph() {
-    if (!isSideShown) return nullptr;
-    switch (sidePage) {
-        case DisplayTablePage:
-            return &displayTablePane.Graph();
-        case HistogramPage:
-            return &histogramPane.Graph();
-        case ProfilePage:
-            return &profilePane.Graph();
-        default:
-            return nullptr;
-    }
-}
+// Commands
 
 void MainWindow::SetRoiTool(int roiType) {
     view.Mouse().SetTool(roiType);
@@ -141,53 +76,12 @@ void MainWindow::SetRoiTool(int roiType) {
     UpdateCommands();
 }
 
-void MainWindow::FocusNextPart() {
-    const HWND parts[] = {view, roiListPane, PageOf(sidePage), resultsPane};
-    const int count = static_cast<int>(std::size(parts));
-    const HWND focus = GetFocus();
-    int present = 0;
-    while (present < count && parts[present] != focus && !IsChild(parts[present], focus))
-        ++present;
-    for (int i = 1; i <= count; ++i) {
-        const HWND part = parts[(present + i) % count];
-        const HWND control = part == view          ? part
-                             : part == resultsPane ? GetDlgItem(part, IDC_RESULTS_LIST)
-                                                   : GetNextDlgTabItem(part, nullptr, FALSE);
-        if (!IsWindowVisible(part) || !control || !IsWindowEnabled(control) ||
-            !(GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP))
-            continue;
-        SetFocus(control);
-        PageOf(sidePage).BringFocusIntoView();
-        return;
-    }
+void MainWindow::RunCommand(int id) {
+    const Command* command = CommandOf(id);
+    if (!command || !command->isEnabled(*this, id)) return;
+    command->run(*this, id);
+    UpdateCommands();
 }
-
-bool MainWindow::IsPaneMessage(MSG& message) {
-    const bool isKey = message.message == WM_KEYDOWN && GetKeyState(VK_CONTROL) >= 0;
-    const bool isTabInPicture = isKey && message.wParam == VK_TAB && message.hwnd == view;
-    if (isTabInPicture || (isKey && message.wParam == VK_F8)) {
-        // While something is dragged, the keys stay with the picture.
-        if (!view.Mouse().IsDragging()) FocusNextPart();
-        return true;
-    }
-    // An open list and a name that is being edited take Esc themselves.
-    const HWND parent = GetParent(message.hwnd);
-    const bool isInPane = parent == resultsPane || parent == roiListPane || parent == PageOf(sidePage);
-    if (isKey && message.wParam == VK_ESCAPE && isInPane && !SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0)) {
-        SetFocus(view);
-        return true;
-    }
-    for (DocumentPane* pane :
-         {static_cast<DocumentPane*>(&resultsPane), static_cast<DocumentPane*>(&roiListPane), &PageOf(sidePage)})
-        if (IsChild(*pane, message.hwnd)) {
-            const bool isTaken = IsDialogMessageA(*pane, &message) != 0;
-            if (isKey) pane->BringFocusIntoView();
-            return isTaken;
-        }
-    return false;
-}
-
-// Commands
 
 void MainWindow::UpdateCommands() {
     if (!toolbar) return;
@@ -236,13 +130,15 @@ LRESULT MainWindow::OnNotify(NMHDR& header) {
         const auto index = static_cast<std::size_t>(SendMessageA(tabs, TCM_GETCURSEL, 0, 0));
         if (index < documents.size()) Activate(documents[index].get());
     } else if (header.idFrom == IDC_SIDE_TABS && header.code == TCN_SELCHANGE) {
-        ShowSidePage(static_cast<SidePage>(SendMessageA(sideTabs, TCM_GETCURSEL, 0, 0)));
+        ChooseSidePane(static_cast<std::size_t>(SendMessageA(sideTabs, TCM_GETCURSEL, 0, 0)));
     } else if (header.code == TTN_GETDISPINFOA) {
         const auto isOf = [&](HWND tabControl) {
             return header.hwndFrom == reinterpret_cast<HWND>(SendMessageA(tabControl, TCM_GETTOOLTIPS, 0, 0));
         };
         const int id = static_cast<int>(header.idFrom);
-        tip = isOf(tabs) ? TabTip(id) : isOf(sideTabs) && id < sidePageCount ? sideTips[id] : TipOf(id, tools);
+        tip = isOf(tabs)       ? TabTip(id)
+              : isOf(sideTabs) ? SidePanes()[static_cast<std::size_t>(id)].tip
+                               : TipOf(id, tools);
         reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = tip.data();
     }
     return 0;
@@ -291,7 +187,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             SetFocus(view);
             return 0;
         case WM_COMMAND:
-            if (!view.Mouse().IsDragging()) RunCommand(*this, LOWORD(wParam));
+            if (!view.Mouse().IsDragging()) RunCommand(LOWORD(wParam));
             return 0;
         case WM_NOTIFY:
             return OnNotify(*reinterpret_cast<NMHDR*>(lParam));

@@ -8,13 +8,9 @@
 #include <vector>
 
 #include "document/Document.h"
-#include "panes/CalibrationPane.h"
-#include "panes/DisplayTablePane.h"
-#include "panes/HistogramPane.h"
-#include "panes/ProfilePane.h"
 #include "panes/ResultsPane.h"
 #include "panes/RoiListPane.h"
-#include "panes/ThresholdPane.h"
+#include "panes/SidePanes.h"
 #include "picture/PictureView.h"
 #include "platform/Drawing.h"
 #include "platform/Window.h"
@@ -25,10 +21,7 @@
 
 namespace kestview {
 
-/// The pages of the side pane, in the order of its tabs.
-enum SidePage { ThresholdPage, DisplayTablePage, HistogramPage, ProfilePage, CalibrationPage, sidePageCount };
-
-class MainWindow : public Window {
+class MainWindow : public Window, private PaneHost {
 public:
     MainWindow();
     ~MainWindow() override;
@@ -50,25 +43,28 @@ public:
     bool CloseAll();
     /// Opens a picture or a session, whatever the file is. Tells the user when it cannot.
     void OpenFile(const std::string& path);
+    /// Saves a document as a session. Asks for a path when there is none yet, or always with `isPathAsked`. False when
+    /// the user cancels or it fails.
+    bool SaveDocument(Document& document, bool isPathAsked);
 
     PictureView& View() { return view; }
     ResultsPane& Results() { return resultsPane; }
-    ThresholdPane& Threshold() { return thresholdPane; }
-    DisplayTablePane& DisplayTable() { return displayTablePane; }
-    CalibrationPane& Calibration() { return calibrationPane; }
     Tools& LoadedTools() { return tools; }
     StatusBar& Status() { return statusBar; }
 
     void SetRoiTool(int roiType);
-    void ShowSidePage(SidePage page);
-    SidePage ShownSidePage() const { return sidePage; }
-    /// The graph of the page in front, or null.
+    /// Brings the pane of a menu entry to the front (panes/SidePanes.cpp).
+    void ShowPane(int command);
+    bool IsPaneShown(int command) const;
+    /// The graph of the pane in front, or null.
     GraphWindow* ShownGraph();
     void ToggleSide();
     void ToggleResults();
     bool IsSideShown() const { return isSideShown; }
     bool IsResultsShown() const { return isResultsShown; }
 
+    /// Does what a menu entry does, if it is possible now.
+    void RunCommand(int command) override;
     /// For the message loop: keys of the panes' controls.
     bool IsPaneMessage(MSG& message);
     /// Brings toolbar and menu in step with what is possible now.
@@ -93,10 +89,22 @@ private:
     std::string TabTip(int tab) const;
     void UpdateTabs();
     void UpdateTitle();
-    DocumentPane& PageOf(SidePage page);
+
+    // What the panes need
+    HWND Canvas() const override { return view.Canvas(); }
+    void RepaintPicture() override { view.Refresh(DisplayChanged); }
+    void BringIntoView(const RECT& part) override { view.BringIntoView(part); }
+    POINT PointOf(double x, double y) const override { return view.PointOf(x, y); }
+    void UseSelectTool() override { SetRoiTool(selectTool); }
+
+    // Panes
+    void CreatePanes();
     std::vector<DocumentPane*> AllPanes();
-    /// The chosen one of the pages at the side, if they are shown at all.
-    void ShowPages();
+    /// The chosen one of the panes at the side.
+    DocumentPane& ChosenPane() { return *sidePanes[chosenPane]; }
+    void ChooseSidePane(std::size_t chosen);
+    /// Shows the chosen one, if the side is shown at all.
+    void ShowSidePane();
     /// Picture, list of ROIs, page at the side, results, and the picture again.
     void FocusNextPart();
 
@@ -114,12 +122,8 @@ private:
     Tools tools;
     RoiListPane roiListPane;
     ResultsPane resultsPane;
-    ThresholdPane thresholdPane;
-    DisplayTablePane displayTablePane;
-    HistogramPane histogramPane;
-    ProfilePane profilePane;
-    CalibrationPane calibrationPane;
-    SidePage sidePage = HistogramPage;
+    std::vector<std::unique_ptr<DocumentPane>> sidePanes;
+    std::size_t chosenPane = 0;
     HWND lastFocus = nullptr;  ///< the control with the focus when another program came to the front
     bool isSideShown = true;
     bool isResultsShown = true;

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "commands/Commands.h"
+#include "dialogs/CalibrationFiles.h"
 #include "dialogs/TextDialog.h"
 #include "document/PictureFiles.h"
 #include "document/Session.h"
@@ -57,7 +57,32 @@ bool MainWindow::MayClose(Document& document) {
     if (!document.IsModified()) return true;
     Activate(&document);
     const int answer = AskYesNoCancel(window, "Save the changes to " + document.Name() + " in a session?");
-    return answer == IDNO || (answer == IDYES && SaveSessionOf(*this, document, false));
+    return answer == IDNO || (answer == IDYES && SaveDocument(document, false));
+}
+
+bool MainWindow::SaveDocument(Document& document, bool isPathAsked) {
+    if (document.Calibration() && document.calibrationPath.empty()) {
+        const int answer = AskYesNoCancel(
+            window,
+            "The calibration is in no file yet, and a session only names its file.\n\nSave the calibration first?");
+        if (answer != IDYES && answer != IDNO) return false;
+        if (answer == IDYES && !SaveCalibration(window, document)) return false;
+    }
+    std::string path = document.sessionPath;
+    if (path.empty() || isPathAsked) {
+        const auto asked = AskSavePath(window, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|",
+                                       "kvs", path.empty() ? document.Name() + ".kvs" : path);
+        if (!asked) return false;
+        path = *asked;
+    }
+    std::string error;
+    if (!SaveSession(document, path, error)) {
+        ShowError(window, error);
+        return false;
+    }
+    KeptSettings().NoteRecentFile(path);
+    statusBar.ShowMessage("Saved " + FileNameOf(path));
+    return true;
 }
 
 bool MainWindow::CloseDocument(Document& document) {

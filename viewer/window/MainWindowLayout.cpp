@@ -144,12 +144,10 @@ void MainWindow::Arrange() {
     RECT inner = {0, 0, WidthOf(pages), HeightOf(pages)};
     SendMessageA(sideTabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inner));
     OffsetRect(&inner, pages.left, pages.top);
-    for (int page = 0; page < sidePageCount; ++page) {
-        DocumentPane& pane = PageOf(static_cast<SidePage>(page));
-        SetWindowPos(pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner),
+    for (const auto& pane : sidePanes)
+        SetWindowPos(*pane, HWND_TOP, inner.left, inner.top, WidthOf(inner), HeightOf(inner),
                      SWP_NOACTIVATE | SWP_NOCOPYBITS);
-    }
-    ShowPages();
+    ShowSidePane();
     for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs})
         ShowWindow(child, isSideShown ? SW_SHOWNA : SW_HIDE);
 
@@ -205,7 +203,7 @@ bool MainWindow::OnSplitterMessage(UINT message, LPARAM lParam) {
 
 void MainWindow::ToggleSide() {
     isSideShown = !isSideShown;
-    PageOf(sidePage).OnShown(isSideShown);
+    ChosenPane().SetInFront(isSideShown);
     Arrange();
 }
 

@@ -48,8 +48,50 @@ void Put(std::uint8_t* pixel, int red, int green, int blue) {
     pixel[2] = static_cast<std::uint8_t>(red);
 }
 
-const ThresholdTag overlapping[] = {
+using Bands = std::vector<ThresholdTag>;
+
+const Bands overlapping = {
     {10.0F, 120.0F, 200, 300, -1}, {100.0F, 180.5F, 7, 8, 9}, {7.0F, 9.0F, 250, 0, 0}, {240.0F, NAN, 1, 1, 1}};
+
+/// More than the vector loops take.
+Bands TwentyBands() {
+    Bands bands;
+    for (int i = 0; i < 20; ++i)
+        bands.push_back({static_cast<float>(i * 12), static_cast<float>(i * 12 + 7), i, 250 - i, 2 * i});
+    return bands;
+}
+
+void PutIfHeld(std::uint8_t* pixel, const ThresholdTag& band, float value) {
+    if (value >= band.fLow && value <= band.fHigh) Put(pixel, band.iRed, band.iGreen, band.iBlue);
+}
+
+/// The pixel's own luminance counts for all bands.
+void ExpectLuminances(const Pixels& source, const Bands& bands) {
+    const auto model = [&](std::uint8_t* pixel) {
+        const float luminance = LuminanceOf(pixel);
+        for (const ThresholdTag& band : bands) PutIfHeld(pixel, band, luminance);
+    };
+    const auto paint = [&](SourcePlane from, TargetPlane to, InstructionSet set) {
+        PaintLuminance(from, to, bands, set);
+    };
+    const auto paintOne = [&](SourcePlane from, TargetPlane to, InstructionSet set) {
+        PaintLuminance(from, to, bands[0].fLow, bands[0].fHigh, {1, 2, 3}, set);
+    };
+    ExpectPainted(source, paint, model);
+    if (bands.size() == 1) ExpectPainted(source, paintOne, model);
+}
+
+/// What an earlier band has painted is what a later one looks at.
+void ExpectChannel(const Pixels& source, int byte, const Bands& bands) {
+    ChannelPainter painter(byte);
+    for (const ThresholdTag& band : bands)
+        painter.AddBand(band.fLow, band.fHigh, LowBytes(band.iRed, band.iGreen, band.iBlue));
+    ExpectPainted(
+        source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { painter.Paint(from, to, set); },
+        [&](std::uint8_t* pixel) {
+            for (const ThresholdTag& band : bands) PutIfHeld(pixel, band, pixel[byte]);
+        });
+}
 
 }  // namespace
 
@@ -59,21 +101,9 @@ TEST(ColourThreshold, LuminanceBands) {
     const float exact = LuminanceOf(gray);
     for (const auto& [low, high] : {std::pair{exact, exact}, {0.0F, 255.0F}, {-5.0F, 90.3F}, {90.3F, INFINITY},
                                     {128.0F, 128.0F}, {NAN, 255.0F}, {300.0F, 400.0F}})
-        ExpectPainted(
-            source, [low = low, high = high](SourcePlane from, TargetPlane to, InstructionSet set) {
-                PaintLuminance(from, to, low, high, {250, 100, 5}, set);
-            },
-            [low = low, high = high](std::uint8_t* pixel) {
-                if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 250, 100, 5);
-            });
-    ExpectPainted(
-        source, [](SourcePlane from, TargetPlane to, InstructionSet set) { PaintLuminance(from, to, overlapping, set); },
-        [](std::uint8_t* pixel) {
-            const float luminance = LuminanceOf(pixel);
-            for (const ThresholdTag& band : overlapping)
-                if (luminance >= band.fLow && luminance <= band.fHigh)
-                    Put(pixel, band.iRed, band.iGreen, band.iBlue);
-        });
+        ExpectLuminances(source, {{low, high, 1, 2, 3}});
+    ExpectLuminances(source, overlapping);
+    ExpectLuminances(source, TwentyBands());
 }
 
 TEST(ColourThreshold, LuminanceOfEveryColour) {
@@ -82,64 +112,20 @@ TEST(ColourThreshold, LuminanceOfEveryColour) {
     const float exact = LuminanceOf(colour), next = std::nextafter(exact, 255.0F);
     for (int red = 0; red < 256; ++red) {
         for (int i = 0; i < 65536; ++i) Put(&colours[3 * i], red, i >> 8, i & 255);
-        for (const auto& [low, high] : {std::pair{exact, exact}, {next, 200.7F}})
-            ExpectPainted(
-                colours,
-                [low = low, high = high](SourcePlane from, TargetPlane to, InstructionSet set) {
-                    PaintLuminance(from, to, low, high, {1, 2, 3}, set);
-                },
-                [low = low, high = high](std::uint8_t* pixel) {
-                    if (LuminanceOf(pixel) >= low && LuminanceOf(pixel) <= high) Put(pixel, 1, 2, 3);
-                });
+        ExpectLuminances(colours, {{exact, exact, 1, 2, 3}});
+        ExpectLuminances(colours, {{next, 200.7F, 1, 2, 3}});
     }
 }
 
-TEST(ColourThreshold, MoreBandsThanTheLoopsTake) {
-    std::vector<ThresholdTag> bands;
-    for (int i = 0; i < 20; ++i) {
-        const auto low = static_cast<float>(i * 12);
-        bands.push_back({low, low + 7, i, 250 - i, 2 * i});
-    }
-    ExpectPainted(
-        RandomPixels(4),
-        [&](SourcePlane from, TargetPlane to, InstructionSet set) { PaintLuminance(from, to, bands, set); },
-        [&](std::uint8_t* pixel) {
-            const float luminance = LuminanceOf(pixel);
-            for (const ThresholdTag& band : bands)
-                if (luminance >= band.fLow && luminance <= band.fHigh)
-                    Put(pixel, band.iRed, band.iGreen, band.iBlue);
-        });
-    ChannelPainter painter(1);
-    for (const ThresholdTag& band : bands)
-        painter.AddBand(band.fLow, band.fHigh, LowBytes(band.iRed, band.iGreen, band.iBlue));
-    ExpectPainted(
-        RandomPixels(5),
-        [&](SourcePlane from, TargetPlane to, InstructionSet set) { painter.Paint(from, to, set); },
-        [&](std::uint8_t* pixel) {
-            for (const ThresholdTag& band : bands)
-                if (pixel[1] >= band.fLow && pixel[1] <= band.fHigh) Put(pixel, band.iRed, band.iGreen, band.iBlue);
-        });
-}
-
-TEST(ColourThreshold, ChannelBandsLookAtWhatIsPainted) {
-    const Pixels source = RandomPixels(2);
+TEST(ColourThreshold, ChannelBands) {
     for (const int byte : {0, 1, 2}) {
-        ChannelPainter several(byte), one(byte);
-        for (const ThresholdTag& band : overlapping)
-            several.AddBand(band.fLow, band.fHigh, LowBytes(band.iRed, band.iGreen, band.iBlue));
-        one.AddBand(ToByteBand(100.9F, 1000.0F), LowBytes(1, 2, 3));
+        ExpectChannel(RandomPixels(2), byte, overlapping);
+        ExpectChannel(RandomPixels(5), byte, TwentyBands());
+        ChannelPainter truncated(byte);
+        truncated.AddBand(ToByteBand(100.9F, 1000.0F), LowBytes(1, 2, 3));
         ExpectPainted(
-            source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { several.Paint(from, to, set); },
-            [byte](std::uint8_t* pixel) {
-                for (const ThresholdTag& band : overlapping)
-                    if (pixel[byte] >= band.fLow && pixel[byte] <= band.fHigh)
-                        Put(pixel, band.iRed, band.iGreen, band.iBlue);
-            });
-        ExpectPainted(
-            source, [&](SourcePlane from, TargetPlane to, InstructionSet set) { one.Paint(from, to, set); },
-            [byte](std::uint8_t* pixel) {
-                if (pixel[byte] >= 100) Put(pixel, 1, 2, 3);
-            });
+            RandomPixels(2), [&](SourcePlane from, TargetPlane to, InstructionSet set) { truncated.Paint(from, to, set); },
+            [byte](std::uint8_t* pixel) { PutIfHeld(pixel, {100, 255, 1, 2, 3}, pixel[byte]); });
     }
 }
 
