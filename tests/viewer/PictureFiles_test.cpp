@@ -6,7 +6,7 @@
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
 #include "support/Bytes.h"
-#include "viewer/Samples.h"
+#include "viewer/SampleDocuments.h"
 
 namespace test {
 namespace {

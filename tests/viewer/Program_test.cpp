@@ -8,7 +8,7 @@
 #include "support/Bytes.h"
 #include "support/Printer.h"
 #include "viewer/Driver.h"
-#include "viewer/Samples.h"
+#include "viewer/SampleDocuments.h"
 
 namespace test {
 namespace {

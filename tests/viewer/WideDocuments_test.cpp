@@ -1,0 +1,186 @@
+// Wide pictures in KestView: the range that is shown, bands of sample values, conversions, and previews of bands.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+#include "document/Conversion.h"
+#include "document/Histogram.h"
+#include "viewer/SampleDocuments.h"
+
+namespace test {
+namespace {
+
+TEST(WideDocuments, ShowTheirWholeRangeWhateverComesFirst) {
+    const auto levels = [](Document& document) { return LevelsOf(Through(document, 102)); };
+    for (const int type : wideTypes) {
+        SCOPED_TRACE(type);
+        const std::string whole = levels(*MakeDocument(type));
+        EXPECT_EQ(whole.front(), '\0');
+        EXPECT_EQ(whole.back(), '\xFF');
+        auto document = MakeDocument(type);
+        EXPECT_EQ(PixelBytes(*ConvertImage(document->Image(), KEST_IMAGE_GRAY256)), whole);
+        const tagPoints range = document->ShownRange();
+        document->PixelsReplaced();
+        EXPECT_EQ(levels(*document), whole);
+        EXPECT_EQ(document->ShownRange().y, range.y);
+        // A curve over the whole range, in a session of any extension.
+        document->SetTableCurve(102, 0, {{range.x, 255}, {range.y, 0}});
+        auto loaded = Reopened(*document, "inverted.dat");
+        ASSERT_TRUE(loaded);
+        EXPECT_EQ(levels(*loaded), levels(*document));
+        loaded->ResetTableCurve(102, 0);
+        EXPECT_EQ(levels(*loaded), whole);
+    }
+}
+
+TEST(WideDocuments, ShowWhatIsANumber) {
+    auto document = MakeDocument(KEST_IMAGE_FLOAT);
+    auto* samples = static_cast<float*>(document->Image().GetBitMapImageData());
+    const float low = samples[1], high = samples[pixelCount - 2];
+    samples[0] = std::numeric_limits<float>::quiet_NaN();
+    for (const float last : {high, std::numeric_limits<float>::infinity()}) {
+        samples[pixelCount - 1] = last;
+        document->PixelsReplaced();
+        EXPECT_EQ(document->ShownRange().x, low);
+        EXPECT_EQ(document->ShownRange().y, high);
+        EXPECT_TRUE(std::isnan(samples[0])) << "the samples stay";
+        const auto shown = ConvertImage(document->Image(), KEST_IMAGE_GRAY256);
+        EXPECT_EQ((*shown)(1, 0), 0.0f);
+        EXPECT_EQ((*shown)(columns - 2, rows - 1), 255.0f);
+    }
+    EXPECT_EQ(MakeHistogram(*document, nullptr)->high, high);
+    // Any range can be had, however it was reached.
+    for (const float from : {0.5f, 0.08f, 0.05f})
+        document->SetTableCurve(102, 0, {{from, 0}, {1, 255}});
+    EXPECT_EQ(document->ShownRange().x, 0.05f);
+    samples[1] = 0.05f;
+    samples[2] = 0.05f + 0.95f / 2;
+    const auto shown = ConvertImage(document->Image(), KEST_IMAGE_GRAY256);
+    EXPECT_EQ((*shown)(1, 0), 0.0f);
+    EXPECT_EQ((*shown)(2, 0), 127.0f);
+}
+
+TEST(Conversion, TakesValuesOverOrShowsThem) {
+    auto wide = MakeDocument(KEST_IMAGE_INT16);  // 0 to 56800 in steps of 400
+    const auto shown = ConvertImage(wide->Image(), KEST_IMAGE_GRAY256);
+    EXPECT_EQ((*shown)(0, 0), 0.0f);
+    EXPECT_EQ((*shown)(columns - 1, rows - 1), 255.0f);
+    const auto floats = ConvertImage(wide->Image(), KEST_IMAGE_FLOAT);
+    EXPECT_EQ((*floats)(5, 2), (columns * 2 + 5) * 400.0f);
+    auto negative = MakeDocument(KEST_IMAGE_INT32);
+    const auto limited = ConvertImage(negative->Image(), KEST_IMAGE_INT16);
+    EXPECT_EQ((*limited)(0, 0), 0.0f);
+    EXPECT_EQ((*limited)(columns - 1, rows - 1), 65535.0f);
+
+    // A gray stays the gray that it is, on the way to colours and back.
+    auto ramp = MakeImage(KEST_IMAGE_GRAY256, 1, 256, "ramp");
+    for (int i = 0; i < 256; ++i)
+        static_cast<unsigned char*>(ramp->GetBitMapImageData())[i] = static_cast<unsigned char>(i);
+    const auto grays = ConvertImage(*ramp, KEST_IMAGE_RGB);
+    EXPECT_EQ(PixelBytes(*ConvertImage(*grays, KEST_IMAGE_GRAY256)), PixelBytes(*ramp));
+
+    auto colour = MakeDocument(KEST_IMAGE_RGB);
+    const auto hsl = ConvertImage(colour->Image(), KEST_IMAGE_HSL);
+    EXPECT_EQ(PixelBytes(*hsl), PixelBytes(colour->Image()));
+    RGBQUAD expected = {};
+    const std::string first = PixelBytes(colour->Image()).substr(3, 3);
+    auto& converter = static_cast<Cc24BitHSLImage&>(*hsl);
+    converter.RGB2HSL(static_cast<BYTE>(first[2]), static_cast<BYTE>(first[1]), static_cast<BYTE>(first[0]), &expected);
+    EXPECT_EQ(std::memcmp(static_cast<BYTE*>(converter.GetBitMapImageDataHSL()) + 3, &expected, 3), 0)
+        << "the plane is made";
+    const auto mask = ConvertImage(colour->Image(), KEST_IMAGE_BINARY);
+    EXPECT_EQ((*mask)(0, 0), 0.0f);
+    EXPECT_EQ((*mask)(1, 0), 1.0f);
+}
+
+TEST(ThresholdPreview, MaskIsWhatTheBandsHoldAndThePictureComesBack) {
+    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_RGB}) {
+        SCOPED_TRACE(type);
+        auto document = MakeDocument(type);
+        if (type == KEST_IMAGE_RGB) document->SetChannel(2);
+        const std::string before = PixelBytes(document->Image());
+        tagPoints tableBefore[256] = {}, tableAfter[256] = {};
+        document->SetDisplayTable(101);
+        std::vector<tagPoints> curve = {{0, 255}, {255, 0}};
+        if (type == KEST_IMAGE_GRAY256) document->SetTableCurve(101, 2, curve);
+        document->Image().GetDisplayLUT(101, 2, tableBefore);
+        document->SetBands({{40, 60, RGB(255, 0, 0)}, {50, 90, 0}});
+        document->PreviewBands(true, GetDesktopWindow());
+        ASSERT_TRUE(document->IsPreviewing());
+        const std::vector<std::uint8_t> mask = document->BandMask();
+        document->PreviewBands(false, nullptr);
+        EXPECT_EQ(PixelBytes(document->Image()), before);
+        document->Image().GetDisplayLUT(101, 2, tableAfter);
+        EXPECT_EQ(std::memcmp(tableBefore, tableAfter, sizeof tableBefore), 0) << "the user's own curves";
+        ASSERT_EQ(mask.size(), static_cast<std::size_t>(pixelCount));
+        for (int i = 0; i < pixelCount; ++i) {
+            const int level = static_cast<unsigned char>(
+                type == KEST_IMAGE_RGB ? before[static_cast<std::size_t>(3 * i + 1)] : static_cast<char>(i * 7));
+            EXPECT_EQ(mask[static_cast<std::size_t>(i)], level >= 40 && level <= 90) << i;
+        }
+    }
+}
+
+/// What is on the screen at a whole zoom.
+Picture Drawn(Document& document, int zoom) {
+    RECT all = {0, 0, columns * zoom, rows * zoom};
+    const MemoryPicture screen(all.right, all.bottom);
+    document.Draw(screen, {all.right, all.bottom},
+                  [&](CcImage& image, HDC dc, unsigned short table) { image.Show(dc, &all, table, 1, 0, 0, zoom); });
+    return screen.Snapshot();
+}
+
+TEST(WideBands, AreSampleValuesWhateverIsDisplayed) {
+    // The samples number 5 to 10 and 100, which neighbours just outside the bounds leave out.
+    struct Case {
+        int type;
+        double low, high, other;
+    };
+    for (const Case& wanted : {Case{KEST_IMAGE_INT16, 1600.5, 4399, 40000},
+                               {KEST_IMAGE_INT16, 2000, 4000, 40000},
+                               {KEST_IMAGE_INT32, -65.0 * 1000003, -60.0 * 1000003, 30.0 * 1000003},
+                               {KEST_IMAGE_INT32, -66.0 * 1000003 + 1, -59.0 * 1000003 - 1, 30.0 * 1000003},
+                               {KEST_IMAGE_FLOAT, 5 / 7.0 - 3, 10 / 7.0 - 3, 100 / 7.0 - 3}}) {
+        SCOPED_TRACE(testing::Message() << wanted.type << " from " << wanted.low);
+        auto document = MakeDocument(wanted.type);
+        std::vector<std::uint8_t> expected(pixelCount);
+        for (const std::size_t i : {5, 6, 7, 8, 9, 10, 100}) expected[i] = 1;
+        if (wanted.type == KEST_IMAGE_FLOAT) {
+            // As the samples are made, in floats; and the ones that are no number, or too large.
+            auto* samples = static_cast<float*>(document->Image().GetBitMapImageData());
+            samples[5] = -2.3f, samples[10] = -1.5f, samples[100] = 11.2f;
+            samples[0] = std::numeric_limits<float>::quiet_NaN();
+            samples[1] = std::numeric_limits<float>::infinity();
+            document->PixelsReplaced();
+            document->SetBands({{-2.3, -1.5, RGB(1, 2, 3)}, {11.2, 11.2, 0}, {9, 8, RGB(9, 9, 9)}});
+        } else {
+            document->SetBands({{wanted.low, wanted.high, RGB(1, 2, 3)}, {wanted.other, wanted.other, 0}});
+        }
+        EXPECT_EQ(document->BandMask(), expected);
+        const tagPoints whole = document->WholeRange();
+        document->SetTableCurve(102, 0, {{whole.x / 2, 255}, {whole.y / 2, 0}});
+        EXPECT_EQ(document->BandMask(), expected) << "another display";
+        for (const int zoom : {1, 3}) {
+            Picture wantedPicture = Drawn(*document, zoom);
+            for (int y = 0; y < rows * zoom; ++y)
+                for (int x = 0; x < columns * zoom; ++x) {
+                    const int pixel = (rows - 1 - y / zoom) * columns + x / zoom;
+                    if (expected[static_cast<std::size_t>(pixel)])
+                        wantedPicture.pixels[y * columns * zoom + x] = pixel == 100 ? 0 : 0x010203;
+                }
+            document->PreviewBands(true, GetDesktopWindow());
+            EXPECT_EQ(Drawn(*document, zoom), wantedPicture) << zoom;
+            document->PreviewBands(false, nullptr);
+        }
+        auto loaded = Reopened(*document);
+        ASSERT_TRUE(loaded);
+        EXPECT_EQ(loaded->BandMask(), expected);
+        EXPECT_EQ(loaded->Bands()[0].low, document->Bands()[0].low);
+    }
+}
+
+}  // namespace
+}  // namespace test
