@@ -1,5 +1,4 @@
-// Picking and moving break points: tolerances, order, corrections of the list, the origin, and a drag with the real
-// mouse.
+// Picking and moving break points: tolerances, order, corrections of the list, and the origin.
 #include <climits>
 
 #include "graph/Support.h"
@@ -134,36 +133,4 @@ TEST_F(Picking, PositionsThroughAnyMapping) {
         EXPECT_EQ((graph.*GrantedOnOrigin())(dc, &cursor), isNear) << point.x;
         EXPECT_EQ(graph.bOriginSelected, isNear) << point.x;
     }
-}
-
-TEST(GraphMouse, ABreakPointFollowsTheMouse) {
-    test::GraphScene scene;
-    test::Curve curve({{0, 0}, {200, 150}, {500, 400}}, PS_SOLID, RGB(200, 0, 0), 1);
-    scene.curves.InsertTail(&curve);
-    const auto redraw = [&] {
-        scene.window.Fill(RGB(255, 255, 255));
-        const kest::WindowDc dc(scene.window);
-        const kest::SelectedObject font(dc, scene.font);
-        scene.graph.ShowGraph(scene.window, dc, 0);
-    };
-    redraw();
-    bool isDragging = false;
-    scene.window.onMessage = [&](UINT message, WPARAM, LPARAM lParam) {
-        POINT mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-        const kest::WindowDc dc(scene.window);
-        if (message == WM_LBUTTONDOWN) isDragging = scene.graph.IsCursorOnBP(dc, &mouse) == 1;
-        if (message == WM_MOUSEMOVE && isDragging) scene.graph.SetSelBPViaMouse(dc, &mouse);
-        if (message == WM_LBUTTONUP) isDragging = false;
-        return message == WM_LBUTTONDOWN || message == WM_MOUSEMOVE || message == WM_LBUTTONUP;
-    };
-    scene.window.Drag({scene.X(203), scene.Y(152)}, {scene.X(330), scene.Y(90)});
-    scene.window.onMessage = nullptr;
-    EXPECT_NEAR(curve.points[1].x, 330, 1e-3);
-    EXPECT_NEAR(curve.points[1].y, 90, 1e-3);
-    EXPECT_EQ(curve.points[0].x + curve.points[2].y, 400.0F);
-    redraw();
-    // The selected curve's square stands where the mouse let go of the point.
-    const test::Picture picture = scene.window.Snapshot();
-    EXPECT_EQ(picture.At(scene.X(330) - 2, scene.Y(90) - 2), 0xC80000U);
-    EXPECT_EQ(picture.At(scene.X(330) - 1, scene.Y(90) - 1), 0xFFFFFFU);
 }

@@ -31,8 +31,6 @@ GraphAxis Axis(float minimum, float maximum, int exponent = 0, int precision = 2
 using Ints = std::vector<int>;
 using Floats = std::vector<float>;
 
-Ints Sides(const IntRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-
 std::string Label(float value, int exponent, int precision) {
     LabelText text;
     return std::string(text, static_cast<std::size_t>(WriteLabel(text, value, exponent, precision)));
@@ -60,15 +58,15 @@ std::string Path(const GraphScales& scales, const IntRect& area, std::vector<tag
 
 TEST(GraphLayout, LabelsTakeTheirRoom) {
     // Six characters of 7 pixels at the left, half of them at the right.
-    EXPECT_EQ(Sides(PlotArea({0, 0, 640, 480}, plain, plain, font)), (Ints{57, 35, 604, 416}));
+    EXPECT_EQ(PlotArea({0, 0, 640, 480}, plain, plain, font), (IntRect{57, 35, 604, 416}));
     // "-2500.5" counts 6, less 3 for the exponent; "1", and 2 more for the exponent.
-    EXPECT_EQ(Sides(PlotArea({10, 20, 650, 500}, Axis(0, 1, -2, 0), Axis(-2500.5F, 2500, 3, 1), font)),
-              (Ints{46, 55, 625, 436}));
+    EXPECT_EQ(PlotArea({10, 20, 650, 500}, Axis(0, 1, -2, 0), Axis(-2500.5F, 2500, 3, 1), font),
+              (IntRect{46, 55, 625, 436}));
     // A large exponent leaves fewer than none: halves are cut toward zero.
     EXPECT_EQ(PlotArea({0, 0, 640, 480}, Axis(0, 99999, 10, 0), plain, font).right, 642);
-    EXPECT_EQ(Sides(PageSurface(2399, 3019)), (Ints{119, 150, 2280, 2869}));
+    EXPECT_EQ(PageSurface(2399, 3019), (IntRect{119, 150, 2280, 2869}));
     const IntRect wild = PlotArea({0, 0, 640, 480}, Axis(0, 1, INT_MIN), Axis(0, 1, INT_MAX), {INT_MAX, INT_MAX});
-    EXPECT_EQ(Sides(wild), (Ints{INT_MIN, INT_MAX, INT_MIN, INT_MIN}));
+    EXPECT_EQ(wild, (IntRect{INT_MIN, INT_MAX, INT_MIN, INT_MIN}));
     EXPECT_FALSE(IsDrawable(ScalesOf(plain, plain, wild)));
 }
 
@@ -148,15 +146,14 @@ TEST(GraphView, KeepsToTheSurface) {
     GraphView view;
     const GraphMapping mapping = {{100, 200}, {50, 400}, {1, -1}, {10, 10}};
     ASSERT_TRUE(ViewOf(mapping, {0, 0, 800, 600}, font, view));
-    EXPECT_EQ(Sides(view.area), (Ints{100 - 211, 200 - 226, 100 + 281, 200 + 246}));
+    EXPECT_EQ(view.area, (IntRect{100 - 211, 200 - 226, 100 + 281, 200 + 246}));
     EXPECT_TRUE(view.hasTexts);
     EXPECT_EQ(BoundedPenWidth(view, INT_MIN), -1000);
     EXPECT_FALSE(ViewOf({{}, {}, {1, -1}, {801, 1}}, {0, 0, 800, 600}, font, view));
     EXPECT_FALSE(ViewOf({{}, {}, {0, 1}, {1, 1}}, {0, 0, 800, 600}, font, view));
 
     const auto cut = [](IntPoint from, IntPoint to) {
-        const bool isSeen = CutLine({-10, -20, 100, 200}, from, to);
-        return isSeen ? Ints{from.x, from.y, to.x, to.y} : Ints{};
+        return CutLine({-10, -20, 100, 200}, from, to) ? Ints{from.x, from.y, to.x, to.y} : Ints{};
     };
     EXPECT_EQ(cut({0, 5}, {90, 5}), (Ints{0, 5, 90, 5}));
     // The start moves by whole periods of dashes.
