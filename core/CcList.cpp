@@ -2,6 +2,7 @@
 // kept as they are and checked where they are used.
 #include "CcList.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "CcObjectStorage.h"
@@ -244,8 +245,15 @@ int CcList::DeleteObjectAtIndex(int iIndex) {
 /// The list always keeps one slot free: it grows before an insert would use the last one.
 bool CcList::MakeRoom() { return iNumberOfObjects + 1 < iArraySize || MakeArrayLarger() == KEST_OK; }
 
-int CcList::MakeArrayLarger() {
-    const kest::Size64 slots = kest::Size64{iArraySize} + iArrayIncrement;
+int CcList::Reserve(int iInserts) {
+    const kest::Size64 missing = kest::Size64{iNumberOfObjects} + iInserts + 1 - iArraySize;
+    return missing <= 0 ? KEST_OK : GrowBy(std::max(missing, kest::Size64{iArrayIncrement}));
+}
+
+int CcList::MakeArrayLarger() { return GrowBy(iArrayIncrement); }
+
+int CcList::GrowBy(long long llSlots) {
+    const kest::Size64 slots = iArraySize + llSlots;
     KestGlobalBlock larger;
     // An increment that adds nothing to slots that are all in use is refused like a block that cannot be had.
     const bool isEnough = slots > iNumberOfObjects || slots == 0;

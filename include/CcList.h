@@ -81,6 +81,8 @@ public:
 
     /// Adds the increment to the capacity. -1 after a message when memory is short.
     int MakeArrayLarger();
+    /// Makes sure that as many inserts need no memory. -1 after a message when memory is short.
+    int Reserve(int iInserts);
 
 protected:
     int iInitialArraySize;         ///< slots of the first array
@@ -99,6 +101,7 @@ private:
     bool IsMember(int iIndex) const;
     CcHLObject* MoveTo(int iIndex);
     bool MakeRoom();
+    int GrowBy(long long llSlots);
     int IndexOf(const char* pszName) const;
     int RemoveAt(int iIndex);
     bool DeletesMembers() const { return iDistructorFlag == 1 && bOwnsMembers; }

@@ -12,8 +12,11 @@
 /// history; they stay, behind the ROIs.
 ///
 /// Results: 0, or -1 when there is nothing to undo or redo, or a ROI could not be stored or restored, as when memory is
-/// short. The list, its ROIs and the history are then as they were; only of a ROI class that a host made, with a type code
-/// of its own, the record is what its Load left.
+/// short (which a list that cannot grow says in a box). The list, its ROIs and the history are then as they were; only what
+/// a host's ROI class adds to the library's class of its type code (everything, when there is none) is what its Load left.
+///
+/// While one of these functions runs (a box is open, or it calls a host's ROI class) the others return -1, and Clear does
+/// nothing.
 class KEST_API CcRoiHistory {
 public:
     /// The list stays the caller's; its destruction type says whether ROIs that an undo takes out are deleted.
@@ -40,19 +43,25 @@ public:
     void Clear();
 
 private:
+    struct Identity;
+    struct State;
     struct Snapshot;
 
-    Snapshot* Take() const;
+    Snapshot* Take();
     int GoTo(Snapshot*& from, Snapshot*& other);
+    bool MakeRoom(const Snapshot& snapshot);
     bool Restore(Snapshot& snapshot);
-    bool Prepare(Snapshot& snapshot) const;
+    static bool Prepare(Snapshot& snapshot);
     void Arrange(Snapshot& snapshot);
-    void RenameInAll(const CcHLObject* pOld, CcHLObject* pNew);
+    Identity* IdentityOf(CcRoiBase& roi);
+    void ForgetTheGone();
 
     CcList* pList;
     int iMaxSteps;
     Snapshot* pUndo;  // the newest first
     Snapshot* pRedo;
     Snapshot* pRedoBefore;  // what the last Remember took from pRedo
+    Identity* pIdentities;  // of all ROIs in the history
     bool bCanCancel;        // nothing came after the last Remember
+    bool bInUse;            // one of the functions runs
 };

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Dialogs.h"
 #include "support/KnownRois.h"
 
 namespace {
@@ -54,6 +55,52 @@ TEST(CcRoiHistory, DeletedPolygonComesBack) {
     EXPECT_EQ(history.Undo(), -1);
     EXPECT_EQ(history.Redo(), 0);
     EXPECT_EQ(NamesOf(list), "a c ");
+}
+
+TEST(CcRoiHistory, RoisMadeWhereDeletedOnesWereAreNotTakenForThem) {
+    for (const bool isStepByStep : {false, true}) {
+        CcList list;
+        list.SetDestructionType(1);
+        CcRoiHistory history(&list);
+        for (const char* name : {"a", "b", "c", "d", "e", "f"}) AddRect(list, name);
+        // In an order other than that in which they were made, the blocks of later ones are free when the first come back.
+        for (int i = 0; i < 3; ++i) list.InsertAtIndex(list.TakeOut(5), i);
+        const std::string names = NamesOf(list);
+        const int alive = CcRoiBase::iNumOfROIs;
+        history.Remember();
+        while (list.DeleteHead() == 0)
+            if (isStepByStep && list.GetNumberOfObjects() > 0) history.Remember();
+        while (history.CanUndo()) EXPECT_EQ(history.Undo(), 0);
+        EXPECT_EQ(NamesOf(list), names);
+        EXPECT_EQ(CcRoiBase::iNumOfROIs, alive);
+        while (history.CanRedo()) EXPECT_EQ(history.Redo(), 0);
+        EXPECT_EQ(list.GetNumberOfObjects(), 0);
+    }
+}
+
+TEST(CcRoiHistory, CalledWhileTheListSaysThatMemoryIsShort) {
+    CcList list(4, 0x3FFFFFFF);
+    list.SetDestructionType(1);
+    CcRoiHistory history(&list);
+    for (const char* name : {"a", "b", "c"}) AddRect(list, name);
+    history.Remember();
+    list.DeleteTail();
+    list.DeleteTail();
+    list.InsertTail(new CcNumber);
+    list.InsertTail(new CcNumber);
+    const std::string names = NamesOf(list);
+    test::DuringNextBox([&] {
+        EXPECT_EQ(NamesOf(list), names);
+        for (const int result : {history.Undo(), history.Redo(), history.Remember(), history.Cancel()}) EXPECT_EQ(result, -1);
+        history.Clear();
+    });
+    EXPECT_EQ(history.Undo(), -1);
+    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Memory Error", "Can't Increase Memory for List Object"}}));
+    EXPECT_EQ(NamesOf(list), names);
+    list.DeleteTail();
+    list.DeleteTail();
+    EXPECT_EQ(history.Undo(), 0);
+    EXPECT_EQ(NamesOf(list), "a b c ");
 }
 
 TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
