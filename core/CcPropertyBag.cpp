@@ -17,8 +17,6 @@ constexpr int bufferStep = 100000;
 /// costs more than all else.
 constexpr int promisedBytes = 1 << 20;
 
-enum PropertyType { IntProperty, LongProperty, FloatProperty, DoubleProperty, StringProperty, BlobProperty };
-
 /// Reads `bytes` bytes into `block`. The block grows as the bytes arrive, so a count that lies costs no memory.
 bool ReadIntoBlock(CcObjectStorage& storage, KestHeapBlock& block, kest::Size64 bytes) {
     constexpr kest::Size64 largestStep = 1 << 20;
@@ -72,59 +70,59 @@ int CcPropertyBag::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcPropertyBag::PutInt(const char* pszName, int iValue) {
-    return PutProp(pszName, IntProperty, &iValue, sizeof iValue);
+    return PutProp(pszName, KEST_PROPERTY_INT, &iValue, sizeof iValue);
 }
 
 int CcPropertyBag::PutLong(const char* pszName, long lValue) {
-    return PutProp(pszName, LongProperty, &lValue, sizeof lValue);
+    return PutProp(pszName, KEST_PROPERTY_LONG, &lValue, sizeof lValue);
 }
 
 int CcPropertyBag::PutFloat(const char* pszName, float fValue) {
-    return PutProp(pszName, FloatProperty, &fValue, sizeof fValue);
+    return PutProp(pszName, KEST_PROPERTY_FLOAT, &fValue, sizeof fValue);
 }
 
 int CcPropertyBag::PutDouble(const char* pszName, double dValue) {
-    return PutProp(pszName, DoubleProperty, &dValue, sizeof dValue);
+    return PutProp(pszName, KEST_PROPERTY_DOUBLE, &dValue, sizeof dValue);
 }
 
 int CcPropertyBag::PutString(const char* pszName, const char* pszValue) {
     if (!pszName || !pszValue) return KEST_NULL_ARGUMENT;
     const std::size_t bytes = std::strlen(pszValue) + 1;
     if (!kest::IsBlockSize(static_cast<kest::Size64>(bytes))) return KEST_NO_MEMORY;
-    return PutProp(pszName, StringProperty, pszValue, static_cast<long>(bytes));
+    return PutProp(pszName, KEST_PROPERTY_STRING, pszValue, static_cast<long>(bytes));
 }
 
 int CcPropertyBag::PutBlob(const char* pszName, const void* pData, long lLength) {
-    return PutProp(pszName, BlobProperty, pData, lLength);
+    return PutProp(pszName, KEST_PROPERTY_BLOB, pData, lLength);
 }
 
 int CcPropertyBag::GetInt(const char* pszName, int* piValue) {
-    return GetPropA(pszName, IntProperty, piValue, sizeof *piValue);
+    return GetPropA(pszName, KEST_PROPERTY_INT, piValue, sizeof *piValue);
 }
 
 int CcPropertyBag::GetLong(const char* pszName, long* plValue) {
-    return GetPropA(pszName, LongProperty, plValue, sizeof *plValue);
+    return GetPropA(pszName, KEST_PROPERTY_LONG, plValue, sizeof *plValue);
 }
 
 int CcPropertyBag::GetFloat(const char* pszName, float* pfValue) {
-    return GetPropA(pszName, FloatProperty, pfValue, sizeof *pfValue);
+    return GetPropA(pszName, KEST_PROPERTY_FLOAT, pfValue, sizeof *pfValue);
 }
 
 int CcPropertyBag::GetDouble(const char* pszName, double* pdValue) {
-    return GetPropA(pszName, DoubleProperty, pdValue, sizeof *pdValue);
+    return GetPropA(pszName, KEST_PROPERTY_DOUBLE, pdValue, sizeof *pdValue);
 }
 
 int CcPropertyBag::GetString(const char* pszName, char* pszBuffer, long lLength) {
     if (!pszName || !pszBuffer) return KEST_NULL_ARGUMENT;
     if (lLength > 0) std::memset(pszBuffer, 0, static_cast<std::size_t>(lLength));
-    const int result = GetPropA(pszName, StringProperty, pszBuffer, lLength);
+    const int result = GetPropA(pszName, KEST_PROPERTY_STRING, pszBuffer, lLength);
     // A string put into a bag ends in 0 already; one read from a stream need not.
     if (result == KEST_OK) pszBuffer[lLength - 1] = 0;
     return result;
 }
 
 int CcPropertyBag::GetBlob(const char* pszName, void* pBuffer, long lLength) {
-    return GetPropA(pszName, BlobProperty, pBuffer, lLength);
+    return GetPropA(pszName, KEST_PROPERTY_BLOB, pBuffer, lLength);
 }
 
 int CcPropertyBag::PutProp(const char* pszName, int iNewType, const void* pData, long lLength) {
@@ -146,7 +144,7 @@ int CcPropertyBag::ReferToBlob(const char* pszName, const void* pData, long lLen
     const int result = CheckEntry(pszName, pData, lLength);
     if (result < 0) return result;
     if (!kest::IsBlockSize(kest::Size64{iPropBufferUsed} + lLength)) return KEST_NO_MEMORY;
-    kest::MakeProperty(pPropTable[iNumProps], pszName, BlobProperty, iPropBufferUsed, static_cast<int>(lLength));
+    kest::MakeProperty(pPropTable[iNumProps], pszName, KEST_PROPERTY_BLOB, iPropBufferUsed, static_cast<int>(lLength));
     ++iNumProps;
     pReferred = static_cast<const unsigned char*>(pData);
     return KEST_OK;

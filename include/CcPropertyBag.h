@@ -51,7 +51,7 @@ public:
     int GetBlob(const char* pszName, void* pBuffer, long lLength);
     /// @}
 
-    /// The general put: `iType` is a tag of tagPROPERTY.
+    /// The general put: `iType` is one of KestPropertyType.
     int PutProp(const char* pszName, int iType, const void* pData, long lLength);
     /// The general lookup: copies exactly the stored bytes, the rest of the buffer stays untouched. (The A belongs to the
     /// name, as that of GetClassNameA.)

@@ -59,10 +59,20 @@ struct KestSpan {
     int iLast;   ///< last column (or row) of the run
 };
 
+/// The type of a property bag's value; it stands in every stream.
+enum KestPropertyType : int {
+    KEST_PROPERTY_INT = 0,     ///< 4 bytes
+    KEST_PROPERTY_LONG = 1,    ///< 4 bytes
+    KEST_PROPERTY_FLOAT = 2,   ///< 4 bytes
+    KEST_PROPERTY_DOUBLE = 3,  ///< 8 bytes
+    KEST_PROPERTY_STRING = 4,  ///< the characters and their terminator
+    KEST_PROPERTY_BLOB = 5,    ///< any bytes
+};
+
 /// One entry of a property bag's table, in memory and in a stream: 272 bytes.
 struct tagPROPERTY {
     char szPropName[KEST_NAME_SIZE];  ///< NUL-terminated, at most 259 characters
-    int iPropType;                    ///< 0 int, 1 long, 2 float, 3 double, 4 string, 5 blob
+    int iPropType;                    ///< one of KestPropertyType
     int iPropOffset;                  ///< of the value's first byte in the bag's buffer
     int iPropLength;                  ///< bytes of the value, at least 1
 };
