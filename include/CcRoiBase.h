@@ -8,6 +8,11 @@
 
 class CcImage;
 
+namespace kest {  // of the library's own
+struct BoundaryBuffer;
+struct ShapeParts;
+}  // namespace kest
+
 /// The device context of a window in which a ROI is being dragged. A copy of the ROI takes no part in the drag.
 class KEST_API KestDragDc {
 public:
@@ -31,12 +36,6 @@ private:
     HDC hDC = nullptr;
     HWND hWindow = nullptr;
 };
-
-// How the classes of a family share their members (internal).
-template <class Shape>
-struct KestShapeMembers;
-template <class Shape>
-struct KestShapeTraits;
 
 /// What CcRoiBase::GetROIType returns; the code stands in every ROI file.
 enum KestRoiType : int {
@@ -176,28 +175,12 @@ protected:
     /// 131,072 when that is more; a query that lists more makes room for them.
     int iBoundarySize;
 
-    /// The work buffer; null in a copy, whose members tell of its source's until it makes its own. A block of the source
-    /// that is freed meanwhile can come back here: the size tells them apart.
-    int* Boundary() const {
-        const bool isOwn = piBoundary == hBoundary.Get() &&
-                           hBoundary.Size() == static_cast<long long>(iBoundarySize) * static_cast<long long>(sizeof(int));
-        return isOwn ? piBoundary : nullptr;
-    }
-    /// Makes a copy of a ROI that answers boundary queries answer them, too. False when memory is short.
-    bool PrepareCopy();
-    /// Entries that a query over stBoundingRect may list: two for each pixel of the larger side, or what the work buffer
-    /// holds anyway.
-    long long BoundaryRoom() const;
     /// Makes the work buffer ready for queries over stBoundingRect. False without memory.
     bool SizeBoundary();
-    /// Makes the work buffer hold `llEntries` entries at least. False, with the buffer as it was, without memory.
-    bool GrowBoundary(long long llEntries);
-    /// Fills the work buffer with every value from iFirst to iLast, both included.
+    /// What a boundary query returns that lists every value from iFirst to iLast, both included.
     int* ListRange(int iFirst, int iLast, int* piCount);
-    /// Null, with a count of 0.
-    int* ListNothing(int* piCount);
-    /// Null, with a count of -1: memory is short.
-    int* ListFailed(int* piCount);
+    /// The members above, for the library's own classes.
+    kest::BoundaryBuffer Boundary();
     /// The pen for an iPenSelect argument.
     HPEN PenFor(int iPenSelect);
 };

@@ -60,6 +60,5 @@ protected:
     int iDragMode;         ///< -1 while no drag runs
 
 private:
-    friend struct KestShapeMembers<CcRoiEllipse>;
-    friend struct KestShapeTraits<CcRoiEllipse>;
+    kest::ShapeParts Parts();  // what the functions of the family work on
 };

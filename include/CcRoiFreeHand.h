@@ -76,8 +76,8 @@ protected:
     int iDragMode;                  ///< -1 while no drag runs
 
 private:
-    friend struct KestOutlineMembers<CcRoiFreeHand>;
-    friend struct KestOutlineTraits<CcRoiFreeHand>;
-    KestGlobalBlock hPoints;  // behind stImageFreeHand.stPOINTS
+    friend struct kest::OutlineParts;
+    kest::OutlineParts Parts();  // what the functions of the family work on
+    KestGlobalBlock hPoints;     // behind stImageFreeHand.stPOINTS
     KestOutlineQueries stQueries;
 };

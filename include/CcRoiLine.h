@@ -68,6 +68,5 @@ protected:
     int iDragMode;            ///< -1 while no drag runs
 
 private:
-    friend struct KestShapeMembers<CcRoiLine>;
-    friend struct KestShapeTraits<CcRoiLine>;
+    kest::ShapeParts Parts();  // what the functions of the family work on
 };

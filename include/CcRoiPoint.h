@@ -60,7 +60,6 @@ protected:
     int iDragMode;                   ///< -1 while no drag runs
 
 private:
-    friend struct KestShapeMembers<CcRoiPoint>;
-    friend struct KestShapeTraits<CcRoiPoint>;
-    int iBoundaryEntry;  // what the boundary queries return
+    kest::ShapeParts Parts();  // what the functions of the family work on
+    int iBoundaryEntry;        // what the boundary queries return
 };

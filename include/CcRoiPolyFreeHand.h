@@ -77,8 +77,8 @@ protected:
     int iDragMode;                  ///< -1 while no drag runs
 
 private:
-    friend struct KestOutlineMembers<CcRoiPolyFreeHand>;
-    friend struct KestOutlineTraits<CcRoiPolyFreeHand>;
-    KestGlobalBlock hPoints;  // behind stImageFreeHand.stPOINTS
+    friend struct kest::OutlineParts;
+    kest::OutlineParts Parts();  // what the functions of the family work on
+    KestGlobalBlock hPoints;     // behind stImageFreeHand.stPOINTS
     KestOutlineQueries stQueries;
 };

@@ -61,6 +61,5 @@ protected:
     int iDragMode;       ///< -1 while no drag runs
 
 private:
-    friend struct KestShapeMembers<CcRoiRect>;
-    friend struct KestShapeTraits<CcRoiRect>;
+    kest::ShapeParts Parts();  // what the functions of the family work on
 };

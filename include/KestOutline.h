@@ -5,11 +5,9 @@
 
 #include "KestBlocks.h"
 
-// How the classes of the family share their members (internal).
-template <class Roi>
-struct KestOutlineMembers;
-template <class Roi>
-struct KestOutlineTraits;
+namespace kest {
+struct OutlineParts;  // of the library's own
+}
 
 /// The most segments that one outline can be drawn with.
 constexpr int KEST_MAX_SEGMENTS = 100000;

@@ -1,10 +1,7 @@
 // CcRoiBase: what all regions of interest share.
 #include "CcRoiBase.h"
 
-#include <algorithm>
-#include <numeric>
-
-#include "core/kernel/CheckedSize.h"
+#include "roi/BoundaryBuffer.h"
 #include "roi/ClassWide.h"
 
 namespace {
@@ -127,72 +124,18 @@ int CcRoiBase::GetUnSelectedColor(RGBTRIPLE* pColor) { return GetColour(stUnSele
 
 int CcRoiBase::SetZoomPen(int iPenWidth) {
     const kest::ClassWideGuard guard;
-    const bool renewed = RenewPen(hSelectedPen, stSelectedColor, iPenWidth) &&
-                         RenewPen(hUnSelectedPen, stUnSelectedColor, iPenWidth);
+    const bool renewed =
+        RenewPen(hSelectedPen, stSelectedColor, iPenWidth) && RenewPen(hUnSelectedPen, stUnSelectedColor, iPenWidth);
     return renewed ? KEST_OK : KEST_FAILED;
 }
 
-bool CcRoiBase::PrepareCopy() {
-    if (!piBoundary || Boundary()) return true;
-    GetBoundingRect();
-    // An outline whose points are gone leaves its source's buffer named.
-    return piBoundary != nullptr;
-}
-
-long long CcRoiBase::BoundaryRoom() const {
-    const kest::Size64 width = kest::Size64{stBoundingRect.right} - stBoundingRect.left;
-    const kest::Size64 height = kest::Size64{stBoundingRect.top} - stBoundingRect.bottom;
-    // Two entries for each pixel of the larger side hold its two ends as well; a shape of one pixel needs one.
-    return std::max({2 * width, 2 * height, kest::Size64{2}, kest::Size64{Boundary() ? iBoundarySize : 0}});
-}
-
-bool CcRoiBase::SizeBoundary() {
-    // A side beyond that of a picture is rarely listed, and a file can claim any: its list is made when it is asked for.
-    constexpr kest::Size64 mostPrepared = 131072;
-    const kest::Size64 room = BoundaryRoom();
-    if (Boundary() && iBoundarySize == room) return true;
-    const kest::Size64 entries = std::min(room, mostPrepared);
-    if (Boundary() && iBoundarySize == entries) return true;
-    hBoundary.Release();
-    piBoundary = nullptr;
-    iBoundarySize = 0;
-    return GrowBoundary(entries);
-}
-
-bool CcRoiBase::GrowBoundary(long long llEntries) {
-    if (Boundary() && iBoundarySize >= llEntries) return true;
-    // Doubled, as the rows of a shape that widens are asked for one after the other.
-    const long long roomy = Boundary() ? std::min(BoundaryRoom(), 2LL * iBoundarySize) : llEntries;
-    KestGlobalBlock grown;
-    for (const long long entries : {std::max(roomy, llEntries), llEntries}) {
-        if (!grown.Allocate(entries * static_cast<long long>(sizeof(int)))) continue;
-        hBoundary.Swap(grown);
-        piBoundary = static_cast<int*>(hBoundary.Get());
-        iBoundarySize = static_cast<int>(entries);
-        return true;
-    }
-    return false;
-}
+bool CcRoiBase::SizeBoundary() { return Boundary().Prepare(); }
 
 int* CcRoiBase::ListRange(int iFirst, int iLast, int* piCount) {
-    // A buffer that was made ready for other coordinates, or not at all, is no answer.
-    const kest::Size64 count = kest::Size64{iLast} - iFirst + 1;
-    if (!piCount || count < 1 || !Boundary() || count > BoundaryRoom()) return ListNothing(piCount);
-    if (!GrowBoundary(count)) return ListFailed(piCount);
-    *piCount = static_cast<int>(count);
-    std::iota(piBoundary, piBoundary + *piCount, iFirst);
-    return piBoundary;
+    return Boundary().ListSpan(true, {iFirst, iLast}, piCount);
 }
 
-int* CcRoiBase::ListNothing(int* piCount) {
-    if (piCount) *piCount = 0;
-    return nullptr;
-}
-
-int* CcRoiBase::ListFailed(int* piCount) {
-    if (piCount) *piCount = KEST_FAILED;
-    return nullptr;
-}
+kest::BoundaryBuffer CcRoiBase::Boundary() { return {*this, stBoundingRect, piBoundary, hBoundary, iBoundarySize}; }
 
 HPEN CcRoiBase::PenFor(int iPenSelect) {
     const kest::ClassWideGuard guard;

@@ -3,91 +3,173 @@
 
 #include <cstdio>
 
+#include "core/ClassName.h"
+#include "core/GdiGuards.h"
 #include "core/kernel/NameCounter.h"
 #include "core/kernel/Numbers.h"
+#include "roi/ShapeDrag.h"
 #include "roi/ShapeDrawing.h"
-#include "roi/ShapeMembers.h"
+#include "roi/ShapePlace.h"
+#include "roi/ShapeRecord.h"
 #include "roi/kernel/HitTest.h"
+
+namespace {
+
+kest::RealPoint PositionOf(const tagPoints& record) { return {record.x, record.y}; }
+POINT PixelOf(const tagPoints& record) { return {kest::TruncateToInt(record.x), kest::TruncateToInt(record.y)}; }
+
+/// A drag takes whole pixels.
+void TakePixel(const kest::ShapeParts& shape, const kest::View& view, const kest::IntRect& corners) {
+    const kest::IntRect clamped = kest::ClampToImage(view, corners);
+    auto& record = *static_cast<tagPoints*>(shape.record);
+    record = {static_cast<float>(clamped.left), static_cast<float>(clamped.top)};
+    shape.image.first = PixelOf(record);
+}
+
+kest::IntRect WindowCorners(const kest::ShapeParts& shape, const kest::View& view) {
+    const kest::IntPoint window = kest::ImageToWindow(view, PositionOf(*static_cast<const tagPoints*>(shape.record)));
+    return {window.x, window.y, window.x, window.y};
+}
+
+constexpr kest::ShapeKind kind = {
+    .className = "CcRoiPoint",
+    .recordKey = "CcRoiPoint::stSubPixelImagePoint",
+    .typeCode = KEST_ROI_POINT,
+    .recordBytes = sizeof(tagPoints),
+    .isNormalised = false,
+    .keepsExtent = false,
+    .takeCorners = TakePixel,
+    .windowCorners = WindowCorners,
+    .drawRubberBand = kest::DrawPointMark,
+    .draw =
+        [](HDC dc, const kest::IntRect& place, const char* name) {
+            kest::DrawPointMark(dc, place);
+            kest::DrawName(dc, place, name);
+        },
+};
+
+}  // namespace
 
 int CcRoiPoint::iPointROICount = 0;
 
-template <>
-struct KestShapeTraits<CcRoiPoint> {
-    using Record = tagPoints;
-    using WindowRecord = POINT;
-    static constexpr char className[] = "CcRoiPoint";
-    static constexpr char recordKey[] = "CcRoiPoint::stSubPixelImagePoint";
-    static constexpr int typeCode = KEST_ROI_POINT;
-    static constexpr bool isNormalised = false;
-
-    static kest::RealPoint Position(const CcRoiPoint& shape) {
-        return {shape.stSubPixelImagePoint.x, shape.stSubPixelImagePoint.y};
-    }
-
-    static Record& RecordOf(CcRoiPoint& shape) { return shape.stSubPixelImagePoint; }
-    static void TakeRecord(CcRoiPoint& shape, const Record& record) {
-        shape.stSubPixelImagePoint = record;
-        shape.stImagePoint = {kest::TruncateToInt(record.x), kest::TruncateToInt(record.y)};
-    }
-    static kest::IntRect CornersOf(CcRoiPoint& shape) {
-        const POINT pixel = shape.stImagePoint;
-        return {pixel.x, pixel.y, pixel.x, pixel.y};
-    }
-    static void TakeCorners(CcRoiPoint& shape, const kest::View& view, const kest::IntRect& corners) {
-        const kest::IntRect clamped = kest::ClampToImage(view, corners);
-        TakeRecord(shape, {static_cast<float>(clamped.left), static_cast<float>(clamped.top)});
-    }
-    static kest::IntRect WindowCornersOf(CcRoiPoint& shape, const kest::View& view) {
-        const kest::IntPoint window = kest::ImageToWindow(view, Position(shape));
-        return {window.x, window.y, window.x, window.y};
-    }
-    static WindowRecord& WindowRecordOf(CcRoiPoint& shape) { return shape.stWindowPoint; }
-    static kest::IntRect WindowOf(CcRoiPoint& shape) {
-        const POINT window = shape.stWindowPoint;
-        return {window.x, window.y, window.x, window.y};
-    }
-    static void SetWindow(CcRoiPoint& shape, const kest::IntRect& place) {
-        shape.stWindowPoint = {place.left, place.top};
-    }
-
-    static void DrawRubberBand(HDC dc, const kest::IntRect& place) { kest::DrawPointMark(dc, place); }
-    static void DrawOutline(HDC dc, const kest::IntRect& place) { kest::DrawPointMark(dc, place); }
-    static void DrawDecoration(HDC dc, const kest::IntRect& place, CcRoiPoint& shape) {
-        kest::DrawName(dc, place, shape.GetName());
-    }
-    static void FollowCreation(kest::IntRect& place, kest::IntPoint mouse) {
-        place = {mouse.x, mouse.y, mouse.x, mouse.y};
-    }
-    static void FinishCreation(kest::IntRect& place, kest::IntPoint mouse) { FollowCreation(place, mouse); }
-
-    /// The zoom counts whatever the display mode: at 0 the point is under every mouse position, below 0 under none.
-    static int HitTest(CcRoiPoint& shape, const kest::View& view, kest::IntPoint mouse) {
-        const double tolerance = 5.0 / view.zoom;
-        return kest::IsNear(Position(shape), kest::WindowToImageExact(view, mouse), tolerance) ? 0 : -1;
-    }
-    static int* ListEntry(CcRoiPoint& shape, bool isHit, int entry, int* count) {
-        if (!isHit || !count) return shape.ListNothing(count);
-        shape.iBoundaryEntry = entry;
-        *count = 1;
-        return &shape.iBoundaryEntry;
-    }
-    static int* ListRow(CcRoiPoint& shape, int row, int* count) {
-        return ListEntry(shape, row == shape.stImagePoint.y, shape.stImagePoint.x, count);
-    }
-    static int* ListColumn(CcRoiPoint& shape, int column, int* count) {
-        return ListEntry(shape, column == shape.stImagePoint.x, shape.stImagePoint.y, count);
-    }
-};
-
-using Members = KestShapeMembers<CcRoiPoint>;
-
 CcRoiPoint::CcRoiPoint()
     : stSubPixelImagePoint{}, stImagePoint{}, stWindowPoint{}, stLastMouse{}, iDragMode(-1), iBoundaryEntry(0) {
-    iROIType = Members::Traits::typeCode;
+    iROIType = kind.typeCode;
     std::snprintf(szObjectName, sizeof szObjectName, "P.%d", kest::NextNumber(iPointROICount));
 }
 
-CcRoiPoint::~CcRoiPoint() { kest::AbandonDrag(hDragDC, iDragMode); }
+CcRoiPoint::~CcRoiPoint() { kest::AbandonDrag(Parts().drag); }
 
-#define ROI_CLASS CcRoiPoint
-#include "roi/ShapeOverrides.inl"
+kest::ShapeParts CcRoiPoint::Parts() {
+    return {kind,
+            *this,
+            stBoundingRect,
+            stCurrentBoundingRect,
+            Boundary(),
+            &stSubPixelImagePoint,
+            {stImagePoint, stImagePoint},
+            {stWindowPoint, stWindowPoint},
+            {iZoom, iDragMode, hDragDC, stLastMouse},
+            iHitCode};
+}
+
+int CcRoiPoint::Load(CcObjectStorage* pStorage) { return kest::LoadShape(Parts(), pStorage); }
+
+int CcRoiPoint::Store(CcObjectStorage* pStorage) { return kest::StoreShape(Parts(), pStorage); }
+
+int CcRoiPoint::GetClassNameA(char* pszBuffer, long lLength) {
+    return kest::WriteClassName(pszBuffer, lLength, kind.className);
+}
+
+int CcRoiPoint::Save(const char* pszFileName) { return kest::SaveShape(Parts(), pszFileName); }
+
+int CcRoiPoint::Restore(const char* pszFileName) { return kest::RestoreShape(Parts(), pszFileName); }
+
+int CcRoiPoint::SetRoiImageCord(void* pRecord) {
+    if (kest::TakeShapeRecord(Parts(), pRecord) < 0) return KEST_FAILED;
+    stImagePoint = PixelOf(stSubPixelImagePoint);
+    return KEST_OK;
+}
+
+void* CcRoiPoint::GetRoiImageCord() { return &stSubPixelImagePoint; }
+
+int CcRoiPoint::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                               POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom) {
+    return kest::StartShapeDrag(Parts(), hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iNewZoom}, stMouse,
+                                iNewDragMode, pSourceROI);
+}
+
+// During a drag the zoom of its start counts.
+int CcRoiPoint::DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                            POINT stMouse, int) {
+    return kest::ContinueShapeDrag(Parts(), hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iZoom}, stMouse);
+}
+
+int CcRoiPoint::StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                              POINT stMouse) {
+    return kest::StopShapeDrag(Parts(), hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iZoom}, stMouse);
+}
+
+RECT* CcRoiPoint::GetCurrentBoundingRect() { return kest::CurrentShapeBounds(Parts()); }
+
+int CcRoiPoint::ShowROI(HDC hDC, RECT* pRect, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                        int iShowZoom, int iPenSelect) {
+    const auto view = kest::MakeView(pRect, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
+    return kest::ShowShape(Parts(), hDC, view, PenFor(iPenSelect));
+}
+
+int CcRoiPoint::ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                        int iShowZoom, int iPenSelect) {
+    const auto view = kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
+    return kest::ShowShape(Parts(), hDC, view, PenFor(iPenSelect));
+}
+
+int CcRoiPoint::ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                        int iShowZoom, int iPenSelect) {
+    const auto view = kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
+    return kest::ShowShape(Parts(), kest::WindowDc(hWnd), view, PenFor(iPenSelect));
+}
+
+int CcRoiPoint::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                             POINT stMouse, int iTestZoom) {
+    const auto view = kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iTestZoom});
+    if (!view) return KEST_FAILED;
+    kest::MakeWindowPlace(Parts(), view);
+    // The zoom counts whatever the display mode: at 0 the point is under every mouse position, below 0 under none.
+    const double tolerance = 5.0 / view->zoom;
+    const kest::RealPoint position = kest::WindowToImageExact(*view, kest::ToPoint(stMouse));
+    return kest::IsNear(PositionOf(stSubPixelImagePoint), position, tolerance) ? 0 : -1;
+}
+
+RECT* CcRoiPoint::GetBoundingRect() { return kest::PrepareShape(Parts()); }
+
+int* CcRoiPoint::GetYBoundary(int iColumn, int* piCount) {
+    if (!Boundary().PrepareCopy()) return kest::ListFailed(piCount);
+    if (!piCount || iColumn != stImagePoint.x) return kest::ListNothing(piCount);
+    iBoundaryEntry = stImagePoint.y;
+    *piCount = 1;
+    return &iBoundaryEntry;
+}
+
+int* CcRoiPoint::GetXBoundary(int iRow, int* piCount) {
+    if (!Boundary().PrepareCopy()) return kest::ListFailed(piCount);
+    if (!piCount || iRow != stImagePoint.y) return kest::ListNothing(piCount);
+    iBoundaryEntry = stImagePoint.x;
+    *piCount = 1;
+    return &iBoundaryEntry;
+}
+
+int CcRoiPoint::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
+
+int CcRoiPoint::IsRoiAGraphicObject() { return 0; }
+
+int CcRoiPoint::SetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
+                                 int iShowZoom) {
+    return kest::TakeWindowPlace(Parts(), hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
+}
+
+POINT* CcRoiPoint::GetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode,
+                                    CcImage* pImage, int iShowZoom) {
+    kest::MakeWindowPlace(Parts(), kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom}));
+    return &stWindowPoint;
+}

@@ -18,27 +18,35 @@ struct DisplayArguments {
     unsigned short mode;
     CcImage* image;
     int zoom;
-
-    /// False for a null image.
-    bool MakeView(int clientWidth, int clientHeight, View& view) const {
-        if (!image) return false;
-        int height = 0, width = 0;
-        image->GetHeightWidth(&height, &width);
-        view = {clientWidth, clientHeight, width, height, xOffset, yOffset, mode, zoom};
-        return true;
-    }
-    /// False for a null image or window.
-    bool MakeView(HWND window, View& view) const {
-        int width, height;
-        return GetClientSize(window, width, height) && MakeView(width, height, view);
-    }
-    /// For a drag, which goes on without an image: there is no view then. False for an image without a window.
-    bool MakeDragView(HWND window, std::optional<View>& view) const {
-        View made;
-        if (MakeView(window, made)) view = made;
-        return view || !image;
-    }
 };
+
+/// On a surface of this width and height; none for a null image.
+inline std::optional<View> MakeView(int clientWidth, int clientHeight, const DisplayArguments& display) {
+    if (!display.image) return std::nullopt;
+    int height = 0, width = 0;
+    display.image->GetHeightWidth(&height, &width);
+    return View{clientWidth, clientHeight, width, height, display.xOffset, display.yOffset, display.mode, display.zoom};
+}
+
+/// In a window's client area; none for a null image or window.
+inline std::optional<View> MakeView(HWND window, const DisplayArguments& display) {
+    int width, height;
+    if (!GetClientSize(window, width, height)) return std::nullopt;
+    return MakeView(width, height, display);
+}
+
+/// Without a window: the rectangle's right and bottom stand for the client area's size. None for a null image or
+/// rectangle.
+inline std::optional<View> MakeView(const RECT* surface, const DisplayArguments& display) {
+    if (!surface) return std::nullopt;
+    return MakeView(surface->right, surface->bottom, display);
+}
+
+/// For a drag, which goes on without an image: there is no view then. False for an image without a window.
+inline bool MakeDragView(HWND window, const DisplayArguments& display, std::optional<View>& view) {
+    view = MakeView(window, display);
+    return view || !display.image;
+}
 
 inline IntPoint ToPoint(POINT point) { return {point.x, point.y}; }
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/kernel/TextField.h"
+#include "roi/OutlineRecord.h"
 #include "roi/RoiClasses.h"
 
 namespace kest {
@@ -15,17 +16,15 @@ void KeptRoi::Keep(CcRoiBase& source) {
     const std::optional<RoiClass> known = RoiClassOf(roi->GetROIType());
     if (!known) return;
     std::memcpy(shape, roi->GetRoiImageCord(), BytesOf(known->facts.iRecord));
-    if (known->moveOut) known->moveOut(*roi, outline);
+    if (const auto parts = OutlineParts::Of(*roi)) MoveOut(*parts, outline);
 }
 
 void KeptRoi::PutBack() {
     if (!roi) return;
-    if (const std::optional<RoiClass> known = RoiClassOf(roi->GetROIType())) {
-        if (known->moveBack)
-            known->moveBack(*roi, outline);
-        else
-            roi->SetRoiImageCord(shape);
-    }
+    if (const auto parts = OutlineParts::Of(*roi))
+        MoveBack(*parts, outline);
+    else if (RoiClassOf(roi->GetROIType()))
+        roi->SetRoiImageCord(shape);
     roi->SetName(name);
     roi->SetSelected(isSelected);
     Forget();

@@ -27,35 +27,36 @@ void KestDragDc::Release() {
 
 namespace kest {
 
-bool BeginDrag(HWND window, KestDragDc& dragDc, int& dragMode, int newMode) {
-    AbandonDrag(dragDc, dragMode);
-    dragMode = -1;
-    if (!dragDc.Take(window)) return false;
-    dragMode = newMode;
+bool BeginDrag(const DragState& drag, HWND window, int mode, int zoom) {
+    drag.zoom = zoom;
+    AbandonDrag(drag);
+    drag.mode = -1;
+    if (!drag.dc.Take(window)) return false;
+    drag.mode = mode;
     SetCapture(window);
     return true;
 }
 
-bool GoesOn(KestDragDc& dragDc, int& dragMode) {
-    if (dragMode < 0) return false;
-    if (dragDc.IsUsable()) return true;
-    AbandonDrag(dragDc, dragMode);
-    dragMode = -1;
+bool GoesOn(const DragState& drag) {
+    if (drag.mode < 0) return false;
+    if (drag.dc.IsUsable()) return true;
+    AbandonDrag(drag);
+    drag.mode = -1;
     return false;
 }
 
-void EndDrag(KestDragDc& dragDc, int& dragMode) {
-    dragMode = -1;
-    dragDc.Release();
+void EndDrag(const DragState& drag) {
+    drag.mode = -1;
+    drag.dc.Release();
     ClipCursor(nullptr);
     ReleaseCapture();
 }
 
-void AbandonDrag(KestDragDc& dragDc, int& dragMode) {
-    if (dragMode >= 0 && dragDc)
-        EndDrag(dragDc, dragMode);
+void AbandonDrag(const DragState& drag) {
+    if (drag.mode >= 0 && drag.dc)
+        EndDrag(drag);
     else
-        dragDc.Release();
+        drag.dc.Release();
 }
 
 IntRect ClientOnScreen(HWND window) {

@@ -8,20 +8,28 @@
 
 namespace kest {
 
-/// Gets the window's device context for a rubber band and captures the mouse; the drag mode becomes `newMode`. What an
-/// earlier drag left taken is given back. False, with nothing taken and the drag mode -1, when there is no such device
-/// context.
-bool BeginDrag(HWND window, KestDragDc& dragDc, int& dragMode, int newMode);
+/// The drag of one ROI, as references to the members that hold it.
+struct DragState {
+    int& zoom;         ///< of the drag that runs or ran last
+    int& mode;         ///< -1 while no drag runs
+    KestDragDc& dc;    ///< held while a drag runs
+    POINT& lastMouse;  ///< client pixels
+};
+
+/// Gets the window's device context for a rubber band and captures the mouse; the drag mode becomes `mode`, and its
+/// zoom `zoom`. What an earlier drag left taken is given back. False, with nothing taken and the drag mode -1, when
+/// there is no such device context.
+bool BeginDrag(const DragState& drag, HWND window, int mode, int zoom);
 
 /// Whether a drag runs. One whose window has gone ends here; a copy, which holds nothing, has none.
-bool GoesOn(KestDragDc& dragDc, int& dragMode);
+bool GoesOn(const DragState& drag);
 
 /// Gives back device context, cursor range and capture.
-void EndDrag(KestDragDc& dragDc, int& dragMode);
+void EndDrag(const DragState& drag);
 
-/// Gives back what a ROI that is destroyed still holds: everything in the middle of a drag, else the device context of a
-/// failed start.
-void AbandonDrag(KestDragDc& dragDc, int& dragMode);
+/// Gives back what a ROI that is destroyed still holds: everything in the middle of a drag, else the device context of
+/// a failed start.
+void AbandonDrag(const DragState& drag);
 
 /// The window's client area in screen coordinates. When that cannot be had the message "ROI Conversion" tells it, and
 /// the rectangle stays as far as it was converted.

@@ -1,64 +1,16 @@
-// Drawing a freehand outline with the mouse: the segments drawn so far, in the arrays that a class shares.
+// Drawing and moving a freehand outline with the mouse.
 #pragma once
 
-#include <windows.h>
-
-#include <span>
-
-#include "KestOutline.h"
-#include "core/kernel/CheckedSize.h"
-#include "core/kernel/Geometry.h"
+#include "roi/DisplayArguments.h"
+#include "roi/OutlineParts.h"
 
 namespace kest {
 
-/// The class-wide arrays of drawn segments, and the one that is being drawn.
-struct SegmentArrays {
-    POINT* starts;  ///< client pixels
-    POINT* stops;
-    POINT* imageStarts;
-    POINT* imageStops;
-    int& index;  ///< of the segment that is being drawn
-
-    /// Makes segment `index` begin and end at a point.
-    void BeginAt(POINT client, POINT image) const {
-        starts[index] = stops[index] = client;
-        imageStarts[index] = imageStops[index] = image;
-    }
-    void EndAt(POINT client, POINT image) const {
-        stops[index] = client;
-        imageStops[index] = image;
-    }
-    /// Goes on with a segment of no length where the last one ended; false when the arrays are full.
-    bool Advance() const {
-        if (index >= KEST_MAX_SEGMENTS - 1) return false;
-        ++index;
-        BeginAt(stops[index - 1], imageStops[index - 1]);
-        return true;
-    }
-    /// Gives a last segment of no length a pixel to the right.
-    void KeepPixel() const {
-        if (imageStops[index].x != imageStarts[index].x || imageStops[index].y != imageStarts[index].y) return;
-        imageStops[index].x = Saturate(Size64{imageStops[index].x} + 1);
-        stops[index].x = Saturate(Size64{stops[index].x} + 1);
-    }
-    /// Adds the segment from the last end back to the first start.
-    void Close() const {
-        if (Advance()) EndAt(starts[0], imageStarts[0]);
-    }
-    /// Draws segment `index`; drawn twice it is gone again.
-    void Draw(HDC dc) const;
-};
-
-/// Tells the user that an outline cannot have more segments.
-void TellSegmentLimit();
-
-/// The outline's pixels.
-inline std::span<const IntPoint> PixelsOf(const PixelGroupTag& outline, long long blockBytes) {
-    const long long room = blockBytes / static_cast<long long>(sizeof(POINT));
-    const long long count = outline.iNumOfPoints < room ? outline.iNumOfPoints : room;
-    if (!outline.stPOINTS || count < 1) return {};
-    static_assert(sizeof(POINT) == sizeof(IntPoint));
-    return {reinterpret_cast<const IntPoint*>(outline.stPOINTS), static_cast<std::size_t>(count)};
-}
+/// An outline has no rectangle to take from `source`, which mode 0 needs all the same.
+int StartOutlineDrag(const OutlineParts& outline, HWND window, const DisplayArguments& display, POINT mouse, int mode,
+                     CcRoiBase* source);
+int ContinueOutlineDrag(const OutlineParts& outline, HWND window, const DisplayArguments& display, POINT mouse,
+                        int addVertex);
+int StopOutlineDrag(const OutlineParts& outline, HWND window, const DisplayArguments& display, POINT mouse);
 
 }  // namespace kest

@@ -1,20 +1,29 @@
-// Drawing an outline of pixels, and what the user is told while drawing one.
+// Drawing an outline of pixels.
 #include "roi/OutlineDrawing.h"
 
-#include "core/Messages.h"
+#include "core/GdiGuards.h"
 #include "core/kernel/CheckedSize.h"
 #include "roi/FarDrawing.h"
-#include "roi/OutlineDrag.h"
+#include "roi/OutlineRecord.h"
 
 namespace kest {
 
-void TellSegmentLimit() { ShowMessage("You have exceded 100000 points in FreeHand ROI", "Error..."); }
+int ShowOutline(const OutlineParts& outline, HDC dc, const std::optional<View>& view, HPEN pen) {
+    if (!dc || !view) return KEST_FAILED;
+    const bool isSelected = pen == CcRoiBase::hSelectedPen;
+    TakeColour(outline.record, isSelected ? CcRoiBase::stSelectedColor : CcRoiBase::stUnSelectedColor);
+    const SelectedObject selectedPen(dc, pen);
+    const SelectedObject brush(dc, GetStockObject(NULL_BRUSH));
+    DrawOutlinePixels(dc, *view, outline);
+    return KEST_OK;
+}
 
-void DrawOutlinePixels(HDC dc, const View& view, std::span<const IntPoint> outline, bool isClosed) {
-    if (outline.empty()) return;
+void DrawOutlinePixels(HDC dc, const View& view, const OutlineParts& outline) {
+    const std::span<const IntPoint> pixels = outline.Pixels();
+    if (pixels.empty()) return;
     const Reach reach(dc);
     Stroke stroke(dc);
-    IntPoint last = ImageToWindow(view, outline.front());
+    IntPoint last = ImageToWindow(view, pixels.front());
     bool isLine = false;
     if (reach.Includes(last)) stroke.Add(last);
     const auto add = [&](IntPoint pixel) {
@@ -29,15 +38,11 @@ void DrawOutlinePixels(HDC dc, const View& view, std::span<const IntPoint> outli
         last = window;
         isLine = true;
     };
-    for (const IntPoint& pixel : outline) add(pixel);
-    if (isClosed) add(outline.front());
+    for (const IntPoint& pixel : pixels) add(pixel);
+    if (outline.IsClosed()) add(pixels.front());
     // A single position is a line of one pixel.
     if (!isLine && reach.Includes(last)) stroke.Add({Saturate(Size64{last.x} + 1), last.y});
     stroke.End();
-}
-
-void SegmentArrays::Draw(HDC dc) const {
-    Reach(dc).DrawLine({starts[index].x, starts[index].y}, {stops[index].x, stops[index].y});
 }
 
 }  // namespace kest

@@ -9,8 +9,6 @@
 
 namespace kest {
 
-struct KeptOutline;
-
 /// What the ROIs of one class have in common.
 struct RoiClass {
     KestRoiFacts facts;
@@ -18,9 +16,6 @@ struct RoiClass {
     int (*spans)(CcRoiBase& roi, int row, KestHeapBlock& spans);
     /// The way along the ROI whose record this is; how many corners.
     int (*corners)(const void* record, const CornerWalk& walk);
-    /// Take an outline's points out of it, and give them back; null for a class with another record.
-    void (*moveOut)(CcRoiBase& roi, KeptOutline& kept) = nullptr;
-    void (*moveBack)(CcRoiBase& roi, KeptOutline& kept) = nullptr;
 };
 
 /// The row of a type code; nothing for a code that is no class of the library.

@@ -4,6 +4,7 @@
 #include "CcRoiLine.h"
 #include "core/kernel/CheckedSize.h"
 #include "roi/DisplayArguments.h"
+#include "roi/OutlineQueries.h"
 #include "roi/kernel/EllipseExtent.h"
 #include "roi/kernel/LinePixels.h"
 
@@ -41,6 +42,11 @@ int SpansOfLine(CcRoiBase& roi, int row, KestHeapBlock& spans) {
     return SpanOfShape<tagROILINE>(roi, row, spans, [](const tagROILINE& line, int at, KestSpan& span) {
         return LineRow({line.iStartX, line.iStartY}, {line.iEndX, line.iEndY}, at, span);
     });
+}
+
+int SpansOfOutline(CcRoiBase& roi, int row, KestHeapBlock& spans) {
+    const std::optional<OutlineParts> outline = OutlineParts::Of(roi);
+    return outline ? SpansOfOutlineRow(*outline, row, spans) : 0;
 }
 
 int SpansOfList(CcRoiBase& roi, int row, KestHeapBlock& block) {

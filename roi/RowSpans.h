@@ -12,6 +12,7 @@ namespace kest {
 int SpansOfRect(CcRoiBase& roi, int row, KestHeapBlock& spans);
 int SpansOfEllipse(CcRoiBase& roi, int row, KestHeapBlock& spans);
 int SpansOfLine(CcRoiBase& roi, int row, KestHeapBlock& spans);
+int SpansOfOutline(CcRoiBase& roi, int row, KestHeapBlock& spans);
 
 /// Of any ROI: neighbouring entries of its list that ascend by 1 make a run.
 int SpansOfList(CcRoiBase& roi, int row, KestHeapBlock& spans);

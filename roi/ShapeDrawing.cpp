@@ -1,4 +1,4 @@
-// The figures that shapes are drawn with.
+// Drawing shapes.
 #include "roi/ShapeDrawing.h"
 
 #include "KestTypes.h"
@@ -7,8 +7,18 @@
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/TextField.h"
 #include "roi/FarDrawing.h"
+#include "roi/ShapePlace.h"
 
 namespace kest {
+
+int ShowShape(const ShapeParts& shape, HDC dc, const std::optional<View>& view, HPEN pen) {
+    if (!dc || !view) return KEST_FAILED;
+    MakeWindowPlace(shape, view);
+    const SelectedObject selectedPen(dc, pen);
+    const SelectedObject brush(dc, GetStockObject(NULL_BRUSH));
+    shape.kind.draw(dc, shape.window.Get(), shape.roi.GetName());
+    return KEST_OK;
+}
 
 void DrawRectangle(HDC dc, const IntRect& place) {
     const IntRect limited = Reach(dc).Limited(place);

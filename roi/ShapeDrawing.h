@@ -1,12 +1,18 @@
-// The figures that shapes are drawn with, in window coordinates, with the pen and brush that are selected. Coordinates may
+// Drawing shapes. Their figures are in window coordinates, with the pen and brush that are selected. Coordinates may
 // lie anywhere; what cannot show is not drawn.
 #pragma once
 
 #include <windows.h>
 
+#include <optional>
+
 #include "core/kernel/Geometry.h"
+#include "roi/ShapeParts.h"
 
 namespace kest {
+
+/// Draws the shape where the view has it. KEST_FAILED without a device context or a view.
+int ShowShape(const ShapeParts& shape, HDC dc, const std::optional<View>& view, HPEN pen);
 
 /// From left/top to right + 1, bottom + 1: both ends of the pixel range are drawn.
 void DrawRectangle(HDC dc, const IntRect& place);
