@@ -57,10 +57,10 @@ set_tests_properties(win${bits}.faults PROPERTIES TIMEOUT 400 RUN_SERIAL ON)
 set_source_files_properties(tests/core/OtherHosts_test.cpp PROPERTIES
   SKIP_PRECOMPILE_HEADERS ON COMPILE_OPTIONS "-fno-rtti" COMPILE_DEFINITIONS "UNICODE;_UNICODE")
 
-# KestView: its documents, and the running program driven by mouse and keyboard.
+# KestView: its documents and menus, and the running program driven by mouse and keyboard.
 file(GLOB sources CONFIGURE_DEPENDS tests/viewer/*.cpp)
 add_executable(test_viewer ${sources})
-target_link_libraries(test_viewer PRIVATE kest_test_support kestview_documents kest_example)
+target_link_libraries(test_viewer PRIVATE kest_test_support kestview_windows kest_example)
 add_dependencies(test_viewer KestView)
 add_test(NAME win${bits}.viewer COMMAND test_viewer WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set_tests_properties(win${bits}.viewer PROPERTIES TIMEOUT 500 RUN_SERIAL ON)

@@ -1,5 +1,5 @@
 # KestView, the program over the public headers alone. Its documents (files, conversion, measuring) are a library, so that
-# tests reach them without the windows.
+# tests reach them without the windows; the windows are another, so that tests reach the menus without the program.
 enable_language(RC)
 file(GLOB document_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/viewer/document/*.cpp)
 set(platform_sources)
@@ -8,7 +8,8 @@ foreach(part Busy Drawing Program SavedFile Settings Text)
 endforeach()
 add_library(kestview_documents STATIC ${document_sources}
   ${platform_sources})
-target_include_directories(kestview_documents PUBLIC ${PROJECT_SOURCE_DIR}/viewer)
+# Of the library's own headers it may include only core/GdiGuards.h (script/lint).
+target_include_directories(kestview_documents PUBLIC ${PROJECT_SOURCE_DIR}/viewer ${PROJECT_SOURCE_DIR})
 target_compile_definitions(kestview_documents PUBLIC _WIN32_WINNT=0x0A00)
 target_link_libraries(kestview_documents PUBLIC KestApi kest_options gdi32 ole32 user32 uuid windowscodecs)
 
@@ -16,11 +17,13 @@ target_link_libraries(kestview_documents PUBLIC KestApi kest_options gdi32 ole32
 target_precompile_headers(kestview_documents PRIVATE
   <windows.h> <KestApi.h> <algorithm> <functional> <map> <memory> <optional> <string> <vector>)
 
-file(GLOB_RECURSE window_sources CONFIGURE_DEPENDS viewer/*.cpp)
-list(REMOVE_ITEM window_sources ${document_sources} ${platform_sources})
-add_executable(KestView WIN32 ${window_sources} viewer/KestView.rc)
-target_link_libraries(KestView PRIVATE kestview_documents comctl32 comdlg32 shell32)
-target_precompile_headers(KestView REUSE_FROM kestview_documents)
+file(GLOB_RECURSE window_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/viewer/*.cpp)
+list(REMOVE_ITEM window_sources ${document_sources} ${platform_sources} ${PROJECT_SOURCE_DIR}/viewer/KestView.cpp)
+add_library(kestview_windows STATIC ${window_sources})
+target_link_libraries(kestview_windows PUBLIC kestview_documents comctl32 comdlg32 shell32)
+target_precompile_headers(kestview_windows REUSE_FROM kestview_documents)
+add_executable(KestView WIN32 viewer/KestView.cpp viewer/KestView.rc)
+target_link_libraries(KestView PRIVATE kestview_windows)
 set_source_files_properties(viewer/KestView.rc PROPERTIES OBJECT_DEPENDS
   "${PROJECT_SOURCE_DIR}/viewer/res/Resource.h;${PROJECT_SOURCE_DIR}/viewer/res/KestView.manifest;${PROJECT_SOURCE_DIR}/viewer/res/KestView.ico")
 

@@ -1,8 +1,8 @@
 // The application object: the window, and the message loop.
 #include "Application.h"
 
+#include "commands/AllMenus.h"
 #include "platform/Text.h"
-#include "res/Resource.h"
 #include "window/MainWindow.h"
 
 namespace kestview {
@@ -25,17 +25,16 @@ Application::Application() = default;
 Application::~Application() = default;
 
 int Application::Run(const std::vector<std::string>& files, int showCommand) {
-    mainWindow = std::make_unique<MainWindow>();
+    mainWindow = std::make_unique<MainWindow>(AllMenus());
     if (!mainWindow->Create(showCommand)) return 1;
     // The window stands there before a large file is opened.
     RedrawWindow(*mainWindow, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
     for (const std::string& file : files)
         mainWindow->OpenFile(FullPathOf(file));
 
-    const HACCEL accelerators = LoadAcceleratorsA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN));
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        if (!IsEditKey(message) && TranslateAcceleratorA(*mainWindow, accelerators, &message)) continue;
+        if (!IsEditKey(message) && TranslateAcceleratorA(*mainWindow, mainWindow->Keys(), &message)) continue;
         if (mainWindow->IsPaneMessage(message)) continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);

@@ -1,16 +1,17 @@
 // The Display menu.
 #include <algorithm>
 
-#include "commands/Commands.h"
+#include "commands/AllMenus.h"
+#include "commands/Conditions.h"
 #include "panes/GraphWindow.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
+namespace {
 
 void DisplayTable(MainWindow& main, int id) {
     main.Active()->SetDisplayTable(static_cast<unsigned short>(100 + id - ID_DISPLAY_TABLE_100));
@@ -23,22 +24,6 @@ bool CanChooseTable(MainWindow& main, int) {
 
 bool IsDisplayTable(MainWindow& main, int id) {
     return CanChooseTable(main, id) && main.Active()->DisplayTable() == 100 + id - ID_DISPLAY_TABLE_100;
-}
-
-void DisplayEdit(MainWindow& main, int) {
-    main.ShowPane(ID_DISPLAY_EDIT);
-}
-
-bool IsDisplayEdit(MainWindow& main, int) {
-    return main.IsPaneShown(ID_DISPLAY_EDIT);
-}
-
-void DisplayThreshold(MainWindow& main, int) {
-    main.ShowPane(ID_DISPLAY_THRESHOLD);
-}
-
-bool IsDisplayThreshold(MainWindow& main, int) {
-    return main.IsPaneShown(ID_DISPLAY_THRESHOLD);
 }
 
 /// A binary picture of the pixels in the bands, in a tab of its own.
@@ -108,6 +93,41 @@ void GraphSettings(MainWindow& main, int id) {
 
 bool HasGraph(MainWindow& main, int) {
     return main.ShownGraph() != nullptr;
+}
+
+constexpr Command graphEntries[] = {
+    {ID_GRAPH_TITLES, "&Titles...", "", "Title and axis texts of the graph", GraphSettings, HasGraph},
+    {ID_GRAPH_RANGES, "Axis &Ranges...", "", "Ranges and decimals of the axes", GraphSettings, HasGraph},
+    {ID_GRAPH_GRID, "&Grid and Tick Marks...", "", "Marks and grid lines", GraphSettings, HasGraph},
+    {ID_GRAPH_LINES, "Curve Sty&les...", "", "Colours and styles of the curves", GraphSettings, HasGraph},
+    line,
+    {ID_GRAPH_SAVE, "&Save Appearance...", "", "Save the graph's settings", GraphSettings, HasGraph},
+    {ID_GRAPH_RESTORE, "&Restore Appearance...", "", "Take the graph's settings from a file", GraphSettings, HasGraph},
+};
+
+constexpr Command displayEntries[] = {
+    {ID_DISPLAY_TABLE_100, "10&0: Colours of the File", "", "Show the colours of the file", DisplayTable,
+     CanChooseTable, IsDisplayTable},
+    {ID_DISPLAY_TABLE_101, "10&1: Colour Curves", "", "Show through a red, a green and a blue curve", DisplayTable,
+     CanChooseTable, IsDisplayTable},
+    {ID_DISPLAY_TABLE_102, "10&2: 256 Grays", "", "Show 256 grays", DisplayTable, CanChooseTable, IsDisplayTable},
+    {ID_DISPLAY_TABLE_103, "10&3: 128 Grays", "", "Show 128 grays", DisplayTable, CanChooseTable, IsDisplayTable},
+    {ID_DISPLAY_TABLE_104, "10&4: 64 Grays", "", "Show 64 grays", DisplayTable, CanChooseTable, IsDisplayTable},
+    line,
+    {ID_DISPLAY_EDIT, "&Edit Display Table", "Ctrl+U", "Edit the display table in a graph (Ctrl+U)", ShowPane,
+     HasPicture, IsPaneShown},
+    line,
+    {ID_DISPLAY_THRESHOLD, "&Threshold", "Ctrl+T", "Threshold with bands of values (Ctrl+T)", ShowPane, HasPicture,
+     IsPaneShown},
+    {ID_DISPLAY_MASK, "&Make Mask", "Ctrl+B", "Make a binary picture of the bands", DisplayMask, HasBands},
+    line,
+    Submenu("&Graph", graphEntries),
+};
+
+}  // namespace
+
+Menu DisplayMenu() {
+    return {"&Display", displayEntries};
 }
 
 }  // namespace kestview

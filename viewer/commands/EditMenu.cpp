@@ -1,11 +1,12 @@
 // The Edit menu.
-#include "commands/Commands.h"
+#include "commands/AllMenus.h"
+#include "commands/Conditions.h"
 #include "dialogs/TextDialog.h"
 #include "picture/RoiPainting.h"
 #include "platform/Boxes.h"
 #include "platform/Busy.h"
 #include "platform/Clipboard.h"
-#include "window/MainWindow.h"
+#include "res/Resource.h"
 
 namespace kestview {
 namespace {
@@ -19,14 +20,20 @@ void Copy(MainWindow& main, CcImage& image, unsigned short table, RECT* part) {
         ShowError(main, "The picture could not be copied: another program is using the clipboard, or memory is short.");
 }
 
-}  // namespace
-
 void EditUndo(MainWindow& main, int) {
     main.Active()->Undo();
 }
 
 void EditRedo(MainWindow& main, int) {
     main.Active()->Redo();
+}
+
+bool CanUndo(MainWindow& main, int) {
+    return main.Active() && main.Active()->CanUndo();
+}
+
+bool CanRedo(MainWindow& main, int) {
+    return main.Active() && main.Active()->CanRedo();
 }
 
 /// Copies the picture as it is shown, or the bounding rectangle of the selected ROI.
@@ -83,6 +90,27 @@ void EditSelectAll(MainWindow& main, int) {
 
 void EditSelectNone(MainWindow& main, int) {
     main.Active()->SelectOnly(nullptr);
+}
+
+constexpr Command editEntries[] = {
+    {ID_EDIT_UNDO, "&Undo ROI Change", "Ctrl+Z", "Undo the last change of the ROIs (Ctrl+Z)", EditUndo, CanUndo},
+    {ID_EDIT_REDO, "&Redo ROI Change", "Ctrl+Y", "Redo what was undone (Ctrl+Y)", EditRedo, CanRedo},
+    line,
+    {ID_EDIT_COPY, "&Copy Picture", "Ctrl+C", "Copy the picture, or the part under the selected ROI", EditCopy,
+     HasPicture},
+    {ID_EDIT_COPY_WITH_ROIS, "Copy Picture &with ROIs", "Ctrl+Shift+R", "Copy the whole picture with its ROIs drawn in",
+     EditCopyWithRois, HasRois},
+    line,
+    {ID_EDIT_RENAME, "Re&name ROI...", "F2", "Rename the selected ROI", EditRename, HasSelection},
+    {ID_EDIT_DELETE, "&Delete ROIs", "Del", "Delete the selected ROIs", EditDelete, HasSelection},
+    {ID_EDIT_SELECT_ALL, "Select &All", "Ctrl+A", "Select all ROIs", EditSelectAll, HasRois},
+    {ID_EDIT_SELECT_NONE, "Select N&one", "Ctrl+D", "Select no ROI", EditSelectNone, HasSelection},
+};
+
+}  // namespace
+
+Menu EditMenu() {
+    return {"&Edit", editEntries};
 }
 
 }  // namespace kestview

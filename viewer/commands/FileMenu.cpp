@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-#include "commands/Commands.h"
+#include "commands/AllMenus.h"
+#include "commands/Conditions.h"
 #include "document/PictureFiles.h"
 #include "picture/RoiPainting.h"
 #include "platform/Boxes.h"
@@ -13,9 +14,9 @@
 #include "platform/Settings.h"
 #include "platform/Text.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
+namespace {
 
 void FileOpen(MainWindow& main, int) {
     if (const auto path = AskOpenPath(main, "Open", openFilters, nullptr)) main.OpenFile(*path);
@@ -27,6 +28,7 @@ void FileOpenRecent(MainWindow& main, int id) {
     if (index < KeptSettings().RecentFiles().size()) main.OpenFile(std::string(KeptSettings().RecentFiles()[index]));
 }
 
+/// Puts the recent files in front of the last entry.
 void FillRecentFiles(HMENU menu) {
     for (int id = ID_FILE_RECENT_FIRST; id <= ID_FILE_RECENT_LAST; ++id)
         DeleteMenu(menu, static_cast<UINT>(id), MF_BYCOMMAND);
@@ -82,8 +84,6 @@ void FileSavePicture(MainWindow& main, int) {
                               document.Size().cx));
 }
 
-namespace {
-
 /// Pixels of the default printer's page; none without a printer.
 SIZE DefaultPage() {
     PRINTDLGA dialog = {};
@@ -124,8 +124,6 @@ PrintedPart PartToPrint(MainWindow& main, Document& document) {
     return part;
 }
 
-}  // namespace
-
 void FilePrint(MainWindow& main, int) {
     Document& document = *main.Active();
     PrintedPart part = PartToPrint(main, document);
@@ -162,6 +160,29 @@ void FileClose(MainWindow& main, int) {
 
 void FileExit(MainWindow& main, int) {
     SendMessageA(main, WM_CLOSE, 0, 0);
+}
+
+constexpr Command fileEntries[] = {
+    {ID_FILE_OPEN, "&Open...", "Ctrl+O", "Open a picture or a session (Ctrl+O)", FileOpen, Always},
+    line,
+    {ID_FILE_SAVE_SESSION, "&Save Session", "Ctrl+S", "Save picture, ROIs and calibration as a session (Ctrl+S)",
+     FileSaveSession, HasPicture},
+    {ID_FILE_SAVE_SESSION_AS, "Save Session &As...", "Ctrl+Shift+S", "Save the session under another name",
+     FileSaveSessionAs, HasPicture},
+    {ID_FILE_SAVE_PICTURE, "Save &Picture As...", "", "Save the picture as a BMP file; wide samples go beside it",
+     FileSavePicture, HasPicture},
+    line,
+    {ID_FILE_PRINT, "P&rint...", "Ctrl+P", "Print what is shown of the picture, with its ROIs", FilePrint, HasPicture},
+    {ID_FILE_CLOSE, "&Close", "Ctrl+W", "Close this picture", FileClose, HasPicture},
+    line,
+    FilledIn(ID_FILE_RECENT_FIRST, ID_FILE_RECENT_LAST, FileOpenRecent, Always),
+    {ID_FILE_EXIT, "E&xit", "Alt+F4", "Close all pictures and the program", FileExit, Always},
+};
+
+}  // namespace
+
+Menu FileMenu() {
+    return {"&File", fileEntries, FillRecentFiles};
 }
 
 }  // namespace kestview

@@ -1,10 +1,12 @@
 // The Help menu.
-#include "commands/Commands.h"
+#include "commands/AllMenus.h"
+#include "commands/Conditions.h"
 #include "dialogs/AboutDialog.h"
 #include "dialogs/KeysDialog.h"
-#include "window/MainWindow.h"
+#include "res/Resource.h"
 
 namespace kestview {
+namespace {
 
 void HelpKeys(MainWindow& main, int) {
     ShowKeys(main);
@@ -12,6 +14,17 @@ void HelpKeys(MainWindow& main, int) {
 
 void HelpAbout(MainWindow& main, int) {
     ShowAbout(main);
+}
+
+constexpr Command helpEntries[] = {
+    {ID_HELP_KEYS, "&Keys and Mouse", "F1", "What keys and mouse do", HelpKeys, Always},
+    {ID_HELP_ABOUT, "&About KestView", "", "Version of the program", HelpAbout, Always},
+};
+
+}  // namespace
+
+Menu HelpMenu() {
+    return {"&Help", helpEntries};
 }
 
 }  // namespace kestview

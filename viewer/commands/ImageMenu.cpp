@@ -1,12 +1,13 @@
 // The Image menu.
-#include "commands/Commands.h"
+#include "commands/AllMenus.h"
+#include "commands/Conditions.h"
 #include "document/Conversion.h"
 #include "document/Region.h"
 #include "platform/Boxes.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
+namespace {
 
 /// The pixels under the selected ROI as a picture of their own.
 void ImageRegion(MainWindow& main, int) {
@@ -61,6 +62,48 @@ bool HasChannel(MainWindow& main, int id) {
 
 bool IsChannel(MainWindow& main, int id) {
     return main.Active() && main.Active()->Channel() == id - ID_IMAGE_CHANNEL_LUMINANCE;
+}
+
+constexpr Command convertEntries[] = {
+    {ID_IMAGE_CONVERT_GRAY256, "&8-bit Gray", "", "A copy with 8-bit gray pixels", ImageConvert, CanConvert, IsClass},
+    {ID_IMAGE_CONVERT_BINARY, "&Binary", "", "A copy with 1 for everything but 0", ImageConvert, CanConvert, IsClass},
+    {ID_IMAGE_CONVERT_RGB, "24-bit &RGB", "", "A copy with red, green and blue", ImageConvert, CanConvert, IsClass},
+    {ID_IMAGE_CONVERT_HSL, "24-bit &HSL", "", "A copy with hue, saturation and lightness", ImageConvert, CanConvert,
+     IsClass},
+    {ID_IMAGE_CONVERT_INT16, "&16-bit Gray", "", "A copy with unsigned 16-bit samples", ImageConvert, CanConvert,
+     IsClass},
+    {ID_IMAGE_CONVERT_INT32, "&32-bit Gray", "", "A copy with signed 32-bit samples", ImageConvert, CanConvert,
+     IsClass},
+    {ID_IMAGE_CONVERT_FLOAT, "&Float Gray", "", "A copy with floating-point samples", ImageConvert, CanConvert,
+     IsClass},
+};
+
+constexpr Command channelEntries[] = {
+    {ID_IMAGE_CHANNEL_LUMINANCE, "&Luminance", "", "Threshold and profile see the luminance", ImageChannel, HasChannel,
+     IsChannel},
+    {ID_IMAGE_CHANNEL_RED, "&Red", "", "Threshold and profile see red", ImageChannel, HasChannel, IsChannel},
+    {ID_IMAGE_CHANNEL_GREEN, "&Green", "", "Threshold and profile see green", ImageChannel, HasChannel, IsChannel},
+    {ID_IMAGE_CHANNEL_BLUE, "&Blue", "", "Threshold and profile see blue", ImageChannel, HasChannel, IsChannel},
+    line,
+    {ID_IMAGE_CHANNEL_HUE, "&Hue", "", "Threshold and profile see the hue", ImageChannel, HasChannel, IsChannel},
+    {ID_IMAGE_CHANNEL_SATURATION, "&Saturation", "", "Threshold and profile see the saturation", ImageChannel,
+     HasChannel, IsChannel},
+    {ID_IMAGE_CHANNEL_LIGHTNESS, "L&ightness", "", "Threshold and profile see the lightness", ImageChannel, HasChannel,
+     IsChannel},
+};
+
+constexpr Command imageEntries[] = {
+    {ID_IMAGE_REGION, "Re&gion to New Window", "Ctrl+R",
+     "Open the pixels under the selected ROI as a picture of their own", ImageRegion, HasSelection},
+    line,
+    Submenu("&Convert To", convertEntries),
+    Submenu("C&hannel", channelEntries),
+};
+
+}  // namespace
+
+Menu ImageMenu() {
+    return {"&Image", imageEntries};
 }
 
 }  // namespace kestview

@@ -1,14 +1,15 @@
 // The Measure menu.
 #include <fstream>
 
-#include "commands/Commands.h"
+#include "commands/AllMenus.h"
+#include "commands/Conditions.h"
 #include "platform/Boxes.h"
 #include "platform/Clipboard.h"
 #include "platform/SavedFile.h"
 #include "res/Resource.h"
-#include "window/MainWindow.h"
 
 namespace kestview {
+namespace {
 
 void MeasureTable(MainWindow& main, int) {
     if (!main.IsResultsShown()) main.ToggleResults();
@@ -37,12 +38,21 @@ void MeasureExport(MainWindow& main, int) {
     if (!SaveWhole("The table", *path, bytes, write, error)) ShowError(main, error);
 }
 
-void MeasureGraph(MainWindow& main, int id) {
-    main.ShowPane(id);
-}
+constexpr Command measureEntries[] = {
+    {ID_MEASURE_TABLE, "&Results Table", "Ctrl+M", "Measure all ROIs", MeasureTable, HasPicture},
+    {ID_MEASURE_COPY, "&Copy Table", "Ctrl+Shift+C", "Copy the results table", MeasureCopy, HasRois},
+    {ID_MEASURE_EXPORT, "&Export Table...", "Ctrl+E", "Write the results table to a CSV file", MeasureExport, HasRois},
+    line,
+    {ID_MEASURE_HISTOGRAM, "&Histogram", "Ctrl+H", "Histogram of the picture or the selected ROI (Ctrl+H)", ShowPane,
+     HasPicture, IsPaneShown},
+    {ID_MEASURE_PROFILE, "Line &Profile", "Ctrl+L", "Values along the selected line or outline (Ctrl+L)", ShowPane,
+     HasPicture, IsPaneShown},
+};
 
-bool IsMeasureGraph(MainWindow& main, int id) {
-    return main.IsPaneShown(id);
+}  // namespace
+
+Menu MeasureMenu() {
+    return {"&Measure", measureEntries};
 }
 
 }  // namespace kestview

@@ -2,8 +2,6 @@
 #pragma once
 
 #define IDI_KESTVIEW 1
-#define IDR_MAIN 100
-#define IDR_ROI_CONTEXT 101
 
 // Dialogs and panes
 #define IDD_TEXT 110

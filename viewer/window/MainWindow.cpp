@@ -9,15 +9,12 @@
 
 #include <algorithm>
 
-#include "commands/Commands.h"
 #include "platform/Settings.h"
 #include "platform/Text.h"
 #include "res/Resource.h"
 
 namespace kestview {
 namespace {
-
-constexpr int toolsMenuPosition = 8;
 
 HWND CreateTabs(HWND parent, int id, DWORD style) {
     return CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,
@@ -26,7 +23,8 @@ HWND CreateTabs(HWND parent, int id, DWORD style) {
 
 }  // namespace
 
-MainWindow::MainWindow() : roiListPane(*this), resultsPane(*this) {
+MainWindow::MainWindow(Menus newMenus)
+    : menus(std::move(newMenus)), keys(menus.MakeKeys()), roiListPane(*this), resultsPane(*this) {
     for (const SidePane& row : SidePanes())
         sidePanes.push_back(row.make(*this));
 }
@@ -49,16 +47,10 @@ void MainWindow::OnCreate() {
     view.onPaintOver = [this](HDC dc) {
         if (isSideShown) ChosenPane().PaintOver(dc);
     };
-    view.onContextMenu = [this] {
-        POINT mouse;
-        GetCursorPos(&mouse);
-        const HMENU menu = LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_ROI_CONTEXT));
-        TrackPopupMenu(GetSubMenu(menu, 0), TPM_RIGHTBUTTON, mouse.x, mouse.y, 0, window, nullptr);
-        DestroyMenu(menu);
-    };
+    view.onContextMenu = [this] { ShowRoiMenu(); };
     CreatePanes();
     tools.Load();
-    tools.AddTo(GetSubMenu(GetMenu(window), toolsMenuPosition), toolbar);
+    tools.AddTo(GetMenu(window), toolbar);
 
     isSideShown = KeptSettings().layout.isSideShown != 0;
     isResultsShown = KeptSettings().layout.isResultsShown != 0;
@@ -77,7 +69,7 @@ void MainWindow::SetRoiTool(int roiType) {
 }
 
 void MainWindow::RunCommand(int id) {
-    const Command* command = CommandOf(id);
+    const Command* command = menus.CommandOf(id);
     if (!command || !command->isEnabled(*this, id)) return;
     command->run(*this, id);
     UpdateCommands();
@@ -85,22 +77,37 @@ void MainWindow::RunCommand(int id) {
 
 void MainWindow::UpdateCommands() {
     if (!toolbar) return;
-    for (const Command& command : AllCommands())
-        for (int id = command.first; id <= command.last; ++id)
-            toolbar.SetState(id, command.isEnabled(*this, id), command.isChecked(*this, id));
+    for (const Command* command : menus.Commands())
+        toolbar.SetState(command->id, command->isEnabled(*this, command->id),
+                         command->isChecked && command->isChecked(*this, command->id));
+}
+
+std::string MainWindow::TipOf(int id) {
+    if (id >= ID_TOOLS_FIRST && id <= ID_TOOLS_LAST) return tools.TextOf(id);
+    const Command* command = menus.CommandOf(id);
+    return command ? command->tip : "";
 }
 
 void MainWindow::OnInitMenu(HMENU menu) {
-    if (GetMenuItemID(menu, 0) == ID_FILE_OPEN) FillRecentFiles(menu);
+    const HMENU bar = GetMenu(window);
+    for (int i = 0; i < GetMenuItemCount(bar); ++i)
+        if (GetSubMenu(bar, i) == menu) menus.OnOpen(i, menu);
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
         const int id = static_cast<int>(GetMenuItemID(menu, i));
-        const Command* command = CommandOf(id);
+        const Command* command = menus.CommandOf(id);
         if (!command) continue;
+        const bool isChecked = command->isChecked && command->isChecked(*this, id);
         EnableMenuItem(menu, static_cast<UINT>(i),
                        MF_BYPOSITION | (command->isEnabled(*this, id) ? MF_ENABLED : MF_GRAYED));
-        CheckMenuItem(menu, static_cast<UINT>(i),
-                      MF_BYPOSITION | (command->isChecked(*this, id) ? MF_CHECKED : MF_UNCHECKED));
+        CheckMenuItem(menu, static_cast<UINT>(i), MF_BYPOSITION | (isChecked ? MF_CHECKED : MF_UNCHECKED));
     }
+}
+
+void MainWindow::ShowRoiMenu() {
+    POINT mouse;
+    GetCursorPos(&mouse);
+    const HeldMenu menu(menus.MakeRoiMenu());
+    TrackPopupMenu(menu, TPM_RIGHTBUTTON, mouse.x, mouse.y, 0, window, nullptr);
 }
 
 /// A command is at work on the document in front, and waits for an answer: nothing else may take the document away. The
@@ -136,9 +143,7 @@ LRESULT MainWindow::OnNotify(NMHDR& header) {
             return header.hwndFrom == reinterpret_cast<HWND>(SendMessageA(tabControl, TCM_GETTOOLTIPS, 0, 0));
         };
         const int id = static_cast<int>(header.idFrom);
-        tip = isOf(tabs)       ? TabTip(id)
-              : isOf(sideTabs) ? SidePanes()[static_cast<std::size_t>(id)].tip
-                               : TipOf(id, tools);
+        tip = isOf(tabs) ? TabTip(id) : isOf(sideTabs) ? SidePanes()[static_cast<std::size_t>(id)].tip : TipOf(id);
         reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = tip.data();
     }
     return 0;
@@ -195,8 +200,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnInitMenu(reinterpret_cast<HMENU>(wParam));
             return 0;
         case WM_MENUSELECT:
-            statusBar.ShowMessage(
-                HIWORD(wParam) == 0xFFFF || (HIWORD(wParam) & MF_POPUP) ? "" : TipOf(LOWORD(wParam), tools));
+            statusBar.ShowMessage(HIWORD(wParam) == 0xFFFF || (HIWORD(wParam) & MF_POPUP) ? "" : TipOf(LOWORD(wParam)));
             return 0;
         case WM_DROPFILES:
             OnDrop(reinterpret_cast<HDROP>(wParam));

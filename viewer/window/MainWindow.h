@@ -1,6 +1,6 @@
 // The main window: menu, toolbar, tabs of the open pictures, the picture view, the panes, the status bar.
 //
-// What a menu entry does stands in commands/, one file a menu; Commands.cpp lists all entries.
+// What a menu entry does stands in commands/, one file a menu.
 #pragma once
 
 #include <memory>
@@ -13,7 +13,9 @@
 #include "panes/SidePanes.h"
 #include "picture/PictureView.h"
 #include "platform/Drawing.h"
+#include "platform/Guards.h"
 #include "platform/Window.h"
+#include "window/Menus.h"
 #include "window/Splitters.h"
 #include "window/StatusBar.h"
 #include "window/Toolbar.h"
@@ -23,7 +25,7 @@ namespace kestview {
 
 class MainWindow : public Window, private PaneHost {
 public:
-    MainWindow();
+    explicit MainWindow(Menus newMenus);
     ~MainWindow() override;
     bool Create(int showCommand);
 
@@ -65,7 +67,8 @@ public:
 
     /// Does what a menu entry does, if it is possible now.
     void RunCommand(int command) override;
-    /// For the message loop: keys of the panes' controls.
+    /// For the message loop: the commands' keys, and those of the panes' controls.
+    HACCEL Keys() const { return keys; }
     bool IsPaneMessage(MSG& message);
     /// Brings toolbar and menu in step with what is possible now.
     void UpdateCommands();
@@ -82,6 +85,8 @@ private:
     LRESULT OnNotify(NMHDR& header);
     void OnDocumentChanged(Document& document, unsigned change);
     void OnInitMenu(HMENU menu);
+    void ShowRoiMenu();
+    std::string TipOf(int command);
     void Arrange();
     void NoteLayout();
     void LimitSize(MINMAXINFO& limits) const;
@@ -111,6 +116,8 @@ private:
     std::vector<std::unique_ptr<Document>> documents;
     Document* active = nullptr;
 
+    const Menus menus;
+    const HeldKeys keys;
     HWND tabs = nullptr;
     HWND sideTabs = nullptr;
     Font font;

@@ -60,7 +60,7 @@ bool MainWindow::Create(int showCommand) {
     if (layout.isMaximized && (showCommand == SW_SHOWDEFAULT || showCommand == SW_SHOWNORMAL))
         showCommand = SW_SHOWMAXIMIZED;
     if (!Window::Create(look, nullptr, place)) return false;
-    SetMenu(window, LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_MAIN)));
+    SetMenu(window, menus.MakeBar());
     OnCreate();
     ShowWindow(window, showCommand);
     SetFocus(view);

@@ -39,8 +39,11 @@ void Tools::Load() {
     }
 }
 
-void Tools::AddTo(HMENU menu, Toolbar& toolbar) {
+void Tools::AddTo(HMENU menuBar, Toolbar& toolbar) {
     if (Count() == 0) return;
+    HMENU menu = nullptr;
+    for (int i = 0; i < GetMenuItemCount(menuBar); ++i)
+        if (GetMenuItemID(GetSubMenu(menuBar, i), 0) == ID_TOOLS_NONE) menu = GetSubMenu(menuBar, i);
     DeleteMenu(menu, ID_TOOLS_NONE, MF_BYCOMMAND);
     for (int i = 0; i < Count(); ++i) {
         CLOADDLL& tool = *list->GetAt(i);

@@ -20,8 +20,8 @@ public:
 
     /// Loads every library of the folder, in the order of their names.
     void Load();
-    /// Fills the menu and adds buttons for the tools that bring a picture.
-    void AddTo(HMENU menu, Toolbar& toolbar);
+    /// Fills the menu that tells there are none, and adds buttons for the tools that bring a picture.
+    void AddTo(HMENU menuBar, Toolbar& toolbar);
     /// Opens the tool of a menu entry.
     void Run(int command, HWND mainWindow);
     /// The menu text of an entry.
