@@ -85,12 +85,9 @@ void Calibrate(Driver& view) {
         view.Click(view.Canvas(), At(mark.pixelX, mark.pixelY));
     int row = 0;
     for (const example::PlateMark& mark : example::PlateMarks()) {
-        view.ClickControl(IDC_CAL_WORLD_X_1 + row++);
-        view.Press({VK_CONTROL, 'A'});
-        view.Type(std::to_wstring(static_cast<int>(mark.worldX)));
+        view.TypeOver(std::to_wstring(static_cast<int>(mark.worldX)), IDC_CAL_WORLD_X_1 + row++);
         view.Press({VK_TAB});
-        view.Press({VK_CONTROL, 'A'});
-        view.Type(std::to_wstring(static_cast<int>(mark.worldY)));
+        view.TypeOver(std::to_wstring(static_cast<int>(mark.worldY)));
     }
     view.ClickControl(IDC_CAL_APPLY);
 }
@@ -98,9 +95,7 @@ void Calibrate(Driver& view) {
 void Threshold(Driver& view) {
     view.Press({VK_CONTROL, 'T'});
     view.ClickControl(IDC_BAND_ADD);
-    view.ClickControl(IDC_BAND_LOW_TEXT);
-    view.Press({VK_CONTROL, 'A'});
-    view.Type(std::to_wstring(example::plateThreshold));
+    view.TypeOver(std::to_wstring(example::plateThreshold), IDC_BAND_LOW_TEXT);
 }
 
 /// Drags the second point of the display curve upward. It lies near a quarter of the plot; the picture tells a hit.

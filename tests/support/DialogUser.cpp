@@ -4,19 +4,6 @@
 #include "support/Dialogs.h"
 
 namespace test {
-namespace {
-
-void SendKey(WORD key, DWORD flags) {
-    INPUT input = {};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, 0));
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
-}
-
-}  // namespace
-
 void DialogUser::Pump() const {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -27,10 +14,10 @@ void DialogUser::Pump() const {
 }
 
 void DialogUser::Press(WORD key, WORD held) {
-    if (held) SendKey(held, 0);
-    SendKey(key, 0);
-    SendKey(key, KEYEVENTF_KEYUP);
-    if (held) SendKey(held, KEYEVENTF_KEYUP);
+    if (held)
+        SendKeys({held, key});
+    else
+        SendKeys({key});
     Pump();
 }
 

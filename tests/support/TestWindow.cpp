@@ -6,6 +6,16 @@
 #include <fstream>
 
 namespace test {
+namespace {
+
+/// Rows of 32-bit pixels, the top one first.
+BITMAPINFO TopDown(int width, int height) {
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    return info;
+}
+
+}  // namespace
 
 int Picture::DifferentFrom(const Picture& other) const {
     if (width != other.width || height != other.height) return width * height + 1;
@@ -15,16 +25,9 @@ int Picture::DifferentFrom(const Picture& other) const {
 }
 
 void Picture::SaveBmp(const std::string& path) const {
-    BITMAPFILEHEADER file = {};
-    file.bfType = 0x4D42;
-    file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
-    file.bfSize = static_cast<DWORD>(file.bfOffBits + pixels.size() * 4);
-    BITMAPINFOHEADER info = {};
-    info.biSize = sizeof info;
-    info.biWidth = width;
-    info.biHeight = -height;
-    info.biPlanes = 1;
-    info.biBitCount = 32;
+    constexpr DWORD pixelsAt = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
+    const BITMAPFILEHEADER file = {0x4D42, static_cast<DWORD>(pixelsAt + pixels.size() * 4), 0, 0, pixelsAt};
+    const BITMAPINFOHEADER info = TopDown(width, height).bmiHeader;
     std::ofstream out(path, std::ios::binary);
     out.write(reinterpret_cast<const char*>(&file), sizeof file);
     out.write(reinterpret_cast<const char*>(&info), sizeof info);
@@ -33,12 +36,7 @@ void Picture::SaveBmp(const std::string& path) const {
 
 Picture PictureOf(HDC dc, int width, int height) {
     Picture picture{width, height, std::vector<unsigned>(static_cast<std::size_t>(width) * height)};
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    BITMAPINFO info = TopDown(width, height);
     const HDC memory = CreateCompatibleDC(dc);
     const HBITMAP bitmap = CreateCompatibleBitmap(dc, width, height);
     const HGDIOBJ old = SelectObject(memory, bitmap);
@@ -107,16 +105,36 @@ LRESULT CALLBACK TestWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-void TestWindow::SendMouse(DWORD flags, int clientX, int clientY) {
-    POINT point = {clientX, clientY};
-    ClientToScreen(window, &point);
+void SendMouseInput(DWORD flags, POINT screen, DWORD data) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
     // Absolute positions count 65536 over the screen; the middle of the pixel is meant.
-    input.mi.dx = (point.x * 65536 + 32768) / GetSystemMetrics(SM_CXSCREEN);
-    input.mi.dy = (point.y * 65536 + 32768) / GetSystemMetrics(SM_CYSCREEN);
+    input.mi.dx = (screen.x * 65536 + 32768) / GetSystemMetrics(SM_CXSCREEN);
+    input.mi.dy = (screen.y * 65536 + 32768) / GetSystemMetrics(SM_CYSCREEN);
+    input.mi.mouseData = data;
     input.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE;
     SendInput(1, &input, sizeof input);
+}
+
+void SendKeys(std::initializer_list<WORD> keys) {
+    std::vector<INPUT> inputs;
+    const auto add = [&](WORD key, DWORD flags) {
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, 0));
+        input.ki.dwFlags = flags;
+        inputs.push_back(input);
+    };
+    for (const WORD key : keys) add(key, 0);
+    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) add(*key, KEYEVENTF_KEYUP);
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+void TestWindow::SendMouse(DWORD flags, int clientX, int clientY) {
+    POINT point = {clientX, clientY};
+    ClientToScreen(window, &point);
+    SendMouseInput(flags, point);
     PumpMessages(2);
 }
 
@@ -158,12 +176,7 @@ void PumpMessages(DWORD milliseconds) {
 }
 
 MemoryPicture::MemoryPicture(int w, int h, COLORREF background) : width(w), height(h) {
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = w;
-    info.bmiHeader.biHeight = -h;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    const BITMAPINFO info = TopDown(w, h);
     void* bits;
     dc = CreateCompatibleDC(nullptr);
     bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);

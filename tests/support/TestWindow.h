@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,10 @@ private:
     int clientWidth, clientHeight;
     POINT mouse = {};
 };
+
+/// Real input: a mouse event at a point of the screen, or keys pressed one after another and released.
+void SendMouseInput(DWORD flags, POINT screen, DWORD data = 0);
+void SendKeys(std::initializer_list<WORD> keys);
 
 /// Handles the messages that are waiting; for at least `milliseconds`.
 void PumpMessages(DWORD milliseconds = 0);

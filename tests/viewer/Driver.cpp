@@ -83,8 +83,10 @@ bool Driver::IsRunning() const {
     return process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT;
 }
 
-std::wstring Driver::Title() const {
-    return TextOfWindow(main);
+std::wstring Driver::Title() const { return TextOfWindow(main); }
+
+bool Driver::WaitForTitle(const std::wstring& title) const {
+    return WaitFor([&] { return Title() == title; });
 }
 
 HWND Driver::FindChild(const std::function<bool(HWND)>& isWanted) const {
@@ -120,20 +122,7 @@ void Driver::Settle(DWORD milliseconds) {
 }
 
 void Driver::Press(std::initializer_list<WORD> keys) {
-    std::vector<INPUT> inputs;
-    const auto add = [&](WORD key, DWORD flags) {
-        INPUT input = {};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, 0));
-        input.ki.dwFlags = flags;
-        inputs.push_back(input);
-    };
-    for (const WORD key : keys)
-        add(key, 0);
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
-        add(*key, KEYEVENTF_KEYUP);
-    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    SendKeys(keys);
     Settle();
 }
 
@@ -158,15 +147,14 @@ void Driver::Type(const std::wstring& text) {
     Settle(60);
 }
 
+void Driver::TypeOver(const std::wstring& text, int id) {
+    if (id) ClickControl(id);
+    Press({VK_CONTROL, 'A'});
+    Type(text);
+}
+
 void Driver::SendMouse(DWORD flags, POINT screen, DWORD data) {
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    // Absolute positions count 65536 over the screen; the middle of the pixel is meant.
-    input.mi.dx = (screen.x * 65536 + 32768) / GetSystemMetrics(SM_CXSCREEN);
-    input.mi.dy = (screen.y * 65536 + 32768) / GetSystemMetrics(SM_CYSCREEN);
-    input.mi.mouseData = data;
-    input.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE;
-    SendInput(1, &input, sizeof input);
+    SendMouseInput(flags, screen, data);
     Settle(8);
 }
 

@@ -29,10 +29,13 @@ public:
     /// A visible control of the panes by its number.
     HWND Control(int id) const;
     std::wstring Title() const;
+    bool WaitForTitle(const std::wstring& title) const;
 
     // Keys: virtual key codes, held down one after another and released.
     void Press(std::initializer_list<WORD> keys);
     void Type(const std::wstring& text);
+    /// Types over what stands in a control of the panes, or in the one with the focus.
+    void TypeOver(const std::wstring& text, int id = 0);
     /// Keys that copy: waits until the clipboard has another content.
     void PressToCopy(std::initializer_list<WORD> keys);
 

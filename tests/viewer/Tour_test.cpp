@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
-#include <map>
 #include <memory>
 #include <sstream>
 #include <vector>
@@ -32,59 +32,27 @@ POINT OnPlate(double worldX, double worldY) {
     return At(static_cast<double>(pixel.x), static_cast<double>(pixel.y));
 }
 
+std::string ReadFile(const std::wstring& path) {
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
 /// A table of comma-separated values by row name and column title.
-class Table {
-public:
+struct Table {
     explicit Table(const std::wstring& path) {
-        text = ReadFile(path);
-        std::istringstream lines(text);
-        std::string line;
-        std::getline(lines, line);
-        const std::vector<std::string> titles = Cells(line.substr(3));  // behind the byte order mark
-        while (std::getline(lines, line)) {
-            const std::vector<std::string> cells = Cells(line);
-            for (std::size_t i = 0; i < cells.size() && i < titles.size(); ++i)
-                rows[cells[0]][titles[i]] = cells[i];
+        std::istringstream lines(ReadFile(path).substr(3));  // behind the byte order mark
+        for (std::string line; std::getline(lines, line);) {
+            std::istringstream cells(line.substr(0, line.find('\r')));
+            for (rows.emplace_back(); std::getline(cells, line, ',');) rows.back().push_back(line);
         }
     }
     double Number(const std::string& row, const std::string& column) const {
-        return std::atof(Text(row, column).c_str());
+        const auto& titles = rows[0];
+        const auto at = static_cast<std::size_t>(std::find(titles.begin(), titles.end(), column) - titles.begin());
+        const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& cells) { return cells[0] == row; });
+        return found == rows.end() || at >= found->size() ? NAN : std::atof((*found)[at].c_str());
     }
-    std::string Text(const std::string& row, const std::string& column) const {
-        const auto found = rows.find(row);
-        if (found == rows.end() || !found->second.count(column)) return "(missing)";
-        return found->second.at(column);
-    }
-    std::size_t RowCount() const { return rows.size(); }
-    const std::string& All() const { return text; }
-
-    static std::string ReadFile(const std::wstring& path) {
-        const HANDLE file =
-            CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-        if (file == INVALID_HANDLE_VALUE) return "";
-        std::string content(GetFileSize(file, nullptr), 0);
-        DWORD read = 0;
-        ::ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &read, nullptr);
-        CloseHandle(file);
-        return content;
-    }
-
-private:
-    static std::vector<std::string> Cells(std::string line) {
-        while (!line.empty() && line.back() == '\r')
-            line.pop_back();
-        std::vector<std::string> cells(1);
-        for (const char c : line) {
-            if (c == ',')
-                cells.emplace_back();
-            else
-                cells.back() += c;
-        }
-        return cells;
-    }
-
-    std::string text;
-    std::map<std::string, std::map<std::string, std::string>> rows;
+    std::vector<std::vector<std::string>> rows;
 };
 
 class Tour : public testing::Test {
@@ -108,6 +76,10 @@ public:
         ASSERT_TRUE(MoveFileExW(L"plate.bmp", (folder + L"Größe.bmp").c_str(), MOVEFILE_COPY_ALLOWED));
     }
 
+    const unsigned char* Pixels() { return static_cast<const unsigned char*>(plate->GetBitMapImageData()); }
+    /// The level of a plate pixel, the top row first.
+    int Level(long x, long y) { return Pixels()[(plateHeight - 1 - y) * plateWidth + x]; }
+
     void Show(const char* name) {
         const char* pictures = std::getenv("KEST_TOUR_FOLDER");
         if (!pictures || !view) return;
@@ -126,7 +98,7 @@ public:
     void Open() {
         view->Press({VK_CONTROL, 'O'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Größe.bmp"));
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; })) << "the picture opens";
+        ASSERT_TRUE(view->WaitForTitle(L"Größe - KestView")) << "the picture opens";
         Show("01-opened");
     }
 
@@ -137,11 +109,9 @@ public:
         ASSERT_EQ(client.right, plateWidth);
         ASSERT_EQ(client.bottom, plateHeight);
         const Picture shown = view->ClientOf(view->Canvas());
-        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
         int different = 0;
-        for (int y = 0; y < plateHeight; ++y)
-            for (int x = 0; x < plateWidth; ++x)
-                different += (shown.At(x, y) & 255) != pixels[(plateHeight - 1 - y) * plateWidth + x];
+        for (int i = 0; i < plateWidth * plateHeight; ++i)
+            different += static_cast<int>(shown.pixels[i] & 255) != Level(i % plateWidth, i / plateWidth);
         EXPECT_EQ(different, 0) << "pixels shown as they are";
 
         // Four steps in about a pixel that shows the middle of the disc: it stays under the mouse.
@@ -157,13 +127,13 @@ public:
         view->Press({VK_CONTROL, '1'});
 
         // Each display table as the library itself draws it.
-        const kestview::DibSection expected({plateWidth, plateHeight}, 32);
+        const MemoryPicture expected(plateWidth, plateHeight);
         for (const unsigned short table : {100, 101, 103, 104, 102}) {
             view->Press({VK_MENU, 'D'});
             view->Type(std::to_wstring(table % 100));
             RECT all = {0, 0, plateWidth, plateHeight};
             plate->Show(expected, &all, table, 1, 0, 0, 1);
-            EXPECT_TRUE(view->ClientOf(view->Canvas()) == PictureOf(expected, plateWidth, plateHeight))
+            EXPECT_TRUE(view->ClientOf(view->Canvas()) == expected.Snapshot())
                 << "table " << table;
         }
     }
@@ -205,12 +175,6 @@ public:
         Show("03-regions");
     }
 
-    /// The colour of a plate pixel that is shown as it is.
-    unsigned Gray(POINT at) {
-        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
-        return pixels[(plateHeight - 1 - at.y) * plateWidth + at.x] * 0x010101u;
-    }
-
     void EditAndCutOut() {
         const HWND canvas = view->Canvas();
         // The rectangle around the disc: moved, moved back by undo; its right edge dragged; cut out; undone.
@@ -221,7 +185,7 @@ public:
         const POINT handle = {bottomRight.x + 1, (topLeft.y + bottomRight.y + 1) / 2};
         view->Drag(canvas, {handle, {handle.x + 20, handle.y}});
         view->Press({VK_CONTROL, 'R'});
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe-Rect.1 * - KestView"; }))
+        ASSERT_TRUE(view->WaitForTitle(L"Größe-Rect.1 * - KestView"))
             << "selected by the mouse";
         view->Press({VK_CONTROL, '1'});
         RECT client;
@@ -243,21 +207,19 @@ public:
         EXPECT_EQ(copied.bmHeight, plateHeight);
         // With the ROIs: the long line is in it, the disc inside the rectangle is as it was.
         view->PressToCopy({VK_CONTROL, VK_SHIFT, 'R'});
-        const kestview::DibSection drawn({plateWidth, plateHeight}, 32);
         const HDC memory = CreateCompatibleDC(nullptr);
         ASSERT_TRUE(OpenFreeClipboard());
         const HGDIOBJ old = SelectObject(memory, GetClipboardData(CF_BITMAP));
-        BitBlt(drawn, 0, 0, plateWidth, plateHeight, memory, 0, 0, SRCCOPY);
+        const Picture withRois = PictureOf(memory, plateWidth, plateHeight);
         SelectObject(memory, old);
         CloseClipboard();
         DeleteDC(memory);
-        const Picture withRois = PictureOf(drawn, plateWidth, plateHeight);
         const POINT onLine = OnPlate(50, 0);
         int linePixels = 0;
         for (int y = -2; y <= 2; ++y)
             linePixels += withRois.At(onLine.x, onLine.y + y) == 0x00C800;
         EXPECT_EQ(linePixels, 1);
-        EXPECT_EQ(withRois.At(middle.x, middle.y), Gray(middle));
+        EXPECT_EQ(withRois.At(middle.x, middle.y), Level(middle.x, middle.y) * 0x010101u);
     }
 
     void Calibrate() {
@@ -266,12 +228,9 @@ public:
             view->Click(view->Canvas(), At(mark.pixelX, mark.pixelY));
         int row = 0;
         for (const example::PlateMark& mark : example::PlateMarks()) {
-            view->ClickControl(IDC_CAL_WORLD_X_1 + row);
-            view->Press({VK_CONTROL, 'A'});
-            view->Type(std::to_wstring(static_cast<int>(mark.worldX)));
+            view->TypeOver(std::to_wstring(static_cast<int>(mark.worldX)), IDC_CAL_WORLD_X_1 + row);
             view->Press({VK_TAB});
-            view->Press({VK_CONTROL, 'A'});
-            view->Type(std::to_wstring(static_cast<int>(mark.worldY)));
+            view->TypeOver(std::to_wstring(static_cast<int>(mark.worldY)));
             ++row;
         }
         view->ClickControl(IDC_CAL_APPLY);
@@ -298,9 +257,7 @@ public:
         const auto slid = [&] { return std::wcstod(TextOfWindow(view->Control(IDC_BAND_LOW_TEXT)).c_str(), nullptr); };
         Driver::WaitFor([&] { return std::abs(slid() - 190) <= 15; });
         EXPECT_NEAR(slid(), 190, 15) << "the slider follows the mouse";
-        view->ClickControl(IDC_BAND_LOW_TEXT);
-        view->Press({VK_CONTROL, 'A'});
-        view->Type(std::to_wstring(example::plateThreshold));
+        view->TypeOver(std::to_wstring(example::plateThreshold), IDC_BAND_LOW_TEXT);
         ShowWithoutTip("06-threshold");
         const Picture shown = view->ClientOf(view->Canvas());
         const POINT square = OnPlate(86, 18), ground = OnPlate(50, 2);
@@ -308,8 +265,7 @@ public:
         EXPECT_NE(shown.At(ground.x, ground.y), 0x286EE6u);
         // A second band, and away with it.
         const auto isCounted = [&](int low) {
-            const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
-            const auto count = std::count_if(pixels, pixels + plateWidth * plateHeight, [&](int level) {
+            const auto count = std::count_if(Pixels(), Pixels() + plateWidth * plateHeight, [&](int level) {
                 return level <= low || level >= example::plateThreshold;
             });
             const std::wstring start = L"In the bands: " + std::to_wstring(count) + L" pixels,";
@@ -326,18 +282,17 @@ public:
 
     void Mask() {
         view->Press({VK_CONTROL, 'B'});
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe-mask * - KestView"; }));
+        ASSERT_TRUE(view->WaitForTitle(L"Größe-mask * - KestView"));
         Show("08-mask");
         view->Press({VK_MENU, 'F'});
         view->Press({'P'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Picture", folder + L"mask.bmp"));
-        const std::string file = Table::ReadFile(folder + L"mask.bmp");
-        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
+        const std::string file = ReadFile(folder + L"mask.bmp");
         constexpr std::size_t header = 14 + 40 + 1024, count = static_cast<std::size_t>(plateWidth) * plateHeight;
         ASSERT_EQ(file.size(), header + count);
         std::size_t different = 0;
         for (std::size_t i = 0; i < count; ++i)
-            different += file[header + i] != (pixels[i] >= example::plateThreshold);
+            different += file[header + i] != (Pixels()[i] >= example::plateThreshold);
         EXPECT_EQ(different, 0u);
         view->Press({VK_CONTROL, VK_SHIFT, VK_TAB});
         ASSERT_EQ(view->Title(), L"Größe * - KestView");
@@ -352,25 +307,28 @@ public:
         ExportTable(L"before.csv");
         Show("07-measured");
         const Table table(folder + L"before.csv");
-        EXPECT_EQ(table.RowCount(), 10u);
-        const std::string area = "Area (square mm)", inBands = "In bands (square mm)", length = "Length (mm)";
+        EXPECT_EQ(table.rows.size(), 1u + 10u);
+        const char *area = "Area (square mm)", *inBands = "In bands (square mm)", *length = "Length (mm)";
+        struct Known {
+            const char *what, *row, *column;
+            double size, tolerance;
+        };
         const auto known = [](std::size_t index) { return example::PlateObjects()[index].Area(); };
-        EXPECT_NEAR(table.Number("Rect.1", inBands) / known(0), 1, 0.01) << "the disc";
-        EXPECT_NEAR(table.Number("Ellipse.1", inBands) / known(3), 1, 0.01) << "the ellipse";
-        EXPECT_NEAR(table.Number("Freehand.1", inBands) / known(4), 1, 0.01) << "the triangle";
-        EXPECT_NEAR(table.Number("PolyFree.1", area) / known(1), 1, 0.01) << "the rectangle, by its corners";
-        EXPECT_NEAR(table.Number("Rect.2", inBands) / known(2), 1, 0.01) << "the ring";
-        EXPECT_NEAR(table.Number("Freehand.2", inBands) / known(5), 1, 0.01) << "the square";
-        EXPECT_NEAR(table.Number("Line.1", length), 100, 0.5);
-        EXPECT_NEAR(table.Number("PolyLine.1", length), 2 * std::hypot(16, 3), 0.5);
+        for (const Known& object : {Known{"disc", "Rect.1", inBands, known(0), 0.01},
+                                    {"ellipse", "Ellipse.1", inBands, known(3), 0.01},
+                                    {"triangle", "Freehand.1", inBands, known(4), 0.01},
+                                    {"rectangle by its corners", "PolyFree.1", area, known(1), 0.01},
+                                    {"ring", "Rect.2", inBands, known(2), 0.01},
+                                    {"square", "Freehand.2", inBands, known(5), 0.01},
+                                    {"line", "Line.1", length, 100, 0.005},
+                                    {"two lines", "PolyLine.1", length, 2 * std::hypot(16, 3), 0.015}})
+            EXPECT_NEAR(table.Number(object.row, object.column) / object.size, 1, object.tolerance) << object.what;
         // The rectangle's pixels, summed up here. Released where it was drawn last, a rectangle reaches one pixel
         // further.
         const POINT from = OnPlate(5, 35), to = OnPlate(36, 4);
-        const auto* pixels = static_cast<const unsigned char*>(plate->GetBitMapImageData());
         double sum = 0;
         for (long y = from.y; y <= to.y + 1; ++y)
-            for (long x = from.x; x <= to.x + 1; ++x)
-                sum += pixels[(plateHeight - 1 - y) * plateWidth + x];
+            for (long x = from.x; x <= to.x + 1; ++x) sum += Level(x, y);
         const long count = (to.x - from.x + 2) * (to.y - from.y + 2);
         EXPECT_EQ(table.Number("Rect.1", "Pixels"), count);
         EXPECT_NEAR(table.Number("Rect.1", "Mean"), sum / static_cast<double>(count), 1e-5);
@@ -415,14 +373,13 @@ public:
         view->Type(L"gt");
         const HWND titles = view->WaitForDialog(L"Graph Titles");
         ASSERT_TRUE(titles) << "the graph's own dialog";
-        view->Press({VK_CONTROL, 'A'});
-        view->Type(L"Levels of the plate");
+        view->TypeOver(L"Levels of the plate");
         Show("11-graph-dialog");
         view->Press({VK_RETURN});
         view->Press({VK_MENU, 'D'});
         view->Type(L"gs");
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Graph Appearance", folder + L"tour.gra"));
-        const std::string appearance = Table::ReadFile(folder + L"tour.gra");
+        const std::string appearance = ReadFile(folder + L"tour.gra");
         ASSERT_EQ(appearance.size(), 3560u);
         EXPECT_STREQ(appearance.c_str() + 264, "Levels of the plate");
 
@@ -464,13 +421,11 @@ public:
         ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Farben.bmp"));
         view->Press({VK_MENU, 'I'});
         view->Type(L"ch");  // Convert To, HSL
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Farben (24-bit HSL) * - KestView"; }));
+        ASSERT_TRUE(view->WaitForTitle(L"Farben (24-bit HSL) * - KestView"));
         view->Press({VK_CONTROL, 'T'});
         view->ClickControl(IDC_BAND_ADD);
         for (const auto& [field, level] : {std::pair{IDC_BAND_HIGH_TEXT, L"90"}, std::pair{IDC_BAND_LOW_TEXT, L"70"}}) {
-            view->ClickControl(field);
-            view->Press({VK_CONTROL, 'A'});
-            view->Type(level);
+            view->TypeOver(level, field);
         }
         const auto countedGreen = [&] {
             return TextOfWindow(view->Control(IDC_BAND_COUNT)) == L"In the bands: 4800 pixels\nof the whole picture.";
@@ -496,13 +451,13 @@ public:
         const Picture before = view->ClientOf(view->Canvas());
         view->Press({VK_CONTROL, 'S'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Session", folder + L"tour.kvs"));
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; })) << "saved: no star any more";
+        ASSERT_TRUE(view->WaitForTitle(L"Größe - KestView")) << "saved: no star any more";
         view->Press({VK_CONTROL, 'W'});
         view->Press({VK_CONTROL, 'O'});
         ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"tour.kvs"));
-        ASSERT_TRUE(Driver::WaitFor([&] { return view->Title() == L"Größe - KestView"; }));
+        ASSERT_TRUE(view->WaitForTitle(L"Größe - KestView"));
         ExportTable(L"after.csv");
-        EXPECT_EQ(Table(folder + L"after.csv").All(), Table(folder + L"before.csv").All());
+        EXPECT_EQ(ReadFile(folder + L"after.csv"), ReadFile(folder + L"before.csv"));
         EXPECT_TRUE(view->ClientOf(view->Canvas()) == before) << "picture, ROIs and zoom are as they were";
         Show("15-reopened");
     }
