@@ -11,6 +11,8 @@
 namespace test {
 namespace {
 
+using namespace std::string_literals;
+
 /// The imaging component, for as long as a test runs.
 class PictureFiles : public testing::Test {
 protected:
@@ -71,8 +73,11 @@ TEST_F(PictureFiles, OpensThemTheRightWayUp) {
     Bytes tags;
     tags.Text("\xFF\xE1", 2).U16(0x2200).Text("Exif", 6).Text("MM", 2).Text({0, 42, 0, 0, 0, 8, 0, 1}, 8);
     tags.Text({1, 18, 0, 3, 0, 0, 0, 1, 0, 6, 0, 0}, 12).I32(0);
+    // Behind them other tags, and bytes that decoders pass over.
+    tags.Text("\xFF\xE1\0\x08""Exif\0\0"s, 10);
     std::vector<std::uint8_t> bytes = plain.Content();
     bytes.insert(bytes.begin() + 2, tags.begin(), tags.end());
+    bytes.insert(bytes.begin() + 2, 2, 0);
     const auto image = Open({"camera.jpg", bytes});
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(SizeOf(*image).cx, 8);
@@ -131,7 +136,19 @@ TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
                          .I32(1 << 30)
                          .I32(0)},
         {"bomb.jpg", Bytes().Text("\xFF\xD8\xFF\xC0", 4).Text({0, 17, 8, 78, 32, 78, 32, 3}, 8).Fill(20, 0)},
-        {"bomb.gif", Bytes().Text("GIF89a", 6).U16(20000).U16(20000).Fill(20, 0)},
+        // Before the frame: bytes of no segment, a marker without one, and camera tags that stand nowhere.
+        {"garbage.jpg", Bytes()
+                            .Text("\xFF\xD8\0\7\xFF\xD0\xFF\xE1\0\x10""Exif\0\0MM\0*\x7F\0\0\0"s, 24)
+                            .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s, 10)
+                            .Fill(20, 0)},
+        // Its screen has one pixel.
+        {"bomb.gif", Bytes()
+                         .Text("GIF89a\1\0\1\0\x80\0\0"s, 13)
+                         .Fill(6, 0)
+                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0"s, 13)
+                         .U16(20000)
+                         .U16(20000)
+                         .Fill(20, 0)},
         {"bomb.bmp", Bytes().Text("BM", 14).I32(40).I32(20000).I32(-25000).U16(1).U16(24).Fill(24, 0)},
     };
     for (const TemporaryFile& bomb : bombs) {

@@ -15,12 +15,15 @@ namespace {
 constexpr int mostParts = 20000;
 constexpr std::uint32_t mostTags = 4096;
 
-/// The numbers in a file. Beyond its end they are 0, and the end is noted.
+/// The numbers in a file. Beyond its end they are 0, and the end is noted. Files are made of parts of a few bytes by the
+/// million, so the bytes around the last place are kept.
 class FileNumbers {
 public:
     explicit FileNumbers(const std::string& path) : file(path, std::ios::binary) {}
 
     bool IsPastEnd() const { return isPastEnd; }
+    /// What was looked for in vain is not missed.
+    void ForgetEnd() { isPastEnd = false; }
     bool isBigEndian = true;
 
     std::uint32_t U8(std::uint64_t at) { return Number(at, 1); }
@@ -36,11 +39,19 @@ public:
 
 private:
     bool Read(std::uint64_t at, char* bytes, std::size_t count) {
-        file.clear();
-        const bool isRead =
-            file.seekg(static_cast<std::streamoff>(at)) && file.read(bytes, static_cast<std::streamsize>(count));
+        if (at < keptAt || at + count > keptAt + keptCount) Keep(at);
+        const bool isRead = count <= keptCount;
+        if (isRead) std::memcpy(bytes, kept + (at - keptAt), count);
         isPastEnd = isPastEnd || !isRead;
         return isRead;
+    }
+    void Keep(std::uint64_t at) {
+        file.clear();
+        keptAt = at;
+        keptCount = 0;
+        if (!file.seekg(static_cast<std::streamoff>(at))) return;
+        file.read(kept, sizeof kept);
+        keptCount = static_cast<std::size_t>(file.gcount());
     }
     std::uint32_t Number(std::uint64_t at, std::size_t count) {
         char bytes[4] = {};
@@ -53,6 +64,9 @@ private:
 
     std::ifstream file;
     bool isPastEnd = false;
+    char kept[8192];
+    std::uint64_t keptAt = 0;
+    std::size_t keptCount = 0;
 };
 
 int BytesPerPixel(std::uint32_t samples, std::uint32_t bits) {
@@ -109,6 +123,7 @@ void ReadCameraTags(FileNumbers& file, std::uint64_t start, PictureHeader& heade
     ReadTags(file, start, 0, tags);
     header.orientation = tags.orientation;
     file.isBigEndian = true;
+    file.ForgetEnd();
 }
 
 void ReadPng(FileNumbers& file, PictureHeader& header) {
@@ -125,27 +140,50 @@ void ReadPng(FileNumbers& file, PictureHeader& header) {
     }
 }
 
+/// Decoders pass over bytes that belong to no segment, and so does this. The first camera tags count.
 void ReadJpeg(FileNumbers& file, PictureHeader& header) {
-    constexpr std::uint32_t application1 = 0xFFE1, startOfScan = 0xFFDA;
-    std::uint64_t segment = 2;
-    for (int i = 0; i < mostParts && !file.IsPastEnd(); ++i) {
-        const std::uint32_t marker = file.U16(segment);
-        if (marker == 0xFFFF) {  // a byte to fill up with
-            ++segment;
+    constexpr std::uint32_t startOfScan = 0xDA, endOfImage = 0xD9, application1 = 0xE1;
+    bool hasTags = false;
+    // Each turn goes on by a byte at least, so the file's end ends this.
+    for (std::uint64_t at = 2; !file.IsPastEnd();) {
+        const std::uint32_t marker = file.U8(at) == 0xFF ? file.U8(at + 1) : 0;
+        if (marker == 0 || marker == 0xFF) {
+            ++at;
             continue;
         }
-        if (marker < 0xFF00 || marker == startOfScan) return;
+        if (marker == startOfScan || marker == endOfImage) return;
+        at += 2;
+        // The restart markers and one more have nothing behind them.
+        if ((marker >= 0xD0 && marker <= 0xD7) || marker == 0x01) continue;
         // The frame is told by any of the markers C0 to CF but three.
-        const bool isFrame =
-            marker >= 0xFFC0 && marker <= 0xFFCF && marker != 0xFFC4 && marker != 0xFFC8 && marker != 0xFFCC;
-        if (isFrame) {
-            header.height = file.U16(segment + 5);
-            header.width = file.U16(segment + 7);
-            header.bytesPerPixel = BytesPerPixel(file.U8(segment + 9), 8);
+        if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
+            header.height = file.U16(at + 3);
+            header.width = file.U16(at + 5);
+            header.bytesPerPixel = BytesPerPixel(file.U8(at + 7), 8);
         }
-        if (marker == application1 && file.Has(segment + 4, "Exif\0\0")) ReadCameraTags(file, segment + 10, header);
-        segment += 2ULL + file.U16(segment + 2);
+        if (marker == application1 && !hasTags && file.Has(at + 2, "Exif\0\0")) {
+            hasTags = true;
+            ReadCameraTags(file, at + 8, header);
+        }
+        at += file.U16(at);
     }
+}
+
+/// The first picture's own size: the screen that the file begins with says nothing about it.
+void ReadGif(FileNumbers& file, PictureHeader& header) {
+    constexpr std::uint32_t extension = 0x21, picture = 0x2C;
+    file.isBigEndian = false;
+    const auto tableBytes = [](std::uint32_t flags) { return flags & 0x80 ? 3ULL << ((flags & 7) + 1) : 0ULL; };
+    std::uint64_t at = 13 + tableBytes(file.U8(10));
+    while (file.U8(at) == extension && !file.IsPastEnd()) {
+        at += 2;
+        while (const std::uint32_t bytes = file.U8(at))
+            at += 1 + bytes;
+        ++at;
+    }
+    if (file.U8(at) != picture) return;
+    header.width = file.U16(at + 5);
+    header.height = file.U16(at + 7);
 }
 
 void ReadBmp(FileNumbers& file, PictureHeader& header) {
@@ -164,12 +202,10 @@ PictureHeader ReadPictureHeader(const std::string& path, unsigned page) {
     PictureHeader header;
     if (file.Has(0, "\x89PNG\r\n\x1A\n")) {
         ReadPng(file, header);
-    } else if (file.Has(0, "\xFF\xD8\xFF")) {
+    } else if (file.Has(0, "\xFF\xD8")) {
         ReadJpeg(file, header);
     } else if (file.Has(0, "GIF8")) {
-        file.isBigEndian = false;
-        header.width = file.U16(6);
-        header.height = file.U16(8);
+        ReadGif(file, header);
     } else if (file.Has(0, "BM")) {
         ReadBmp(file, header);
     } else {
