@@ -268,7 +268,7 @@ void Document::Draw(HDC dc, SIZE area, const ShowImage& show) {
 void Document::SetBands(std::vector<Band> newBands) {
     bands = std::move(newBands);
     preview.Show(bands);
-    Changed(DisplayChanged, true);
+    Changed(DisplayChanged | BandsChanged, true);
 }
 
 void Document::PreviewBands(bool isShown, HWND canvas) {

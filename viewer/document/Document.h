@@ -25,6 +25,7 @@ enum Change : unsigned {
     TitleChanged = 32,    ///< name, or saved or not
     TableChosen = 64,     ///< another display table
     ChannelChosen = 128,  ///< another channel of a colour picture
+    BandsChanged = 256,   ///< threshold bands: what is in them is measured
     EverythingChanged = ~0u,
 };
 

@@ -41,8 +41,7 @@ void ResultsPane::OnSize(int width, int) {
 }
 
 void ResultsPane::Refresh(unsigned change) {
-    const bool isInTable = document && !document->Bands().empty() && (change & DisplayChanged);
-    if (!isInTable && !(change & (RoisChanged | PictureChanged | CalibrationChanged))) return;
+    if (!(change & (RoisChanged | PictureChanged | CalibrationChanged | BandsChanged | ChannelChosen))) return;
     isStale = true;
     SetTimer(window, measureTimer, measureDelayMilliseconds, nullptr);
 }
