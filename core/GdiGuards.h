@@ -123,7 +123,6 @@ private:
 };
 
 using StretchModeGuard = ModeGuard<SetStretchBltMode>;
-using DrawModeGuard = ModeGuard<SetROP2>;
 using BackgroundModeGuard = ModeGuard<SetBkMode>;
 using MapModeGuard = ModeGuard<SetMapMode>;
 

@@ -62,7 +62,6 @@ kest::ShapeParts CcRoiEllipse::Parts() {
 }
 
 int CcRoiEllipse::Load(CcObjectStorage* pStorage) { return kest::LoadShape(Parts(), pStorage); }
-
 int CcRoiEllipse::Store(CcObjectStorage* pStorage) { return kest::StoreShape(Parts(), pStorage); }
 
 int CcRoiEllipse::GetClassNameA(char* pszBuffer, long lLength) {
@@ -70,11 +69,8 @@ int CcRoiEllipse::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiEllipse::Save(const char* pszFileName) { return kest::SaveShape(Parts(), pszFileName); }
-
 int CcRoiEllipse::Restore(const char* pszFileName) { return kest::RestoreShape(Parts(), pszFileName); }
-
 int CcRoiEllipse::SetRoiImageCord(void* pRecord) { return kest::TakeShapeRecord(Parts(), pRecord); }
-
 void* CcRoiEllipse::GetRoiImageCord() { return &stImageEllipse; }
 
 int CcRoiEllipse::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
@@ -141,7 +137,6 @@ int* CcRoiEllipse::GetXBoundary(int iRow, int* piCount) {
 }
 
 int CcRoiEllipse::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiEllipse::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiEllipse::SetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,

@@ -62,7 +62,6 @@ kest::OutlineParts CcRoiFreeHand::Parts() {
 }
 
 int CcRoiFreeHand::Load(CcObjectStorage* pStorage) { return kest::LoadOutline(Parts(), pStorage); }
-
 int CcRoiFreeHand::Store(CcObjectStorage* pStorage) { return kest::StoreOutline(Parts(), pStorage); }
 
 int CcRoiFreeHand::GetClassNameA(char* pszBuffer, long lLength) {
@@ -70,11 +69,8 @@ int CcRoiFreeHand::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiFreeHand::Save(const char* pszFileName) { return kest::SaveOutline(Parts(), pszFileName); }
-
 int CcRoiFreeHand::Restore(const char* pszFileName) { return kest::RestoreOutline(Parts(), pszFileName); }
-
 int CcRoiFreeHand::SetRoiImageCord(void* pRecord) { return kest::TakeOutlineRecord(Parts(), pRecord); }
-
 void* CcRoiFreeHand::GetRoiImageCord() { return &stImageFreeHand; }
 
 int CcRoiFreeHand::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
@@ -127,9 +123,7 @@ int* CcRoiFreeHand::GetYBoundary(int iColumn, int* piCount) {
 }
 
 int* CcRoiFreeHand::GetXBoundary(int iRow, int* piCount) { return kest::ListOutlineRow(Parts(), iRow, piCount); }
-
 int CcRoiFreeHand::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiFreeHand::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiFreeHand::PrintPerimiterPointsToFile(const char* pszFileName) {

@@ -62,7 +62,6 @@ kest::OutlineParts CcRoiFreeHandLine::Parts() {
 }
 
 int CcRoiFreeHandLine::Load(CcObjectStorage* pStorage) { return kest::LoadOutline(Parts(), pStorage); }
-
 int CcRoiFreeHandLine::Store(CcObjectStorage* pStorage) { return kest::StoreOutline(Parts(), pStorage); }
 
 int CcRoiFreeHandLine::GetClassNameA(char* pszBuffer, long lLength) {
@@ -70,11 +69,8 @@ int CcRoiFreeHandLine::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiFreeHandLine::Save(const char* pszFileName) { return kest::SaveOutline(Parts(), pszFileName); }
-
 int CcRoiFreeHandLine::Restore(const char* pszFileName) { return kest::RestoreOutline(Parts(), pszFileName); }
-
 int CcRoiFreeHandLine::SetRoiImageCord(void* pRecord) { return kest::TakeOutlineRecord(Parts(), pRecord); }
-
 void* CcRoiFreeHandLine::GetRoiImageCord() { return &stImageFreeHand; }
 
 int CcRoiFreeHandLine::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode,
@@ -128,9 +124,7 @@ int* CcRoiFreeHandLine::GetYBoundary(int iColumn, int* piCount) {
 }
 
 int* CcRoiFreeHandLine::GetXBoundary(int iRow, int* piCount) { return kest::ListOutlineRow(Parts(), iRow, piCount); }
-
 int CcRoiFreeHandLine::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiFreeHandLine::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiFreeHandLine::PrintPerimiterPointsToFile(const char* pszFileName) {

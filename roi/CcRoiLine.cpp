@@ -65,7 +65,6 @@ kest::ShapeParts CcRoiLine::Parts() {
 }
 
 int CcRoiLine::Load(CcObjectStorage* pStorage) { return kest::LoadShape(Parts(), pStorage); }
-
 int CcRoiLine::Store(CcObjectStorage* pStorage) { return kest::StoreShape(Parts(), pStorage); }
 
 int CcRoiLine::GetClassNameA(char* pszBuffer, long lLength) {
@@ -73,11 +72,8 @@ int CcRoiLine::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiLine::Save(const char* pszFileName) { return kest::SaveShape(Parts(), pszFileName); }
-
 int CcRoiLine::Restore(const char* pszFileName) { return kest::RestoreShape(Parts(), pszFileName); }
-
 int CcRoiLine::SetRoiImageCord(void* pRecord) { return kest::TakeShapeRecord(Parts(), pRecord); }
-
 void* CcRoiLine::GetRoiImageCord() { return &stImageLine; }
 
 int CcRoiLine::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
@@ -151,7 +147,6 @@ int* CcRoiLine::GetXBoundary(int iRow, int* piCount) {
 }
 
 int CcRoiLine::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiLine::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiLine::SetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,

@@ -74,7 +74,6 @@ kest::ShapeParts CcRoiPoint::Parts() {
 }
 
 int CcRoiPoint::Load(CcObjectStorage* pStorage) { return kest::LoadShape(Parts(), pStorage); }
-
 int CcRoiPoint::Store(CcObjectStorage* pStorage) { return kest::StoreShape(Parts(), pStorage); }
 
 int CcRoiPoint::GetClassNameA(char* pszBuffer, long lLength) {
@@ -82,7 +81,6 @@ int CcRoiPoint::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiPoint::Save(const char* pszFileName) { return kest::SaveShape(Parts(), pszFileName); }
-
 int CcRoiPoint::Restore(const char* pszFileName) { return kest::RestoreShape(Parts(), pszFileName); }
 
 int CcRoiPoint::SetRoiImageCord(void* pRecord) {
@@ -160,7 +158,6 @@ int* CcRoiPoint::GetXBoundary(int iRow, int* piCount) {
 }
 
 int CcRoiPoint::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiPoint::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiPoint::SetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,

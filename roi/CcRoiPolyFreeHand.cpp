@@ -62,7 +62,6 @@ kest::OutlineParts CcRoiPolyFreeHand::Parts() {
 }
 
 int CcRoiPolyFreeHand::Load(CcObjectStorage* pStorage) { return kest::LoadOutline(Parts(), pStorage); }
-
 int CcRoiPolyFreeHand::Store(CcObjectStorage* pStorage) { return kest::StoreOutline(Parts(), pStorage); }
 
 int CcRoiPolyFreeHand::GetClassNameA(char* pszBuffer, long lLength) {
@@ -70,11 +69,8 @@ int CcRoiPolyFreeHand::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiPolyFreeHand::Save(const char* pszFileName) { return kest::SaveOutline(Parts(), pszFileName); }
-
 int CcRoiPolyFreeHand::Restore(const char* pszFileName) { return kest::RestoreOutline(Parts(), pszFileName); }
-
 int CcRoiPolyFreeHand::SetRoiImageCord(void* pRecord) { return kest::TakeOutlineRecord(Parts(), pRecord); }
-
 void* CcRoiPolyFreeHand::GetRoiImageCord() { return &stImageFreeHand; }
 
 int CcRoiPolyFreeHand::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode,
@@ -128,9 +124,7 @@ int* CcRoiPolyFreeHand::GetYBoundary(int iColumn, int* piCount) {
 }
 
 int* CcRoiPolyFreeHand::GetXBoundary(int iRow, int* piCount) { return kest::ListOutlineRow(Parts(), iRow, piCount); }
-
 int CcRoiPolyFreeHand::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiPolyFreeHand::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiPolyFreeHand::PrintPerimiterPointsToFile(const char* pszFileName) {

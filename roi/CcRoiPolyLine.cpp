@@ -62,7 +62,6 @@ kest::OutlineParts CcRoiPolyLine::Parts() {
 }
 
 int CcRoiPolyLine::Load(CcObjectStorage* pStorage) { return kest::LoadOutline(Parts(), pStorage); }
-
 int CcRoiPolyLine::Store(CcObjectStorage* pStorage) { return kest::StoreOutline(Parts(), pStorage); }
 
 int CcRoiPolyLine::GetClassNameA(char* pszBuffer, long lLength) {
@@ -70,11 +69,8 @@ int CcRoiPolyLine::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiPolyLine::Save(const char* pszFileName) { return kest::SaveOutline(Parts(), pszFileName); }
-
 int CcRoiPolyLine::Restore(const char* pszFileName) { return kest::RestoreOutline(Parts(), pszFileName); }
-
 int CcRoiPolyLine::SetRoiImageCord(void* pRecord) { return kest::TakeOutlineRecord(Parts(), pRecord); }
-
 void* CcRoiPolyLine::GetRoiImageCord() { return &stImageFreeHand; }
 
 int CcRoiPolyLine::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
@@ -127,9 +123,7 @@ int* CcRoiPolyLine::GetYBoundary(int iColumn, int* piCount) {
 }
 
 int* CcRoiPolyLine::GetXBoundary(int iRow, int* piCount) { return kest::ListOutlineRow(Parts(), iRow, piCount); }
-
 int CcRoiPolyLine::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiPolyLine::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiPolyLine::PrintPerimiterPointsToFile(const char* pszFileName) {

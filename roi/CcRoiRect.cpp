@@ -56,7 +56,6 @@ kest::ShapeParts CcRoiRect::Parts() {
 }
 
 int CcRoiRect::Load(CcObjectStorage* pStorage) { return kest::LoadShape(Parts(), pStorage); }
-
 int CcRoiRect::Store(CcObjectStorage* pStorage) { return kest::StoreShape(Parts(), pStorage); }
 
 int CcRoiRect::GetClassNameA(char* pszBuffer, long lLength) {
@@ -64,11 +63,8 @@ int CcRoiRect::GetClassNameA(char* pszBuffer, long lLength) {
 }
 
 int CcRoiRect::Save(const char* pszFileName) { return kest::SaveShape(Parts(), pszFileName); }
-
 int CcRoiRect::Restore(const char* pszFileName) { return kest::RestoreShape(Parts(), pszFileName); }
-
 int CcRoiRect::SetRoiImageCord(void* pRecord) { return kest::TakeShapeRecord(Parts(), pRecord); }
-
 void* CcRoiRect::GetRoiImageCord() { return &stImageRect; }
 
 int CcRoiRect::StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
@@ -119,13 +115,9 @@ int CcRoiRect::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned shor
 }
 
 RECT* CcRoiRect::GetBoundingRect() { return kest::PrepareShape(Parts()); }
-
 int* CcRoiRect::GetYBoundary(int, int* piCount) { return ListRange(stImageRect.bottom, stImageRect.top, piCount); }
-
 int* CcRoiRect::GetXBoundary(int, int* piCount) { return ListRange(stImageRect.left, stImageRect.right, piCount); }
-
 int CcRoiRect::UpdateImageIfNeeded(HWND, int, int, unsigned short, CcImage*, int) { return KEST_OK; }
-
 int CcRoiRect::IsRoiAGraphicObject() { return 0; }
 
 int CcRoiRect::SetRoiWindowCord(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
