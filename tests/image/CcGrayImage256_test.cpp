@@ -27,18 +27,12 @@ struct OpenImage : CcGrayImage256 {
 };
 
 Bytes ImageRecord(const std::string& name, long size, const std::vector<std::uint8_t>& dib) {
-    const int nameBytes = static_cast<int>(name.size()) + 1;
-    Bytes bag = Bytes()
-                    .I32(3)
-                    .Add(test::PropertyEntry("IMAGE_NAME", 4, 0, nameBytes))
-                    .Add(test::PropertyEntry("DIB_SIZE", 1, nameBytes, 4))
-                    .Add(test::PropertyEntry("DIB_DATA", 5, nameBytes + 4, static_cast<int>(dib.size())))
-                    .I32(nameBytes + 4 + static_cast<int>(dib.size()))
-                    .Text(name, static_cast<std::size_t>(nameBytes))
-                    .I32(size)
-                    .Add(dib);
-    return Record("CcGrayImage256", name,
-                  Bytes().Add(Record("CcPropertyBag", "", bag)).Add(test::EmptyListRecord()));
+    const int nameBytes = static_cast<int>(name.size()) + 1, dibBytes = static_cast<int>(dib.size());
+    Bytes bag = Bytes().I32(3).Add(test::PropertyEntry("IMAGE_NAME", 4, 0, nameBytes));
+    bag.Add(test::PropertyEntry("DIB_SIZE", 1, nameBytes, 4));
+    bag.Add(test::PropertyEntry("DIB_DATA", 5, nameBytes + 4, dibBytes)).I32(nameBytes + 4 + dibBytes);
+    bag.Text(name, static_cast<std::size_t>(nameBytes)).I32(size).Add(dib);
+    return Record("CcGrayImage256", name, Record("CcPropertyBag", "", bag).Add(test::EmptyListRecord()));
 }
 
 Bytes Dib8(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
@@ -130,68 +124,58 @@ TEST(CcGrayImage256, StreamFormToTheByteAndBack) {
     EXPECT_EQ(loaded->GetBitMapImageData(), nullptr);
 }
 
-TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
+// Fewer colours than 256, and the header of another kind, are no reason to refuse.
+TEST(CcGrayImage256, RecordsOfOtherColourTables) {
     const std::vector<std::uint8_t> four = {1, 2, 3, 4};
-    Bytes sixteenColours = Dib8(2, 2, four, 16);
+    Bytes sixteenColours = Dib8(2, 2, four, 16), old = Bytes().I32(12).U16(2).U16(2).U16(1).U16(8);
     sixteenColours.erase(sixteenColours.begin() + 40 + 64, sixteenColours.begin() + 1064);
-    {
-        // Fewer colours than 256, and another depth, are no reason to refuse.
-        OpenImage image;
-        ASSERT_EQ(LoadRecord(image, ImageRecord("few", 108, sixteenColours)), 0);
-        EXPECT_EQ(image(1, 1), 4.0F);
-        for (unsigned short lut = 100; lut <= 104; ++lut)
-            EXPECT_EQ(image.Show(GetDesktopWindow(), lut, 1, 0, 0, 2), 0);
-        test::TemporaryFile saved("few.bmp");
-        EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
-        test::StoredBytes(image);
-    }
-    Bytes old = Bytes().I32(12).U16(2).U16(2).U16(1).U16(8);
     for (unsigned i = 0; i < 256; ++i) old.U8(i).U8(0).U8(i);
     old.Add(four);
-    {
-        OpenImage image;
-        ASSERT_EQ(LoadRecord(image, ImageRecord("old", static_cast<long>(old.size()), old)), 0);
-        EXPECT_EQ(image(0, 1), 3.0F);
-        test::TestWindow window(8, 8);
-        EXPECT_EQ(image.Show(window, 100, 1, 0, 0, 2), 0);
-        EXPECT_EQ(window.Snapshot().At(0, 0), 0x030003u);
-        OpenImage back;
+    test::TestWindow window(8, 8);
+    for (const Bytes& dib : {sixteenColours, old}) {
+        OpenImage image, back;
+        ASSERT_EQ(LoadRecord(image, ImageRecord("few", static_cast<long>(dib.size()), dib)), 0);
         EXPECT_EQ(LoadRecord(back, test::StoredBytes(image)), 0);
-        EXPECT_EQ(back(0, 1), 3.0F);
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(back(i % 2, i / 2), static_cast<float>(i + 1));
+        for (unsigned short lut = 104; lut >= 100; --lut) EXPECT_EQ(image.Show(window, lut, 1, 0, 0, 2), 0);
+        EXPECT_EQ(window.Snapshot().At(0, 0), dib.size() == old.size() ? 0x030003u : 0x030303u);
+        const test::TemporaryFile saved("few.bmp");
+        EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
     }
-    const Bytes good = Dib8(2, 2, four);
+}
+
+TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
+    const Bytes good = Dib8(2, 2, {1, 2, 3, 4});
     // A depth of 24 bits means no colours.
     Bytes withoutColours = test::DibOf(test::BmpFile24(2, 2, std::vector<std::uint8_t>(12, 9)));
-    Bytes tooHigh = good, topDown = good, deep = good, headerless = good, tiny;
+    Bytes tooHigh = good, topDown = good, deep = good, headerless = good;
     tooHigh[8] = 3;
     std::fill_n(topDown.begin() + 8, 4, std::uint8_t{0xFF});
     deep[14] = 0x1F;
     headerless[0] = 0;
-    tiny.U8(40);
-    for (const Bytes& dib : {tooHigh, topDown, deep, headerless, tiny, withoutColours, Dib8(2, 2, four, 300)}) {
+    std::vector<Bytes> records;
+    for (const Bytes& dib :
+         {tooHigh, topDown, deep, headerless, Bytes().U8(40), withoutColours, Dib8(2, 2, {1, 2, 3, 4}, 300)})
+        records.push_back(ImageRecord("bad", static_cast<long>(dib.size()), dib));
+    for (const long size : {0L, 1067L, 1069L, 0x7FFFFFFFL, -5L}) records.push_back(ImageRecord("size", size, good));
+    for (const Bytes& record : records) {
         OpenImage image;
         test::FillPattern(image, 6, 6);
-        EXPECT_EQ(LoadRecord(image, ImageRecord("bad", static_cast<long>(dib.size()), dib)), -1);
+        EXPECT_EQ(LoadRecord(image, record), -1);
         EXPECT_EQ(image.GetBitMapImageData(), nullptr);
         EXPECT_EQ(image(0, 0), -1.0F);
         EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), 0);
         EXPECT_EQ(image.MakeBlankBMP(6, 6, 3, "after"), 0);
-    }
-    for (const long size : {0L, 1067L, 1069L, 0x7FFFFFFFL, -5L}) {
-        OpenImage image;
-        EXPECT_EQ(LoadRecord(image, ImageRecord("size", size, good)), -1);
-        EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     }
 }
 
 TEST(CcGrayImage256, RegionUnderARectangle) {
     CcGrayImage256 image;
     test::FillPattern(image, 100, 100, "image");
-    CcRoiRect roi;
-    roi.SetName("roi");
     const auto regionOf = [&](RECT rect, int fill, int aligned) {
-        roi.SetRoiImageCord(&rect);
-        return std::unique_ptr<CcImage>(image.GetRegion(&roi, fill, aligned));
+        const auto roi = test::Boxed<CcRoiRect>(rect);
+        roi->SetName("roi");
+        return std::unique_ptr<CcImage>(image.GetRegion(roi.get(), fill, aligned));
     };
     for (const int isAligned : {0, 1}) {
         const auto region = regionOf({10, 30, 20, 10}, 300, isAligned);

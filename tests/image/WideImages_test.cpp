@@ -250,14 +250,6 @@ TYPED_TEST(WideImages, PixelAccess) {
     image = 1234.0F;
     EXPECT_EQ(image.GetMaxPixelValue(), 1234.0F);
     EXPECT_EQ(image.iReScaleOnShow, 1);
-
-    image.CreateOverlay();
-    image.SetOperatorOverloadAccess(1);
-    image(1, 1);
-    image = 256.0F + 13.5F;
-    EXPECT_EQ(image(1.5F, 1.0F), 13.0F);
-    image.SetOperatorOverloadAccess(0);
-    EXPECT_EQ(image(1, 1), 110.0F);
 }
 
 TYPED_TEST(WideImages, RegionsUnderARectangle) {

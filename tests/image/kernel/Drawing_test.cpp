@@ -1,19 +1,16 @@
-// Where images are printed, the overlay's colours, interpolation, and the copy of a region.
+// Where images are printed, the overlay's colours, and interpolation.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <climits>
 #include <cmath>
 #include <cstdlib>
-#include <numeric>
 #include <vector>
 
 #include "image/kernel/Bilinear.h"
 #include "image/kernel/BlitPlan.h"
 #include "image/kernel/OverlayColours.h"
 #include "image/kernel/PrintPlan.h"
-#include "image/kernel/RegionCopy.h"
-#include "image/kernel/ThresholdBand.h"
 
 using namespace kest;
 
@@ -98,21 +95,6 @@ TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
     }
 }
 
-TEST(ThresholdBand, LowIsRoundedDownAndHighUp) {
-    struct Case {
-        float low, high;
-        int from, to;
-    };
-    const float nan = std::nanf("");
-    for (const Case& c : {Case{100, 150, 100, 150}, {100.5F, 149.2F, 100, 150}, {150, 100, 150, 100}, {255, 255, 0, 255},
-                          {-5, -1, 0, 0}, {0, 0, 0, 0}, {254.9F, 300, 254, 255}, {1e30F, -1e30F, 0, 0},
-                          {nan, nan, 0, 255}}) {
-        const LevelBand band = FindBand(c.low, c.high);
-        EXPECT_EQ(band.low, c.from) << c.low;
-        EXPECT_EQ(band.high, c.to) << c.high;
-    }
-}
-
 TEST(OverlayColours, TwentyColoursTwelveTimes) {
     std::vector<std::uint8_t> table(1024, 9);
     WriteOverlayColours(table);
@@ -138,21 +120,4 @@ TEST(Bilinear, WeightsAndRowSumsAreSinglePrecision) {
     const float third = 1.0F / 3.0F;
     const auto weight = static_cast<float>(1.0 - third);
     EXPECT_EQ(at(third, 0.0F), static_cast<float>((1.0 - weight) * 10 + static_cast<double>(weight) * 0));
-}
-
-TEST(RegionCopy, CopiesAllListedColumnsButTheLastAndStaysInside) {
-    std::vector<std::uint8_t> source(6 * 4), target(4 * 2, 99);
-    std::iota(source.begin(), source.end(), std::uint8_t{0});
-    const Plane<const std::uint8_t> from = {source.data(), 6, 4, 1};
-    const Plane<std::uint8_t> to = {target.data(), 4, 2, 1};
-    const KestSpan spans[] = {{1, 2}, {4, 4}}, single[] = {{3, 3}};
-    CopyRegionRow(from, to, 2, spans, 1, 1);
-    CopyRegionRow(from, to, 1, single, 1, 1);
-    EXPECT_EQ(target, (std::vector<std::uint8_t>{99, 99, 99, 99, 13, 14, 99, 99}));
-    // Wide of the mark in every direction.
-    const KestSpan wild[] = {{-2147483647, 2147483647}};
-    CopyRegionRow(from, to, 1, wild, 4, 1);
-    for (int row : {-1, 4, 2147483647}) CopyRegionRow(from, to, row, wild, 1, row);
-    CopyRegionRow(from, to, 3, wild, 1, 1);
-    EXPECT_EQ(target, (std::vector<std::uint8_t>{10, 11, 99, 99, 13, 14, 99, 99}));
 }

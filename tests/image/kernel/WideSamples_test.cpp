@@ -12,7 +12,6 @@
 #include <random>
 #include <vector>
 
-#include "image/kernel/WideSamplesFile.h"
 #include "image/kernel/WideSamplesLut.h"
 
 using namespace kest;
@@ -197,12 +196,4 @@ TEST(WideSamples, PointListsOverADisplayRange) {
     points[7].x = noNumber;
     for (const float bound : {5.0F, noNumber, infinity, -infinity})
         PickLevels(points, DisplayMapping::Of(5.0F, bound), levels);
-}
-
-TEST(WideSamples, RawHeadersOfSizesThatOverflow) {
-    std::uint8_t bytes[RawHeaderBytes];
-    for (const auto& [height, width] : {std::pair{INT_MAX, INT_MAX}, {-1, -1}, {65536, 65536}, {INT_MIN, INT_MIN}}) {
-        WriteRawHeader(bytes, {5, height, width});
-        EXPECT_FALSE(IsRawFile(bytes, 1LL << 32, {5, height, width}, 4));
-    }
 }
