@@ -12,13 +12,19 @@
 namespace kest {
 
 std::optional<OutlineParts> OutlineParts::Of(CcRoiBase& roi) {
-    switch (roi.GetROIType()) {
+    // There is no default, so that the compiler tells of a class that is missing.
+    switch (static_cast<KestRoiType>(roi.GetROIType())) {
         case KEST_ROI_FREEHAND: return static_cast<CcRoiFreeHand&>(roi).Parts();
         case KEST_ROI_FREEHANDLINE: return static_cast<CcRoiFreeHandLine&>(roi).Parts();
         case KEST_ROI_POLYLINE: return static_cast<CcRoiPolyLine&>(roi).Parts();
         case KEST_ROI_POLYFREEHAND: return static_cast<CcRoiPolyFreeHand&>(roi).Parts();
-        default: return std::nullopt;
+        case KEST_ROI_RECT:
+        case KEST_ROI_LINE:
+        case KEST_ROI_ELLIPSE:
+        case KEST_ROI_POINT:
+        case KEST_ROI_NONE: break;
     }
+    return std::nullopt;
 }
 
 bool OutlineParts::IsClosed() const { return RoiClassOf(kind.typeCode)->facts.bClosed; }
