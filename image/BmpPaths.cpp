@@ -13,9 +13,7 @@ namespace {
 
 constexpr char anyBmp[] = "*.bmp";
 
-PathParts PartsOf(const PathBuffer& path) {
-    return SplitPath({path, FieldLength(path, sizeof path)});
-}
+PathParts PartsOf(const PathBuffer& path) { return SplitPath({path, FieldLength(path, sizeof path)}); }
 
 void TakeFolder(const PathBuffer& path, PathBuffer& folder) {
     const PathParts parts = PartsOf(path);
@@ -48,7 +46,7 @@ bool ChoosePathToOpen(const char* path, const PathBuffer& lastOpened, PathBuffer
 
 void RememberOpened(const PathBuffer& opened, PathBuffer& lastOpened, PathBuffer& lastSaved) {
     CopyCut(lastOpened, opened);
-    if (std::strcmp(lastSaved, NoBmpPath) == 0) CopyCut(lastSaved, opened);
+    if (std::strcmp(lastSaved, KEST_NO_BMP_PATH) == 0) CopyCut(lastSaved, opened);
 }
 
 bool ChoosePathToSave(const char* path, const char* imageName, const PathBuffer& lastSaved, PathBuffer& chosen,
@@ -60,9 +58,7 @@ bool ChoosePathToSave(const char* path, const char* imageName, const PathBuffer&
     return AskPathToSave({filter, proposal, folder, "bmp", OFN_OVERWRITEPROMPT}, chosen);
 }
 
-void TakeNameOfPath(const PathBuffer& path, PathBuffer& name) {
-    CopyText(PartsOf(path).name, name);
-}
+void TakeNameOfPath(const PathBuffer& path, PathBuffer& name) { CopyText(PartsOf(path).name, name); }
 
 void TakeTitleOfPath(const PathBuffer& path, PathBuffer& title) {
     const std::string_view name = PartsOf(path).name;

@@ -5,8 +5,8 @@
 
 namespace kest {
 
-/// What the remembered paths hold at first.
-constexpr char NoBmpPath[] = "C:\\NONE.bmp";
+/// What the remembered paths hold at first; a literal, because they are arrays of characters.
+#define KEST_NO_BMP_PATH "C:\\NONE.bmp"
 
 /// What the dialogs offer: pairs of description and pattern, ended by an empty string.
 constexpr char BmpFilter[] = "Bitmap Files(*.BMP)\0*.bmp\0All Files (*.*)\0*.*\0";

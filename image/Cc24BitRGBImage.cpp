@@ -1,59 +1,20 @@
-// Cc24BitRGBImage: the 24-bit colour image.
+// Cc24BitRGBImage: the 24-bit colour image. What it shares with Cc24BitHSLImage is done by ColourImage.
 #include "Cc24BitRGBImage.h"
 
-#include "core/kernel/Numbers.h"
-#include "image/Dib24Members.h"
+#include "core/ClassName.h"
+#include "image/ColourImage.h"
+#include "image/RegionExtract.h"
 #include "image/kernel/ColourThreshold.h"
-#include "image/kernel/Luminance.h"
+
+char Cc24BitRGBImage::cFullFilePathOpen[KEST_NAME_SIZE] = KEST_NO_BMP_PATH;
+char Cc24BitRGBImage::cFullFilePathSave[KEST_NAME_SIZE] = KEST_NO_BMP_PATH;
 
 namespace {
 
-/// Where a colour channel's byte lies in a pixel.
-int ByteOfChannel(int channel) {
-    return KEST_CHANNEL_BLUE - channel;
-}
+constexpr kest::ColourClass rgbImage = {
+    {"Cc24BitRGBImage_Size", "Cc24BitRGBImage_Data"}, kest::BmpFilter, KEST_CHANNEL_LUMINANCE, KEST_CHANNEL_BLUE};
 
 }  // namespace
-
-template <>
-struct KestDib24Traits<Cc24BitRGBImage> {
-    using Image = Cc24BitRGBImage;
-    static constexpr char className[] = "Cc24BitRGBImage";
-    static constexpr char sizeKey[] = "Cc24BitRGBImage_Size";
-    static constexpr char dataKey[] = "Cc24BitRGBImage_Data";
-    static constexpr auto& bmpFilter = kest::BmpFilter;
-
-    static bool ReadFile(Image& image, const char* path) { return kest::ReadDib24(path, image.hDib) != nullptr; }
-
-    static bool MakeBlankDib(Image& image, int height, int width, int value) {
-        return kest::MakeBlankDib24(height, width, static_cast<std::uint8_t>(value), image.hDib) != nullptr;
-    }
-    static bool Refill(Image& image, int height, int width, int value) {
-        return image.RefillDib(height, width, value, kest::PlaneBytesPerPixel);
-    }
-    static void ReleasePlane(Image&) {}
-    static bool FitPlane(Image&) { return true; }
-    static bool CopyPlaneRegion(const Image&, CcRoiBase&, const kest::RegionFrame&, Image&) { return true; }
-
-    static float ReadValue(const Image& image, int index) {
-        const unsigned char* pixel = image.lpBits + index * kest::PlaneBytesPerPixel;
-        if (image.iAccess == KEST_CHANNEL_LUMINANCE) return static_cast<float>(kest::Luminance(pixel));
-        return image.IsChannel(image.iAccess) ? pixel[ByteOfChannel(image.iAccess)] : -1.0F;
-    }
-    static void WriteValue(Image& image, int index, float value) {
-        unsigned char* pixel = image.lpBits + index * kest::PlaneBytesPerPixel;
-        if (image.iAccess == KEST_CHANNEL_LUMINANCE)
-            kest::SetLuminance(pixel, value);
-        else if (image.IsChannel(image.iAccess))
-            pixel[ByteOfChannel(image.iAccess)] = kest::TruncateToByte(value);
-    }
-
-    /// What painting starts from: the copy that is kept, or else the pixels as they are.
-    static kest::SourcePlane Unpainted(Image& image) {
-        const kest::PixelBackup backup = KestDib24Members<Image>::Backup(image);
-        return backup.Fits() ? kest::SourcePlane(backup.bytes, backup.pixels.size()) : backup.pixels;
-    }
-};
 
 Cc24BitRGBImage::Cc24BitRGBImage() : iAccess(KEST_CHANNEL_LUMINANCE), bThresholdActive(0), pThresholdBackup(nullptr) {
     iImageType = KEST_IMAGE_RGB;
@@ -61,36 +22,117 @@ Cc24BitRGBImage::Cc24BitRGBImage() : iAccess(KEST_CHANNEL_LUMINANCE), bThreshold
 
 Cc24BitRGBImage::~Cc24BitRGBImage() = default;
 
-#define IMAGE_CLASS Cc24BitRGBImage
-#include "image/Dib24Overrides.inl"
-
-int Cc24BitRGBImage::SetAccess(int iChannel) {
-    if (!IsChannel(iChannel)) return KEST_FAILED;
-    iAccess = iChannel;
-    return KEST_OK;
+KEST_COMPILED_ONCE kest::ColourImage Cc24BitRGBImage::Colour() {
+    return {rgbImage,         Parts(),          iAccess,           bThresholdActive,
+            hThresholdBackup, pThresholdBackup, cFullFilePathOpen, cFullFilePathSave};
 }
+
+int Cc24BitRGBImage::Load(CcObjectStorage* pStorage) { return Colour().Load(pStorage); }
+
+int Cc24BitRGBImage::Store(CcObjectStorage* pStorage) { return Colour().Store(pStorage); }
+
+int Cc24BitRGBImage::GetClassNameA(char* pszBuffer, long lLength) {
+    return kest::WriteClassName(pszBuffer, lLength, "Cc24BitRGBImage");
+}
+
+int Cc24BitRGBImage::CopyToClipboard(HWND hWnd, unsigned short, RECT* pRect) {
+    return Colour().CopyToClipboard(hWnd, pRect);
+}
+
+int Cc24BitRGBImage::Show(HDC hDC, RECT* pRect, unsigned short, unsigned short usMode, int iXOffset, int iYOffset,
+                          int iZoom) {
+    return Colour().Show(hDC, pRect, {usMode, iXOffset, iYOffset, iZoom});
+}
+
+int Cc24BitRGBImage::Show(HDC hDC, HWND hWnd, unsigned short, unsigned short usMode, int iXOffset, int iYOffset,
+                          int iZoom) {
+    return Colour().Show(hDC, hWnd, {usMode, iXOffset, iYOffset, iZoom});
+}
+
+int Cc24BitRGBImage::Show(HWND hWnd, unsigned short, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
+    return Colour().Show(hWnd, {usMode, iXOffset, iYOffset, iZoom});
+}
+
+int Cc24BitRGBImage::Print(HWND hWnd, unsigned short, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
+    return Colour().Print(hWnd, {usMode, iXOffset, iYOffset, iZoom});
+}
+
+int Cc24BitRGBImage::GetDisplayLUT(int, int, tagPoints*) { return KEST_FAILED; }
+
+int Cc24BitRGBImage::SetDisplayLUT(int, int, tagPoints*) { return KEST_FAILED; }
+
+int Cc24BitRGBImage::OpenBMPFile(const char* pszPath) { return Colour().Open(pszPath); }
+
+int Cc24BitRGBImage::SaveBMPFile(const char* pszPath) { return Colour().Save(pszPath); }
+
+int Cc24BitRGBImage::MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) {
+    return Colour().MakeBlank(iNewHeight, iNewWidth, iValue, pszName);
+}
+
+int Cc24BitRGBImage::BeginThresholding(HWND, unsigned short) { return Colour().Backup().Make(); }
+
+float Cc24BitRGBImage::GetMinPixelValue() { return 0.0F; }
+
+float Cc24BitRGBImage::GetMaxPixelValue() { return 255.0F; }
+
+int Cc24BitRGBImage::SizeOf() { return kest::PlaneBytesPerPixel; }
+
+int Cc24BitRGBImage::SetAutoUpdateDisplay(int) { return KEST_OK; }
+
+int Cc24BitRGBImage::GetAutoUpdateDisplay() { return 1; }
+
+float& Cc24BitRGBImage::operator()(float fX, float fY) {
+    return kest::ReadChannel(Parts(), {rgbImage, iAccess, lpBits, llPixelBlockBytes}, fX, fY);
+}
+
+float& Cc24BitRGBImage::operator()(int iX, int iY) {
+    return kest::ReadChannel(Parts(), {rgbImage, iAccess, lpBits, llPixelBlockBytes}, iX, iY);
+}
+
+void Cc24BitRGBImage::operator=(float fValue) {
+    kest::WriteChannel(Parts(), {rgbImage, iAccess, lpBits, llPixelBlockBytes}, fValue);
+}
+
+CcImage* Cc24BitRGBImage::GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign) {
+    return kest::CutRegion<Cc24BitRGBImage>(Parts(), SizeOf(), pRoi, iFillValue, iAlign);
+}
+
+int Cc24BitRGBImage::SetAccess(int iChannel) { return Colour().SetAccess(iChannel); }
+
+int Cc24BitRGBImage::GetAccess() { return iAccess; }
 
 // Thresholding
 
-int Cc24BitRGBImage::RefuseChannel() {
-    Members::Backup(*this).PutBack();
+namespace {
+
+/// What painting starts from: the copy that is kept, or else the pixels as they are.
+kest::SourcePlane Unpainted(const kest::ColourImage& image) {
+    const kest::PixelBackup backup = image.Backup();
+    return backup.Fits() ? kest::SourcePlane(backup.bytes, backup.pixels.size()) : backup.pixels;
+}
+
+int RefuseChannel(const kest::ColourImage& image) {
+    image.Backup().PutBack();
     return KEST_FAILED;
 }
 
+}  // namespace
+
 int Cc24BitRGBImage::ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue) {
     if (fLow > fHigh) return KEST_OK;
-    if (!IsChannel(iAccess)) return RefuseChannel();
-    const kest::SourcePlane source = Members::Traits::Unpainted(*this);
-    const kest::TargetPlane target = Members::Pixels(*this);
+    const kest::ColourImage image = Colour();
+    if (!rgbImage.IsChannel(iAccess)) return RefuseChannel(image);
+    const kest::SourcePlane source = Unpainted(image);
+    const kest::TargetPlane target = image.Pixels();
     const kest::Rgb colour = kest::LowBytes(iRed, iGreen, iBlue);
     if (iAccess == KEST_CHANNEL_LUMINANCE) {
         kest::PaintLuminance(source, target, fLow, fHigh, colour);
     } else {
-        kest::ChannelPainter painter(ByteOfChannel(iAccess));
+        kest::ChannelPainter painter(rgbImage.ByteOf(iAccess));
         painter.AddBand(kest::ToByteBand(fLow, fHigh), colour);
         painter.Paint(source, target);
     }
-    Members::Redraw(hWnd);
+    kest::Redraw(hWnd);
     return KEST_OK;
 }
 
@@ -98,18 +140,19 @@ int Cc24BitRGBImage::ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iC
     kest::BandList bands;
     if (!kest::ListBands(pBands, iCount, bands)) return KEST_FAILED;
     if (kest::HasEmptyBand(bands)) return KEST_OK;
-    if (!IsChannel(iAccess)) return RefuseChannel();
-    const kest::SourcePlane source = Members::Traits::Unpainted(*this);
-    const kest::TargetPlane target = Members::Pixels(*this);
+    const kest::ColourImage image = Colour();
+    if (!rgbImage.IsChannel(iAccess)) return RefuseChannel(image);
+    const kest::SourcePlane source = Unpainted(image);
+    const kest::TargetPlane target = image.Pixels();
     if (iAccess == KEST_CHANNEL_LUMINANCE) {
         kest::PaintLuminance(source, target, bands);
     } else {
-        kest::ChannelPainter painter(ByteOfChannel(iAccess));
+        kest::ChannelPainter painter(rgbImage.ByteOf(iAccess));
         for (const ThresholdTag& band : bands)
             painter.AddBand(band.fLow, band.fHigh, kest::LowBytes(band.iRed, band.iGreen, band.iBlue));
         painter.Paint(source, target);
     }
-    Members::Redraw(hWnd);
+    kest::Redraw(hWnd);
     return KEST_OK;
 }
 
@@ -118,14 +161,14 @@ int Cc24BitRGBImage::ThresholdImageRGB(HWND hWnd, int iRedLow, int iRedHigh, int
     if (iRedLow >= iRedHigh || iGreenLow >= iGreenHigh || iBlueLow >= iBlueHigh) return KEST_FAILED;
     const kest::ByteBand box[] = {kest::ToBoxSide(iBlueLow, iBlueHigh), kest::ToBoxSide(iGreenLow, iGreenHigh),
                                   kest::ToBoxSide(iRedLow, iRedHigh)};
-    kest::PaintBox(Members::Traits::Unpainted(*this), Members::Pixels(*this), box,
-                   kest::Clamped(iNewRed, iNewGreen, iNewBlue));
-    Members::Redraw(hWnd);
+    const kest::ColourImage image = Colour();
+    kest::PaintBox(Unpainted(image), image.Pixels(), box, kest::Clamped(iNewRed, iNewGreen, iNewBlue));
+    kest::Redraw(hWnd);
     return KEST_OK;
 }
 
 int Cc24BitRGBImage::EndThresholding() {
-    kest::PixelBackup backup = Members::Backup(*this);
+    kest::PixelBackup backup = Colour().Backup();
     backup.PutBack();
     backup.Free();
     return KEST_OK;

@@ -1,21 +1,35 @@
-// The overlay of an image: an 8-bit plane that is ORed onto the picture. It keeps the size it was made with, so every
-// access is checked against that size and not against the image's.
+// The overlay of an image: an 8-bit plane that is ORed onto the picture.
 #include <cstring>
 
-#include "CcImage.h"
 #include "core/GdiGuards.h"
 #include "core/Messages.h"
 #include "core/WindowView.h"
-#include "core/kernel/Numbers.h"
-#include "image/DibDraw.h"
-#include "image/kernel/DibLayout.h"
+#include "image/ImageParts.h"
 #include "image/kernel/OverlayColours.h"
 
 namespace {
 
-constexpr int overlayFrontBytes = kest::DibHeaderBytes + kest::ColourTableBytes;
+constexpr int overlayFrontBytes = kest::ImageOverlay::frontBytes;
+
+bool DrawOverlay(HDC dc, HWND window, const kest::DibPicture& overlay, HPALETTE palette, kest::View view) {
+    if (!kest::GetClientSize(window, view.clientWidth, view.clientHeight)) return false;
+    const kest::MemoryDc memory(dc);
+    const kest::GdiObject bitmap(CreateCompatibleBitmap(dc, view.clientWidth, view.clientHeight));
+    if (!memory || !bitmap) return false;
+    const kest::SelectedObject selectedBitmap(memory, bitmap);
+    const kest::SelectedPalette selectedPalette(memory, palette);
+    return selectedBitmap.IsSelected() && PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS) &&
+           kest::DrawDib(memory, overlay, kest::PlanForWindow(view), SRCCOPY) &&
+           BitBlt(dc, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
+}
 
 }  // namespace
+
+kest::DibPicture kest::ImageOverlay::Picture() const {
+    if (!bits) return {nullptr, 0, 0, 8, nullptr, 0, DIB_RGB_COLORS};
+    const BITMAPINFOHEADER& info = header->bmiHeader;
+    return {bits, info.biWidth, info.biHeight, 8, colours, ColourTableBytes, DIB_RGB_COLORS};
+}
 
 int CcImage::CreateOverlay() {
     if (!lpBitmapInfo) return KEST_FAILED;
@@ -64,42 +78,11 @@ int CcImage::ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYO
         return KEST_FAILED;
     }
     const kest::WindowDc dc(hWnd);
-    return DrawOverlay(dc, hWnd, usMode, iXOffset, iYOffset, iZoom) ? KEST_OK : KEST_FAILED;
+    return ShowOverlay(dc, hWnd, usMode, iXOffset, iYOffset, iZoom);
 }
 
 int CcImage::ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
     if (!lpBitmapInfo || iZoom < 1 || !hDC || !hWnd || !lpOverlayBits) return KEST_FAILED;
-    return DrawOverlay(hDC, hWnd, usMode, iXOffset, iYOffset, iZoom) ? KEST_OK : KEST_FAILED;
-}
-
-bool CcImage::DrawOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    kest::View view = {0, 0, iWidth, iHeight, iXOffset, iYOffset, usMode, iZoom};
-    if (!kest::GetClientSize(hWnd, view.clientWidth, view.clientHeight)) return false;
-
-    const kest::MemoryDc memory(hDC);
-    const kest::GdiObject bitmap(CreateCompatibleBitmap(hDC, view.clientWidth, view.clientHeight));
-    if (!memory || !bitmap) return false;
-    const kest::SelectedObject selectedBitmap(memory, bitmap);
-    const kest::SelectedPalette selectedPalette(memory, hPalette);
-    return selectedBitmap.IsSelected() && PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS) &&
-           kest::DrawDib(memory, OverlayPicture(), kest::PlanForWindow(view), SRCCOPY) &&
-           BitBlt(hDC, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
-}
-
-kest::DibPicture CcImage::OverlayPicture() const {
-    if (!lpOverlayBits) return {nullptr, 0, 0, 8, nullptr, 0, DIB_RGB_COLORS};
-    const BITMAPINFOHEADER& header = lpOverlayInfo->bmiHeader;
-    return {lpOverlayBits, header.biWidth, header.biHeight, 8, lpOverlayColors, kest::ColourTableBytes, DIB_RGB_COLORS};
-}
-
-float CcImage::OverlayTarget() const {
-    if (iOperatorAccess != 1 || !lpOverlayBits || iPixelIndex < 0 || iPixelIndex >= hOverlay.Size() - overlayFrontBytes)
-        return -1.0F;
-    return lpOverlayBits[iPixelIndex];
-}
-
-void CcImage::SetOverlayTarget(float fValue) {
-    if (iOperatorAccess != 1 || !lpOverlayBits || iPixelIndex < 0 || iPixelIndex >= hOverlay.Size() - overlayFrontBytes)
-        return;
-    lpOverlayBits[iPixelIndex] = kest::TruncateToByte(fValue);
+    const kest::View view = {0, 0, iWidth, iHeight, iXOffset, iYOffset, usMode, iZoom};
+    return DrawOverlay(hDC, hWnd, Parts().overlay.Picture(), hPalette, view) ? KEST_OK : KEST_FAILED;
 }

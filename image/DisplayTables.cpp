@@ -3,8 +3,21 @@
 
 #include <algorithm>
 
+#include "image/kernel/DisplayLut.h"
+
 namespace kest {
 namespace {
+
+/// The table's content; empty without a block.
+std::span<std::uint8_t> ColoursOf(const KestDisplayTable& table) {
+    if (!table.pTable) return {};
+    return {static_cast<std::uint8_t*>(table.pTable), ColourTableBytes};
+}
+
+std::span<std::uint16_t> IndicesOf(const KestDisplayTable& table) {
+    if (!table.pTable) return {};
+    return {static_cast<std::uint16_t*>(table.pTable), GrayColours};
+}
 
 HPALETTE MakePalette(std::span<const PALETTEENTRY> entries) {
     struct {
@@ -34,8 +47,7 @@ bool IsBlockNew(KestDisplayTable& table) {
     return table.pTable != nullptr;
 }
 
-}  // namespace
-
+/// The colours of a DIB's own table, as many as it has, and a palette of them.
 bool MakeFileColourTable(KestDisplayTable& table, std::span<const std::uint8_t> dib, const DibLayout& layout) {
     const auto colours = static_cast<std::size_t>(std::min<Size64>(layout.colourCount, GrayColours));
     if (IsBlockNew(table)) {
@@ -54,12 +66,14 @@ bool MakeFileColourTable(KestDisplayTable& table, std::span<const std::uint8_t> 
     return true;
 }
 
+/// 256 gray colours and a palette of them.
 bool MakeColourTable(KestDisplayTable& table) {
     MakeGrayPalette(table, GrayColours);
     if (IsBlockNew(table)) WriteGrayColours(ColoursOf(table));
     return table.pTable != nullptr;
 }
 
+/// Indices into a palette of `grays` grays (256, 128 or 64): entry v is v * grays / 256.
 bool MakeIndexTable(KestDisplayTable& table, int grays) {
     MakeGrayPalette(table, grays);
     if (IsBlockNew(table)) {
@@ -70,20 +84,58 @@ bool MakeIndexTable(KestDisplayTable& table, int grays) {
     return table.pTable != nullptr;
 }
 
-void ReleaseTable(KestDisplayTable& table) {
-    table.hTable.Release();
-    table.pTable = nullptr;
-    table.hPalette.Release();
+}  // namespace
+
+KestDisplayTable* DisplayTables::Table(int lut) const {
+    return lut >= FirstLut && lut <= LastLut ? tables[lut - FirstLut] : nullptr;
 }
 
-std::span<std::uint8_t> ColoursOf(KestDisplayTable& table) {
-    if (!table.pTable) return {};
-    return {static_cast<std::uint8_t*>(table.pTable), ColourTableBytes};
+std::span<tagPoints> DisplayTables::Points(int list) const {
+    if (list < 0 || list >= PointListCount || !lists[list]) return {};
+    return {lists[list], static_cast<std::size_t>(PointLists[list].count)};
 }
 
-std::span<std::uint16_t> IndicesOf(KestDisplayTable& table) {
-    if (!table.pTable) return {};
-    return {static_cast<std::uint16_t*>(table.pTable), GrayColours};
+std::span<tagPoints> DisplayTables::Points(int lut, int channel) const {
+    for (int list = 0; list < PointListCount; ++list)
+        if (PointLists[list].lut == lut && PointLists[list].channel == channel) return Points(list);
+    return {};
+}
+
+int DisplayTables::GetPoints(int lut, int channel, tagPoints* points) const {
+    const std::span<const tagPoints> own = Points(lut, channel);
+    if (!points || own.empty()) return KEST_FAILED;
+    std::copy(own.begin(), own.end(), points);
+    return KEST_OK;
+}
+
+void DisplayTables::Release() const {
+    for (KestDisplayTable* table : tables) {
+        if (!table) continue;
+        table->hTable.Release();
+        table->pTable = nullptr;
+        table->hPalette.Release();
+    }
+}
+
+bool DisplayTables::Make(std::span<const std::uint8_t> dib, const DibLayout& layout) const {
+    for (int lut = FirstLut; lut <= LastLut; ++lut) {
+        KestDisplayTable* const table = Table(lut);
+        if (!table) continue;
+        const bool isMade = lut == FileColoursLut ? MakeFileColourTable(*table, dib, layout)
+                            : lut == ColourLut    ? MakeColourTable(*table)
+                                                  : MakeIndexTable(*table, static_cast<int>(Points(lut, 0).size()));
+        if (!isMade) return false;
+    }
+    return true;
+}
+
+void DisplayTables::Fill(int lut, int channel, std::span<const tagPoints> points) const {
+    KestDisplayTable* const table = Table(lut);
+    if (!table) return;
+    if (lut == ColourLut)
+        FillColourChannel(points, ColoursOf(*table), 3 - channel);
+    else
+        FillGrayIndices(points, IndicesOf(*table));
 }
 
 }  // namespace kest

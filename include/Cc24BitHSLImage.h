@@ -2,7 +2,10 @@
 #pragma once
 
 #include "CcImage.h"
-#include "KestColourImage.h"
+
+namespace kest {
+struct ColourImage;
+}
 
 /// What the pixel operators and the bands of a Cc24BitHSLImage look at (SetAccess).
 enum KestHslChannel : int {
@@ -133,16 +136,5 @@ protected:
     bool bClipping;                    ///< as SetClipping set it
 
 private:
-    friend struct KestDib24Members<Cc24BitHSLImage>;
-    friend struct KestDib24Traits<Cc24BitHSLImage>;
-    bool IsChannel(int iChannel) const { return iChannel >= KEST_CHANNEL_HUE && iChannel <= KEST_CHANNEL_LIGHTNESS; }
-    bool HasPlane() const;
-    void ReleasePlane();
-    KestGlobalBlock::AllocateResult AllocatePlane(int iRows, int iColumns);
-    unsigned char* ReadBothPlanes(const char* pszPath, KestGlobalBlock& dib);
-    unsigned char* MakeBothPlanes(int iNewHeight, int iNewWidth, int iValue, KestGlobalBlock& dib);
-    int ConvertDibToPlane();
-    int ConvertPlaneToDib();
-    int StartPainting();
-    int FinishPainting(HWND hWnd);
+    kest::ColourImage Colour();
 };

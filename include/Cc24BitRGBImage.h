@@ -2,7 +2,10 @@
 #pragma once
 
 #include "CcImage.h"
-#include "KestColourImage.h"
+
+namespace kest {
+struct ColourImage;
+}
 
 /// What the pixel operators and the bands of a Cc24BitRGBImage look at (SetAccess).
 enum KestRgbChannel : int {
@@ -112,8 +115,5 @@ protected:
     unsigned char* pThresholdBackup;   ///< that copy; null without one
 
 private:
-    friend struct KestDib24Members<Cc24BitRGBImage>;
-    friend struct KestDib24Traits<Cc24BitRGBImage>;
-    bool IsChannel(int iChannel) const { return iChannel >= KEST_CHANNEL_LUMINANCE && iChannel <= KEST_CHANNEL_BLUE; }
-    int RefuseChannel();
+    kest::ColourImage Colour();
 };

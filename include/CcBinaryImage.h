@@ -76,12 +76,5 @@ protected:
     int iColorTableBytes;       ///< bytes of it
 
 private:
-    friend struct KestDib8Members<CcBinaryImage>;
-    tagPoints* CurveOf(int iLUT, int iChannel);
-    void SetCurves(float fOne, float fOthers);
-    void ReleaseTables();
-    bool MakeTables();
-    void FillChannel(int iChannel);
-    void TakeDefaultLook();
-    kest::ImageLook Look(unsigned short usLUT);
+    kest::Dib8Image Dib8();
 };

@@ -115,19 +115,6 @@ protected:
     KestDisplayTable stTable104;  ///< 64 grays
     tagPoints stLUT64[64];        ///< point list of LUT 104
 
-    /// Releases the five display tables.
-    void ReleaseTables();
-    /// Builds from the DIB what is missing of them; false while memory is short. The point lists stay, but are not
-    /// applied before the next SetDisplayLUT.
-    bool MakeTables();
-    /// The point list of a display table's channel and its number of points; null for an unknown pair.
-    tagPoints* PointsOf(int iLUT, int iChannel, int* piCount);
-    /// Computes what a display table shows for the levels 0 to 255 from as many points as its list has.
-    void FillTable(int iLUT, int iChannel, const tagPoints* pPoints);
-    /// What drawing through a LUT number needs (internal).
-    kest::ImageLook Look(unsigned short usLUT);
-
-private:
-    friend struct KestDib8Members<CcGrayImage256>;
-    void TakeDefaultLook();
+    /// The members above, as the library's own functions work on them (internal).
+    kest::Dib8Image Dib8();
 };

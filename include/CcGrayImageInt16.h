@@ -3,10 +3,10 @@
 
 #include "CcGrayImage256.h"
 
-template <class Image>
-struct KestWideMembers;
-template <class Image>
-struct KestWideTraits;
+namespace kest {
+template <class Sample>
+struct WideImage;
+}
 
 /// Samples of 16 bits, 0 to 65535, in an array beside an 8-bit grayscale image that displays them: pixel (x, y) is
 /// sample y * width + x. A display range of samples is mapped onto the levels 0 to 255; what lies below shows as 0,
@@ -102,18 +102,18 @@ public:
     int ReconfigureColorTable(int iLUT, int iChannel);
 
 protected:
-    unsigned short* pSamples;  ///< null without samples
-    KestGlobalBlock hSamples;  ///< the block behind pSamples
-    float fDataMax;            ///< as last scanned
-    float fDataMin;            ///< as last scanned
-    float fDisplayMax;         ///< the sample shown as 255
-    float fDisplayMin;         ///< the sample shown as 0
-    float fScale;              ///< levels a sample unit
-    float fOffset;             ///< the level of sample 0
-    int bAutoUpdateDisplay;    ///< 1: the display range follows the samples
+    unsigned short* pSamples = nullptr;  ///< null without samples
+    KestGlobalBlock hSamples;            ///< the block behind pSamples
+    float fDataMax = 255.0F;             ///< as last scanned
+    float fDataMin = 0.0F;               ///< as last scanned
+    float fDisplayMax = 255.0F;          ///< the sample shown as 255
+    float fDisplayMin = 0.0F;            ///< the sample shown as 0
+    float fScale = 1.0F;                 ///< levels a sample unit
+    float fOffset = 0.0F;                ///< the level of sample 0
+    int bAutoUpdateDisplay = 1;          ///< 1: the display range follows the samples
 
 private:
-    bool bKeepsDisplayRange;  ///< while thresholding puts point lists back
+    kest::WideImage<unsigned short> Wide();
 
-    friend struct KestWideMembers<CcGrayImageInt16>;
+    bool bKeepsDisplayRange = false;  ///< while thresholding puts point lists back
 };

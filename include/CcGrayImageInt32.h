@@ -3,10 +3,10 @@
 
 #include "CcGrayImage256.h"
 
-template <class Image>
-struct KestWideMembers;
-template <class Image>
-struct KestWideTraits;
+namespace kest {
+template <class Sample>
+struct WideImage;
+}
 
 /// Samples of 32 bits, signed, beside an 8-bit grayscale image that displays them, as CcGrayImageInt16 tells it; what
 /// differs is told here. The raw file has the extension ".i32" and the file code 1, the messages say "32-bit", and
@@ -56,18 +56,18 @@ public:
     int ReconfigureColorTable(int iLUT, int iChannel);
 
 protected:
-    int* pSamples;             ///< null without samples
-    KestGlobalBlock hSamples;  ///< the block behind pSamples
-    float fDataMax;            ///< as last scanned
-    float fDataMin;            ///< as last scanned
-    float fDisplayMax;         ///< the sample shown as 255
-    float fDisplayMin;         ///< the sample shown as 0
-    float fScale;              ///< levels a sample unit
-    float fOffset;             ///< the level of sample 0
-    int bAutoUpdateDisplay;    ///< 1: the display range follows the samples
+    int* pSamples = nullptr;     ///< null without samples
+    KestGlobalBlock hSamples;    ///< the block behind pSamples
+    float fDataMax = 255.0F;     ///< as last scanned
+    float fDataMin = 0.0F;       ///< as last scanned
+    float fDisplayMax = 255.0F;  ///< the sample shown as 255
+    float fDisplayMin = 0.0F;    ///< the sample shown as 0
+    float fScale = 1.0F;         ///< levels a sample unit
+    float fOffset = 0.0F;        ///< the level of sample 0
+    int bAutoUpdateDisplay = 1;  ///< 1: the display range follows the samples
 
 private:
-    bool bKeepsDisplayRange;  ///< while thresholding puts point lists back
+    kest::WideImage<int> Wide();
 
-    friend struct KestWideMembers<CcGrayImageInt32>;
+    bool bKeepsDisplayRange = false;  ///< while thresholding puts point lists back
 };

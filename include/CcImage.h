@@ -10,11 +10,10 @@
 #include "KestBlocks.h"
 
 class CcCalibration;
-class CcPropertyBag;
 class CcRoiBase;
 
 namespace kest {
-struct DibPicture;
+struct ImageParts;
 }
 
 /// What CcImage::GetImageType returns.
@@ -210,48 +209,6 @@ protected:
 
     long long llPixelBlockBytes;  ///< bytes from lpBits to the end of the DIB's block
 
-    /// @name The DIB, for derived classes
-    /// iBytesPerPixel is 1 or 3.
-    /// @{
-
-    /// Frees the DIB; the size members keep their values.
-    void ReleaseDib();
-    /// Takes the DIB that hDib holds into use. False, with the block still attached but no pixels, when its header,
-    /// colour table or pixels do not lie inside the block.
-    bool AdoptDib(int iBytesPerPixel);
-    /// Attaches the block without using its table or pixels, as after a refused colour count.
-    void AttachUnusableDib();
-    /// Sets every pixel byte of an image of exactly this size; false when there is none.
-    bool RefillDib(int iSameHeight, int iSameWidth, int iValue, int iBytesPerPixel);
-    /// Puts the DIB's size (header of 40 bytes, colour table and pixels) and its bytes into a bag; false when memory is
-    /// short.
-    bool PutDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel) const;
-    /// Replaces the DIB by the one in a bag. False, without pixels, when there is none or its parts do not fit. A bag of
-    /// an image without pixels gives one, and true.
-    bool TakeDib(CcPropertyBag& bag, const char* pszSizeKey, const char* pszDataKey, int iBytesPerPixel);
-    /// Colours of the DIB's table as its header counts them, and the table's bytes.
-    void CountDibColors(int* piColors, int* piTableBytes) const;
-
-    /// @}
-    /// @name Pixel addressing, for derived classes
-    /// @{
-
-    /// Notes the pixel as the one addressed; false, with the cell at -1.0, outside the image.
-    bool AddressPixel(int iX, int iY);
-    /// The same for a position between pixels, by its lower left neighbour. bUpToSize: the neighbours may lie one beyond
-    /// the last column and row.
-    bool AddressPosition(float fX, float fY, bool bUpToSize);
-    /// True when the pixel addressed last lies in the image.
-    bool IsPixelAddressed() const;
-    /// The overlay byte at the pixel addressed last; -1.0 without an overlay, or when it is not the operators' target.
-    float OverlayTarget() const;
-    /// Writes that byte; does nothing without an overlay, or when it is not the operators' target.
-    void SetOverlayTarget(float fValue);
-    /// @}
-
-    /// The overlay as something to draw; its bits are null without one (internal).
-    kest::DibPicture OverlayPicture() const;
-
-private:
-    bool DrawOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);
+    /// The members above, as the library's own functions work on them (internal).
+    kest::ImageParts Parts();
 };

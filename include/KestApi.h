@@ -34,7 +34,6 @@
 #include "CcRoiRows.h"
 #include "CcString.h"
 #include "KestBlocks.h"
-#include "KestColourImage.h"
 #include "KestDisplayTable.h"
 #include "KestExport.h"
 #include "KestHeapObject.h"

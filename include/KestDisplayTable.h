@@ -4,7 +4,7 @@
 #include "KestBlocks.h"
 
 namespace kest {
-struct ImageLook;
+struct Dib8Image;
 }
 
 /// One display table: a palette, and a block of 1024 bytes with 256 RGBQUADs or 256 16-bit palette indices.
@@ -13,7 +13,3 @@ struct KestDisplayTable {
     void* pTable = nullptr;  ///< its first byte; null without a block
     KestPalette hPalette;    ///< the palette that shows it
 };
-
-/// The members that the images of one byte a pixel have in common (internal).
-template <class Image>
-struct KestDib8Members;

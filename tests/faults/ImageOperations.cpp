@@ -1,4 +1,6 @@
 // The operations of the seven image classes.
+#include <type_traits>
+
 #include "faults/Scenes.h"
 
 namespace test {
@@ -91,9 +93,12 @@ void Add(std::vector<Operation>& list, const std::string& name, const std::strin
         auto image = SceneImage<Image>();
         return Scene{[=] {
                          ThresholdTag bands[] = {{10, 20, 255, 0, 0}, {30, 40, 0, 255, 0}};
+                         // The binary image has one band only, and says so in a box.
+                         constexpr int bandCount = std::is_same_v<Image, CcBinaryImage> ? 0 : 2;
                          for (const int result : {image->BeginThresholding(SceneWindow(), 101),
                                                   image->ThresholdImage(SceneWindow(), 5, 9, 1, 2, 3),
-                                                  image->ThresholdImageMulti(SceneWindow(), bands, 2), image->EndThresholding()})
+                                                  bandCount ? image->ThresholdImageMulti(SceneWindow(), bands, bandCount) : 0,
+                                                  image->EndThresholding()})
                              if (result < 0) return result;
                          return 0;
                      },

@@ -105,6 +105,13 @@ TYPED_TEST(ColourImages, BmpFilesToTheByteAndTheirRefusals) {
     EXPECT_EQ(image.SaveBMPFile("never.bmp"), -1);
     EXPECT_EQ(image.OpenBMPFile("none.bmp"), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "No Image to save"}, noFile, notOpened}));
+    // What the host gets itself while a refusal is told is kept.
+    const test::TemporaryFile withColours("refused.bmp", test::BmpFile24(4, 3, padded, 7));
+    test::DuringNextBox([&] { test::FillPattern(image, 2, 2, "new"); });
+    EXPECT_EQ(image.OpenBMPFile(withColours.Path()), -1);
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{wrongKind}));
+    EXPECT_EQ(test::PixelsOf(image), test::PatternPixels24(2, 2));
+    EXPECT_GE(image(1, 1), 0.0F) << "the plane is the new picture's";
     // The reader's box is the focus window's, but not that of the reader which makes two planes.
     const test::TestWindow window(50, 50);
     SetFocus(window);
