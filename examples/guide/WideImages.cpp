@@ -26,7 +26,7 @@ bool LoadWide(CcObjectStorage& stream, CcGrayImageInt16& image) {
     image.GetHeightWidth(&height, &width);
     CcPropertyBag bag;
     long bytes = 0;
-    if (stream.GetNextObject(&bag) < 0 || bag.GetPropLength("Samples", 5, &bytes) < 0) return false;
+    if (stream.GetNextObject(&bag) < 0 || bag.GetPropLength("Samples", KEST_PROPERTY_BLOB, &bytes) < 0) return false;
     if (bytes != static_cast<long>(sizeof(unsigned short)) * height * width) return false;
     const std::vector<char> name(image.GetName(), image.GetName() + std::strlen(image.GetName()) + 1);
     if (image.MakeBlankBMP(height, width, 0, name.data()) < 0) return false;  // makes the samples

@@ -60,7 +60,8 @@ std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
     const SIZE size = SizeOf(shown);
     auto wide = MakeImage(type, size.cy, size.cx, shown.GetName());
     long bytes = 0;
-    if (!wide || bag.GetPropLength(samplesKey, 5, &bytes) < 0 || bytes != SampleBytes(*wide)) return nullptr;
+    if (!wide || bag.GetPropLength(samplesKey, KEST_PROPERTY_BLOB, &bytes) < 0 || bytes != SampleBytes(*wide))
+        return nullptr;
     if (bag.GetBlob(samplesKey, wide->GetBitMapImageData(), bytes) < 0) return nullptr;
     wide->ReScaleImageOnShow();
     while (CcHLObject* roi = shown.GetListROI()->TakeOut(0))
@@ -78,7 +79,7 @@ template <class Record>
 std::vector<Record> RecordsIn(CcPropertyBag& bag, const char* key, std::size_t most) {
     long bytes = 0;
     constexpr auto recordBytes = static_cast<long>(sizeof(Record));
-    if (bag.GetPropLength(key, 5, &bytes) < 0 || bytes % recordBytes != 0 ||
+    if (bag.GetPropLength(key, KEST_PROPERTY_BLOB, &bytes) < 0 || bytes % recordBytes != 0 ||
         bytes > static_cast<long>(most) * recordBytes)
         return {};
     std::vector<Record> records(static_cast<std::size_t>(bytes / recordBytes));
