@@ -45,9 +45,9 @@ void BandLayer::DrawOver(HDC dc, SIZE area, const ShowImage& show) {
         layer->SetDisplayLUT(colourTable, channel, points);
     }
     const BackBuffer drawn(dc, area);
-    const GdiObject brush(CreateSolidBrush(through));
+    const kest::GdiObject brush(CreateSolidBrush(through));
     const RECT all = {0, 0, area.cx, area.cy};
-    FillRect(drawn, &all, static_cast<HBRUSH>(static_cast<HGDIOBJ>(brush)));
+    FillRect(drawn, &all, brush);
     show(*layer, drawn, colourTable);
     GdiTransparentBlt(dc, 0, 0, area.cx, area.cy, drawn, 0, 0, area.cx, area.cy, through);
 }

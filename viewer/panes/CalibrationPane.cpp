@@ -185,14 +185,15 @@ void CalibrationPane::PaintOver(HDC dc) const {
     if (!document) return;
     const auto& points = document->calibrationDraft.points;
     const int arm = MulDiv(9, DpiOf(window), 96);
-    SetBkMode(dc, TRANSPARENT);
+    const kest::BackgroundModeGuard background(dc, TRANSPARENT);
     for (int i = 0; i < pointCount; ++i) {
         if (!points[i].isPicked) continue;
         const POINT at = host.PointOf(static_cast<double>(points[i].pixel.x), static_cast<double>(points[i].pixel.y));
         // A dark line under a bright one is seen on any picture.
         for (const bool isBright : {false, true}) {
-            const GdiObject pen(CreatePen(PS_SOLID, isBright ? 1 : 3, isBright ? RGB(255, 230, 0) : RGB(0, 0, 0)));
-            const Selected selected(dc, pen);
+            const kest::GdiObject pen(
+                CreatePen(PS_SOLID, isBright ? 1 : 3, isBright ? RGB(255, 230, 0) : RGB(0, 0, 0)));
+            const kest::SelectedObject selected(dc, pen);
             MoveToEx(dc, at.x - arm, at.y, nullptr);
             LineTo(dc, at.x + arm + 1, at.y);
             MoveToEx(dc, at.x, at.y - arm, nullptr);

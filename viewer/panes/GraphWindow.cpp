@@ -26,20 +26,6 @@ int DecimalsFor(float low, float high) {
     return std::clamp(static_cast<int>(std::ceil(1.3 - std::log10(step))), 0, 5);
 }
 
-/// A device context of the window, given back at the end.
-class GraphDc {
-public:
-    explicit GraphDc(HWND newWindow) : window(newWindow), dc(GetDC(newWindow)) {}
-    ~GraphDc() { ReleaseDC(window, dc); }
-    GraphDc(const GraphDc&) = delete;
-    GraphDc& operator=(const GraphDc&) = delete;
-    operator HDC() const { return dc; }
-
-private:
-    HWND window;
-    HDC dc;
-};
-
 }  // namespace
 
 bool GraphWindow::Create(HWND parent, const RECT& place) {
@@ -190,28 +176,25 @@ void GraphWindow::SetTexts(const std::string& title, const std::string& xText, c
 }
 
 void GraphWindow::Paint() {
-    PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
+    const PaintDc dc(window);
+    const SIZE size = ClientSize();
+    const BackBuffer buffer(dc, size);
+    const RECT all = {0, 0, size.cx, size.cy};
+    FillRect(buffer, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    Font font;
+    font.Make(DpiOf(window));
+    const kest::SelectedObject selectedFont(buffer, font);
     {
-        const SIZE size = ClientSize();
-        const BackBuffer buffer(dc, size);
-        const RECT all = {0, 0, size.cx, size.cy};
-        FillRect(buffer, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        Font font;
-        font.Make(DpiOf(window));
-        const Selected selectedFont(buffer, font);
         // The graph leaves its mapping on the device context.
-        const int saved = SaveDC(buffer);
+        const SavedDc saved(buffer);
         graph.ShowGraph(window, buffer, 0);
-        RestoreDC(buffer, saved);
-        buffer.CopyTo(dc);
     }
-    EndPaint(window, &paint);
+    buffer.CopyTo(dc);
 }
 
 void GraphWindow::Press(POINT mouse) {
     if (!onPointDragged) return;
-    const GraphDc dc(window);
+    const kest::WindowDc dc(window);
     // A curve that is selected already is asked first, as its marked points lie on top.
     const int before = SelectedCurve();
     int point = before >= 0 ? graph.IsCursorOnSelectedBP(dc, &mouse) : -1;
@@ -225,7 +208,7 @@ void GraphWindow::Press(POINT mouse) {
 
 void GraphWindow::Drag(POINT mouse) {
     if (draggedPoint < 0) return;
-    const GraphDc dc(window);
+    const kest::WindowDc dc(window);
     if (graph.SetSelBPViaMouse(dc, &mouse) < 0) return;
     onPointDragged(SelectedCurve(), draggedPoint);
     Invalidate();

@@ -339,8 +339,8 @@ LRESULT ThresholdPane::OnNotify(NMHDR& header) {
             SendMessageA(header.hwndFrom, LVM_GETITEMRECT, draw.nmcd.dwItemSpec, reinterpret_cast<LPARAM>(&cell));
             cell.right = cell.left + static_cast<LONG>(SendMessageA(header.hwndFrom, LVM_GETCOLUMNWIDTH, 0, 0));
             InflateRect(&cell, -4, -3);
-            const GdiObject brush(CreateSolidBrush(band.colour));
-            FillRect(draw.nmcd.hdc, &cell, static_cast<HBRUSH>(static_cast<HGDIOBJ>(brush)));
+            const kest::GdiObject brush(CreateSolidBrush(band.colour));
+            FillRect(draw.nmcd.hdc, &cell, brush);
         }
     }
     return 0;

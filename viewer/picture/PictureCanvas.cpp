@@ -27,14 +27,10 @@ LRESULT PictureView::CanvasWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
 }
 
 void PictureView::CanvasWindow::Paint() {
-    PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
-    {
-        const BackBuffer buffer(dc, ClientSize());
-        owner.PaintPicture(buffer);
-        buffer.CopyTo(dc);
-    }
-    EndPaint(window, &paint);
+    const PaintDc dc(window);
+    const BackBuffer buffer(dc, ClientSize());
+    owner.PaintPicture(buffer);
+    buffer.CopyTo(dc);
 }
 
 void PictureView::PaintPicture(HDC dc) {
@@ -47,7 +43,7 @@ void PictureView::PaintPicture(HDC dc) {
 
     Font font;
     font.Make(DpiOf(window));
-    const Selected selectedFont(dc, font);
+    const kest::SelectedObject selectedFont(dc, font);
     PaintRois(dc, canvas.ClientSize(), *document, shown, {showsRoiNames, true, DpiOf(window)});
     if (onPaintOver) onPaintOver(dc);
 }
@@ -67,8 +63,8 @@ void PictureView::PaintEmpty(HDC dc) {
     }
     Font font;
     font.Make(DpiOf(window));
-    const Selected selectedFont(dc, font);
-    SetBkMode(dc, TRANSPARENT);
+    const kest::SelectedObject selectedFont(dc, font);
+    const kest::BackgroundModeGuard background(dc, TRANSPARENT);
     SetTextColor(dc, RGB(255, 255, 255));
     DrawTextA(dc, "Open a picture with File > Open, or drop one here.", -1, &all,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE);
@@ -84,79 +80,102 @@ void PictureView::OnHover(POINT point) {
     if (onHover) onHover(isInside ? &pixel : nullptr);
 }
 
+void PictureView::OnLeftButton(POINT mouse, bool isDouble, bool isAdding) {
+    SetFocus(window);
+    if (GetKeyState(VK_SPACE) < 0 && !roiMouse.IsDragging()) {
+        StartPanning(mouse);
+        return;
+    }
+    if (isDouble && roiMouse.IsDrawingVertices()) {
+        roiMouse.Finish();
+        return;
+    }
+    POINT pixel;
+    if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) && onPick(pixel)) return;
+    roiMouse.Press(GetShown(), mouse, isAdding);
+}
+
+void PictureView::OnRightButtonUp(POINT mouse) {
+    if (roiMouse.IsDrawingVertices()) {
+        roiMouse.Finish();
+    } else if (!roiMouse.IsDragging() && document && onContextMenu) {
+        roiMouse.SelectAt(GetShown(), mouse);
+        onContextMenu();
+    }
+}
+
+void PictureView::StartPanning(POINT mouse) {
+    if (!document || roiMouse.IsDragging()) return;
+    isPanning = true;
+    panStart = mouse;
+    panOffset = {document->view.xOffset, document->view.yOffset};
+    SetCapture(canvas);
+    SetCursor(LoadCursor(nullptr, IDC_HAND));
+}
+
+void PictureView::OnMouseMove(POINT mouse, bool isHeld) {
+    OnHover(mouse);
+    const Shown shown = GetShown();
+    if (isPanning)
+        ScrollTo(panOffset.x - (mouse.x - panStart.x) / shown.zoom, panOffset.y - (mouse.y - panStart.y) / shown.zoom);
+    else
+        roiMouse.Move(shown, mouse, isHeld);
+}
+
+void PictureView::OnButtonUp(POINT mouse) {
+    if (!isPanning) {
+        roiMouse.Release(GetShown(), mouse);
+        return;
+    }
+    isPanning = false;
+    ReleaseCapture();
+}
+
+/// Another window has taken the mouse, or it was given back.
+void PictureView::OnCaptureChanged(HWND taker) {
+    isPanning = false;
+    if (roiMouse.IsDragging() && taker != canvas) roiMouse.Cancel();
+}
+
+void PictureView::ShowCursor() {
+    POINT mouse;
+    GetCursorPos(&mouse);
+    ScreenToClient(canvas, &mouse);
+    const bool picks = picksPoints && picksPoints() && roiMouse.Tool() == selectTool;
+    SetCursor(LoadCursorA(nullptr, picks ? reinterpret_cast<LPCSTR>(IDC_CROSS) : roiMouse.CursorAt(GetShown(), mouse)));
+}
+
 LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam, bool& isHandled) {
     const POINT mouse = MousePosition(lParam);
-    const Shown shown = GetShown();
     switch (message) {
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK: {
-            SetFocus(window);
-            if (GetKeyState(VK_SPACE) < 0 && !roiMouse.IsDragging()) {
-                isPanning = true;
-            } else if (message == WM_LBUTTONDBLCLK && roiMouse.IsDrawingVertices()) {
-                roiMouse.Finish();
-                return 0;
-            } else {
-                POINT pixel;
-                if (roiMouse.Tool() == selectTool && onPick && PixelAt(mouse, pixel) && onPick(pixel)) return 0;
-                roiMouse.Press(shown, mouse, (wParam & (MK_CONTROL | MK_SHIFT)) != 0);
-                return 0;
-            }
-            [[fallthrough]];
-        }
+        case WM_LBUTTONDBLCLK:
+            OnLeftButton(mouse, message == WM_LBUTTONDBLCLK, (wParam & (MK_CONTROL | MK_SHIFT)) != 0);
+            return 0;
         case WM_MBUTTONDOWN:
-            if (!document || roiMouse.IsDragging()) return 0;
-            isPanning = true;
-            panStart = mouse;
-            panOffset = {document->view.xOffset, document->view.yOffset};
-            SetCapture(canvas);
-            SetCursor(LoadCursor(nullptr, IDC_HAND));
+            StartPanning(mouse);
             return 0;
         case WM_MOUSEMOVE:
-            OnHover(mouse);
-            if (isPanning) {
-                ScrollTo(panOffset.x - (mouse.x - panStart.x) / shown.zoom,
-                         panOffset.y - (mouse.y - panStart.y) / shown.zoom);
-                return 0;
-            }
-            roiMouse.Move(shown, mouse, (wParam & MK_LBUTTON) != 0);
+            OnMouseMove(mouse, (wParam & MK_LBUTTON) != 0);
             return 0;
         case WM_LBUTTONUP:
         case WM_MBUTTONUP:
-            if (isPanning) {
-                isPanning = false;
-                ReleaseCapture();
-                return 0;
-            }
-            roiMouse.Release(shown, mouse);
+            OnButtonUp(mouse);
             return 0;
         case WM_RBUTTONUP:
-            if (roiMouse.IsDrawingVertices()) {
-                roiMouse.Finish();
-            } else if (!roiMouse.IsDragging() && document && onContextMenu) {
-                roiMouse.SelectAt(shown, mouse);
-                onContextMenu();
-            }
+            OnRightButtonUp(mouse);
             return 0;
         case WM_CAPTURECHANGED:
-            // Another window has taken the mouse.
-            isPanning = false;
-            if (roiMouse.IsDragging() && reinterpret_cast<HWND>(lParam) != canvas) roiMouse.Cancel();
+            OnCaptureChanged(reinterpret_cast<HWND>(lParam));
             return 0;
         case WM_MOUSELEAVE:
             isHovering = false;
             if (onHover) onHover(nullptr);
             return 0;
-        case WM_SETCURSOR: {
+        case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT || isPanning) break;
-            POINT point;
-            GetCursorPos(&point);
-            ScreenToClient(canvas, &point);
-            const bool picks = picksPoints && picksPoints() && roiMouse.Tool() == selectTool;
-            SetCursor(
-                LoadCursorA(nullptr, picks ? reinterpret_cast<LPCSTR>(IDC_CROSS) : roiMouse.CursorAt(shown, point)));
+            ShowCursor();
             return TRUE;
-        }
         case WM_MOUSEWHEEL:
         case WM_KEYDOWN:
             return SendMessageA(window, message, wParam, lParam);

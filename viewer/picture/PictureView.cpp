@@ -65,65 +65,79 @@ void PictureView::Arrange() {
     GetWindowRect(window, &frame);
     const SIZE all = {WidthOf(frame), HeightOf(frame)};
     const SIZE picture = document ? document->Size() : SIZE{0, 0};
-    int zoom = document ? document->view.zoom : 0;
+    const bool hasPixels = picture.cx > 0 && picture.cy > 0;
+    shownZoom = document ? document->view.zoom : 0;
     // Enlarged, a pixel has a whole number of screen pixels: what is clicked is what is seen.
-    if (zoom == 0 && picture.cx > 0 && picture.cy > 0)
-        zoom = static_cast<int>(std::min({all.cx / picture.cx, all.cy / picture.cy, static_cast<LONG>(largestZoom)}));
-    shownZoom = zoom;
-    SIZE room = all, shown = {0, 0};
-    bool hasBar[2] = {};  // horizontal, vertical
-    if (zoom > 0) {
-        const auto dpi = static_cast<UINT>(DpiOf(window));
-        const int barWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi),
-                  barHeight = GetSystemMetricsForDpi(SM_CYHSCROLL, dpi);
-        for (int pass = 0; pass < 2; ++pass) {
-            hasBar[0] = hasBar[0] || picture.cx * zoom > room.cx;
-            room.cy = all.cy - (hasBar[0] ? barHeight : 0);
-            hasBar[1] = hasBar[1] || picture.cy * zoom > room.cy;
-            room.cx = all.cx - (hasBar[1] ? barWidth : 0);
-        }
-        // Whole picture pixels only, so that what the library computes from the window's size is exact.
-        shown.cx = std::min<long>(picture.cx, std::max<long>(room.cx / zoom, 1)) * zoom;
-        shown.cy = std::min<long>(picture.cy, std::max<long>(room.cy / zoom, 1)) * zoom;
-        document->view.xOffset = std::clamp<int>(document->view.xOffset, 0, picture.cx - shown.cx / zoom);
-        document->view.yOffset = std::clamp<int>(document->view.yOffset, 0, picture.cy - shown.cy / zoom);
-    } else if (picture.cx > 0 && picture.cy > 0) {
-        const double scale =
-            std::min(static_cast<double>(room.cx) / picture.cx, static_cast<double>(room.cy) / picture.cy);
-        shown.cx = std::max(1L, std::lround(picture.cx * scale));
-        shown.cy = std::max(1L, std::lround(picture.cy * scale));
+    if (shownZoom == 0 && hasPixels)
+        shownZoom =
+            static_cast<int>(std::min({all.cx / picture.cx, all.cy / picture.cy, static_cast<LONG>(largestZoom)}));
+    Places places = {all};
+    if (shownZoom > 0) {
+        places = PlacesAtZoom(all, shownZoom);
+        ViewState& view = document->view;
+        view.xOffset = std::clamp<int>(view.xOffset, 0, picture.cx - places.canvas.cx / shownZoom);
+        view.yOffset = std::clamp<int>(view.yOffset, 0, picture.cy - places.canvas.cy / shownZoom);
+    } else if (hasPixels) {
+        places = PlacesToFit(all);
         document->view.xOffset = document->view.yOffset = 0;
     }
-    ShowScrollBar(window, SB_HORZ, hasBar[0]);
-    ShowScrollBar(window, SB_VERT, hasBar[1]);
+    const SIZE seen = shownZoom > 0 ? SIZE{places.canvas.cx / shownZoom, places.canvas.cy / shownZoom} : picture;
+    SetScrollBar(SB_HORZ, places.hasHorizontal, picture.cx, seen.cx, document ? document->view.xOffset : 0);
+    SetScrollBar(SB_VERT, places.hasVertical, picture.cy, seen.cy, document ? document->view.yOffset : 0);
+    PlaceCanvas(places);
+    isArranging = false;
+}
+
+PictureView::Places PictureView::PlacesAtZoom(SIZE all, int zoom) const {
+    const auto dpi = static_cast<UINT>(DpiOf(window));
+    const int barWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi),
+              barHeight = GetSystemMetricsForDpi(SM_CYHSCROLL, dpi);
+    const SIZE picture = document->Size();
+    Places places = {all};
+    // One bar takes room that may make the other one necessary.
+    for (int pass = 0; pass < 2; ++pass) {
+        places.hasHorizontal = places.hasHorizontal || picture.cx * zoom > places.room.cx;
+        places.room.cy = all.cy - (places.hasHorizontal ? barHeight : 0);
+        places.hasVertical = places.hasVertical || picture.cy * zoom > places.room.cy;
+        places.room.cx = all.cx - (places.hasVertical ? barWidth : 0);
+    }
+    // Whole picture pixels only, so that what the library computes from the window's size is exact.
+    places.canvas.cx = std::min<long>(picture.cx, std::max<long>(places.room.cx / zoom, 1)) * zoom;
+    places.canvas.cy = std::min<long>(picture.cy, std::max<long>(places.room.cy / zoom, 1)) * zoom;
+    return places;
+}
+
+PictureView::Places PictureView::PlacesToFit(SIZE all) const {
+    const SIZE picture = document->Size();
+    const double scale = std::min(static_cast<double>(all.cx) / picture.cx, static_cast<double>(all.cy) / picture.cy);
+    Places places = {all};
+    places.canvas = {std::max(1L, std::lround(picture.cx * scale)), std::max(1L, std::lround(picture.cy * scale))};
+    return places;
+}
+
+void PictureView::SetScrollBar(int bar, bool isShown, LONG whole, LONG seen, int position) const {
+    ShowScrollBar(window, bar, isShown);
+    if (!isShown) return;
     SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, 0, 0, 0, 0};
-    if (hasBar[0]) {
-        info.nMax = picture.cx - 1;
-        info.nPage = static_cast<UINT>(shown.cx / zoom);
-        info.nPos = document->view.xOffset;
-        SetScrollInfo(window, SB_HORZ, &info, TRUE);
-    }
-    if (hasBar[1]) {
-        info.nMax = picture.cy - 1;
-        info.nPage = static_cast<UINT>(shown.cy / zoom);
-        info.nPos = document->view.yOffset;
-        SetScrollInfo(window, SB_VERT, &info, TRUE);
-    }
-    const RECT old = [this] {
-        RECT place;
-        GetWindowRect(canvas, &place);
-        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-        return place;
-    }();
-    const RECT place = {(room.cx - shown.cx) / 2, (room.cy - shown.cy) / 2, (room.cx - shown.cx) / 2 + shown.cx,
-                        (room.cy - shown.cy) / 2 + shown.cy};
+    info.nMax = whole - 1;
+    info.nPage = static_cast<UINT>(seen);
+    info.nPos = position;
+    SetScrollInfo(window, bar, &info, TRUE);
+}
+
+/// In the middle of the room beside the bars.
+void PictureView::PlaceCanvas(const Places& places) {
+    const POINT corner = {(places.room.cx - places.canvas.cx) / 2, (places.room.cy - places.canvas.cy) / 2};
+    const RECT place = {corner.x, corner.y, corner.x + places.canvas.cx, corner.y + places.canvas.cy};
+    RECT old;
+    GetWindowRect(canvas, &old);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&old), 2);
     if (!EqualRect(&old, &place)) {
         SetWindowPos(canvas, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
         RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     }
     ShowWindow(canvas, document ? SW_SHOWNA : SW_HIDE);
-    isArranging = false;
 }
 
 void PictureView::SetZoom(int zoom, const POINT* anchor) {
@@ -211,6 +225,20 @@ void PictureView::OnScroll(int bar, WPARAM wParam) {
         ScrollTo(document->view.xOffset, position);
 }
 
+void PictureView::OnWheel(WPARAM wParam, POINT screen) {
+    ScreenToClient(canvas, &screen);
+    // Fine wheels send parts of a step; they add up.
+    wheelRest += GET_WHEEL_DELTA_WPARAM(wParam);
+    const int steps = wheelRest / WHEEL_DELTA;
+    wheelRest %= WHEEL_DELTA;
+    constexpr int rowsAStep = 24;
+    if (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT)
+        ScrollTo(document ? document->view.xOffset : 0, document ? document->view.yOffset - steps * rowsAStep : 0);
+    else
+        for (int i = 0; i < std::abs(steps); ++i)
+            steps > 0 ? ZoomIn(&screen) : ZoomOut(&screen);
+}
+
 bool PictureView::OnKey(WPARAM key) {
     if (!document) return false;
     const bool isControl = GetKeyState(VK_CONTROL) < 0;
@@ -274,20 +302,9 @@ LRESULT PictureView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL:
             OnScroll(SB_VERT, wParam);
             return 0;
-        case WM_MOUSEWHEEL: {
-            POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-            ScreenToClient(canvas, &point);
-            // Fine wheels send parts of a step; they add up.
-            wheelRest += GET_WHEEL_DELTA_WPARAM(wParam);
-            const int steps = wheelRest / WHEEL_DELTA;
-            wheelRest %= WHEEL_DELTA;
-            if (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT)
-                ScrollTo(document ? document->view.xOffset : 0, document ? document->view.yOffset - steps * 24 : 0);
-            else
-                for (int i = 0; i < std::abs(steps); ++i)
-                    steps > 0 ? ZoomIn(&point) : ZoomOut(&point);
+        case WM_MOUSEWHEEL:
+            OnWheel(wParam, MousePosition(lParam));
             return 0;
-        }
         case WM_KEYDOWN:
             if (OnKey(wParam)) return 0;
             break;
@@ -298,12 +315,9 @@ LRESULT PictureView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_ERASEBKGND:
             return 1;
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            PaintEmpty(BeginPaint(window, &paint));
-            EndPaint(window, &paint);
+        case WM_PAINT:
+            PaintEmpty(PaintDc(window));
             return 0;
-        }
         default:
             break;
     }

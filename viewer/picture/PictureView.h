@@ -66,12 +66,34 @@ private:
     };
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    LRESULT OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam, bool& isHandled);
     bool OnKey(WPARAM key);
     void OnScroll(int bar, WPARAM wParam);
+    void OnWheel(WPARAM wParam, POINT screen);
+
+    // The mouse over the canvas
+    LRESULT OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam, bool& isHandled);
+    void OnLeftButton(POINT mouse, bool isDouble, bool isAdding);
+    void OnRightButtonUp(POINT mouse);
+    void OnMouseMove(POINT mouse, bool isHeld);
+    /// Of the left or the middle button.
+    void OnButtonUp(POINT mouse);
+    void OnCaptureChanged(HWND taker);
     void OnHover(POINT point);
+    void StartPanning(POINT mouse);
+    void ShowCursor();
+
     /// Sizes the canvas and the scroll bars.
     void Arrange();
+    /// What the canvas and the bars take of a window of this size.
+    struct Places {
+        SIZE room;  ///< beside the bars
+        SIZE canvas = {0, 0};
+        bool hasHorizontal = false, hasVertical = false;
+    };
+    Places PlacesAtZoom(SIZE all, int zoom) const;
+    Places PlacesToFit(SIZE all) const;
+    void SetScrollBar(int bar, bool isShown, LONG whole, LONG seen, int position) const;
+    void PlaceCanvas(const Places& places);
     void PaintPicture(HDC dc);
     void PaintEmpty(HDC dc);
     SIZE VisiblePixels() const;

@@ -34,8 +34,8 @@ private:
 
 void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const RoiPaint& paint) {
     const auto scaled = [&](int length) { return static_cast<LONG>(MulDiv(length, paint.dpi, 96)); };
-    SetBkMode(dc, TRANSPARENT);
-    SetTextAlign(dc, TA_LEFT | TA_BOTTOM);
+    const kest::BackgroundModeGuard background(dc, TRANSPARENT);
+    const kest::TextAlignGuard align(dc, TA_LEFT | TA_BOTTOM);
     for (int i = 0; i < document.RoiCount(); ++i) {
         CcRoiBase& roi = document.Roi(i);
         // A point writes its name itself.
@@ -50,7 +50,6 @@ void PaintNames(HDC dc, SIZE area, Document& document, const Shown& shown, const
         const std::wstring name = Wide(roi.GetName());
         TextOutW(dc, corner.x, corner.y, name.c_str(), static_cast<int>(name.size()));
     }
-    SetTextAlign(dc, TA_LEFT | TA_TOP);
 }
 
 }  // namespace
@@ -90,7 +89,7 @@ std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area
     if (rois != DrawnRois::None) {
         Font font;
         font.Make(paint.dpi);
-        const Selected selectedFont(pixels, font);
+        const kest::SelectedObject selectedFont(pixels, font);
         PaintRois(pixels, area, document, shown, paint);
     }
     GdiFlush();

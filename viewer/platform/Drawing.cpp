@@ -1,5 +1,7 @@
-// Guards and small things for drawing: fonts, selections, a back buffer.
+// Small things for drawing: fonts, bitmaps in memory, a back buffer.
 #include "platform/Drawing.h"
+
+#include <algorithm>
 
 namespace kestview {
 
@@ -8,41 +10,28 @@ void Font::Make(int dpi) {
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     // The metrics are for the system's resolution.
-    const HDC screen = GetDC(nullptr);
-    const int systemDpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, systemDpi);
-    Release();
-    font = CreateFontIndirectA(&metrics.lfMessageFont);
+    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, static_cast<int>(GetDpiForSystem()));
+    font.Take(CreateFontIndirectA(&metrics.lfMessageFont));
 }
 
-DibSection::DibSection(SIZE size, int bitsPerPixel) : dc(CreateCompatibleDC(nullptr)) {
+HBITMAP MakeDibSection(SIZE size, int bitsPerPixel, void*& bits) {
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = size.cx;
     info.bmiHeader.biHeight = size.cy;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = static_cast<WORD>(bitsPerPixel);
-    bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    old = SelectObject(dc, bitmap);
+    bits = nullptr;
+    return CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
 }
 
-DibSection::~DibSection() {
-    SelectObject(dc, old);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-}
+DibSection::DibSection(SIZE size, int bitsPerPixel)
+    : dc(nullptr), bitmap(MakeDibSection(size, bitsPerPixel, bits)), selected(dc, bitmap) {}
 
 BackBuffer::BackBuffer(HDC target, SIZE newSize)
-    : dc(CreateCompatibleDC(target)),
+    : dc(target),
       size(newSize),
-      bitmap(CreateCompatibleBitmap(target, newSize.cx > 0 ? newSize.cx : 1, newSize.cy > 0 ? newSize.cy : 1)),
-      old(SelectObject(dc, bitmap)) {}
-
-BackBuffer::~BackBuffer() {
-    SelectObject(dc, old);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-}
+      bitmap(CreateCompatibleBitmap(target, std::max(1L, newSize.cx), std::max(1L, newSize.cy))),
+      selected(dc, bitmap) {}
 
 }  // namespace kestview

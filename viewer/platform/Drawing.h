@@ -1,52 +1,20 @@
-// Guards and small things for drawing: fonts, selections, a back buffer.
+// Small things for drawing: fonts, bitmaps in memory, a back buffer.
 #pragma once
 
 #include <windows.h>
 
+#include "platform/Guards.h"
+
 namespace kestview {
 
-/// A font that is deleted with its owner.
+/// The system's font for messages.
 class Font {
 public:
-    Font() = default;
-    ~Font() { Release(); }
-    Font(const Font&) = delete;
-    Font& operator=(const Font&) = delete;
-
     void Make(int dpi);
     operator HFONT() const { return font; }
 
 private:
-    void Release() {
-        if (font) DeleteObject(font);
-    }
-    HFONT font = nullptr;
-};
-
-/// A pen, brush or bitmap that is deleted with its holder.
-class GdiObject {
-public:
-    explicit GdiObject(HGDIOBJ newObject) : object(newObject) {}
-    ~GdiObject() { DeleteObject(object); }
-    GdiObject(const GdiObject&) = delete;
-    GdiObject& operator=(const GdiObject&) = delete;
-    operator HGDIOBJ() const { return object; }
-
-private:
-    HGDIOBJ object;
-};
-
-/// Selects an object into a device context for as long as the guard lives.
-class Selected {
-public:
-    Selected(HDC newDc, HGDIOBJ object) : dc(newDc), old(SelectObject(newDc, object)) {}
-    ~Selected() { SelectObject(dc, old); }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HDC dc;
-    HGDIOBJ old;
+    Held<HFONT, DeleteObject> font;
 };
 
 /// A bitmap whose pixels can be read, bottom row first, rows padded to four bytes; it is selected into a device context
@@ -54,9 +22,6 @@ private:
 class DibSection {
 public:
     DibSection(SIZE size, int bitsPerPixel);
-    ~DibSection();
-    DibSection(const DibSection&) = delete;
-    DibSection& operator=(const DibSection&) = delete;
 
     /// False when memory is short.
     explicit operator bool() const { return bits != nullptr; }
@@ -65,28 +30,29 @@ public:
     const unsigned char* Bits() const { return static_cast<const unsigned char*>(bits); }
 
 private:
-    HDC dc;
+    kest::MemoryDc dc;
     void* bits = nullptr;
-    HBITMAP bitmap;
-    HGDIOBJ old;
+    kest::GdiObject<HBITMAP> bitmap;
+    kest::SelectedObject selected;
 };
 
 /// A bitmap in memory that is drawn first and shown at once.
 class BackBuffer {
 public:
     BackBuffer(HDC target, SIZE newSize);
-    ~BackBuffer();
-    BackBuffer(const BackBuffer&) = delete;
-    BackBuffer& operator=(const BackBuffer&) = delete;
 
     operator HDC() const { return dc; }
     void CopyTo(HDC target) const { BitBlt(target, 0, 0, size.cx, size.cy, dc, 0, 0, SRCCOPY); }
 
 private:
-    HDC dc;
+    kest::MemoryDc dc;
     SIZE size;
-    HBITMAP bitmap;
-    HGDIOBJ old;
+    kest::GdiObject<HBITMAP> bitmap;
+    kest::SelectedObject selected;
 };
+
+/// A bitmap of this size, with its pixels in `bits`; a negative height has the top row first. Null, and null bits, when
+/// memory is short.
+HBITMAP MakeDibSection(SIZE size, int bitsPerPixel, void*& bits);
 
 }  // namespace kestview

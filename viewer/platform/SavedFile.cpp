@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "KestWholeFile.h"
+#include "platform/Guards.h"
 #include "platform/Text.h"
 
 namespace kestview {
@@ -41,11 +42,11 @@ std::string SizeText(long long bytes) {
 /// Tries what a writer does first. A file that is there stays as it is; a new one is gone at once.
 DWORD ErrorOfOpening(const std::string& path) {
     const bool isThere = FileExists(path);
-    const HANDLE file =
+    const HANDLE opened =
         CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                     isThere ? OPEN_EXISTING : CREATE_NEW, isThere ? 0 : FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return GetLastError();
-    CloseHandle(file);
+    if (opened == INVALID_HANDLE_VALUE) return GetLastError();
+    const HeldFile file(opened);
     return ERROR_SUCCESS;
 }
 

@@ -67,6 +67,10 @@ int Window::Scaled(int length) const {
     return MulDiv(length, DpiOf(window), 96);
 }
 
+int Window::Unscaled(int length) const {
+    return MulDiv(length, 96, DpiOf(window));
+}
+
 std::string TextOf(HWND window) {
     std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, 0);
     text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));

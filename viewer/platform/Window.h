@@ -20,6 +20,7 @@ public:
     SIZE ClientSize() const;
     /// Lengths are written for 96 dots an inch; this is what they are on the window's monitor.
     int Scaled(int length) const;
+    int Unscaled(int length) const;
 
 protected:
     struct Look {

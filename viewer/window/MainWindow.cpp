@@ -118,7 +118,8 @@ bool MainWindow::IsInDialog() const {
     return true;
 }
 
-void MainWindow::OnDrop(HDROP drop) {
+void MainWindow::OnDrop(HDROP dropped) {
+    const Held<HDROP, DragFinish> drop(dropped);
     const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
     std::vector<std::string> paths;
     for (UINT i = 0; i < count; ++i) {
@@ -126,7 +127,6 @@ void MainWindow::OnDrop(HDROP drop) {
         DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()));
         paths.push_back(Utf8(path.c_str()));
     }
-    DragFinish(drop);
     if (IsInDialog()) return;
     for (const std::string& path : paths)
         OpenFile(path);
@@ -157,6 +157,27 @@ std::string MainWindow::TabTip(int tab) const {
     return document.picturePath.empty() ? document.Name() : document.picturePath;
 }
 
+/// Back from another program, keys go where they went before.
+void MainWindow::OnActivate(bool isNowActive, bool isMinimized) {
+    if (!isNowActive)
+        lastFocus = IsChild(window, GetFocus()) ? GetFocus() : nullptr;
+    else if (!isMinimized)
+        SetFocus(lastFocus && IsChild(window, lastFocus) && IsWindowVisible(lastFocus) ? lastFocus : view);
+}
+
+void MainWindow::OnClose() {
+    if (IsInDialog() || !CloseAll()) return;
+    tools.CloseAll();
+    NoteLayout();
+    DestroyWindow(window);
+}
+
+/// The user logs off: the program may be ended any time after this.
+void MainWindow::OnEndSession() {
+    NoteLayout();
+    KeptSettings().Save();
+}
+
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SIZE:
@@ -182,11 +203,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnDpiChanged(*reinterpret_cast<RECT*>(lParam));
             return 0;
         case WM_ACTIVATE:
-            // Back from another program, keys go where they went before.
-            if (LOWORD(wParam) == WA_INACTIVE)
-                lastFocus = IsChild(window, GetFocus()) ? GetFocus() : nullptr;
-            else if (!HIWORD(wParam))
-                SetFocus(lastFocus && IsChild(window, lastFocus) && IsWindowVisible(lastFocus) ? lastFocus : view);
+            OnActivate(LOWORD(wParam) != WA_INACTIVE, HIWORD(wParam) != 0);
             return 0;
         case WM_SETFOCUS:
             SetFocus(view);
@@ -206,18 +223,12 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnDrop(reinterpret_cast<HDROP>(wParam));
             return 0;
         case WM_CLOSE:
-            if (IsInDialog() || !CloseAll()) return 0;
-            tools.CloseAll();
-            NoteLayout();
-            DestroyWindow(window);
+            OnClose();
             return 0;
         case WM_QUERYENDSESSION:
             return !IsInDialog() && MayCloseAll();
         case WM_ENDSESSION:
-            if (wParam) {
-                NoteLayout();
-                KeptSettings().Save();
-            }
+            if (wParam) OnEndSession();
             return 0;
         case WM_DESTROY:
             PostQuitMessage(0);

@@ -81,6 +81,9 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCreate();
     void OnDpiChanged(const RECT& place);
+    void OnActivate(bool isNowActive, bool isMinimized);
+    void OnClose();
+    void OnEndSession();
     void OnDrop(HDROP drop);
     LRESULT OnNotify(NMHDR& header);
     void OnDocumentChanged(Document& document, unsigned change);
@@ -88,6 +91,11 @@ private:
     void ShowRoiMenu();
     std::string TipOf(int command);
     void Arrange();
+    // Each takes its part of the room, and tells the bars by which the user makes it larger and smaller.
+    void ArrangeSide(RECT& room, std::vector<Splitters::Bar>& bars);
+    void ArrangeResults(RECT& room, std::vector<Splitters::Bar>& bars);
+    void ArrangePicture(const RECT& room);
+    int Chosen(int length, int least, int most) const;
     void NoteLayout();
     void LimitSize(MINMAXINFO& limits) const;
     bool OnSplitterMessage(UINT message, LPARAM lParam);

@@ -13,7 +13,8 @@
 namespace kestview {
 namespace {
 
-constexpr SIZE smallestWindow = {900, 680};
+// For 96 dots an inch.
+constexpr SIZE smallestWindow = {900, 680}, firstSize = {1240, 940};
 // A page and the side hold their controls.
 constexpr int smallestPicture = 200, smallestSide = 330, smallestRoiList = 110, smallestPage = 430,
               smallestResults = 90;
@@ -26,28 +27,16 @@ MONITORINFO MonitorOf(HWND window) {
     return monitor;
 }
 
-}  // namespace
+void Place(HWND child, const RECT& at) {
+    SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+}
 
-bool MainWindow::Create(int showCommand) {
-    Look look = {"KestViewMain", "KestView"};
-    look.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
-    look.extendedStyle = WS_EX_ACCEPTFILES;
-    look.background = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    RECT desk;
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    const int width = std::min(MulDiv(1240, dpi, 96), WidthOf(desk)),
-              height = std::min(MulDiv(940, dpi, 96), HeightOf(desk));
-    const int left = static_cast<int>(desk.left) + (WidthOf(desk) - width) / 2,
-              top = static_cast<int>(desk.top) + (HeightOf(desk) - height) / 2;
-    RECT place = {left, top, left + width, top + height};
-    const WindowLayout& layout = KeptSettings().layout;
+/// Where the window was in the last run, moved so that its title bar can be taken hold of; else the middle of the desk.
+RECT FirstPlace(const WindowLayout& layout) {
     // The monitor of the last run may be gone.
     if (!IsRectEmpty(&layout.place) && MonitorFromRect(&layout.place, MONITOR_DEFAULTTONULL)) {
-        place = layout.place;
-        // The title bar can be taken hold of.
+        RECT place = layout.place;
         constexpr int least = 100;
         MONITORINFO monitor = {};
         monitor.cbSize = sizeof monitor;
@@ -56,10 +45,29 @@ bool MainWindow::Create(int showCommand) {
         OffsetRect(&place,
                    std::clamp<int>(place.left, work.left + least - WidthOf(place), work.right - least) - place.left,
                    std::clamp<int>(place.top, work.top, work.bottom - least) - place.top);
+        return place;
     }
+    RECT desk;
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
+    const int dpi = static_cast<int>(GetDpiForSystem());
+    const int width = std::min(MulDiv(firstSize.cx, dpi, 96), WidthOf(desk)),
+              height = std::min(MulDiv(firstSize.cy, dpi, 96), HeightOf(desk));
+    const int left = static_cast<int>(desk.left) + (WidthOf(desk) - width) / 2,
+              top = static_cast<int>(desk.top) + (HeightOf(desk) - height) / 2;
+    return {left, top, left + width, top + height};
+}
+
+}  // namespace
+
+bool MainWindow::Create(int showCommand) {
+    Look look = {"KestViewMain", "KestView"};
+    look.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+    look.extendedStyle = WS_EX_ACCEPTFILES;
+    look.background = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    const WindowLayout& layout = KeptSettings().layout;
     if (layout.isMaximized && (showCommand == SW_SHOWDEFAULT || showCommand == SW_SHOWNORMAL))
         showCommand = SW_SHOWMAXIMIZED;
-    if (!Window::Create(look, nullptr, place)) return false;
+    if (!Window::Create(look, nullptr, FirstPlace(layout))) return false;
     SetMenu(window, menus.MakeBar());
     OnCreate();
     ShowWindow(window, showCommand);
@@ -93,54 +101,39 @@ void MainWindow::Arrange() {
     GetWindowRect(statusBar, &status);
     room.top += toolbar.Height();
     room.bottom -= HeightOf(status);
-    const auto place = [](HWND child, const RECT& at) {
-        SetWindowPos(child, nullptr, at.left, at.top, std::max(0, WidthOf(at)), std::max(0, HeightOf(at)),
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
-    };
-    WindowLayout& layout = KeptSettings().layout;
-    const auto unscaled = [this](int length) { return MulDiv(length, 96, DpiOf(window)); };
-    const int bar = Scaled(barThickness), mostSide = unscaled(WidthOf(room)) - smallestPicture,
-              mostResults = unscaled(HeightOf(room)) - smallestPicture,
-              mostList = unscaled(HeightOf(room)) - smallestPage;
-    // Lengths that the user chose, as far as there is room for them now.
-    const auto chosen = [this](int length, int least, int most) {
-        return Scaled(std::clamp(length, least, std::max(least, most)));
-    };
     std::vector<Splitters::Bar> bars;
+    ArrangeSide(room, bars);
+    ArrangeResults(room, bars);
+    ArrangePicture(room);
+    splitters.SetBars(std::move(bars));
+    statusBar.ShowPicture(active, view.Magnification());
+    // Nothing of the old places stays.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+/// A length that the user chose, as far as there is room for it now.
+int MainWindow::Chosen(int length, int least, int most) const {
+    return Scaled(std::clamp(length, least, std::max(least, most)));
+}
+
+void MainWindow::ArrangeSide(RECT& room, std::vector<Splitters::Bar>& bars) {
+    WindowLayout& layout = KeptSettings().layout;
+    const int bar = Scaled(barThickness), most = Unscaled(WidthOf(room)) - smallestPicture,
+              mostList = Unscaled(HeightOf(room)) - smallestPage;
     RECT side = room;
-    side.left = std::max<LONG>(room.left, room.right - chosen(layout.sideWidth, smallestSide, mostSide));
+    side.left = std::max<LONG>(room.left, room.right - Chosen(layout.sideWidth, smallestSide, most));
+    RECT list = side, pages = side;
+    list.bottom = std::min<LONG>(side.top + Chosen(layout.roiListHeight, smallestRoiList, mostList), side.bottom);
+    pages.top = std::min<LONG>(list.bottom + bar, side.bottom);
     if (isSideShown) {
         room.right = side.left - bar;
-        bars.push_back(
-            {{room.right, room.top, side.left, room.bottom}, true, &layout.sideWidth, -1, smallestSide, mostSide});
+        const RECT beside = {room.right, room.top, side.left, room.bottom},
+                   below = {side.left, list.bottom, side.right, pages.top};
+        bars.push_back({beside, true, &layout.sideWidth, -1, smallestSide, most});
+        bars.push_back({below, false, &layout.roiListHeight, 1, smallestRoiList, mostList});
     }
-    RECT results = room;
-    results.top = std::max<LONG>(room.top, room.bottom - chosen(layout.resultsHeight, smallestResults, mostResults));
-    if (isResultsShown) {
-        room.bottom = results.top - bar;
-        bars.push_back({{room.left, room.bottom, room.right, results.top},
-                        false,
-                        &layout.resultsHeight,
-                        -1,
-                        smallestResults,
-                        mostResults});
-    }
-    place(resultsPane, results);
-    ShowWindow(resultsPane, isResultsShown ? SW_SHOWNA : SW_HIDE);
-
-    RECT list = side, pages = side;
-    list.bottom = std::min<LONG>(side.top + chosen(layout.roiListHeight, smallestRoiList, mostList), side.bottom);
-    pages.top = std::min<LONG>(list.bottom + bar, side.bottom);
-    if (isSideShown)
-        bars.push_back({{side.left, list.bottom, side.right, pages.top},
-                        false,
-                        &layout.roiListHeight,
-                        1,
-                        smallestRoiList,
-                        mostList});
-    splitters.SetBars(std::move(bars));
-    place(roiListPane, list);
-    place(sideTabs, pages);
+    Place(roiListPane, list);
+    Place(sideTabs, pages);
     RECT inner = {0, 0, WidthOf(pages), HeightOf(pages)};
     SendMessageA(sideTabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inner));
     OffsetRect(&inner, pages.left, pages.top);
@@ -150,17 +143,31 @@ void MainWindow::Arrange() {
     ShowSidePane();
     for (const HWND child : {static_cast<HWND>(roiListPane), sideTabs})
         ShowWindow(child, isSideShown ? SW_SHOWNA : SW_HIDE);
+}
 
+void MainWindow::ArrangeResults(RECT& room, std::vector<Splitters::Bar>& bars) {
+    WindowLayout& layout = KeptSettings().layout;
+    const int most = Unscaled(HeightOf(room)) - smallestPicture;
+    RECT results = room;
+    results.top = std::max<LONG>(room.top, room.bottom - Chosen(layout.resultsHeight, smallestResults, most));
+    if (isResultsShown) {
+        room.bottom = results.top - Scaled(barThickness);
+        const RECT above = {room.left, room.bottom, room.right, results.top};
+        bars.push_back({above, false, &layout.resultsHeight, -1, smallestResults, most});
+    }
+    Place(resultsPane, results);
+    ShowWindow(resultsPane, isResultsShown ? SW_SHOWNA : SW_HIDE);
+}
+
+/// The row of tabs, and the picture under it.
+void MainWindow::ArrangePicture(const RECT& room) {
     RECT tabRow = {0, 0, WidthOf(room), HeightOf(room)};
     SendMessageA(tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&tabRow));
     RECT picture = room;
     picture.top += documents.empty() ? 0 : tabRow.top;
-    place(tabs, {room.left, room.top, room.right, picture.top});
+    Place(tabs, {room.left, room.top, room.right, picture.top});
     ShowWindow(tabs, documents.empty() ? SW_HIDE : SW_SHOWNA);
-    place(view, picture);
-    statusBar.ShowPicture(active, view.Magnification());
-    // Nothing of the old places stays.
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    Place(view, picture);
 }
 
 void MainWindow::NoteLayout() {

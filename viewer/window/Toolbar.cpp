@@ -2,51 +2,16 @@
 #include "window/Toolbar.h"
 
 #include "res/Resource.h"
-#include "window/ToolbarPictures.h"
+#include "window/ToolbarButtons.h"
 
 namespace kestview {
 namespace {
 
-struct Button {
-    ToolbarPicture picture;
-    int command;  ///< 0: a gap
-    BYTE style = BTNS_BUTTON;
-};
-
-constexpr Button gap = {ToolbarPicture::Count, 0, BTNS_SEP};
-const Button buttons[] = {
-    {ToolbarPicture::Open, ID_FILE_OPEN},
-    {ToolbarPicture::Save, ID_FILE_SAVE_SESSION},
-    gap,
-    {ToolbarPicture::Undo, ID_EDIT_UNDO},
-    {ToolbarPicture::Redo, ID_EDIT_REDO},
-    gap,
-    {ToolbarPicture::Select, ID_ROI_SELECT_TOOL, BTNS_CHECK},
-    {ToolbarPicture::Point, ID_ROI_TOOL_POINT, BTNS_CHECK},
-    {ToolbarPicture::Line, ID_ROI_TOOL_LINE, BTNS_CHECK},
-    {ToolbarPicture::Rectangle, ID_ROI_TOOL_RECTANGLE, BTNS_CHECK},
-    {ToolbarPicture::Ellipse, ID_ROI_TOOL_ELLIPSE, BTNS_CHECK},
-    {ToolbarPicture::Freehand, ID_ROI_TOOL_FREEHAND, BTNS_CHECK},
-    {ToolbarPicture::FreehandLine, ID_ROI_TOOL_FREEHAND_LINE, BTNS_CHECK},
-    {ToolbarPicture::Polygon, ID_ROI_TOOL_POLYGON, BTNS_CHECK},
-    {ToolbarPicture::Polyline, ID_ROI_TOOL_POLYLINE, BTNS_CHECK},
-    gap,
-    {ToolbarPicture::ZoomIn, ID_VIEW_ZOOM_IN},
-    {ToolbarPicture::ZoomOut, ID_VIEW_ZOOM_OUT},
-    {ToolbarPicture::ZoomFit, ID_VIEW_ZOOM_FIT, BTNS_CHECK},
-    gap,
-    {ToolbarPicture::Threshold, ID_DISPLAY_THRESHOLD, BTNS_CHECK},
-    {ToolbarPicture::DisplayTable, ID_DISPLAY_EDIT, BTNS_CHECK},
-    {ToolbarPicture::Histogram, ID_MEASURE_HISTOGRAM, BTNS_CHECK},
-    {ToolbarPicture::Calibrate, ID_CALIBRATE_POINTS, BTNS_CHECK},
-};
+/// Between buttons, for 96 dots an inch.
+constexpr int gapWidth = 8;
+constexpr int pictureSize = 24;
 
 }  // namespace
-
-Toolbar::~Toolbar() {
-    if (pictures) ImageList_Destroy(pictures);
-    if (disabledPictures) ImageList_Destroy(disabledPictures);
-}
 
 bool Toolbar::Create(HWND parent) {
     window = CreateWindowExA(0, TOOLBARCLASSNAMEA, "",
@@ -55,9 +20,10 @@ bool Toolbar::Create(HWND parent) {
     if (!window) return false;
     SendMessageA(window, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     MakePictures();
-    for (const Button& button : buttons) {
+    int pictureCount = 0;
+    for (const ToolbarButton& button : ToolbarButtons()) {
         TBBUTTON record = {};
-        record.iBitmap = button.command ? static_cast<int>(button.picture) : 8;
+        record.iBitmap = button.draw ? pictureCount++ : gapWidth;
         record.idCommand = button.command;
         record.fsState = TBSTATE_ENABLED;
         record.fsStyle = button.style;
@@ -68,37 +34,35 @@ bool Toolbar::Create(HWND parent) {
 }
 
 void Toolbar::MakePictures() {
-    const int size = MulDiv(24, DpiOf(window), 96);
-    if (pictures) ImageList_Destroy(pictures);
-    if (disabledPictures) ImageList_Destroy(disabledPictures);
-    constexpr int count = static_cast<int>(ToolbarPicture::Count);
-    pictures = ImageList_Create(size, size, ILC_COLOR32, count, 8);
-    disabledPictures = ImageList_Create(size, size, ILC_COLOR32, count, 8);
-    for (int i = 0; i < count; ++i)
+    const int size = MulDiv(pictureSize, DpiOf(window), 96);
+    constexpr int growth = 8;
+    const int count = static_cast<int>(ToolbarButtons().size());
+    pictures.Take(ImageList_Create(size, size, ILC_COLOR32, count, growth));
+    disabledPictures.Take(ImageList_Create(size, size, ILC_COLOR32, count, growth));
+    for (const ToolbarButton& button : ToolbarButtons())
         for (const bool isEnabled : {true, false}) {
-            const HBITMAP bitmap = MakeToolbarPicture(static_cast<ToolbarPicture>(i), size, isEnabled);
+            if (!button.draw) continue;
+            const kest::GdiObject bitmap(MakePicture(button.draw, size, isEnabled));
             ImageList_Add(isEnabled ? pictures : disabledPictures, bitmap, nullptr);
-            DeleteObject(bitmap);
         }
     for (const HBITMAP picture : toolPictures)
         AddToolPicture(picture);
-    SendMessageA(window, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures));
-    SendMessageA(window, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabledPictures));
+    SendMessageA(window, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(HIMAGELIST(pictures)));
+    SendMessageA(window, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(HIMAGELIST(disabledPictures)));
     SendMessageA(window, TB_SETBUTTONSIZE, 0,
                  MAKELPARAM(size + MulDiv(7, DpiOf(window), 96), size + MulDiv(8, DpiOf(window), 96)));
 }
 
 void Toolbar::AddToolPicture(HBITMAP picture) {
-    const HBITMAP scaled = MakeToolbarPicture(picture, MulDiv(24, DpiOf(window), 96));
+    const kest::GdiObject scaled(MakePicture(picture, MulDiv(pictureSize, DpiOf(window), 96)));
     ImageList_Add(pictures, scaled, nullptr);
     ImageList_Add(disabledPictures, scaled, nullptr);
-    DeleteObject(scaled);
 }
 
 void Toolbar::AddTool(int command, HBITMAP picture) {
     TBBUTTON record = {};
     if (toolPictures.empty()) {
-        record.iBitmap = 8;
+        record.iBitmap = gapWidth;
         record.fsStyle = BTNS_SEP;
         SendMessageA(window, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&record));
     }

@@ -7,13 +7,13 @@
 
 #include <vector>
 
+#include "platform/Guards.h"
 #include "platform/Window.h"
 
 namespace kestview {
 
 class Toolbar {
 public:
-    ~Toolbar();
     bool Create(HWND parent);
     operator HWND() const { return window; }
     int Height() const;
@@ -27,8 +27,7 @@ private:
     void AddToolPicture(HBITMAP picture);
 
     HWND window = nullptr;
-    HIMAGELIST pictures = nullptr;
-    HIMAGELIST disabledPictures = nullptr;
+    Held<HIMAGELIST, ImageList_Destroy> pictures, disabledPictures;
     std::vector<HBITMAP> toolPictures;  ///< the tools' own
 };
 

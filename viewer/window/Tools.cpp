@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/Guards.h"
 #include "platform/Text.h"
 #include "res/Resource.h"
 #include "window/Toolbar.h"
@@ -22,12 +23,12 @@ void Tools::Load() {
     const std::string folder = FolderOf(program) + "tools\\";
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA((folder + "*.dll").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return;
+    const HANDLE first = FindFirstFileA((folder + "*.dll").c_str(), &found);
+    if (first == INVALID_HANDLE_VALUE) return;
+    const Held<HANDLE, FindClose> search(first);
     do
         names.push_back(found.cFileName);
     while (FindNextFileA(search, &found));
-    FindClose(search);
     std::sort(names.begin(), names.end());
     for (const std::string& name : names) {
         if (Count() > ID_TOOLS_LAST - ID_TOOLS_FIRST) break;
