@@ -120,6 +120,8 @@ int CcFileObjectStorage::SetPos(long lPosition) {
     if (!bIsOpen) return KEST_NOT_OPEN;
     if (lPosition != 0) return KEST_BAD_LENGTH;
     const int flushed = Flush();
+    // The system promises nothing for a pipe, not even that this fails.
+    if (!bHasPositions) return KEST_FAILED;
     const DWORD position = SetFilePointer(hFile, 0, nullptr, FILE_BEGIN);
     if (position == INVALID_SET_FILE_POINTER) return KEST_FAILED;
     lTransferUsed = lTransferTaken = 0;
@@ -129,6 +131,7 @@ int CcFileObjectStorage::SetPos(long lPosition) {
 
 int CcFileObjectStorage::GetPos() {
     if (!bIsOpen) return KEST_NOT_OPEN;
+    if (!bHasPositions) return KEST_FAILED;
     const long inBlock = bTransferWrites ? lTransferUsed : lTransferTaken - lTransferUsed;
     const DWORD position = SetFilePointer(hFile, 0, nullptr, FILE_CURRENT);
     if (position == INVALID_SET_FILE_POINTER) return KEST_FAILED;

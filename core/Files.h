@@ -34,9 +34,6 @@ inline HANDLE OpenToWrite(const char* path, DWORD disposition, DWORD sharing) {
     return CreateFileA(path, GENERIC_WRITE, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-/// For writing from the start, in place.
-inline HANDLE OpenForWriting(const char* path) { return OpenToWrite(path, OPEN_ALWAYS, 0); }
-
 inline bool ReadExactly(HANDLE file, void* bytes, Size64 count) {
     DWORD read = 0;
     return count >= 0 && count <= LargestBlockBytes &&
@@ -49,9 +46,6 @@ inline bool WriteExactly(HANDLE file, const void* bytes, Size64 count) {
            WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) &&
            written == static_cast<DWORD>(count);
 }
-
-/// Cuts the file where the last write ended.
-inline void FinishWriting(HANDLE file) { SetEndOfFile(file); }
 
 /// Bytes from the file's position to its end.
 inline Size64 BytesLeft(HANDLE file) {

@@ -2,6 +2,9 @@
 #include "KestWholeFile.h"
 
 #include <cstdio>
+#include <cstring>
+#include <string_view>
+#include <utility>
 
 #include "core/Files.h"
 #include "core/kernel/PathParts.h"
@@ -20,11 +23,11 @@ bool IsReadOnly(HANDLE file) { return (InformationOf(file).dwFileAttributes & FI
 
 bool IsOnDisk(HANDLE file) { return GetFileType(file) == FILE_TYPE_DISK; }
 
-/// A device, and a file that others find under another name, stays the one that it is.
-bool IsReplaceable(HANDLE file, const char* path) {
+/// A file that others find under another name stays the one that it is.
+bool HasOtherNames(HANDLE file, const char* path) {
     const DWORD attributes = GetFileAttributesA(path);
-    return IsOnDisk(file) && InformationOf(file).nNumberOfLinks == 1 && attributes != INVALID_FILE_ATTRIBUTES &&
-           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+    return InformationOf(file).nNumberOfLinks != 1 || attributes == INVALID_FILE_ATTRIBUTES ||
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
 /// False for a file that somebody holds open who does not let it go.
@@ -34,39 +37,75 @@ bool CanBeMoved(const char* path) {
         .IsOpen();
 }
 
+/// The bytes are there, then, but nobody's position has moved.
+bool Lengthen(const char* path, LARGE_INTEGER size) {
+    const kest::FileHandle file(kest::OpenToWrite(path, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE));
+    return file.IsOpen() && SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file);
+}
+
+std::string_view FolderOf(const char* path) {
+    const kest::PathParts parts = kest::SplitPath(path);
+    return {path, parts.drive.size() + parts.directory.size()};
+}
+
+/// Makes a file with a number for its name and the extension of `model`, and opens it. INVALID_HANDLE_VALUE when the folder
+/// allows none, or the path would be too long.
+HANDLE OpenNumbered(std::string_view folder, const char* model, char (&path)[KEST_NAME_SIZE]) {
+    const std::string_view extension = kest::SplitPath(model).extension;
+    const auto length = [](std::string_view text) { return static_cast<int>(text.size()); };
+    int refusals = 0;
+    for (unsigned number = 1; number < 1000; ++number) {
+        const int needed = std::snprintf(path, sizeof path, "%.*s~kest%u%.*s", length(folder), folder.data(), number,
+                                         length(extension), extension.data());
+        if (needed < 0 || needed >= static_cast<int>(sizeof path)) break;
+        const HANDLE file = kest::OpenToWrite(path, CREATE_NEW, 0);
+        if (file != INVALID_HANDLE_VALUE) return file;
+        // Access is denied to a deleted file that somebody holds open as well; the next name may be free.
+        const DWORD error = GetLastError();
+        if (error != ERROR_FILE_EXISTS && (error != ERROR_ACCESS_DENIED || ++refusals > 8)) break;
+    }
+    path[0] = 0;
+    return INVALID_HANDLE_VALUE;
+}
+
 }  // namespace
 
 KestWholeFile::KestWholeFile(const char* pszPath, unsigned long ulSharing) : szPath{}, szNewPath{} {
     if (!pszPath || !kest::CopyIfFits(szPath, pszPath)) return;
-    // Opened even when it will be replaced: what cannot be written to is not replaced either.
+    // Opened even though it will be replaced: what cannot be written to is not replaced either.
     const HANDLE old = kest::OpenToWrite(szPath, OPEN_EXISTING, ulSharing);
-    bOldFile = old != INVALID_HANDLE_VALUE;
-    if (!bOldFile && GetLastError() != ERROR_FILE_NOT_FOUND) return;
-    const bool isRefused = bOldFile && IsReadOnly(old);
-    const bool isNew = !isRefused && (!bOldFile || IsReplaceable(old, szPath)) && OpenNew();
-    if (!bOldFile && !isNew) hFile = kest::OpenToWrite(szPath, CREATE_NEW, ulSharing);
-    if (bOldFile && (isNew || isRefused)) CloseHandle(old);
-    if (bOldFile && !isNew && !isRefused) hFile = old;
+    if (old == INVALID_HANDLE_VALUE) {
+        if (GetLastError() == ERROR_FILE_NOT_FOUND) OpenForNewFile(ulSharing);
+    } else if (!IsOnDisk(old)) {
+        hFile = old;
+    } else {
+        OpenForOldFile(old);
+        CloseHandle(old);
+    }
     if (hFile != INVALID_HANDLE_VALUE) eResult = Writing;
 }
 
 KestWholeFile::~KestWholeFile() { Abandon(); }
 
-/// Makes a file with a name of its own in the folder of the path. False, and no such name, when that cannot be.
-bool KestWholeFile::OpenNew() {
-    const kest::PathParts parts = kest::SplitPath(szPath);
-    const auto length = [](std::string_view text) { return static_cast<int>(text.size()); };
-    for (unsigned number = 1; number < 1000; ++number) {
-        const int needed = std::snprintf(szNewPath, sizeof szNewPath, "%.*s%.*s~kest%u%.*s", length(parts.drive),
-                                         parts.drive.data(), length(parts.directory), parts.directory.data(), number,
-                                         length(parts.extension), parts.extension.data());
-        if (needed < 0 || needed >= static_cast<int>(sizeof szNewPath)) break;
-        hFile = kest::OpenToWrite(szNewPath, CREATE_NEW, 0);
-        if (hFile != INVALID_HANDLE_VALUE) return true;
-        if (GetLastError() != ERROR_FILE_EXISTS) break;
-    }
-    szNewPath[0] = 0;
-    return false;
+void KestWholeFile::OpenForNewFile(unsigned long ulSharing) {
+    hFile = OpenNumbered(FolderOf(szPath), szPath, szNewPath);
+    bMovable = true;
+    if (hFile != INVALID_HANDLE_VALUE) return;
+    hFile = kest::OpenToWrite(szPath, CREATE_NEW, ulSharing);
+    // Nobody had it before: like any new file it goes when it does not become whole.
+    if (hFile != INVALID_HANDLE_VALUE) kest::CopyCut(szNewPath, szPath);
+}
+
+void KestWholeFile::OpenForOldFile(HANDLE hOld) {
+    if (IsReadOnly(hOld)) return;
+    bOldFile = true;
+    bMovable = !HasOtherNames(hOld, szPath);
+    hFile = OpenNumbered(FolderOf(szPath), szPath, szNewPath);
+    if (hFile != INVALID_HANDLE_VALUE) return;
+    bMovable = false;
+    char folder[KEST_NAME_SIZE];
+    const DWORD length = GetTempPathA(sizeof folder, folder);
+    if (length > 0 && length < sizeof folder) hFile = OpenNumbered({folder, length}, szPath, szNewPath);
 }
 
 int KestWholeFile::Write(const void* pBytes, long long llBytes) {
@@ -79,17 +118,11 @@ int KestWholeFile::Write(const void* pBytes, long long llBytes) {
 const char* KestWholeFile::LendPath() {
     if (eResult != Writing) return nullptr;
     CloseNew();
-    return szNewPath[0] ? szNewPath : szPath;
+    return IsDevice() ? szPath : szNewPath;
 }
 
-/// False when the file is not what was written to it.
 bool KestWholeFile::CloseNew() {
-    if (hFile == INVALID_HANDLE_VALUE) return true;
-    // A file that is written in place can be longer than what was written now.
-    const bool isCut = !IsOnDisk(hFile) || SetEndOfFile(hFile);
-    const bool isClosed = CloseHandle(hFile) != FALSE;
-    hFile = INVALID_HANDLE_VALUE;
-    return isCut && isClosed;
+    return hFile == INVALID_HANDLE_VALUE || CloseHandle(std::exchange(hFile, INVALID_HANDLE_VALUE));
 }
 
 int KestWholeFile::Complete() {
@@ -100,24 +133,30 @@ int KestWholeFile::Complete() {
     return bComplete ? KEST_OK : KEST_FAILED;
 }
 
+bool KestWholeFile::IsDevice() const { return szNewPath[0] == 0; }
+
+/// What was written has the path already.
+bool KestWholeFile::IsInPlace() const { return IsDevice() || std::strcmp(szNewPath, szPath) == 0; }
+
 /// False when the old file can neither be moved away nor written to.
 bool KestWholeFile::AskForReplacing() {
-    if (szNewPath[0] == 0) return true;
+    if (IsInPlace()) return true;
     // Asked before, since a replacing that fails can leave files behind.
-    bMovable = !bOldFile || CanBeMoved(szPath);
+    bMovable = bMovable && (!bOldFile || CanBeMoved(szPath));
     return bMovable ||
            kest::FileHandle(kest::OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE)).IsOpen();
 }
 
 int KestWholeFile::Replace() {
     if (Complete() < 0) return KEST_FAILED;
-    bool isInPlace = szNewPath[0] == 0 || (bMovable && MoveIntoPlace());
-    if (!isInPlace && CopyIntoPlace()) {
-        isInPlace = true;
-        DeleteFileA(szNewPath);
-    }
-    if (isInPlace) {
+    if (IsInPlace() || (bMovable && MoveIntoPlace())) {
+        szNewPath[0] = 0;
         eResult = Replaced;
+        return KEST_OK;
+    }
+    if (CopyIntoPlace()) {
+        eResult = Replaced;
+        DeleteNew();
         return KEST_OK;
     }
     // A replacing that broke off can have taken the old file away; then the new one is all there is.
@@ -132,17 +171,13 @@ bool KestWholeFile::MoveIntoPlace() {
     return MoveFileExA(szNewPath, szPath, MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 
-/// For a file that others hold open. Its space is taken before its first byte changes.
+/// For a file that has other names, or that others hold open. Its space is taken before its first byte changes.
 bool KestWholeFile::CopyIntoPlace() {
     const kest::FileHandle from(kest::OpenForReading(szNewPath));
     const kest::FileHandle to(kest::OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE));
     LARGE_INTEGER newSize, oldSize;
     if (!from.IsOpen() || !to.IsOpen() || !GetFileSizeEx(from, &newSize) || !GetFileSizeEx(to, &oldSize)) return false;
-    const LARGE_INTEGER start = {};
-    if (newSize.QuadPart > oldSize.QuadPart &&
-        (!SetFilePointerEx(to, newSize, nullptr, FILE_BEGIN) || !SetEndOfFile(to)))
-        return false;
-    if (!SetFilePointerEx(to, start, nullptr, FILE_BEGIN)) return false;
+    if (newSize.QuadPart > oldSize.QuadPart && !Lengthen(szPath, newSize)) return false;
 
     unsigned char step[0x4000];
     bool isCopied = true;
@@ -158,9 +193,12 @@ bool KestWholeFile::CopyIntoPlace() {
 }
 
 void KestWholeFile::Abandon() {
-    if (hFile != INVALID_HANDLE_VALUE) CloseHandle(hFile);
-    hFile = INVALID_HANDLE_VALUE;
-    if (eResult != Writing) return;
-    if (szNewPath[0] != 0) DeleteFileA(szNewPath);
-    eResult = NotWritten;
+    CloseNew();
+    DeleteNew();
+    if (eResult == Writing) eResult = NotWritten;
+}
+
+/// What somebody holds open is tried again later.
+void KestWholeFile::DeleteNew() {
+    if (szNewPath[0] != 0 && DeleteFileA(szNewPath)) szNewPath[0] = 0;
 }

@@ -36,9 +36,9 @@ public:
     /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_WRITE_FAILED.
     int Write(void* pBuffer, long lLength) override;
     /// Only position 0 is accepted (else KEST_BAD_LENGTH). A successful rewind returns KEST_AT_START, not 0; one that the
-    /// system refused KEST_FAILED.
+    /// system refused, or of a pipe or device, KEST_FAILED.
     int SetPos(long lPosition) override;
-    /// The position; KEST_NOT_OPEN, or KEST_FAILED where there is none (a pipe).
+    /// The position; KEST_NOT_OPEN, or KEST_FAILED where there is none (a pipe or device).
     int GetPos() override;
 
 protected:
@@ -55,7 +55,7 @@ private:
     int DropReadAhead();
 
     bool bOwnsFile = false;
-    bool bHasPositions = false;  // it can be read ahead in
+    bool bHasPositions = false;  // it is on a disk
     bool bWholeObject = false;   // PutObject or GetNextObject runs
     KestHeapBlock cTransfer;     // bytes not yet written, or read ahead
     long lTransferUsed = 0;      // bytes in it

@@ -7,11 +7,13 @@
 #include "KestTypes.h"
 
 /// Writes a file so that nobody loses the old one: the bytes go to a new file in the same folder, which takes the old one's
-/// place when every byte is on the disk. All files that the library writes, but for object streams, are written by it.
+/// place once the system has taken every byte. (Nothing is flushed: of a machine that loses its power the disk may have less.)
+/// All files that the library writes, but for object streams, are written by it.
 ///
-/// Where the folder allows no new file, or what is at the path is no plain file (a device, a link), the bytes are written
-/// in place. A file that others have opened, and share, gets the bytes in place once the new file is complete; they see
-/// them through the handles that they have.
+/// An old file that has another name (a link), that others hold open and do not let go, or whose folder allows no new file,
+/// stays the file that it is: the new one (which is made in the temporary folder, if need be) is copied into it when it is
+/// complete. Others see the bytes through the handles that they have; but those who share the file for deleting keep the
+/// old one. Only a device or pipe is written to at once.
 ///
 ///     KestWholeFile file("plate.csv");
 ///     file.Write(text, length);
@@ -41,8 +43,8 @@ public:
     int Write(const void* pBytes, long long llBytes);
 
     /// For a writer that wants a path: closes the new file, still empty, and returns its name, which ends in the extension
-    /// of the path. After that writer Replace puts the file in place; Write must not be called. The path itself where the
-    /// file is written in place; null when it was not created.
+    /// of the path. After that writer Replace puts the file in place; Write must not be called. For a device the path
+    /// itself; null when the file was not created.
     const char* LendPath();
 
     /// For files that are replaced together: closes the new file and asks whether the old one lets itself be replaced, so
@@ -51,8 +53,8 @@ public:
     int Complete();
 
     /// Puts the new file in the old one's place. KEST_OK, or KEST_FAILED with the old file as it was. Should the system
-    /// break off in the middle, so that the old file is gone or half overwritten, the new one stays beside it ("~kest1"
-    /// and so on, with the extension of the path).
+    /// break off in the middle, so that the old file is gone or half overwritten, the new one stays where it was made
+    /// ("~kest1" and so on, with the extension of the path). So does a copied one that somebody holds open.
     int Replace();
 
     /// Gives up: nothing is replaced, and the result is NotWritten.
@@ -61,14 +63,18 @@ public:
     Result GetResult() const { return eResult; }  ///< what was reached so far
 
 private:
-    bool OpenNew();
+    void OpenForNewFile(unsigned long ulSharing);
+    void OpenForOldFile(HANDLE hOld);
+    bool IsDevice() const;
+    bool IsInPlace() const;
     bool CloseNew();
+    void DeleteNew();
     bool AskForReplacing();
     bool MoveIntoPlace();
     bool CopyIntoPlace();
 
     char szPath[KEST_NAME_SIZE];     ///< the file to replace
-    char szNewPath[KEST_NAME_SIZE];  ///< the new file; empty: written in place
+    char szNewPath[KEST_NAME_SIZE];  ///< what is deleted when it does not become whole: the new file; empty for a device
     bool bOldFile = false;           ///< there was a file at the path
     bool bComplete = false;          ///< the new file is closed, and how it gets into place is known
     bool bMovable = false;           ///< it can be moved there

@@ -96,22 +96,58 @@ TEST(KestWholeFile, ReadersOfTheOldFile) {
     EXPECT_EQ(unshared.GetResult(), KestWholeFile::NotCreated);
     CloseHandle(reader);
 
+    // One that lets it go keeps the old ones.
+    const HANDLE keeper = Folder::Open(FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+    EXPECT_EQ(WriteOver("whole\\a.txt", "newer"), KestWholeFile::Replaced);
+    EXPECT_EQ(ContentOf(keeper), "a text that is longer than the old one");
+    CloseHandle(keeper);
+
     const HANDLE alone = Folder::Open(FILE_SHARE_READ);
     EXPECT_EQ(WriteOver(), KestWholeFile::NotCreated);
     CloseHandle(alone);
 
-    // One that comes while the new file is written, and lets nobody write.
-    KestWholeFile late("whole\\a.txt");
+    // One that comes while the new file is written, and lets nobody write: told before the first of several is replaced.
+    KestWholeFile late("whole\\a.txt"), first("whole\\b.txt");
     late.Write("late", 4);
+    first.Write("first", 5);
     const HANDLE newcomer = Folder::Open(FILE_SHARE_READ);
+    EXPECT_EQ(first.Complete(), 0);
+    EXPECT_EQ(late.Complete(), -1);
     EXPECT_EQ(late.Replace(), -1);
-    EXPECT_EQ(ContentOf(newcomer), "a text that is longer than the old one");
+    EXPECT_EQ(ContentOf(newcomer), "newer");
     CloseHandle(newcomer);
 }
 
 TEST(KestWholeFile, AFileWithTwoNamesStaysOneFile) {
     const Folder folder;
     ASSERT_TRUE(CreateHardLinkA("whole\\b.txt", "whole\\a.txt", nullptr));
-    EXPECT_EQ(WriteOver(), KestWholeFile::Replaced);
-    EXPECT_EQ(Folder::Text("whole\\b.txt"), "new");
+    {
+        KestWholeFile failing("whole\\a.txt"), lent("whole\\a.txt");
+        failing.Write("other", 5);
+        EXPECT_EQ(failing.Write(nullptr, 5), -1);
+        EXPECT_STRNE(lent.LendPath(), "whole\\a.txt");
+    }
+    EXPECT_EQ(Folder::Text("whole\\b.txt"), "the old text");
+    for (const char* text : {"new", "a text that is longer than the old one"}) {
+        EXPECT_EQ(WriteOver("whole\\a.txt", text), KestWholeFile::Replaced);
+        EXPECT_EQ(Folder::Text("whole\\b.txt"), text);
+    }
+}
+
+TEST(KestWholeFile, WhereNoOtherNameFits) {
+    const Folder folder;
+    std::string inFolder = "whole\\";
+    while (inFolder.size() < 253) inFolder += ".\\";
+    const std::string oldPath = inFolder + "a.txt", newPath = inFolder + "b.txt";
+    for (const std::string& path : {oldPath, newPath}) {
+        KestWholeFile failing(path.c_str());
+        EXPECT_EQ(failing.Write("some", 4), 0);
+        EXPECT_EQ(failing.Write(nullptr, 5), -1);
+    }
+    EXPECT_EQ(Folder::Text(), "the old text");
+    EXPECT_EQ(GetFileAttributesA("whole\\b.txt"), INVALID_FILE_ATTRIBUTES);
+    for (const std::string& path : {oldPath, newPath}) {
+        EXPECT_EQ(WriteOver(path.c_str(), "whole"), KestWholeFile::Replaced);
+        EXPECT_EQ(Folder::Text(path.c_str()), "whole");
+    }
 }

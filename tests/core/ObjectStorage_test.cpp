@@ -223,8 +223,23 @@ TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
         EXPECT_STREQ(bag.GetName(), expected);
     }
     EXPECT_EQ(stream.Reset(), -1);
-    stream.Close();
+    EXPECT_EQ(stream.GetPos(), -1);
+
+    // A file of which the position cannot be set back tells so, and goes on behind the object.
+    struct Handle : CcFileObjectStorage {
+        static HANDLE& Of(CcFileObjectStorage& stream) { return stream.*&Handle::hFile; }
+    };
+    const test::TemporaryFile file("objects.ost", {});
+    CcFileObjectStorage onDisk;
+    ASSERT_EQ(onDisk.Open(file.Path(), GENERIC_READ), 0);
+    std::swap(Handle::Of(onDisk), Handle::Of(stream));
+    WriteFile(server, records.data(), static_cast<DWORD>(records.size()), &written, nullptr);
     CloseHandle(server);
+    CcPropertyBag first, second;
+    EXPECT_EQ(onDisk.GetNextObject(&first), KEST_READ_FAILED);
+    EXPECT_STREQ(first.GetName(), "first");
+    EXPECT_EQ(onDisk.GetNextObject(&second), 0);
+    EXPECT_STREQ(second.GetName(), "second");
 }
 
 TEST(CcFileObjectStorage, FileHoldsWhatTheMemoryStreamHolds) {

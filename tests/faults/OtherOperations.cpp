@@ -85,6 +85,14 @@ void AddStreams(std::vector<Operation>& list) {
                      },
                      [=] { return ContentOf(*file); }};
     }, PartlyDone});
+    list.push_back({"KestWholeFile given up", [] {
+        auto file = OldFile("fault.txt");
+        return Scene{[=] {
+                         KestWholeFile given(file->Path());
+                         return given.Write("other", 5);
+                     },
+                     [=] { return ContentOf(*file); }};
+    }});
     list.push_back({"object stream from a file", [] {
         auto file = OldFile("fault.ost");
         auto images = std::make_shared<std::array<Cc24BitRGBImage, 2>>();
