@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstring>
 
 #include "KestBlocks.h"
@@ -30,15 +31,32 @@ struct BitmapInfo {
     const BITMAPINFO* Get() const { return reinterpret_cast<const BITMAPINFO*>(&header); }
 };
 
-/// What the device context shows, in the units of the plan's target.
-IntRect VisibleBox(HDC dc, const BlitPlan& plan) {
-    constexpr IntRect everything = {-INT_MAX, -INT_MAX, INT_MAX, INT_MAX};
-    const bool isScaled = GetMapMode(dc) != MM_TEXT || GetGraphicsMode(dc) != GM_COMPATIBLE;
+/// The pixels that a logical unit is long along each axis, into `surface`.
+void MeasureUnits(HDC dc, BlitSurface& surface) {
+    constexpr int units = 1024;
+    POINT points[] = {{0, 0}, {units, 0}, {0, units}};
+    LPtoDP(dc, points, 3);
+    const auto lengthTo = [&](const POINT& end) {
+        return std::hypot(static_cast<double>(end.x) - points[0].x, static_cast<double>(end.y) - points[0].y) / units;
+    };
+    surface.unitX = lengthTo(points[1]);
+    surface.unitY = lengthTo(points[2]);
+}
+
+BlitSurface SurfaceOf(HDC dc, const BlitPlan& plan) {
+    BlitSurface surface = {{-INT_MAX, -INT_MAX, INT_MAX, INT_MAX}};
+    surface.isScaled = GetMapMode(dc) != MM_TEXT || GetGraphicsMode(dc) != GM_COMPATIBLE;
     RECT box;
-    if ((isScaled && plan.countsDevicePixels) || GetClipBox(dc, &box) == ERROR) return everything;
-    // The edges are rounded to logical units.
-    if (isScaled) InflateRect(&box, 1, 1);
-    return {box.left, box.top, box.right, box.bottom};
+    if ((surface.isScaled && plan.countsDevicePixels) || GetClipBox(dc, &box) == ERROR) return surface;
+    if (surface.isScaled) {
+        // Mappings turn it round, and the edges are rounded to logical units.
+        box = {std::min(box.left, box.right), std::min(box.top, box.bottom), std::max(box.left, box.right),
+               std::max(box.top, box.bottom)};
+        InflateRect(&box, 1, 1);
+        MeasureUnits(dc, surface);
+    }
+    surface.visible = {box.left, box.top, box.right, box.bottom};
+    return surface;
 }
 
 /// The platform copies no rows, too, where nothing shows.
@@ -92,7 +110,7 @@ bool DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& wanted, DWORD ra
     if (!ClipToImage(plan, picture.width, picture.height)) return true;
     const StretchModeGuard stretchMode(dc, COLORONCOLOR);
     if (!stretchMode.IsSet()) return false;
-    return ForEachVisiblePart(plan, VisibleBox(dc, plan), [&](const BlitPlan& part) {
+    return ForEachVisiblePart(plan, SurfaceOf(dc, plan), [&](const BlitPlan& part) {
         return DrawPart(dc, picture, part, rasterOperation);
     });
 }

@@ -64,18 +64,22 @@ bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight) {
     return true;
 }
 
-AxisCut::AxisCut(long long sourceExtent, long long targetBegin, long long targetExtent, long long low, long long high)
+AxisCut::AxisCut(long long sourceExtent, long long targetBegin, long long targetExtent, long long low, long long high,
+                 double pixelsPerUnit, bool isScaled)
     : sourceSize(sourceExtent),
       target(targetBegin),
       targetSize(std::llabs(targetExtent)),
-      isMirrored(targetExtent < 0) {
-    pixelCount = sourceSize;
-    if (targetSize > LargestBlitExtent) {
-        constexpr long long farthest = LargestBlitExtent / 4;
+      // Positions are integers, too, where very many make a pixel.
+      unit(std::max(pixelsPerUnit, 1.0 / 256)),
+      isMirrored(targetExtent < 0),
+      pixelCount(sourceSize),
+      pixelsPerPart(sourceSize) {
+    const bool isTooLarge = IsTooLarge(sourceSize, targetSize);
+    if (!isTooLarge && (isScaled || targetSize != sourceSize)) return;
+    if (isTooLarge) {
+        const auto farthest = static_cast<long long>(LargestBlitExtent / 4 / unit) + 1;
         low = std::max(low, -farthest);
         high = std::min(high, farthest);
-    } else if (targetSize != sourceSize) {
-        return;
     }
     // Platforms differ in whether a mirrored target begins with the pixel at its position or the one before: both count.
     visibleBegin = std::max(isMirrored ? target - high : low - target, 0LL);
@@ -83,17 +87,22 @@ AxisCut::AxisCut(long long sourceExtent, long long targetBegin, long long target
     pixelCount = 0;
     if (visibleBegin >= visibleEnd) return;
     firstPixel = visibleBegin * sourceSize / targetSize;
-    pixelCount = (visibleEnd * sourceSize + targetSize - 1) / targetSize - firstPixel;
-    isSplit = PositionOf(firstPixel + pixelCount) - PositionOf(firstPixel) > LargestBlitExtent;
+    pixelCount = pixelsPerPart = (visibleEnd * sourceSize + targetSize - 1) / targetSize - firstPixel;
+    while (pixelsPerPart > 1 && IsTooLarge(pixelsPerPart, PositionOf(pixelsPerPart))) pixelsPerPart /= 2;
+}
+
+bool AxisCut::IsTooLarge(long long pixels, long long positions) const {
+    const double extent = static_cast<double>(positions) * unit;
+    return extent > LargestBlitExtent || extent * static_cast<double>(pixels) > LargestBlitProduct;
 }
 
 long long AxisCut::PositionOf(long long pixel) const { return TargetOf(pixel, sourceSize, targetSize); }
 
 AxisCut::Part AxisCut::At(long long index) const {
-    const long long first = firstPixel + index;
-    const long long count = isSplit ? 1 : pixelCount;
+    const long long first = firstPixel + index * pixelsPerPart;
+    const long long count = std::min(pixelsPerPart, firstPixel + pixelCount - first);
     long long begin = PositionOf(first), end = PositionOf(first + count);
-    if (isSplit) {
+    if (count == 1 && IsTooLarge(count, end - begin)) {
         begin = std::max(begin, visibleBegin);
         end = std::min(end, visibleEnd);
     }

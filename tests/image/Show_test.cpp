@@ -83,12 +83,29 @@ TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
     test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
     ASSERT_EQ(image.Show(memory, window, 102, 1, 0, 0, 1), 0);
     EXPECT_EQ(memory.Snapshot().DifferentFrom(Expected(120, 110, 39, 33, 0, 0, 1, PatternGray)), 0);
-    SetMapMode(memory, MM_ANISOTROPIC);
-    SetViewportExtEx(memory, 2, 2, nullptr);
-    RECT rect = {0, 0, 39, 33};
-    ASSERT_EQ(image.Show(memory, &rect, 102, 0, 0, 0, 1), 0);
-    SetMapMode(memory, MM_TEXT);
-    EXPECT_EQ(memory.Snapshot().DifferentFrom(Expected(120, 110, 39, 33, 0, 0, 2, PatternGray)), 0);
+    // Twice as large; and where y grows upward, at 1:1 too.
+    struct Case {
+        int mapMode, scaleX, scaleY, bottom, shownZoom;
+    };
+    for (const Case& c : {Case{MM_ANISOTROPIC, 2, 2, 33, 2}, {MM_ANISOTROPIC, 1, -1, -33, 1},
+                          {MM_ANISOTROPIC, 2, -2, -33, 2}, {MM_LOENGLISH, 1, -1, -33, 1}}) {
+        test::MemoryPicture scaled(120, 110, RGB(0, 0, 64));
+        SetMapMode(scaled, c.mapMode);
+        SetViewportExtEx(scaled, c.scaleX, c.scaleY, nullptr);
+        RECT rect = {0, 0, 39, c.bottom};
+        ASSERT_EQ(image.Show(scaled, &rect, 102, 0, 0, 0, 1), 0);
+        SetMapMode(scaled, MM_TEXT);
+        const Picture shown = scaled.Snapshot();
+        const Picture expected = Expected(120, 110, 39, 33, 0, 0, c.shownZoom, PatternGray);
+        if (c.mapMode == MM_ANISOTROPIC) {
+            EXPECT_EQ(shown.DifferentFrom(expected), 0) << c.scaleY;
+            continue;
+        }
+        // A unit is about a pixel: its corners, and what is far from it.
+        EXPECT_EQ(shown.At(0, 0), expected.At(0, 0));
+        EXPECT_NE(shown.At(34, 28), background);
+        EXPECT_EQ(shown.At(45, 40), background);
+    }
 }
 
 TEST(Show, DisplayTables) {
@@ -216,6 +233,17 @@ TEST(Show, LargestZoomsAndRectangles) {
             EXPECT_EQ(shown.At(30, y), expected(c.rightLevel)) << rect.left << " zoom " << c.zoom;
         }
     }
+    // Extents that are not large themselves, but multiplied with the picture's.
+    test::FillPattern(image, 4000, 3000);
+    for (const int zoom : {130, 150, 500, 1040, 2000})
+        for (const unsigned short mode : {0, 1}) {
+            test::MemoryPicture memory(60, 20, RGB(0, 0, 64));
+            RECT rect = {-2000 * zoom, -1500 * zoom, 2000 * zoom, 1500 * zoom};
+            EXPECT_EQ(image.Show(memory, &rect, 102, mode, 0, 0, zoom), 0);
+            const Picture expected = Expected(60, 20, 4000, 3000, 2000, 1500, zoom, PatternGray);
+            EXPECT_EQ(memory.Snapshot().DifferentFrom(expected), 0) << zoom;
+        }
+    image.MakeBlankBMP(33, 39, 0, "small");
     test::TestWindow window(30, 20);
     image.GetOverlay();
     for (const int offset : {INT_MIN, 0, INT_MAX})

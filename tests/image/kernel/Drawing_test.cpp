@@ -31,31 +31,44 @@ TEST(BlitPlan, VisiblePart) {
     ExpectPlan(PlanForVisiblePart(one), {0, 0, 320, 200}, {5, 80 - 200 - 7, 320, 200});
 }
 
-TEST(BlitPlan, PartsOfTargetsLargerThanAnySurfaceShowTheSamePixels) {
-    for (const long long zoom : {1LL, 700'000LL, 5'000'000LL, 1LL << 30, (1LL << 31) - 1})
-        for (const long long begin : {-3 * zoom - 7, 11LL, 30LL - zoom})
+TEST(BlitPlan, PartsOfTargetsLargerThanPlatformsMultiplyShowTheSamePixels) {
+    for (const auto& [pixels, zoom] : {std::pair{7LL, 1LL}, {7LL, 700'000LL}, {7LL, 5'000'000LL}, {7LL, 1LL << 30},
+                                       {7LL, (1LL << 31) - 1}, {4000LL, 140LL}, {4000LL, 1040LL}, {40'000LL, 1LL}})
+        for (const long long begin : {-3 * zoom - 7, 11LL, 30LL - zoom, -(pixels / 2) * zoom})
             for (const int direction : {1, -1}) {
-                // Seven source pixels; the surface is [0, 40).
-                const AxisCut cut(7, begin, direction * 7 * zoom, 0, 40);
+                // The surface is [0, 40).
+                const AxisCut cut(pixels, begin, direction * pixels * zoom, 0, 40);
                 ASSERT_LE(cut.PartCount(), 7);
                 std::vector<long long> shown(40, -1), expected(40, -1);
                 for (long long i = 0; i < cut.PartCount(); ++i) {
                     const AxisCut::Part part = cut.At(i);
-                    EXPECT_LE(std::abs(part.targetSize), LargestBlitExtent);
+                    const long long size = std::abs(part.targetSize);
+                    EXPECT_LE(size, LargestBlitExtent);
+                    EXPECT_LE(size * part.count, LargestBlitProduct);
                     for (long long x = 0; x < 40; ++x) {
-                        const long long along = direction * (x - part.target), size = std::abs(part.targetSize);
+                        const long long along = direction * (x - part.target);
                         if (along >= 0 && along < size) shown[x] = part.first + along * part.count / size;
                     }
                 }
                 for (long long x = 0; x < 40; ++x) {
                     const long long along = direction * (x - begin);
-                    if (along >= 0 && along < 7 * zoom) expected[x] = along / zoom;
+                    if (along >= 0 && along < pixels * zoom) expected[x] = along / zoom;
                 }
-                EXPECT_EQ(shown, expected) << zoom << ' ' << begin << ' ' << direction;
+                EXPECT_EQ(shown, expected) << pixels << " zoom " << zoom << ' ' << begin << ' ' << direction;
             }
-    // The platform's own rounding counts where it can draw.
-    const AxisCut small(7, -50, 100, 0, 40);
-    EXPECT_EQ(small.At(0).count * 1000 + small.At(0).targetSize, 7100);
+    // The platform's own rounding counts where it can draw, and in a scaled device context at 1:1 too.
+    for (const AxisCut& whole : {AxisCut(7, -50, 100, 0, 40), AxisCut(100, -50, 100, 0, 40, 0.5, true),
+                                 AxisCut(4000, -50, 400'000, 0, 40, 0.5, true)})
+        EXPECT_EQ(whole.PartCount() == 1 ? whole.At(0).target : 0, -50);
+    // A surface that shows more than can be multiplied is drawn in parts that adjoin.
+    const AxisCut large(50'000, 0, 60'000, 0, 60'000);
+    long long end = 0;
+    for (long long i = 0; i < large.PartCount(); ++i) {
+        EXPECT_EQ(large.At(i).target, end);
+        EXPECT_LE(large.At(i).targetSize * large.At(i).count, LargestBlitProduct);
+        end += large.At(i).targetSize;
+    }
+    EXPECT_EQ(end, 60'000);
 }
 
 TEST(PrintPlan, ScaleIsThePowerOfTwoThatFirstExceedsHalfThePage) {
