@@ -29,6 +29,8 @@ public:
     void Release();
     /// True while a device context is held whose window is there.
     bool IsUsable() const { return hDC && (!hWindow || IsWindow(hWindow)); }
+    /// True while the window of the device context has the mouse capture.
+    bool HasCapture() const { return hWindow && GetCapture() == hWindow; }
     /// Null while nothing is held.
     operator HDC() const { return hDC; }
 

@@ -2,6 +2,7 @@
 #include "roi/MouseDrag.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "core/Messages.h"
 
@@ -26,6 +27,12 @@ void KestDragDc::Release() {
 }
 
 namespace kest {
+namespace {
+
+/// Of the drag that began last: the capture and the cursor's range are its, whatever became of those before. Only compared.
+std::atomic<const KestDragDc*> latest = nullptr;
+
+}  // namespace
 
 bool BeginDrag(const DragState& drag, HWND window, int mode, int zoom) {
     drag.zoom = zoom;
@@ -33,6 +40,7 @@ bool BeginDrag(const DragState& drag, HWND window, int mode, int zoom) {
     drag.mode = -1;
     if (!drag.dc.Take(window)) return false;
     drag.mode = mode;
+    latest = &drag.dc;
     SetCapture(window);
     return true;
 }
@@ -53,10 +61,11 @@ void EndDrag(const DragState& drag) {
 }
 
 void AbandonDrag(const DragState& drag) {
-    if (drag.mode >= 0 && drag.dc)
-        EndDrag(drag);
-    else
-        drag.dc.Release();
+    if (drag.mode >= 0 && drag.dc && latest == &drag.dc) {
+        ClipCursor(nullptr);
+        if (drag.dc.HasCapture()) ReleaseCapture();
+    }
+    drag.dc.Release();
 }
 
 IntRect ClientOnScreen(HWND window) {

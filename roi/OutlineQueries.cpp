@@ -56,7 +56,7 @@ Query SortColumns(const OutlineParts& outline) {
     return columns;
 }
 
-/// While another thread makes a work array larger there is none.
+/// There is none before the first outline is made ready, nor while memory is short.
 bool IsThere(const PixelRecords& work) {
     const ClassWideGuard guard;
     return work.Records() != nullptr;

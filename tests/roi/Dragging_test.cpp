@@ -336,6 +336,26 @@ TEST(Dragging, WithoutTheirWindowTheyEndAndGiveTheMouseBack) {
     EXPECT_TRUE(test::TakeBoxes().empty());
 }
 
+TEST(Dragging, WhatEndsLateLeavesTheMouseToTheNextDrag) {
+    test::Host<CcRoiLine> next;
+    RECT clip, itsClip;
+    CcRoiRect rect;
+    auto ellipse = std::make_unique<CcRoiEllipse>();
+    {
+        const test::TestWindow window(120, 100);
+        for (CcRoiBase* roi : {static_cast<CcRoiBase*>(&rect), static_cast<CcRoiBase*>(ellipse.get())})
+            EXPECT_EQ(roi->StartMouseDrag(window, 0, 0, 1, &next.image, {10, 10}, 2, nullptr, 1), 0);
+    }
+    EXPECT_EQ(next.Start({20, 20}, 2), 0);
+    GetClipCursor(&itsClip);
+    EXPECT_EQ(rect.DoMouseDrag(next.window, 0, 0, 1, &next.image, {50, 40}, 0), -1);
+    ellipse.reset();
+    EXPECT_EQ(GetCapture(), HWND(next.window));
+    GetClipCursor(&clip);
+    EXPECT_TRUE(EqualRect(&clip, &itsClip));
+    EXPECT_EQ(next.Stop({30, 30}), 0);
+}
+
 TEST(Dragging, SegmentLimit) {
     const std::vector<test::Box> limit = {{"Error...", "You have exceded 100000 points in FreeHand ROI"}};
     test::Host<CcRoiFreeHandLine> host;
