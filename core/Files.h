@@ -55,4 +55,10 @@ inline Size64 BytesLeft(HANDLE file) {
     return size.QuadPart - position.QuadPart;
 }
 
+/// Whether there is something at the path, and it is no folder.
+inline bool IsPlainFile(const char* path) {
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 }  // namespace kest

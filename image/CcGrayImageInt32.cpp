@@ -40,24 +40,27 @@ int CcGrayImageInt32::Load(CcObjectStorage* pStorage) {
 
 void* CcGrayImageInt32::GetBitMapImageData() { return pSamples; }
 
-// Without samples each Show fails; a target that is missing is not reported.
+// Without samples each Show fails; what becomes of the drawing is not reported.
 
 int CcGrayImageInt32::Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset,
                            int iYOffset, int iZoom) {
     if (Wide().UpdateDisplay() < 0) return KEST_FAILED;
-    return hDC ? CcGrayImage256::Show(hDC, pRect, usLUT, usMode, iXOffset, iYOffset, iZoom) : KEST_OK;
+    if (hDC) CcGrayImage256::Show(hDC, pRect, usLUT, usMode, iXOffset, iYOffset, iZoom);
+    return KEST_OK;
 }
 
 int CcGrayImageInt32::Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                            int iZoom) {
     if (Wide().UpdateDisplay() < 0) return KEST_FAILED;
-    return hDC && hWnd ? CcGrayImage256::Show(hDC, hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom) : KEST_OK;
+    if (hDC && hWnd) CcGrayImage256::Show(hDC, hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom);
+    return KEST_OK;
 }
 
 int CcGrayImageInt32::Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                            int iZoom) {
     if (Wide().UpdateDisplay() < 0) return KEST_FAILED;
-    return hWnd ? CcGrayImage256::Show(hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom) : KEST_OK;
+    if (hWnd) CcGrayImage256::Show(hWnd, usLUT, usMode, iXOffset, iYOffset, iZoom);
+    return KEST_OK;
 }
 
 int CcGrayImageInt32::GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) {

@@ -1,5 +1,5 @@
-// The colour images: drawing without a palette, and the access channel. Unlike the 8-bit images they do not report a
-// missing device context or window.
+// The colour images: drawing without a palette, and the access channel. Unlike the 8-bit images
+// they do not report what becomes of the drawing.
 #include "image/ColourImage.h"
 #include "image/ImageClipboard.h"
 #include "image/PrintImage.h"
@@ -27,21 +27,24 @@ ImageLook ColourImage::Look() const {
 }
 
 int ColourImage::Show(HDC dc, const RECT* rect, const ShowArguments& arguments) const {
-    if (!dc) return KEST_OK;
-    return ShowInRect(
-        dc, rect, [this] { return Look(); }, arguments);
+    if (dc)
+        ShowInRect(
+            dc, rect, [this] { return Look(); }, arguments);
+    return KEST_OK;
 }
 
 int ColourImage::Show(HDC dc, HWND window, const ShowArguments& arguments) const {
-    if (!dc || !window) return KEST_OK;
-    return ShowInWindow(
-        dc, window, [this] { return Look(); }, arguments);
+    if (dc && window)
+        ShowInWindow(
+            dc, window, [this] { return Look(); }, arguments);
+    return KEST_OK;
 }
 
 int ColourImage::Show(HWND window, const ShowArguments& arguments) const {
-    if (!window) return KEST_OK;
-    return ShowInWindow(
-        window, [this] { return Look(); }, arguments);
+    if (window)
+        ShowInWindow(
+            window, [this] { return Look(); }, arguments);
+    return KEST_OK;
 }
 
 int ColourImage::CopyToClipboard(HWND window, const RECT* rect) const {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/Files.h"
 #include "core/Messages.h"
 #include "core/kernel/TextField.h"
 #include "image/DibFiles.h"
@@ -68,17 +69,23 @@ int WideImage<Sample>::Save(const char* pathToSave) const {
     // Taken anew: while the dialog was open the host may have got itself another picture.
     const std::span<const Sample> all = Samples();
     if (all.empty()) return KEST_FAILED;
-    KestWholeFile bmp(path), raw(RawPath(path, kind.rawExtension));
+    const RawPath rawPath(path, kind.rawExtension);
+    KestWholeFile bmp(path), raw(rawPath);
     CopyCut(lastSaved, path);
-    if (raw.GetResult() == KestWholeFile::NotCreated) return Tell(kind.notSaved);
+    const bool hasRaw = raw.GetResult() != KestWholeFile::NotCreated;
+    // Samples that are there and cannot be replaced must not get another picture's BMP file beside them.
+    if (!hasRaw && IsPlainFile(rawPath)) return Tell(kind.notSaved);
     WriteDib(BytesOf(Dib().block), 8, bmp);
     bmp.Complete();
-    // That the BMP file cannot be created is no failure.
+    // That the BMP file cannot be created is no failure; where the raw one cannot be, the BMP file is written all the same.
     if (bmp.GetResult() == KestWholeFile::NotWritten) return TellDib8NotWritten();
-    WriteRaw(Header(), all.data(), sizeof(Sample), raw);
-    if (raw.Complete() < 0) return Tell(kind.notWritten);
+    if (hasRaw) {
+        WriteRaw(Header(), all.data(), sizeof(Sample), raw);
+        if (raw.Complete() < 0) return Tell(kind.notWritten);
+    }
     bmp.Replace();
     if (bmp.GetResult() == KestWholeFile::NotWritten) return TellDib8NotWritten();
+    if (!hasRaw) return Tell(kind.notSaved);
     return raw.Replace() < 0 ? Tell(kind.notWritten) : KEST_OK;
 }
 

@@ -39,7 +39,7 @@ public:
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
     // slot 7: GetBitMapImageData, inherited
     /// @name Show
-    /// 0, and nothing is drawn, without an image or something to draw into; -1 when the picture could not be drawn.
+    /// Always 0; nothing is drawn without an image or something to draw into.
     /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;                                                                   // slot 8

@@ -31,7 +31,7 @@ public:
     /// The samples, of type unsigned short; null without any.
     void* GetBitMapImageData() override;                                                            // slot 7
     /// @name Show
-    /// -1 without samples or display image, and when the picture could not be drawn, else 0. When the samples or the
+    /// -1 without samples or display image, else 0, whether or not the picture could be drawn. When the samples or the
     /// display range changed, the display image is computed first, and with automatic display the point lists are spread
     /// over the display range.
     /// @{
@@ -57,8 +57,9 @@ public:
     int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
     /// Writes the display image as BMP file and the raw file beside it; both are complete before an old one is replaced.
     /// -1 without samples and for a cancelled dialog, and with both old files as they were after "Can't open file for
-    /// saving 16-bit image data" (the raw file cannot be created), "Can't write file of 16-bit image data" or "Could not
-    /// write DIB file". A BMP file that cannot be created is passed over, as by the 8-bit image.
+    /// saving 16-bit image data" (the old raw file cannot be replaced), "Can't write file of 16-bit image data" or "Could
+    /// not write DIB file". Where no raw file can be made and there is none, the BMP file is written before that message.
+    /// A BMP file that cannot be created is passed over, as by the 8-bit image.
     int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
     /// Every sample gets iValue's low 16 bits. -1 after "Could not make Blank DIB", or after "Unable to Allocate
     /// Memory for Floating Point Image" (whatever the sample type). Refilling an image of that size already keeps

@@ -27,6 +27,12 @@ Operation CutRegion(const std::string& name) {
     }};
 }
 
+/// The colour and wide images' Show says 0 whatever becomes of the drawing.
+template <class Image>
+constexpr bool ReportsDrawing() {
+    return std::is_same_v<Image, CcGrayImage256> || std::is_same_v<Image, CcBinaryImage>;
+}
+
 template <class Image>
 Operation ShowInto(const std::string& name, unsigned short table, unsigned short mode) {
     return {name + " Show " + std::to_string(table) + " mode " + std::to_string(mode), [=] {
@@ -39,7 +45,7 @@ Operation ShowInto(const std::string& name, unsigned short table, unsigned short
                          return shown < 0 ? shown : marked;
                      },
                      [=] { return PixelsOf(paper->Snapshot()); }};
-    }, PartlyDone};
+    }, ReportsDrawing<Image>() ? PartlyDone : PartlyDone | Drawn};
 }
 
 template <class Image>
