@@ -94,8 +94,8 @@ public:
 
     /// Draws the graph: into the client area of `hWnd`, or, with `iDevice` 1, onto the whole surface of the device (a
     /// page). Uses the font of `hDC`. Always 0. Nothing is drawn but the frame of a page when the ranges are empty or
-    /// not finite, the place has no room for a plot, or a logical unit would cover all of it; points that are not finite
-    /// leave gaps in their curves. Whatever the settings say, a drawing costs no more than its surface: what lies far
+    /// not finite, the place has no room for a plot, or a logical unit is over 10,000 pixels and the place's longer side;
+    /// points that are not finite leave gaps in their curves. Whatever the settings say, a drawing costs no more than its surface: what lies far
     /// beside that is left out, and texts whose letters would be several times as large.
     int ShowGraph(HWND hWnd, HDC hDC, int iDevice);
     /// Draws one more curve over a graph, in the pen of `hDC`; the gaps of broken lines show what is behind. Always 0.

@@ -10,7 +10,8 @@ namespace {
 
 /// Pixels beside the surface that count as the surface: more than pens and the ends of texts reach.
 constexpr int margin = 2048;
-/// Wider lines than any device are drawn this wide, in pixels.
+/// Wider lines than any device are drawn this wide, in pixels. As a line is a unit wide at least, larger units than that
+/// are not drawn at all.
 constexpr int widestPen = 10000;
 /// Pixels beside it within which a plot is drawn as if it all showed.
 constexpr int furthestPlot = 1 << 15;
@@ -66,7 +67,7 @@ bool ViewOf(const GraphMapping& mapping, const IntRect& surface, const FontSize&
     view.unit = {std::fabs(scaleX), std::fabs(scaleY)};
     const double side = std::max(static_cast<double>(surface.right) - surface.left,
                                  static_cast<double>(surface.bottom) - surface.top);
-    if (std::max(view.unit.x, view.unit.y) > side) return false;
+    if (std::max(view.unit.x, view.unit.y) > std::max<double>(side, widestPen)) return false;
 
     constexpr int largerThanAny = 4;
     view.hasTexts = std::max(font.height * view.unit.y, font.widestCharacter * view.unit.x) <= largerThanAny * side;

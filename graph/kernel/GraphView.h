@@ -21,7 +21,7 @@ struct GraphView {
     bool hasTexts;   ///< false where letters are larger than any surface
 };
 
-/// False when there is nothing to draw: an extent of 0, or a logical unit that covers the whole surface.
+/// False when nothing is drawn: an extent of 0, or a logical unit so large that a line would be wider than any device.
 bool ViewOf(const GraphMapping& mapping, const IntRect& surface, const FontSize& font, GraphView& view);
 
 /// With `units` more on each side, as far as integers go.

@@ -238,12 +238,15 @@ TEST(GraphDrawing, AnAppearanceFileIsBoundedByTheSurface) {
         int offset, value;
     };
     test::GraphScene scene;
+    const test::Picture blank = scene.Snapshot();
     test::Curve curve({{0, 0}, {200, 150}, {500, 400}, {-1e30F, 1e9F}}, PS_DOT, red, INT_MAX);
     scene.curves.InsertTail(&curve);
     scene.curves.SelectObjectAtIndex(0);
     const test::TemporaryFile saved("saved.gap");
     CcGraph().SaveAppearance(saved.Path());
     for (const std::vector<Field>& fields : std::vector<std::vector<Field>>{
+             {{12, 1000}},
+             {{8, 10000}, {12, 10000}},
              {{8, 32767}, {100, 32767}},
              {{88, 0x40000000}, {352, 65537}},
              {{8, 100}, {12, 100}, {88, INT_MAX}, {92, INT_MAX}, {96, INT_MAX}, {100, INT_MAX}},
@@ -254,6 +257,8 @@ TEST(GraphDrawing, AnAppearanceFileIsBoundedByTheSurface) {
         const test::TemporaryFile hostile("hostile.gap", bytes);
         ASSERT_EQ(scene.graph.RestoreAppearance(hostile.Path()), 0);
         scene.Draw();
+        // Units larger than the surface: a line shows all the same.
+        EXPECT_TRUE(fields[0].offset != 12 || scene.Snapshot().DifferentFrom(blank) > 500);
     }
 }
 

@@ -149,7 +149,8 @@ TEST(GraphView, KeepsToTheSurface) {
     EXPECT_EQ(view.area, (IntRect{100 - 211, 200 - 226, 100 + 281, 200 + 246}));
     EXPECT_TRUE(view.hasTexts);
     EXPECT_EQ(BoundedPenWidth(view, INT_MIN), -1000);
-    EXPECT_FALSE(ViewOf({{}, {}, {1, -1}, {801, 1}}, {0, 0, 800, 600}, font, view));
+    EXPECT_TRUE(ViewOf({{}, {}, {1, -1}, {801, 1}}, {0, 0, 800, 600}, font, view));
+    EXPECT_FALSE(ViewOf({{}, {}, {1, -1}, {10001, 1}}, {0, 0, 800, 600}, font, view));
     EXPECT_FALSE(ViewOf({{}, {}, {0, 1}, {1, 1}}, {0, 0, 800, 600}, font, view));
 
     const auto cut = [](IntPoint from, IntPoint to) {
