@@ -54,8 +54,6 @@ public:
     /// The row as runs of neighbouring columns in its order; `spans` has room for a run a pixel. Returns their number.
     int SpansOfRow(int row, KestSpan* spans) const;
 
-    RowOrder Order() const { return rowOrder; }
-
 private:
     /// A slot a row: all rows from the first on, or of pixels that lie far apart only the rows that have one, ascending.
     struct RowSlots {
