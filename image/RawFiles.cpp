@@ -1,7 +1,9 @@
 // Raw sample files of the wide images.
 #include "image/RawFiles.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "core/Files.h"
 #include "core/kernel/PathParts.h"
@@ -9,12 +11,15 @@
 namespace kest {
 namespace {
 
-/// After a failed opening.
-bool IsAbsent(const char* path) {
+/// After a failed opening: whether there is a file, or may be one. At a path that cannot be there is none.
+bool MayBeThere(const char* path) {
     const DWORD error = GetLastError();
     const DWORD attributes = GetFileAttributesA(path);
-    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
-           (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
+    if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    constexpr DWORD refusals[] = {ERROR_ACCESS_DENIED,       ERROR_SHARING_VIOLATION,   ERROR_LOCK_VIOLATION,
+                                  ERROR_TOO_MANY_OPEN_FILES, ERROR_NOT_ENOUGH_MEMORY,   ERROR_NO_SYSTEM_RESOURCES,
+                                  ERROR_NOT_READY,           ERROR_READ_FAULT,          ERROR_CRC};
+    return std::find(std::begin(refusals), std::end(refusals), error) != std::end(refusals);
 }
 
 }  // namespace
@@ -28,7 +33,7 @@ RawPath::RawPath(const char* bmpPath, const char* extension) {
 
 RawReading ReadRawFile(const char* path, const RawHeader& header, void* samples, int bytesPerSample) {
     const FileHandle file(OpenForReading(path));
-    if (!file.IsOpen()) return IsAbsent(path) ? RawReading::Unfit : RawReading::Unreadable;
+    if (!file.IsOpen()) return MayBeThere(path) ? RawReading::Unreadable : RawReading::Unfit;
     LARGE_INTEGER size;
     if (!GetFileSizeEx(file, &size)) return RawReading::Unreadable;
     if (size.QuadPart < RawHeaderBytes) return RawReading::Unfit;
