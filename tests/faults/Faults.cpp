@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "support/Census.h"
+#include "support/Imports.h"
 
 namespace test {
 namespace {
@@ -186,36 +187,14 @@ std::vector<Row> Rows() {
     };
 }
 
-void PatchImports(HMODULE module, const std::vector<Row>& rows) {
-    auto* const base = reinterpret_cast<unsigned char*>(module);
-    const auto* headers =
-        reinterpret_cast<IMAGE_NT_HEADERS*>(base + reinterpret_cast<IMAGE_DOS_HEADER*>(base)->e_lfanew);
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* library = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress); library->Name;
-         ++library) {
-        const auto* names = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library->OriginalFirstThunk);
-        auto* thunks = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library->FirstThunk);
-        for (; names->u1.AddressOfData; ++names, ++thunks) {
-            if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
-            const char* const name =
-                reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData)->Name;
-            for (const Row& row : rows) {
-                if (std::strcmp(row.name, name) != 0) continue;
-                DWORD old;
-                VirtualProtect(&thunks->u1.Function, sizeof thunks->u1.Function, PAGE_READWRITE, &old);
-                *row.original = row.stand ? row.stand : reinterpret_cast<void*>(thunks->u1.Function);
-                thunks->u1.Function = reinterpret_cast<ULONG_PTR>(row.replacement);
-                VirtualProtect(&thunks->u1.Function, sizeof thunks->u1.Function, old, &old);
-            }
-        }
-    }
-}
-
 }  // namespace
 
 void PatchLibrary() {
     static const bool isPatched = [] {
-        PatchImports(GetModuleHandleA("KestApi.dll"), Rows());
+        for (const Row& row : Rows()) {
+            void* const system = ReplaceImport(GetModuleHandleA("KestApi.dll"), row.name, row.replacement);
+            if (system) *row.original = row.stand ? row.stand : system;
+        }
         return true;
     }();
     static_cast<void>(isPatched);

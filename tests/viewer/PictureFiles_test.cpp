@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "document/RoiFiles.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
 #include "support/Bytes.h"
+#include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 
 namespace test {
@@ -149,8 +151,25 @@ TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
                          .U16(20000)
                          .U16(20000)
                          .Fill(20, 0)},
+        {"palette.bmp", Bytes()
+                            .Text("BM", 2)
+                            .I32(1078 + 12000 * 12500)
+                            .I32(0)
+                            .I32(1078)
+                            .I32(40)
+                            .I32(12000)
+                            .I32(12500)
+                            .U16(1)
+                            .U16(8)
+                            .Fill(24, 0)
+                            .Fill(1024, 9)},
         {"bomb.bmp", Bytes().Text("BM", 14).I32(40).I32(20000).I32(-25000).U16(1).U16(24).Fill(24, 0)},
     };
+    // The library's own, whose 150 MB of values become colours.
+    const HANDLE palette = CreateFileA("palette.bmp", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    SetFilePointer(palette, 1078 + 12000 * 12500, nullptr, FILE_BEGIN);
+    SetEndOfFile(palette);
+    CloseHandle(palette);
     for (const TemporaryFile& bomb : bombs) {
         SCOPED_TRACE(bomb.Path());
         std::string question;
@@ -208,6 +227,11 @@ TEST_F(PictureFiles, AreWrittenAsTheirExtensionSays) {
     }
 }
 
+BOOL WINAPI TellFewBytesFree(const char*, ULARGE_INTEGER* bytes, ULARGE_INTEGER*, ULARGE_INTEGER*) {
+    bytes->QuadPart = 2 * rows * columns + 100;
+    return TRUE;
+}
+
 TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
     const auto saved = [&](int type, const std::string& path) {
         return SavePicture(MakeDocument(type)->Image(), path, error);
@@ -231,6 +255,17 @@ TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
         SetFileAttributesA(name, FILE_ATTRIBUTE_NORMAL);
         expectRefusal(std::string("no such folder\\") + name, "There is no such folder.");
         EXPECT_TRUE(saved(KEST_IMAGE_INT16, name)) << error;
+    }
+    // A disk that has room for the samples, but not for what is shown besides; and for a ROI.
+    {
+        const ReplacedImport small(nullptr, "GetDiskFreeSpaceExA", &TellFewBytesFree);
+        const TemporaryFile file("small.bmp"), samples("small.i16"), roiFile("small.roi");
+        EXPECT_FALSE(saved(KEST_IMAGE_INT16, file.Path()));
+        EXPECT_NE(error.find("\n\nThe disk is full: 1 KB are needed"), std::string::npos) << error;
+        CcRoiRect rect;
+        RECT place = {2, 8, 6, 3};
+        rect.SetRoiImageCord(&place);
+        EXPECT_TRUE(SaveRoi(rect, roiFile.Path(), error)) << error;
     }
     // A disk that has no room for so much.
     const auto write = [](const std::string&) { return true; };

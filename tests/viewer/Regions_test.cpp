@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstring>
 #include <memory>
 
@@ -14,6 +15,8 @@
 #include "document/RoiFiles.h"
 #include "document/RoiKinds.h"
 #include "platform/Text.h"
+#include "support/Dialogs.h"
+#include "support/Imports.h"
 #include "support/Streams.h"
 #include "viewer/SampleDocuments.h"
 
@@ -165,6 +168,12 @@ TEST(RoiEdit, MovesByWholePixelsInsideThePictureAndKeepsWhatIsNotHeld) {
         RoiEdit(*line, code, document->Size()).MoveBy({8, -1});
         EXPECT_EQ(SidesOf(*line), moved) << code;
     }
+    // As far out as numbers go: no further, but back.
+    for (const auto& [by, x] : {std::pair{-8L, INT_MIN}, {8L, INT_MIN + 8}}) {
+        const auto line = Boxed<CcRoiLine>({INT_MIN, 2, INT_MIN, 4});
+        RoiEdit(*line, 0, document->Size()).MoveBy({by, 0});
+        EXPECT_EQ(SidesOf(*line), (Sides{x, 2, x, 4})) << by;
+    }
 }
 
 TEST(RoiFiles, BringBackOneAndAll) {
@@ -202,6 +211,31 @@ TEST(RoiFiles, BringBackOneAndAll) {
     }
     EXPECT_EQ(RestoreAllRois(*document, "absent.rois"), -1);
     EXPECT_FALSE(FileExists("absent.rois")) << "asking for it does not make it";
+
+    // The library tells of a full disk in a box, and nobody adds another one.
+    EXPECT_FALSE(SaveRoi(document->Roi(0), R"(Z:\dev\full)", error));
+    EXPECT_EQ(error, "");
+    EXPECT_EQ(TakeBoxes().size(), 1u);
+}
+
+/// No list of ROIs can grow.
+HGLOBAL WINAPI AllocateSmall(UINT flags, SIZE_T bytes) {
+    return bytes > 100 * sizeof(void*) ? nullptr : GlobalAlloc(flags, bytes);
+}
+
+TEST(RoiFiles, LeaveNothingBehindWhenTheListCannotGrow) {
+    auto document = MakeDocument(KEST_IMAGE_GRAY256);
+    for (int i = 0; i < 99; ++i)
+        document->Image().GetListROI()->InsertTail(SmallRect().release());
+    const TemporaryFile file("many.rois");
+    std::string error;
+    ASSERT_TRUE(SaveAllRois(*document, file.Path(), error)) << error;
+    const ReplacedImport small(GetModuleHandleA("KestApi.dll"), "GlobalAlloc", &AllocateSmall);
+    EXPECT_EQ(RestoreAllRois(*document, file.Path()), 0);
+    document->AddRoi(SmallRect());
+    EXPECT_EQ(TakeBoxes().size(), 2u);
+    EXPECT_EQ(document->RoiCount(), 99);
+    EXPECT_FALSE(document->CanUndo() || document->IsModified());
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "document/Conversion.h"
 #include "document/Session.h"
 #include "platform/Text.h"
+#include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 
 namespace test {
@@ -83,6 +84,14 @@ TEST(Session, KeepsTheColoursOfTheFile) {
     EXPECT_EQ(Through(*loaded, 100), before);
 }
 
+/// The file of a server that was looked for.
+std::string lookedFor;
+DWORD WINAPI LookForFile(const char* path) {
+    WIN32_FILE_ATTRIBUTE_DATA found;
+    if (path[0] == '\\') lookedFor = path;
+    return GetFileAttributesExA(path, GetFileExInfoStandard, &found) ? found.dwFileAttributes : INVALID_FILE_ATTRIBUTES;
+}
+
 TEST(Session, OpensACalibrationElsewhereOnlyWhenTheUserWantsIt) {
     const TemporaryFile file("asked.kvs");
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
@@ -90,7 +99,11 @@ TEST(Session, OpensACalibrationElsewhereOnlyWhenTheUserWantsIt) {
     std::string error, warning, question;
     ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
     const auto refuse = [&](const std::string& text) { return question = text, false; };
-    ASSERT_TRUE(OpenSession(file.Path(), error, warning, refuse)) << error;
+    {
+        const ReplacedImport looking(nullptr, "GetFileAttributesA", &LookForFile);
+        ASSERT_TRUE(OpenSession(file.Path(), error, warning, refuse)) << error;
+    }
+    EXPECT_EQ(lookedFor, "") << "no server hears of it";
     EXPECT_NE(question.find("\\\\server\\share\\plate.cal\n\nOpen it?"), std::string::npos) << question;
     EXPECT_NE(warning, "");
     // The file of that name beside the session is taken unasked.

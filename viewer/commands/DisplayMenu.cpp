@@ -70,8 +70,10 @@ void GraphSettings(MainWindow& main, int id) {
         case ID_GRAPH_SAVE:
             window.NoteStyles();
             if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra")) {
-                const auto write = [&](const std::string& newPath) {
-                    return graph.SaveAppearance(newPath.c_str()) == 0 && BytesOfFile(newPath) == appearanceBytes;
+                const auto write = [&](const std::string& newPath) -> Written {
+                    const bool isWhole =
+                        graph.SaveAppearance(newPath.c_str()) == 0 && BytesOfFile(newPath) == appearanceBytes;
+                    return isWhole ? true : Written::NotAsTold();
                 };
                 std::string error;
                 if (!SaveWhole("The appearance", *path, appearanceBytes, write, error)) ShowError(main, error);

@@ -46,8 +46,10 @@ bool SaveCalibration(HWND owner, Document& document) {
     const SIZE size = document.Size();
     const long long areaBytes = 4LL * size.cx * size.cy;
     const Busy busy("Saving " + FileNameOf(*path), areaBytes);
-    const auto write = [&](const std::string& newPath) {
-        return document.Calibration()->Save(newPath.c_str()) == 0 && BytesOfFile(newPath) > areaBytes;
+    const auto write = [&](const std::string& newPath) -> Written {
+        if (document.Calibration()->Save(newPath.c_str()) < 0) return false;
+        // The library does not count a disk that is full as a failure, but says so.
+        return BytesOfFile(newPath) > areaBytes ? true : Written::NotAsTold();
     };
     std::string error;
     if (!SaveWhole("The calibration", *path, areaBytes, write, error)) {

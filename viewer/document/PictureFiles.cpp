@@ -91,6 +91,12 @@ KestImageType LibraryClassOf(const std::string& path, std::vector<unsigned char>
     return KEST_IMAGE_NONE;
 }
 
+/// How much memory the pixels of a file take that the library reads, and their colours beside them.
+double BytesToOpen(const std::string& path, const ImageClass& imageClass, bool hasOwnColours) {
+    const long long bytes = (hasOwnColours ? 4 : 1) * BytesOfFile(path);
+    return static_cast<double>(imageClass.isWide ? bytes + BytesOfFile(SamplesPath(path, imageClass.type)) : bytes);
+}
+
 /// The colours that the file means by its values.
 std::unique_ptr<CcImage> InColours(CcImage& values, const std::vector<unsigned char>& colours) {
     const SIZE size = SizeOf(values);
@@ -130,8 +136,9 @@ const SaveFormat* SaveFormatOf(const std::string& path) {
 }
 
 bool SaveBmp(CcImage& image, const std::string& path, std::string& error) {
-    const auto write = [&](const std::string& newPath) {
-        return image.SaveBMPFile(newPath.c_str()) == 0 && BytesOfFile(newPath) > SampleBytes(image);
+    const auto write = [&](const std::string& newPath) -> Written {
+        if (image.SaveBMPFile(newPath.c_str()) < 0) return Written::NotAsTold();
+        return BytesOfFile(newPath) > SampleBytes(image);
     };
     return SaveWhole(pictureName, path, SampleBytes(image), write, error);
 }
@@ -139,13 +146,21 @@ bool SaveBmp(CcImage& image, const std::string& path, std::string& error) {
 /// The library names the samples' file as the picture's, and puts both in place.
 bool SaveWideBmp(CcImage& image, const std::string& path, std::string& error) {
     const std::string samples = SamplesPath(path, image.GetImageType());
-    const auto reason = [&] {
-        const std::string why = WhyNotWritable(path, SampleBytes(image));
+    const SIZE size = SizeOf(image);
+    const auto whyNot = [&] {
+        // Both are on the same disk, and each is replaced only when both are whole.
+        const std::string why = WhyNotWritable(path, SampleBytes(image) + static_cast<long long>(size.cx) * size.cy);
         return why.empty() ? WhyNotWritable(samples, SampleBytes(image)) : why;
     };
-    std::string why = reason();
-    if (why.empty() && image.SaveBMPFile(path.c_str()) == 0 && BytesOfFile(samples) > SampleBytes(image)) return true;
-    error = NotWritten(pictureName, path, why.empty() ? reason() : why);
+    std::string why = whyNot();
+    if (why.empty()) {
+        const bool isTold = image.SaveBMPFile(path.c_str()) < 0;
+        if (!isTold && BytesOfFile(samples) > SampleBytes(image)) return true;
+        why = whyNot();
+        error.clear();
+        if (isTold && why.empty()) return false;
+    }
+    error = NotWritten(pictureName, path, why);
     return false;
 }
 
@@ -170,6 +185,7 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error
     std::vector<unsigned char> ownColours;
     const KestImageType type = path.size() < KEST_NAME_SIZE ? LibraryClassOf(path, ownColours) : KEST_IMAGE_NONE;
     if (type == KEST_IMAGE_NONE) return DecodePicture(path, error, warning, ask);
+    if (!IsWanted(BytesToOpen(path, *ImageClassOf(type), !ownColours.empty()), path, ask, error)) return nullptr;
     if (!ImageClassOf(type)->isWide)
         for (const int wide : wideTypes)
             if (FileExists(SamplesPath(path, wide)))

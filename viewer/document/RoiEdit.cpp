@@ -6,13 +6,15 @@
 #include <cmath>
 #include <cstring>
 
+#include "document/RoiKinds.h"
+
 namespace kestview {
 namespace {
 
-KestRoiRecord RecordOf(CcRoiBase& roi) {
-    KestRoiFacts facts = {};
-    KestGetRoiFacts(roi.GetROIType(), &facts);
-    return facts.iRecord;
+/// A file can have put a point anywhere.
+long WholeOf(float coordinate) {
+    constexpr float farthest = 1e9F;
+    return std::lround(std::floor(std::isnan(coordinate) ? 0 : std::clamp(coordinate, -farthest, farthest)));
 }
 
 constexpr int left = 0, top = 1, right = 2, bottom = 3;  // of the sides
@@ -20,8 +22,9 @@ constexpr int left = 0, top = 1, right = 2, bottom = 3;  // of the sides
 }  // namespace
 
 RoiEdit::Room RoiEdit::RoomFor(long low, long high, long size) {
-    // What lies outside already may come back, but goes no further.
-    return {std::min(0L, -low), std::max(0L, size - 1 - high)};
+    // What lies outside already may come back, but goes no further. It can be as far away as numbers go.
+    const long long most = static_cast<long long>(size) - 1 - high;
+    return {static_cast<long>(std::min(0LL, -1LL * low)), static_cast<long>(std::clamp(most, 0LL, 1LL * LONG_MAX))};
 }
 
 RoiEdit::RoiEdit(CcRoiBase& newRoi, int hitCode, SIZE picture) : roi(newRoi) {
@@ -36,7 +39,7 @@ RoiEdit::RoiEdit(CcRoiBase& newRoi, int hitCode, SIZE picture) : roi(newRoi) {
             addX(pixel.x), addY(pixel.y);
     } else if (RecordOf(roi) == KEST_RECORD_POINT) {
         point = *static_cast<const tagPoints*>(record);
-        addX(std::lround(std::floor(point.x))), addY(std::lround(std::floor(point.y)));
+        addX(WholeOf(point.x)), addY(WholeOf(point.y));
     } else {
         std::memcpy(sides.data(), record, sizeof sides);
         HoldSides(hitCode);

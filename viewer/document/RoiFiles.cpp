@@ -12,16 +12,23 @@
 namespace kestview {
 namespace {
 
-/// More than the records of ROIs that a person draws.
-constexpr long long leastFreeBytes = 256 << 10;
+/// At least so many bytes stand in a file for the ROI: its name and its record.
+long long LeastBytes(CcRoiBase& roi) {
+    if (RecordOf(roi) != KEST_RECORD_OUTLINE) return KEST_NAME_SIZE;
+    const auto points = static_cast<const PixelGroupTag*>(roi.GetRoiImageCord())->iNumOfPoints;
+    return KEST_NAME_SIZE + static_cast<long long>(sizeof(POINT)) * points;
+}
 
 }  // namespace
 
 bool SaveRoi(CcRoiBase& roi, const std::string& path, std::string& error) {
-    const auto write = [&](const std::string& newPath) {
-        return roi.Save(newPath.c_str()) == 0 && RestoreRoi(newPath) != nullptr;
+    const auto write = [&](const std::string& newPath) -> Written {
+        const bool isWritten = roi.Save(newPath.c_str()) == 0;
+        if (isWritten && RestoreRoi(newPath)) return true;
+        // The library does not count a disk that is full as a failure, but says so.
+        return isWritten && BytesOfFile(newPath) < LeastBytes(roi) ? Written::NotAsTold() : false;
     };
-    return SaveWhole("The ROI", path, leastFreeBytes, write, error);
+    return SaveWhole("The ROI", path, LeastBytes(roi), write, error);
 }
 
 std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path) {
@@ -42,7 +49,10 @@ bool SaveAllRois(Document& document, const std::string& path, std::string& error
         return stream.Open(newPath.c_str(), GENERIC_READ | GENERIC_WRITE) >= 0 &&
                stream.PutObject(document.Image().GetListROI()) >= 0;
     };
-    return SaveWhole("The ROIs", path, leastFreeBytes, write, error);
+    long long bytes = 0;
+    for (int i = 0; i < document.RoiCount(); ++i)
+        bytes += LeastBytes(document.Roi(i));
+    return SaveWhole("The ROIs", path, bytes, write, error);
 }
 
 int RestoreAllRois(Document& document, const std::string& path) {
@@ -60,10 +70,14 @@ int RestoreAllRois(Document& document, const std::string& path) {
         read.TakeOut(0);
     }
     const bool isWhole = read.GetNumberOfObjects() == 0;
-    while (!isWhole && rois.GetNumberOfObjects() > before)
-        rois.DeleteTail();
+    if (!isWhole) {
+        while (rois.GetNumberOfObjects() > before)
+            rois.DeleteTail();
+        document.CancelRoiEdit();
+        return 0;
+    }
     document.RoisEdited();
-    return isWhole ? rois.GetNumberOfObjects() - before : -1;
+    return rois.GetNumberOfObjects() - before;
 }
 
 bool HoldsOnlyRois(CcList& list) {

@@ -28,6 +28,12 @@ const RoiKind* RoiKindOf(int type) {
     return nullptr;
 }
 
+KestRoiRecord RecordOf(CcRoiBase& roi) {
+    KestRoiFacts facts = {};
+    KestGetRoiFacts(roi.GetROIType(), &facts);
+    return facts.iRecord;
+}
+
 const char* KindLabel(CcRoiBase& roi) {
     const RoiKind* kind = RoiKindOf(roi.GetROIType());
     return kind ? kind->label : "ROI";

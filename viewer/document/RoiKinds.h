@@ -19,5 +19,7 @@ extern const RoiKind roiKinds[roiKindCount];
 /// Null for a type of no kind.
 const RoiKind* RoiKindOf(int type);
 const char* KindLabel(CcRoiBase& roi);
+/// What GetRoiImageCord points at.
+KestRoiRecord RecordOf(CcRoiBase& roi);
 
 }  // namespace kestview

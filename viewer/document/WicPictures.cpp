@@ -143,15 +143,6 @@ private:
 
 constexpr double mostBytesUnasked = 512.0 * 1024 * 1024;
 
-/// Whether a picture of so many bytes is opened.
-bool IsWanted(double bytes, const std::string& path, const PictureQuestions& ask, std::string& error) {
-    if (bytes <= mostBytesUnasked) return true;
-    const std::string large =
-        Format("The pixels of %s take %.0f MB of memory.", FileNameOf(path).c_str(), bytes / (1 << 20));
-    if (!ask.mayOpen) error = large;
-    return ask.mayOpen && ask.mayOpen(large + "\n\nOpen it?");
-}
-
 /// A page that a decoder has opened, and what is known of its pixels.
 struct Page {
     Com<IWICBitmapFrameDecode> frame;
@@ -202,6 +193,14 @@ std::unique_ptr<CcImage> Decode(IWICImagingFactory* factory, Page& page, int ori
 }
 
 }  // namespace
+
+bool IsWanted(double bytes, const std::string& path, const PictureQuestions& ask, std::string& error) {
+    if (bytes <= mostBytesUnasked) return true;
+    const std::string large =
+        Format("The pixels of %s take %.0f MB of memory.", FileNameOf(path).c_str(), bytes / (1 << 20));
+    if (!ask.mayOpen) error = large;
+    return ask.mayOpen && ask.mayOpen(large + "\n\nOpen it?");
+}
 
 std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& error, std::string& warning,
                                        const PictureQuestions& ask) {

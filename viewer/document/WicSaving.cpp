@@ -96,19 +96,23 @@ void SetQuality(IPropertyBag2* options) {
     if (options) options->Write(1, &property, &quality);
 }
 
-bool Encode(IWICImagingFactory* factory, IStream* stream, const GUID& container, const Rows& rows, Busy* busy) {
+Written NoEncoder() {
+    return Written::Not("This system has no imaging component that writes such files.");
+}
+
+Written Encode(IWICImagingFactory* factory, IStream* stream, const GUID& container, const Rows& rows, Busy* busy) {
     Com<IWICBitmapEncoder> encoder;
     Com<IWICBitmapFrameEncode> frame;
     Com<IPropertyBag2> options;
     const SIZE size = rows.Size();
-    if (factory->CreateEncoder(container, nullptr, &encoder) < 0 ||
-        encoder->Initialize(stream, WICBitmapEncoderNoCache) < 0 || encoder->CreateNewFrame(&frame, &options) < 0)
+    if (factory->CreateEncoder(container, nullptr, &encoder) < 0) return NoEncoder();
+    if (encoder->Initialize(stream, WICBitmapEncoderNoCache) < 0 || encoder->CreateNewFrame(&frame, &options) < 0)
         return false;
     if (IsEqualGUID(container, GUID_ContainerFormatJpeg)) SetQuality(options);
     GUID format = *rows.Format();
-    if (frame->Initialize(options) < 0 || frame->SetSize(static_cast<UINT>(size.cx), static_cast<UINT>(size.cy)) < 0 ||
-        frame->SetPixelFormat(&format) < 0 || !IsEqualGUID(format, *rows.Format()))
+    if (frame->Initialize(options) < 0 || frame->SetSize(static_cast<UINT>(size.cx), static_cast<UINT>(size.cy)) < 0)
         return false;
+    if (frame->SetPixelFormat(&format) < 0 || !IsEqualGUID(format, *rows.Format())) return NoEncoder();
     const auto rowBytes = static_cast<UINT>(rows.RowBytes());
     const auto write = [&](unsigned char* group, int count) {
         const auto lines = static_cast<UINT>(count);
@@ -126,7 +130,7 @@ bool SwapsSamples(IWICImagingFactory* factory) {
     Com<IWICBitmapDecoder> decoder;
     Com<IWICBitmapFrameDecode> frame;
     if (CreateStreamOnHGlobal(nullptr, TRUE, &stream) < 0 ||
-        !Encode(factory, stream, GUID_ContainerFormatPng, Rows({1, 1}, 16, &sample), nullptr))
+        !Encode(factory, stream, GUID_ContainerFormatPng, Rows({1, 1}, 16, &sample), nullptr).isWhole)
         return false;
     stream->Seek({}, STREAM_SEEK_SET, nullptr);
     return factory->CreateDecoderFromStream(stream, nullptr, WICDecodeMetadataCacheOnDemand, &decoder) >= 0 &&
@@ -134,10 +138,11 @@ bool SwapsSamples(IWICImagingFactory* factory) {
            frame->CopyPixels(nullptr, sizeof back, sizeof back, reinterpret_cast<BYTE*>(&back)) >= 0 && back == 0x0201;
 }
 
-bool EncodeByComponent(CcImage& image, OtherFormat format, const std::string& path, Busy& busy) {
+Written EncodeByComponent(CcImage& image, OtherFormat format, const std::string& path, Busy& busy) {
     Com<IWICImagingFactory> factory;
     Com<IWICStream> stream;
-    if (!MakeWicFactory(factory) || factory->CreateStream(&stream) < 0 ||
+    if (!MakeWicFactory(factory)) return NoEncoder();
+    if (factory->CreateStream(&stream) < 0 ||
         stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE) < 0)
         return false;
     Rows rows(image, format != OtherFormat::Jpeg);
@@ -208,7 +213,7 @@ bool HoldsValuesOf(OtherFormat format, const ImageClass& imageClass) {
            (imageClass.type == KEST_IMAGE_FLOAT && format == OtherFormat::Tiff);
 }
 
-bool EncodePicture(CcImage& image, OtherFormat format, const std::string& path) {
+Written EncodePicture(CcImage& image, OtherFormat format, const std::string& path) {
     Busy busy("Saving " + FileNameOf(path));
     if (format == OtherFormat::Tiff && ImageClassOf(image).isWide) return WriteSampleTiff(image, path, busy);
     return EncodeByComponent(image, format, path, busy);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "document/ImageClasses.h"
+#include "platform/SavedFile.h"
 
 namespace kestview {
 
@@ -15,7 +16,7 @@ enum class OtherFormat { Png, Tiff, Jpeg };
 /// Whether files of this format hold all values of the pictures of a class, but for what JPEG's compression takes away.
 bool HoldsValuesOf(OtherFormat format, const ImageClass& imageClass);
 
-/// Writes a picture of a class whose values the format holds. False when anything could not be written.
-bool EncodePicture(CcImage& image, OtherFormat format, const std::string& path);
+/// Writes a picture of a class whose values the format holds.
+Written EncodePicture(CcImage& image, OtherFormat format, const std::string& path);
 
 }  // namespace kestview

@@ -37,7 +37,7 @@ struct FileQuestion {
 }  // namespace
 
 void ShowError(HWND owner, const std::string& text) {
-    MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONWARNING);
+    if (!text.empty()) MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONWARNING);
 }
 
 void TellMemoryIsShort(HWND window) {
@@ -58,6 +58,14 @@ bool AskYesNo(HWND owner, const std::string& question) {
 
 namespace {
 
+/// Without the characters that no file name has: the dialog would not open with them, or would look for the folder that
+/// they name, on a server too.
+std::string AsFileName(std::string name) {
+    for (char& c : name)
+        if (static_cast<unsigned char>(c) < ' ' || std::strchr("\\/:*?\"<>|", c)) c = '_';
+    return name;
+}
+
 /// The user has cancelled, or the dialog did not come up.
 std::optional<std::string> NoPath(HWND owner) {
     if (const DWORD code = CommDlgExtendedError())
@@ -75,16 +83,10 @@ std::optional<std::string> AskOpenPath(HWND owner, const char* title, const char
 }
 
 std::optional<std::string> AskSavePath(HWND owner, const char* title, const char* filters, const char* extension,
-                                       const std::string& suggestion) {
+                                       const std::string& name, const std::string& path) {
     FileQuestion question(owner, title, filters, extension);
     question.record.Flags |= OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST;
-    lstrcpynA(question.path, suggestion.c_str(), sizeof question.path);
-    // What is suggested can be a ROI's name, with characters that no file name has; the dialog would not even open. A
-    // whole path stays as it is.
-    const bool isWholePath = suggestion.size() > 2 && (suggestion[0] == '\\' || suggestion.substr(1, 2) == ":\\");
-    if (!isWholePath)
-        for (char* c = question.path; *c; ++c)
-            if (std::strchr("\\/:*?\"<>|", *c)) *c = '_';
+    lstrcpynA(question.path, path.empty() ? AsFileName(name).c_str() : path.c_str(), sizeof question.path);
     if (!GetSaveFileNameA(&question.record)) return NoPath(owner);
     return question.path;
 }

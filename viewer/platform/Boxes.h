@@ -8,6 +8,7 @@
 
 namespace kestview {
 
+/// Nothing for an empty text: of some failures the library tells the user itself.
 void ShowError(HWND owner, const std::string& text);
 /// For work that was given up because of it.
 void TellMemoryIsShort(HWND window);
@@ -18,8 +19,10 @@ bool AskYesNo(HWND owner, const std::string& question);
 
 /// `filters` are pairs "name|pattern|name|pattern". None when the user cancels.
 std::optional<std::string> AskOpenPath(HWND owner, const char* title, const char* filters, const char* extension);
+/// Suggested is `path`, or while that is empty a file of this `name` in the folder at hand. A name may be anyone's: a
+/// ROI's or a picture's, out of a file.
 std::optional<std::string> AskSavePath(HWND owner, const char* title, const char* filters, const char* extension,
-                                       const std::string& suggestion);
+                                       const std::string& name, const std::string& path = "");
 std::optional<COLORREF> AskColour(HWND owner, COLORREF present);
 
 }  // namespace kestview

@@ -41,13 +41,15 @@ std::string SizeText(long long bytes) {
 
 /// Tries what a writer does first. A file that is there stays as it is; a new one is gone at once.
 DWORD ErrorOfOpening(const std::string& path) {
-    const bool isThere = FileExists(path);
-    const HANDLE opened =
-        CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    isThere ? OPEN_EXISTING : CREATE_NEW, isThere ? 0 : FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (opened == INVALID_HANDLE_VALUE) return GetLastError();
-    const HeldFile file(opened);
-    return ERROR_SUCCESS;
+    const auto errorOf = [&](DWORD disposition, DWORD flags) -> DWORD {
+        const HANDLE opened = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          disposition, flags, nullptr);
+        if (opened == INVALID_HANDLE_VALUE) return GetLastError();
+        const HeldFile file(opened);
+        return ERROR_SUCCESS;
+    };
+    const DWORD error = errorOf(OPEN_EXISTING, 0);
+    return error == ERROR_FILE_NOT_FOUND ? errorOf(CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE) : error;
 }
 
 std::string WhyTooLarge(const std::string& path, long long bytes) {
@@ -79,15 +81,19 @@ std::string NotWritten(const std::string& what, const std::string& path, const s
 }
 
 bool SaveWhole(const std::string& what, const std::string& path, long long bytes,
-               const std::function<bool(const std::string& newPath)>& write, std::string& error) {
+               const std::function<Written(const std::string& newPath)>& write, std::string& error) {
     std::string reason = WhyNotWritable(path, bytes);
     if (reason.empty()) {
         KestWholeFile file(path.c_str());
         const char* newPath = file.LendPath();
-        if (newPath && write(newPath) && file.Replace() == KEST_OK) return true;
+        const Written written = newPath ? write(newPath) : false;
+        if (written.isWhole && file.Replace() == KEST_OK) return true;
         file.Abandon();
+        reason = written.reason;
         // What the disk or another program did meanwhile.
-        reason = WhyNotWritable(path, bytes);
+        if (reason.empty()) reason = WhyNotWritable(path, bytes);
+        error.clear();
+        if (reason.empty() && written.isTold) return false;
         if (reason.empty()) reason = "Not all of it could be written; the disk may be full.";
     }
     error = NotWritten(what, path, reason);

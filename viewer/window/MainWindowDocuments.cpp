@@ -71,7 +71,7 @@ bool MainWindow::SaveDocument(Document& document, bool isPathAsked) {
     std::string path = document.sessionPath;
     if (path.empty() || isPathAsked) {
         const auto asked = AskSavePath(window, "Save Session", "KestView sessions (*.kvs)|*.kvs|All files (*.*)|*.*|",
-                                       "kvs", path.empty() ? document.Name() + ".kvs" : path);
+                                       "kvs", document.Name() + ".kvs", path);
         if (!asked) return false;
         path = *asked;
     }
@@ -146,7 +146,7 @@ void MainWindow::OpenFile(const std::string& path) {
         document->picturePath = path;
     }
     if (!document) {
-        if (!error.empty()) ShowError(window, error);
+        ShowError(window, error);
         return;
     }
     KeptSettings().NoteRecentFile(path);
