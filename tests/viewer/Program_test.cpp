@@ -4,6 +4,7 @@
 #include <shlobj.h>
 
 #include "KestApi.h"
+#include "document/Session.h"
 #include "res/Resource.h"
 #include "support/Bytes.h"
 #include "support/Printer.h"
@@ -160,6 +161,29 @@ TEST(Pictures, AreEditedOneByOne) {
     Close(view);
 }
 
+TEST(Pictures, OfferTheBandsOfTheLastOneOfTheClassWithTheirChannel) {
+    const TemporaryFile files[] = {TemporaryFile("green.kvs"), TemporaryFile("gray.kvs"), TemporaryFile("plain.kvs")};
+    for (const TemporaryFile& file : files) {
+        const bool isGray = &file == &files[1], isPlain = &file == &files[2];
+        auto document = MakeDocument(isGray ? KEST_IMAGE_GRAY256 : KEST_IMAGE_RGB);
+        if (!isPlain) document->SetBands({{isGray ? 10.0 : 70.0, 90, 0}});
+        document->SetChannel(isPlain || isGray ? document->Channel() : 2);
+        document->Image().SetName(file.Path());
+        std::string error;
+        ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
+    }
+    // They were opened while another pane was in front.
+    Driver view(L"green.kvs gray.kvs plain.kvs");
+    ASSERT_TRUE(view.WaitForTitle(L"plain.kvs - KestView"));
+    view.Press({VK_CONTROL, 'T'});
+    view.ClickControl(IDC_BAND_LAST);
+    EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(view.Control(IDC_BAND_LOW_TEXT)) == L"70"; }));
+    EXPECT_EQ(TextOfWindow(view.Control(IDC_BAND_CHANNEL)), L"Green");
+    view.Press({VK_CONTROL, 'W'});
+    view.AnswerBox('N');
+    Close(view);
+}
+
 TEST(Pictures, LargerThanThePageArePrintedWhole) {
     ASSERT_TRUE(InstallPrinter());
     constexpr int columns = 3000, lines = 800, border = 30;
@@ -237,6 +261,17 @@ TEST(Rois, AreSelectedRenamedCancelledDeletedAndBroughtBack) {
     ASSERT_TRUE(view.WaitForTitle(L"ramp - KestView"));
     SendMessageA(view.Main(), KEST_TOOL_PIXELS_CHANGED, 0, 0);
     EXPECT_EQ(view.Title(), L"ramp * - KestView");
+
+    // A name that is a path, of a server even, is a name.
+    const wchar_t* const suggested = L"__server_Fläche.roi";
+    view.Press({VK_F2});
+    ASSERT_TRUE(view.WaitForDialog(L"Rename ROI"));
+    view.Type(L"\\\\server\\Fläche");
+    view.Press({VK_RETURN});
+    PostMessageA(view.Main(), WM_COMMAND, ID_ROI_SAVE, 0);
+    ASSERT_TRUE(view.WaitForDialog(L"Save ROI"));
+    view.Press({VK_RETURN});
+    EXPECT_TRUE(Driver::WaitFor([&] { return DeleteFileW(suggested) != 0; }));
     view.Press({VK_CONTROL, 'W'});
     EXPECT_EQ(view.AnswerBox('N'), L"Save the changes to ramp in a session?");
     Close(view);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <numeric>
 
 #include "document/Conversion.h"
 #include "document/Histogram.h"
@@ -107,8 +108,9 @@ TEST(ThresholdPreview, MaskIsWhatTheBandsHoldAndThePictureComesBack) {
         std::vector<tagPoints> curve = {{0, 255}, {255, 0}};
         if (type == KEST_IMAGE_GRAY256) document->SetTableCurve(101, 2, curve);
         document->Image().GetDisplayLUT(101, 2, tableBefore);
-        document->SetBands({{40, 60, RGB(255, 0, 0)}, {50, 90, 0}});
         document->PreviewBands(true, GetDesktopWindow());
+        EXPECT_FALSE(document->IsPreviewing()) << "without a band the picture is shown as it is";
+        document->SetBands({{40, 60, RGB(255, 0, 0)}, {50, 90, 0}});
         ASSERT_TRUE(document->IsPreviewing());
         const std::vector<std::uint8_t> mask = document->BandMask();
         document->PreviewBands(false, nullptr);
@@ -124,12 +126,13 @@ TEST(ThresholdPreview, MaskIsWhatTheBandsHoldAndThePictureComesBack) {
     }
 }
 
-/// What is on the screen at a whole zoom.
+/// What is on the screen at a whole zoom; at 0 in half the size.
 Picture Drawn(Document& document, int zoom) {
-    RECT all = {0, 0, columns * zoom, rows * zoom};
+    RECT all = {0, 0, zoom > 0 ? columns * zoom : columns / 2, zoom > 0 ? rows * zoom : rows / 2};
     const MemoryPicture screen(all.right, all.bottom);
-    document.Draw(screen, {all.right, all.bottom},
-                  [&](CcImage& image, HDC dc, unsigned short table) { image.Show(dc, &all, table, 1, 0, 0, zoom); });
+    document.Draw(screen, {all.right, all.bottom}, [&](CcImage& image, HDC dc, unsigned short table) {
+        image.Show(dc, &all, table, zoom > 0, 0, 0, zoom);
+    });
     return screen.Snapshot();
 }
 
@@ -163,14 +166,15 @@ TEST(WideBands, AreSampleValuesWhateverIsDisplayed) {
         const tagPoints whole = document->WholeRange();
         document->SetTableCurve(102, 0, {{whole.x / 2, 255}, {whole.y / 2, 0}});
         EXPECT_EQ(document->BandMask(), expected) << "another display";
-        for (const int zoom : {1, 3}) {
+        auto numbers = MakeDocument(KEST_IMAGE_GRAY256);
+        auto* const number = static_cast<std::uint8_t*>(numbers->Image().GetBitMapImageData());
+        std::iota(number, number + pixelCount, std::uint8_t{0});
+        for (const int zoom : {0, 1, 3}) {
             Picture wantedPicture = Drawn(*document, zoom);
-            for (int y = 0; y < rows * zoom; ++y)
-                for (int x = 0; x < columns * zoom; ++x) {
-                    const int pixel = (rows - 1 - y / zoom) * columns + x / zoom;
-                    if (expected[static_cast<std::size_t>(pixel)])
-                        wantedPicture.pixels[y * columns * zoom + x] = pixel == 100 ? 0 : 0x010203;
-                }
+            const Picture places = Drawn(*numbers, zoom);
+            for (std::size_t i = 0; i < places.pixels.size(); ++i)
+                if (const unsigned pixel = places.pixels[i] & 255; expected[pixel])
+                    wantedPicture.pixels[i] = pixel == 100 ? 0 : 0x010203;
             document->PreviewBands(true, GetDesktopWindow());
             EXPECT_EQ(Drawn(*document, zoom), wantedPicture) << zoom;
             document->PreviewBands(false, nullptr);

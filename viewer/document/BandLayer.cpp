@@ -33,8 +33,8 @@ void BandLayer::Mark(CcImage& picture, const std::vector<Band>& bands) {
     NumberBands(picture, bands, static_cast<std::uint8_t*>(layer->GetBitMapImageData()));
 }
 
-void BandLayer::DrawOver(HDC dc, SIZE area, const ShowImage& show) {
-    if (!IsMade() || marked.empty()) return;
+bool BandLayer::DrawOver(HDC dc, SIZE area, const ShowImage& show) {
+    if (!IsMade() || marked.empty()) return true;
     const COLORREF through = ColourBeside(marked);
     for (const auto& [channel, shift] : {std::pair{1, 0}, {2, 8}, {3, 16}}) {
         tagPoints points[256];
@@ -45,11 +45,12 @@ void BandLayer::DrawOver(HDC dc, SIZE area, const ShowImage& show) {
         layer->SetDisplayLUT(colourTable, channel, points);
     }
     const BackBuffer drawn(dc, area);
+    if (!drawn) return false;
     const kest::GdiObject brush(CreateSolidBrush(through));
     const RECT all = {0, 0, area.cx, area.cy};
     FillRect(drawn, &all, brush);
     show(*layer, drawn, colourTable);
-    GdiTransparentBlt(dc, 0, 0, area.cx, area.cy, drawn, 0, 0, area.cx, area.cy, through);
+    return GdiTransparentBlt(dc, 0, 0, area.cx, area.cy, drawn, 0, 0, area.cx, area.cy, through) != 0;
 }
 
 }  // namespace kestview

@@ -20,8 +20,8 @@ public:
     void Drop() { layer.reset(); }
     bool IsMade() const { return layer != nullptr; }
     void Mark(CcImage& picture, const std::vector<Band>& bands);
-    /// Draws the pixels of the bands, and nothing else, over `area` of the device context.
-    void DrawOver(HDC dc, SIZE area, const ShowImage& show);
+    /// Draws the pixels of the bands, and nothing else, over `area` of the device context. False when memory is short.
+    bool DrawOver(HDC dc, SIZE area, const ShowImage& show);
 
 private:
     std::unique_ptr<CcImage> layer;  ///< of the picture's size; each pixel is the number of its band, or 0

@@ -104,7 +104,8 @@ void Document::AddRoi(std::unique_ptr<CcRoiBase> roi) {
     for (int i = 0; i < RoiCount(); ++i)
         Roi(i).SetSelected(0);
     roi->SetSelected(1);
-    if (image->GetListROI()->InsertTail(roi.get()) == 0) roi.release();
+    if (image->GetListROI()->InsertTail(roi.get()) < 0) return CancelRoiEdit();
+    roi.release();
     RoisEdited();
 }
 
@@ -260,26 +261,29 @@ void Document::RemoveCalibration() {
     Changed(CalibrationChanged, true);
 }
 
-void Document::Draw(HDC dc, SIZE area, const ShowImage& show) {
+bool Document::Draw(HDC dc, SIZE area, const ShowImage& show) {
     show(*image, dc, ShownTable());
-    preview.Layer().DrawOver(dc, area, show);
+    return preview.Layer().DrawOver(dc, area, show);
 }
 
 void Document::SetBands(std::vector<Band> newBands) {
     bands = std::move(newBands);
-    preview.Show(bands);
+    UpdatePreview();
     Changed(DisplayChanged | BandsChanged, true);
 }
 
 void Document::PreviewBands(bool isShown, HWND canvas) {
-    if (isShown == preview.IsOn()) return;
-    if (isShown) {
-        if (!preview.Begin(canvas)) return;
-        preview.Show(bands);
-    } else {
+    const bool wasOn = preview.IsOn();
+    previewCanvas = isShown ? canvas : nullptr;
+    UpdatePreview();
+    if (wasOn != preview.IsOn()) Changed(DisplayChanged);
+}
+
+void Document::UpdatePreview() {
+    if (!IsPreviewDue())
         preview.End();
-    }
-    Changed(DisplayChanged);
+    else if (preview.Begin(previewCanvas))
+        preview.Show(bands);
 }
 
 int Document::Channel() {

@@ -79,6 +79,7 @@ public:
     void SetSelected(CcRoiBase& roi, bool isSelected);
 
     // Edits: each is one step of the history.
+    /// Nothing has changed when the list of ROIs cannot grow, which the library tells.
     void AddRoi(std::unique_ptr<CcRoiBase> roi);
     /// The kind's name with the first number that no ROI here has: the library counts over all pictures.
     std::string FreeName(CcRoiBase& roi);
@@ -99,7 +100,8 @@ public:
     /// Display table 100 to 104; table 101 while the library's thresholding is previewed.
     unsigned short ShownTable() const { return preview.ChangesPicture() ? 101 : displayTable; }
     /// Draws the picture as it is shown, with the bands over it: `show` draws an image as the picture stands in `area`.
-    void Draw(HDC dc, SIZE area, const ShowImage& show);
+    /// False, with the bands left out, when memory is short.
+    bool Draw(HDC dc, SIZE area, const ShowImage& show);
     unsigned short DisplayTable() const { return displayTable; }
     void SetDisplayTable(unsigned short table);
     /// The few points between which a display table's channel (see GetDisplayLUT) was interpolated, by table and
@@ -134,9 +136,11 @@ public:
     // one.
     const std::vector<Band>& Bands() const { return bands; }
     void SetBands(std::vector<Band> newBands);
-    /// Shows the bands in their colours over the picture in `canvas`.
+    /// Shows the bands in their colours over the picture in `canvas`, as long as there are some.
     void PreviewBands(bool isShown, HWND canvas);
     bool IsPreviewing() const { return preview.IsOn(); }
+    /// The bands are to be shown, and memory is short.
+    bool LacksPreview() const { return IsPreviewDue() && !preview.IsOn(); }
     /// Whether the preview lies over the picture, and not in it.
     bool HasBandLayer() const { return preview.IsOn() && !preview.ChangesPicture(); }
     /// Blue, green and red of an RGB picture's pixels, or lightness, saturation and hue of an HSL picture's, also while
@@ -167,7 +171,10 @@ private:
     std::unique_ptr<CcRoiHistory> history;
     CalibrationDraft appliedDraft;
     ThresholdPreview preview;
+    HWND previewCanvas = nullptr;  ///< where the bands are to be shown, if they are
     std::vector<Band> bands;
+    bool IsPreviewDue() const { return previewCanvas && !bands.empty() && ThresholdPreview::IsPossible(*image); }
+    void UpdatePreview();
     unsigned short displayTable = 102;
     std::map<std::pair<int, int>, std::vector<tagPoints>> tableCurves;
     tagPoints shownRange = {0, 255};

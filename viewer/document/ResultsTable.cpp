@@ -61,13 +61,14 @@ ResultsTable MeasureRois(Document& document) {
     ResultsTable table;
     table.units = UnitOf(document.Image());
     const int count = document.RoiCount();
+    const bool hasBands = !document.Bands().empty() && ThresholdPreview::IsPossible(document.Image());
     std::vector<std::uint8_t> mask;
-    if (count > 0 && !document.Bands().empty()) mask = document.BandMask();
+    if (count > 0 && hasBands) mask = document.BandMask();
     for (int i = 0; i < count; ++i) {
         CcRoiBase& roi = document.Roi(i);
         ResultRow row = {roi.GetName(), KindLabel(roi), {}, true, -1};
         row.isMeasured = KestMeasureRoi(&document.Image(), &roi, &row.values) == 0;
-        if (!mask.empty()) {
+        if (hasBands) {
             const std::optional<BandCount> inBands = CountInBands(document, mask, &roi);
             row.isMeasured = row.isMeasured && inBands;
             if (inBands) row.areaInBands = inBands->area;

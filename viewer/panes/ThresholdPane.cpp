@@ -68,15 +68,12 @@ void ThresholdPane::OnShown() {
 }
 
 void ThresholdPane::Refresh(unsigned change) {
+    if (change & (BandsChanged | ChannelChosen)) NoteBands();
     if (!isInFront) return;
     if (change == EverythingChanged && document && ThresholdPreview::IsPossible(document->Image()))
         document->PreviewBands(IsChecked(IDC_BAND_SHOW), host.Canvas());
     if (change & ChannelChosen) FillChannels();
     if (change & PictureChanged) TakeScale();
-    if (document && !document->Bands().empty()) {
-        lastBands = document->Bands();
-        lastType = document->Class().type;
-    }
     if (change & (DisplayChanged | PictureChanged)) {
         ShowUnits();
         FillBands();
@@ -211,14 +208,19 @@ void ThresholdPane::AddBand() {
 }
 
 /// Bounds mean the same in pictures of one class.
-bool ThresholdPane::HasLastBands() const {
-    return document && !lastBands.empty() && lastType == document->Class().type;
+void ThresholdPane::NoteBands() {
+    if (document && !document->Bands().empty())
+        lastBands[document->Class().type] = {document->Bands(), document->Channel()};
 }
+
+bool ThresholdPane::HasLastBands() const { return document && lastBands.count(document->Class().type) > 0; }
 
 void ThresholdPane::TakeLastBands() {
     if (!HasLastBands() || !document->Bands().empty()) return;
+    const LastBands last = lastBands[document->Class().type];
     selectedBand = 0;
-    document->SetBands(lastBands);
+    document->SetChannel(last.channel);
+    document->SetBands(last.bands);
 }
 
 void ThresholdPane::ChangeBand(double low, double high) {
@@ -247,6 +249,10 @@ void ThresholdPane::ShowCount() {
     const std::optional<BandCount> count = CountInBands(*document, document->BandMask(), roi);
     if (!count) {
         SetText(IDC_BAND_COUNT, "There is not enough memory to count.");
+        return;
+    }
+    if (document->LacksPreview()) {
+        SetText(IDC_BAND_COUNT, "There is not enough memory to show the bands.");
         return;
     }
     std::string text = Format("In the bands: %lld pixels", count->pixels);

@@ -1,6 +1,7 @@
 // The threshold pane: bands of values with colours over the picture, and the mask made of them.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,8 @@ private:
     void FillBands();
     void FillSliders();
     void AddBand();
-    /// The bands of the picture that had some last are offered, never taken unasked.
+    /// The bands of the picture of a class that had some last are offered, never taken unasked.
+    void NoteBands();
     void TakeLastBands();
     bool HasLastBands() const;
     void ChangeBand(double low, double high);
@@ -50,8 +52,11 @@ private:
     Band bandAtRest;        ///< the selected band before the number at hand was typed
     std::size_t selectedBand = 0;
     SliderScale scale;
-    std::vector<Band> lastBands;
-    int lastType = KEST_IMAGE_NONE;  ///< of the picture with these bands
+    struct LastBands {
+        std::vector<Band> bands;
+        int channel;
+    };
+    std::map<int, LastBands> lastBands;  ///< by class
 };
 
 }  // namespace kestview

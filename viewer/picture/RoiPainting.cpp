@@ -75,9 +75,10 @@ std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area
     DibSection pixels(area, 24);
     if (!drawn || !pixels) return nullptr;
     RECT all = {0, 0, area.cx, area.cy};
-    document.Draw(pixels, area, [&](CcImage& image, HDC target, unsigned short table) {
+    const bool isWhole = document.Draw(pixels, area, [&](CcImage& image, HDC target, unsigned short table) {
         image.Show(target, &all, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
     });
+    if (!isWhole) return nullptr;
     // Lines and letters that are seen when all of it fills a page.
     constexpr int pixelsAcrossPage = 1000;
     const int scale = 1 + static_cast<int>(std::max(area.cx, area.cy)) / pixelsAcrossPage;

@@ -41,6 +41,8 @@ class BackBuffer {
 public:
     BackBuffer(HDC target, SIZE newSize);
 
+    /// False when memory is short.
+    explicit operator bool() const { return dc && bitmap; }
     operator HDC() const { return dc; }
     void CopyTo(HDC target) const { BitBlt(target, 0, 0, size.cx, size.cy, dc, 0, 0, SRCCOPY); }
 
