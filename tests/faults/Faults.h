@@ -43,7 +43,8 @@ struct Scene {
     std::function<std::string()> state;  ///< all that the operation may change, as bytes
 };
 
-/// What an operation may do besides "failed and changed nothing" and "succeeded wholly".
+/// What an operation may do besides "failed and changed nothing" and "succeeded wholly". Those with SilentIfOpen or Told save
+/// a file: when the disk does not take it they show a box.
 enum Allowance : unsigned {
     Nothing = 0,
     PartlyDone = 1,    ///< a failure may leave it half done: streams, drawings, what is replaced

@@ -43,6 +43,8 @@ std::string WhatIsWrong(const Operation& operation, const std::string& group, in
         if ((operation.allowed & Allowance::Told) && boxes > 0 && after == before) return {};
         return "says " + std::to_string(result) + " but left " + Show(after) + " instead of " + Show(whole);
     }
+    const bool isSave = (operation.allowed & (Allowance::SilentIfOpen | Allowance::Told)) != 0;
+    if (isSave && group == "write" && boxes == 0) return "failed with " + std::to_string(result) + ", but told nobody";
     if (after == before || (operation.allowed & Allowance::PartlyDone)) return {};
     return "failed with " + std::to_string(result) + " and changed " + Show(before) + " to " + Show(after);
 }
