@@ -12,8 +12,7 @@ if(NOT WIN32)
   target_link_libraries(test_kernels PRIVATE kest_kernels kest_options gtest_main)
   target_include_directories(test_kernels PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_options(test_kernels PRIVATE -O1)
-  target_precompile_headers(test_kernels PRIVATE
-    <gtest/gtest.h> <algorithm> <array> <cmath> <cstring> <functional> <memory> <random> <span> <string> <vector>)
+  target_precompile_headers(test_kernels PRIVATE tests/support/KernelTests.h)
   add_test(NAME native.kernels COMMAND test_kernels)
   set_tests_properties(native.kernels PROPERTIES TIMEOUT 600)
   # The programmer's guide shows the programs as they are.
@@ -31,7 +30,7 @@ target_compile_definitions(kest_test_support PUBLIC
   KEST_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data" KEST_PRINTED_PAGE="${CMAKE_BINARY_DIR}/printed-page.bmp")
 
 # What every test file reads first is read once.
-target_precompile_headers(kest_test_support PRIVATE <gtest/gtest.h> <KestApi.h> <functional> <fstream> <memory>)
+target_precompile_headers(kest_test_support PRIVATE tests/support/ClassTests.h)
 
 foreach(part IN LISTS KEST_PARTS)
   file(GLOB sources CONFIGURE_DEPENDS tests/${part}/*_test.cpp tests/${part}/kernel/*_test.cpp)

@@ -1,17 +1,7 @@
 // The calibration: defaults, precision, a camera over a tilted plane, ".cal" files, and its link to images.
-#include "CcCalibration.h"
+#include "support/ClassTests.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <string>
-#include <vector>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-
-using test::Bytes;
-using test::TemporaryFile;
+using namespace test;
 
 namespace {
 
@@ -135,7 +125,7 @@ TEST(CcCalibration, MeasuresOnATiltedPlane) {
     picture.MakeBlankBMP(Camera::height, Camera::width, 0, "plane");
     ASSERT_EQ(picture.SetCalibrationObject(&calibration), 0);
     KestRoiMeasurement measured;
-    ASSERT_EQ(KestMeasureRoi(&picture, test::Boxed<CcRoiRect>({190, 359, 449, 120}).get(), &measured), 0);
+    ASSERT_EQ(KestMeasureRoi(&picture, Boxed<CcRoiRect>({190, 359, 449, 120}).get(), &measured), 0);
     const tagPoints corners[] = {Camera::WorldAt(189.5, 119.5), Camera::WorldAt(449.5, 119.5),
                                  Camera::WorldAt(449.5, 359.5), Camera::WorldAt(189.5, 359.5)};
     double twice = 0;
@@ -195,9 +185,9 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     }
     EXPECT_EQ(calibration.Open("no such file.cal"), -1);
     EXPECT_EQ(calibration.Save("no such folder\\x.cal"), -1);
-    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_TRUE(TakeBoxes().empty());
     EXPECT_EQ(calibration.Save(R"(Z:\dev\full)"), 0);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"File I/O Error", "Problem writing calibration to file"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"File I/O Error", "Problem writing calibration to file"}}));
 
     // Numbers of every kind are kept as they are.
     constexpr float wild[] = {NAN, INFINITY, 1e38F, -1e38F};
@@ -216,7 +206,7 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     calibration.SetName("");
     EXPECT_EQ(calibration.Save(nullptr), -1);
     EXPECT_EQ(calibration.Open(nullptr), -1);
-    const auto shown = test::TakeFileDialogs();
+    const auto shown = TakeFileDialogs();
     ASSERT_EQ(shown.size(), 3U);
     EXPECT_EQ(shown[0].name, "Bench.cal");
     EXPECT_EQ(shown[1].name, "*.cal");

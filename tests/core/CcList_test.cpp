@@ -1,18 +1,7 @@
 // The object list: cursors, inserts, deletes, growth, streams, and positions that came from a stream that lies.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <climits>
-#include <string>
-
-#include "support/Census.h"
-#include "support/Dialogs.h"
-#include "support/KnownRois.h"
-#include "support/Streams.h"
-
-using test::Bytes;
-using test::HandMade;
-using test::ListBag;
-using test::Record;
+using namespace test;
 
 namespace {
 
@@ -149,7 +138,7 @@ TEST(CcList, GrowsInTimeAndStaysInsideTheArray) {
     EXPECT_EQ(list.GetAtIndex(99), &number);
 
     CcList none(0, 1);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Memory Error", "Can't Lock Memory for List Object"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Memory Error", "Can't Lock Memory for List Object"}}));
     EXPECT_EQ(none.InsertTail(&number), 0);
 
     OpenList tiny(1, 1);
@@ -163,7 +152,7 @@ TEST(CcList, GrowsInTimeAndStaysInsideTheArray) {
 }
 
 TEST(CcList, StreamFormToTheByteAndBack) {
-    const auto first = test::Boxed<CcRoiRect>({1, 9, 5, 2}), second = test::Boxed<CcRoiRect>({});
+    const auto first = Boxed<CcRoiRect>({1, 9, 5, 2}), second = Boxed<CcRoiRect>({});
     first->SetName("one");
     second->SetName("two");
     CcList list;
@@ -172,16 +161,16 @@ TEST(CcList, StreamFormToTheByteAndBack) {
     list.InsertTail(second.get());
     list.SelectObjectAtIndex(0);
     const auto rectRecord = [](const char* name, int left, int top, int right, int bottom) {
-        Bytes bag = Bytes().I32(1).Add(test::PropertyEntry("CcRoiRect::stImageRect", 5, 0, 16));
+        Bytes bag = Bytes().I32(1).Add(PropertyEntry("CcRoiRect::stImageRect", 5, 0, 16));
         bag.I32(16).I32(left).I32(top).I32(right).I32(bottom);
         return Record("CcRoiRect", name, Record("CcPropertyBag", "", bag));
     };
     const Bytes expected = Record(
         "CcList", "rois", ListBag(0, 2, 0, 0).Add(rectRecord("one", 1, 9, 5, 2)).Add(rectRecord("two", 0, 0, 0, 0)));
-    EXPECT_EQ(test::StoredBytes(list), expected);
-    const auto loaded = test::Made<CcList>(expected);
+    EXPECT_EQ(StoredBytes(list), expected);
+    const auto loaded = Made<CcList>(expected);
     ASSERT_NE(loaded, nullptr);
-    EXPECT_EQ(test::StoredBytes(*loaded), expected);
+    EXPECT_EQ(StoredBytes(*loaded), expected);
     loaded->SetDestructionType(1);
 
     CcString text;
@@ -195,7 +184,7 @@ TEST(CcList, StreamFormToTheByteAndBack) {
 TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     const Bytes bag = Record("CcPropertyBag", "", Bytes().I32(0).I32(0));
     const auto record = [](const Bytes& member, int count) {
-        const Bytes dib = Bytes().I32(1).Add(test::PropertyEntry("DIB_SIZE", 1, 0, 4)).I32(4).I32(40);
+        const Bytes dib = Bytes().I32(1).Add(PropertyEntry("DIB_SIZE", 1, 0, 4)).I32(4).I32(40);
         return Record("CcGrayImage256", "i",
                       Record("CcPropertyBag", "", dib).Add(Record("CcList", "", ListBag(0, count, -1, 0).Add(member))));
     };
@@ -203,18 +192,18 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     Bytes nested = bag;
     for (int depth = 0; depth < 5; ++depth) nested = Record("CcList", "", ListBag(0, 2, -1, 0).Add(nested).Add(bag));
     CcRoiRect rect;
-    const Bytes roi = test::StoredBytes(rect);
+    const Bytes roi = StoredBytes(rect);
     // The last one breaks off behind a nested list.
     const Bytes breaksOff = Record("CcList", "", ListBag(0, 3, -1, 0).Add(nested));
-    test::Census before;
+    Census before;
     for (int round = 0; round < 3; ++round) {
-        if (round == 1) before = test::TakeCensus();
+        if (round == 1) before = TakeCensus();
         CcHLObject* made = nullptr;
         for (const Bytes& bad : {record(bag, 2), record(nested, 2), record(Bytes(roi).Add(nested), 2), breaksOff})
             EXPECT_LT(HandMade(bad).stream.GetNextObject(&made), 0);
     }
-    EXPECT_EQ(test::TakeCensus(), before);
-    const auto loaded = test::Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));
+    EXPECT_EQ(TakeCensus(), before);
+    const auto loaded = Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));
     ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(loaded->GetListROI()->GetNumberOfObjects(), 2);
 }

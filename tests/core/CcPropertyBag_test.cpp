@@ -1,14 +1,7 @@
 // The property bag: values, growth, its form in a stream, and streams that lie.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <climits>
-#include <cstring>
-#include <string>
-
-#include "support/Streams.h"
-
-using test::Bytes;
-using test::PropertyEntry;
+using namespace test;
 
 namespace {
 
@@ -19,12 +12,12 @@ struct OpenBag : CcPropertyBag {
     using CcPropertyBag::iPropTableSize;
 };
 
-int LoadFrom(OpenBag& bag, const Bytes& bytes) { return bag.Load(test::HandMade(bytes).Stream()); }
+int LoadFrom(OpenBag& bag, const Bytes& bytes) { return bag.Load(HandMade(bytes).Stream()); }
 
 Bytes StoredData(CcPropertyBag& bag) {
     CcMemObjectStorage stream;
     EXPECT_EQ(bag.Store(&stream), 0);
-    return test::ContentOf(stream);
+    return ContentOf(stream);
 }
 
 }  // namespace
@@ -138,7 +131,7 @@ TEST(CcPropertyBag, ABlobThatStaysWhereItIs) {
     EXPECT_EQ(referring.ReferToBlob("b", blob.data(), 150000), 0);
     EXPECT_EQ(referring.iPropBufferSize, 100000);
     for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(test::StoredBytes(referring), test::StoredBytes(copied));
+        EXPECT_EQ(StoredBytes(referring), StoredBytes(copied));
         std::string back(150000, 0);
         EXPECT_EQ(referring.GetBlob("b", back.data(), 150000), 0);
         EXPECT_EQ(back, blob);

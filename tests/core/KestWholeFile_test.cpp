@@ -1,13 +1,5 @@
 // Files that are replaced only by whole ones: what becomes of the old file, of its readers, and of the folder.
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include <cstring>
-#include <fstream>
-#include <string>
-
-#include "KestApi.h"
-#include "support/Bytes.h"
+#include "support/ClassTests.h"
 
 namespace {
 

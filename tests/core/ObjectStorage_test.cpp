@@ -1,22 +1,11 @@
 // Object streams in memory and in files: records to the byte, positions, result codes, and streams that lie.
-#include <gtest/gtest.h>
-#include <windows.h>
+#include "support/ClassTests.h"
 
-#include <climits>
-#include <cstring>
-#include <string>
-
-#include "support/Streams.h"
-
-using test::Bytes;
-using test::ContentOf;
-using test::HandMade;
-using test::ListBag;
-using test::Record;
+using namespace test;
 
 namespace {
 
-Bytes BagData(int value) { return Bytes().I32(1).Add(test::PropertyEntry("v", 0, 0, 4)).I32(4).I32(value); }
+Bytes BagData(int value) { return Bytes().I32(1).Add(PropertyEntry("v", 0, 0, 4)).I32(4).I32(value); }
 
 }  // namespace
 
@@ -77,10 +66,10 @@ TEST(ObjectStorage, RecordToTheByteAndBack) {
     bag.SetName("my bag");
     bag.PutInt("v", 77);
     const Bytes expected = Record("CcPropertyBag", "my bag", BagData(77));
-    EXPECT_EQ(test::StoredBytes(bag), expected);
-    const auto made = test::Made<CcPropertyBag>(expected);
+    EXPECT_EQ(StoredBytes(bag), expected);
+    const auto made = Made<CcPropertyBag>(expected);
     ASSERT_NE(made, nullptr);
-    EXPECT_EQ(test::StoredBytes(*made), expected);
+    EXPECT_EQ(StoredBytes(*made), expected);
 
     HandMade hand(expected);
     CcPropertyBag existing;
@@ -150,8 +139,8 @@ TEST(ObjectStorage, StreamsThatLie) {
         EXPECT_EQ(HandMade(record).stream.GetNextObject(&made), result);
     // A name that fills its field ends there.
     CcPropertyBag bag;
-    EXPECT_EQ(test::LoadRecord(bag, noFooter), -4);
-    EXPECT_EQ(test::LoadRecord(bag, Record("CcPropertyBag", std::string(50, 'n'), BagData(1))), 0);
+    EXPECT_EQ(LoadRecord(bag, noFooter), -4);
+    EXPECT_EQ(LoadRecord(bag, Record("CcPropertyBag", std::string(50, 'n'), BagData(1))), 0);
     EXPECT_EQ(std::string(bag.GetName()), std::string(50, 'n'));
     for (std::size_t cut = 0; cut < good.size(); cut += 13) {
         Bytes head;
@@ -162,7 +151,7 @@ TEST(ObjectStorage, StreamsThatLie) {
 }
 
 TEST(CcFileObjectStorage, OpeningAndResultCodes) {
-    const test::TemporaryFile file("stream.ost");
+    const TemporaryFile file("stream.ost");
     CcFileObjectStorage stream;
     char bytes[4] = {};
     EXPECT_EQ(stream.Open(nullptr, GENERIC_READ), -2);
@@ -229,7 +218,7 @@ TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
     struct Handle : CcFileObjectStorage {
         static HANDLE& Of(CcFileObjectStorage& stream) { return stream.*&Handle::hFile; }
     };
-    const test::TemporaryFile file("objects.ost", {});
+    const TemporaryFile file("objects.ost", {});
     CcFileObjectStorage onDisk;
     ASSERT_EQ(onDisk.Open(file.Path(), GENERIC_READ), 0);
     std::swap(Handle::Of(onDisk), Handle::Of(stream));
@@ -244,7 +233,7 @@ TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
 
 TEST(CcFileObjectStorage, FileHoldsWhatTheMemoryStreamHolds) {
     const Bytes longOld = Bytes().Fill(5000, 0xEE);
-    const test::TemporaryFile file("objects.ost", longOld);
+    const TemporaryFile file("objects.ost", longOld);
     CcPropertyBag small, large;
     small.SetName("small");
     small.PutInt("v", 5);

@@ -1,15 +1,12 @@
 // The root class, the value objects, and the slot order that hosts' own classes rely on.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <string>
-
-#include "KestApi.h"
-#include "support/Slots.h"
+using namespace test;
 
 TEST(CcHLObject, SlotOrder) {
-    test::ExpectSlots(1, &CcHLObject::Load, &CcHLObject::Store, &CcHLObject::GetClassNameA, &CcHLObject::GetObjectName,
+    ExpectSlots(1, &CcHLObject::Load, &CcHLObject::Store, &CcHLObject::GetClassNameA, &CcHLObject::GetObjectName,
                       &CcHLObject::SetObjectName);
-    test::ExpectSlots(1, &CcObjectStorage::Read, &CcObjectStorage::Write, &CcObjectStorage::SetPos,
+    ExpectSlots(1, &CcObjectStorage::Read, &CcObjectStorage::Write, &CcObjectStorage::SetPos,
                       &CcObjectStorage::GetPos);
 }
 

@@ -1,17 +1,8 @@
 // Makes the platform fail under the library.
-#include "faults/Faults.h"
-
-#include <windows.h>
-
 #include <commdlg.h>
 
-#include <array>
-#include <cstdlib>
-#include <cstring>
-#include <sstream>
-#include <utility>
-
-#include "support/Census.h"
+#include "faults/Faults.h"
+#include "support/ClassTests.h"
 #include "support/Imports.h"
 
 namespace test {

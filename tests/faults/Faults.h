@@ -2,9 +2,7 @@
 // while the system's own calls of the same functions go on as ever.
 #pragma once
 
-#include <functional>
-#include <string>
-#include <vector>
+#include "support/ClassTests.h"
 
 namespace test {
 

@@ -1,21 +1,11 @@
 // Every public operation while the platform fails: the k-th call of each kind, alone and for good. An operation that then
 // reports success has done all of its work; one that reports failure has changed nothing (or, where it cannot, says so in
 // the table); nobody crashes, and everything that was taken is given back.
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <map>
-
 #include "faults/Faults.h"
+#include "support/ClassTests.h"
 #include "support/RunningStep.h"
 
-using test::Allowance;
-using test::Fault;
-using test::FaultGroup;
-using test::Operation;
-using test::Scene;
+using namespace test;
 
 namespace {
 
@@ -53,12 +43,12 @@ std::string WhatIsWrong(const Operation& operation, const std::string& group, in
 std::vector<FaultGroup> Rehearse(const Operation& operation, std::string& before, std::string& whole) {
     const Scene scene = operation.make();
     before = scene.state();
-    test::Arm({});
+    Arm({});
     const int result = scene.run();
-    const std::vector<FaultGroup> groups = test::Disarm();
+    const std::vector<FaultGroup> groups = Disarm();
     whole = scene.state();
     EXPECT_GE(result, 0) << operation.name << " fails by itself";
-    EXPECT_EQ(test::TakeBoxCount(), 0) << operation.name;
+    EXPECT_EQ(TakeBoxCount(), 0) << operation.name;
     return groups;
 }
 
@@ -66,25 +56,25 @@ void Try(const Operation& operation, Trials& trials) {
     std::string before, whole;
     Rehearse(operation, before, whole);  // pens, fonts and the like that stay are made now
     const std::vector<FaultGroup> groups = Rehearse(operation, before, whole);
-    const std::string ledger = test::Ledger();
+    const std::string ledger = Ledger();
     for (int group = 0; group < static_cast<int>(groups.size()); ++group) {
         const FaultGroup& kind = groups[static_cast<std::size_t>(group)];
         for (int call = 1; call <= kind.calls; ++call)
             for (const bool stays : {false, true}) {
                 const std::string name =
                     operation.name + ", " + kind.name + " call " + std::to_string(call) + (stays ? " and all behind" : "");
-                test::runningStep = name;
+                runningStep = name;
                 std::string wrong;
                 {
                     const Scene scene = operation.make();
-                    test::Arm({group, call, stays});
+                    Arm({group, call, stays});
                     const int result = scene.run();
-                    test::Disarm();
-                    const int boxes = test::TakeBoxCount();
+                    Disarm();
+                    const int boxes = TakeBoxCount();
                     wrong = WhatIsWrong(operation, kind.name, result, boxes, before, whole, scene.state());
                 }
-                test::TakeBoxCount();
-                const std::string now = test::Ledger();
+                TakeBoxCount();
+                const std::string now = Ledger();
                 if (now != ledger) wrong += " left " + now + " of " + ledger;
                 ++trials.byGroup[kind.name];
                 if (wrong.empty()) continue;
@@ -96,7 +86,7 @@ void Try(const Operation& operation, Trials& trials) {
 }
 
 void TryAll(const std::vector<Operation>& operations) {
-    test::PatchLibrary();
+    PatchLibrary();
     Trials trials;
     const char* const only = std::getenv("KEST_FAULT_OPERATION");
     for (const Operation& operation : operations)
@@ -111,8 +101,8 @@ void TryAll(const std::vector<Operation>& operations) {
 
 }  // namespace
 
-TEST(Faults, Images) { TryAll(test::ImageOperations()); }
+TEST(Faults, Images) { TryAll(ImageOperations()); }
 
-TEST(Faults, Rois) { TryAll(test::RoiOperations()); }
+TEST(Faults, Rois) { TryAll(RoiOperations()); }
 
-TEST(Faults, StreamsListsCalibrationGraphsTools) { TryAll(test::OtherOperations()); }
+TEST(Faults, StreamsListsCalibrationGraphsTools) { TryAll(OtherOperations()); }

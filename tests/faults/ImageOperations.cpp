@@ -1,7 +1,7 @@
 // The operations of the seven image classes.
-#include <type_traits>
 
 #include "faults/Scenes.h"
+#include "support/ClassTests.h"
 
 namespace test {
 namespace {

@@ -1,12 +1,8 @@
 // What the operations work on, and what they leave, as bytes.
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "faults/Faults.h"
-#include "image/Support.h"
-#include "support/TestWindow.h"
+#include "support/ClassTests.h"
 
 namespace test {
 

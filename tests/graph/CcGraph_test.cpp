@@ -1,17 +1,14 @@
 // The settings of a graph: corrections and their boxes, and appearance files to the byte.
-#include "CcGraph.h"
+#include "graph/GraphScene.h"
+#include "support/ClassTests.h"
 
-#include "graph/Support.h"
-#include "support/Bytes.h"
-#include "support/Dialogs.h"
+using namespace test;
 
 namespace {
 
-using test::Box;
-
 /// The file of a fresh graph, but for the plot and its anchor, written by hand.
-test::Bytes DefaultAppearance() {
-    test::Bytes bytes;
+Bytes DefaultAppearance() {
+    Bytes bytes;
     for (const int field : {1, -1, 1, 1, 11, 12, -13, 14}) bytes.I32(field);
     for (const float value : {0.0F, 0.0F, 500.0F, 0.0F, 0.0F, 500.0F}) bytes.F32(value);
     for (const int field : {21, 22, 23, 24, 1, 0, 1, 0, 3, 3, 3, 3}) bytes.I32(field);
@@ -37,16 +34,16 @@ TEST(CcGraph, SettingsAreCorrectedAndKept) {
         {"Error", "The Minimum and Maximum values cannot be equal."}};
     CcGraph graph;
     EXPECT_EQ(graph.SetMinMaxValues(0, 0, 0, 10, 0, 7, 0, -1), 0);
-    EXPECT_EQ(test::TakeBoxes(), corrections);
+    EXPECT_EQ(TakeBoxes(), corrections);
     float r[4];
     int p[4];
     graph.GetMinMaxValues(r, r + 1, r + 2, r + 3, p, p + 1, p + 2, p + 3);
     EXPECT_EQ(std::vector<float>(r, r + 4), (std::vector<float>{0, 1, 0, 10}));
     EXPECT_EQ(std::vector<int>(p, p + 4), (std::vector<int>{0, 2, 0, 2}));
     graph.SetMinMaxValues(5, -5, 7, 7, -3, -9, 4, 6);
-    EXPECT_EQ(test::TakeBoxes(), corrections);
+    EXPECT_EQ(TakeBoxes(), corrections);
     graph.SetMinMaxValues(5, -5, 7, 8, -3, 0, 4, 5);
-    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_TRUE(TakeBoxes().empty());
 
     graph.SetGridMarkings(1, 2, 3, 4, 5, 6, 7, 8);
     int g[8];
@@ -68,38 +65,38 @@ TEST(CcGraph, SettingsAreCorrectedAndKept) {
 }
 
 TEST(CcGraph, AppearanceFileToTheByte) {
-    test::OpenGraph graph;
+    OpenGraph graph;
     for (int i = 0; i < 4; ++i) graph.stMapOrigins[i] = (11 + i) * (i == 2 ? -1 : 1);
     graph.SetPlot(21, 22, 23, 24);
-    const test::TemporaryFile file("appearance.gap", test::Bytes().Fill(9000, 7));
+    const TemporaryFile file("appearance.gap", Bytes().Fill(9000, 7));
     EXPECT_EQ(graph.SaveAppearance(file.Path()), 0);
-    const test::Bytes expected = DefaultAppearance();
+    const Bytes expected = DefaultAppearance();
     EXPECT_EQ(file.Content(), expected);
 
     // Every field is told apart: a file of other bytes comes back as it was.
-    test::Bytes other;
+    Bytes other;
     for (int i = 0; i < 3560; ++i) other.U8(static_cast<unsigned>(i * 31 % 113 + 1));
     for (const int end : {183, 263, 343}) other[end] = 0;
     for (int i = 0; i < 100; ++i) other[360 + 32 * i + 31] = 0;
-    for (const test::Bytes& bytes : {other, expected}) {
-        const test::TemporaryFile source("source.gap", bytes);
+    for (const Bytes& bytes : {other, expected}) {
+        const TemporaryFile source("source.gap", bytes);
         EXPECT_EQ(graph.RestoreAppearance(source.Path()) + graph.SaveAppearance(file.Path()), 0);
         EXPECT_EQ(file.Content(), bytes);
     }
 
-    const test::TemporaryFile shorter("short.gap", test::Bytes().Fill(3559, 'x'));
+    const TemporaryFile shorter("short.gap", Bytes().Fill(3559, 'x'));
     EXPECT_EQ(graph.RestoreAppearance(shorter.Path()), -1);
     EXPECT_EQ(Title(graph), "Title of Graph");
     // Texts without an end stop with their fields.
-    const test::TemporaryFile endless("endless.gap", test::Bytes().Fill(4000, 'x'));
+    const TemporaryFile endless("endless.gap", Bytes().Fill(4000, 'x'));
     EXPECT_EQ(graph.RestoreAppearance(endless.Path()), 0);
     EXPECT_EQ(Title(graph), std::string(79, 'x'));
 
     EXPECT_EQ(graph.RestoreAppearance("no\\such.gap") + graph.SaveAppearance("no\\such.gap"), -2);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<Box>{{"Error...", "Can't open file:no\\such.gap for reading"},
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error...", "Can't open file:no\\such.gap for reading"},
                                                    {"Error...", "Can't open file:no\\such.gap for saving"}}));
     EXPECT_EQ(graph.SaveAppearance(R"(Z:\dev\full)"), 0);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<Box>{{"Error...", R"(Can't write file:Z:\dev\full)"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error...", R"(Can't write file:Z:\dev\full)"}}));
     EXPECT_EQ(graph.SaveAppearance(std::string(900, 'p').c_str()) + graph.RestoreAppearance(nullptr), -2);
-    EXPECT_EQ(test::TakeBoxes().size(), 2U);
+    EXPECT_EQ(TakeBoxes().size(), 2U);
 }

@@ -1,26 +1,22 @@
 // The settings dialogs, operated with the keyboard as a person would, and looked at for what a person would see.
-#include <array>
 #include <cctype>
-#include <limits>
-#include <set>
 
-#include "graph/Support.h"
+#include "graph/GraphScene.h"
 #include "graph/resources/DialogIds.h"
-#include "support/Bytes.h"
-#include "support/Census.h"
+#include "support/ClassTests.h"
 #include "support/DialogUser.h"
-#include "support/Dialogs.h"
+
+using namespace test;
 
 namespace {
 
-using test::DialogUser;
 using ShowDialog = int (CcGraph::*)();
 
 /// Opens a dialog over a window, has it operated, and sees that it is closed by then.
 void Operate(CcGraph& graph, ShowDialog show, const std::function<void(DialogUser&)>& operate) {
-    test::TestWindow host(400, 300);
+    TestWindow host(400, 300);
     bool shown = false;
-    test::OperateNextDialog([&](HWND dialog) {
+    OperateNextDialog([&](HWND dialog) {
         shown = true;
         SetForegroundWindow(dialog);
         DialogUser user(dialog);
@@ -34,7 +30,7 @@ void Operate(CcGraph& graph, ShowDialog show, const std::function<void(DialogUse
 
 /// All that a dialog may change in a graph.
 std::vector<std::uint8_t> SettingsOf(CcGraph& graph) {
-    const test::TemporaryFile file("settings.gap", {});
+    const TemporaryFile file("settings.gap", {});
     graph.SaveAppearance(file.Path());
     return file.Content();
 }
@@ -44,7 +40,7 @@ TEST(GraphDialogs, TitlesAreTypedWithTheKeyboardAlone) {
     graph.SetGraphText("Old", "Dose", "Effect");
     Operate(graph, &CcGraph::ShowDLBTitle, [](DialogUser& user) {
         EXPECT_EQ(user.Focus(), IDC_TITLE);
-        const test::Picture before = user.Look(IDC_PREVIEW);
+        const Picture before = user.Look(IDC_PREVIEW);
         user.PressAlt('Y');
         EXPECT_EQ(user.Focus(), IDC_Y_TEXT);
         user.Type("Effect 100%");
@@ -103,7 +99,7 @@ TEST(GraphDialogs, MarkingsFollowCountsAndBoxes) {
         const auto isChecked = [&](int id) { return SendMessageA(user.Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; };
         EXPECT_TRUE(isChecked(IDC_X_MAJOR_LINES) && isChecked(IDC_X_MINOR_LINES));
         EXPECT_FALSE(isChecked(IDC_Y_MAJOR_LINES) || isChecked(IDC_Y_MINOR_LINES));
-        const test::Picture before = user.Look(IDC_PREVIEW);
+        const Picture before = user.Look(IDC_PREVIEW);
         user.PressAlt('L');
         user.GoTo(IDC_Y_MAJOR_LINES);
         user.Press(VK_SPACE);
@@ -123,7 +119,7 @@ TEST(GraphDialogs, MarkingsFollowCountsAndBoxes) {
 struct CurvesToStyle {
     CcGraph graph;
     CcList list;
-    test::Curve first{{{0, 0}, {500, 500}}, PS_SOLID, 0, INT_MAX}, second{{{0, 0}, {500, 500}}, PS_DASH, 0x030201, 9};
+    Curve first{{{0, 0}, {500, 500}}, PS_SOLID, 0, INT_MAX}, second{{{0, 0}, {500, 500}}, PS_DASH, 0x030201, 9};
 
     CurvesToStyle() {
         second.SetName("Gamma");
@@ -158,7 +154,7 @@ TEST(GraphDialogs, LinesOfCurvesAndDefaultsAreChosen) {
         user.Press(VK_DOWN);
         EXPECT_EQ(user.Text(IDC_STYLE), "Dotted");
 
-        test::OperateNextDialog([&](HWND dialog) {
+        OperateNextDialog([&](HWND dialog) {
             constexpr int red = 706, green = 707, blue = 708;
             DialogUser colours(dialog);
             EXPECT_EQ(colours.Text(blue), "3");
@@ -198,7 +194,7 @@ int WidthOfText(HWND control) {
     const kest::WindowDc dc(control);
     const kest::SelectedObject font(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)));
     RECT extent = {};
-    DrawTextA(dc, test::TextOf(control).c_str(), -1, &extent, DT_CALCRECT | DT_SINGLELINE);
+    DrawTextA(dc, TextOf(control).c_str(), -1, &extent, DT_CALCRECT | DT_SINGLELINE);
     return extent.right;
 }
 
@@ -212,7 +208,7 @@ void LookOver(const DialogUser& user) {
     std::set<char> shortcuts;
     std::vector<RECT> taken;
     for (const HWND control : user.Controls()) {
-        const std::string text = test::TextOf(control);
+        const std::string text = TextOf(control);
         const bool isButton = IsOfClass(control, "BUTTON");
         const bool isGroup = isButton && (GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
         RECT place;
@@ -233,22 +229,22 @@ TEST(GraphDialogs, AreLaidOutLeaveNothingBehindAndNeedTheirTemplates) {
     CurvesToStyle made;
     int gdiObjects = 0;
     for (int round = 0; round < 2; ++round) {
-        if (round == 1) gdiObjects = test::TakeCensus().gdiObjects;
+        if (round == 1) gdiObjects = TakeCensus().gdiObjects;
         for (const ShowDialog show : allDialogs)
             Operate(made.graph, show, [](DialogUser& user) {
                 LookOver(user);
                 user.Click(IDCANCEL);
             });
     }
-    EXPECT_EQ(test::TakeCensus().gdiObjects, gdiObjects);
+    EXPECT_EQ(TakeCensus().gdiObjects, gdiObjects);
     EXPECT_EQ(made.list.GetCurrentObjectsIndex(), 0);
 
-    test::OpenGraph noTemplates;
+    OpenGraph noTemplates;
     noTemplates.hResourceLibrary.Adopt(LoadLibraryA("Kernel32.dll"));
     std::vector<std::string> told;
     for (const ShowDialog show : allDialogs) {
         EXPECT_EQ((noTemplates.*show)(), 0);
-        for (const test::Box& box : test::TakeBoxes()) told.push_back(box.caption + '|' + box.text);
+        for (const Box& box : TakeBoxes()) told.push_back(box.caption + '|' + box.text);
     }
     EXPECT_EQ(told, (std::vector<std::string>{
                         "Error...|Can't open dialog:Graph Titles", "Error...|Can't open dialog:Axis Ranges",
@@ -281,12 +277,12 @@ struct FolderWithoutTemplates {
 TEST(GraphDialogs, TemplatesInTheCurrentFolderAreTheLastThatAreTried) {
     {
         const FolderWithoutTemplates folder(true);
-        test::OpenGraph graph;
+        OpenGraph graph;
         EXPECT_FALSE(graph.hResourceLibrary || GetModuleHandleA(folder.planted));
         Operate(graph, &CcGraph::ShowDLBTitle, [](DialogUser& user) { user.Click(IDCANCEL); });
         EXPECT_TRUE(GetModuleHandleA(folder.planted));
         MoveFileA(folder.away, folder.kept);
-        test::OpenGraph another;
+        OpenGraph another;
         char path[MAX_PATH];
         GetModuleFileNameA(another.hResourceLibrary, path, sizeof path);
         EXPECT_EQ(lstrcmpiA(path, folder.kept), 0) << path;
@@ -294,13 +290,13 @@ TEST(GraphDialogs, TemplatesInTheCurrentFolderAreTheLastThatAreTried) {
     const FolderWithoutTemplates folder(false);
     CcGraph graph;
     for (const ShowDialog show : allDialogs) EXPECT_EQ((graph.*show)(), -1);
-    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_TRUE(TakeBoxes().empty());
 }
 
 TEST(GraphDialogs, TheHostChangesTheCurvesAndDeletesTheGraph) {
     // A program that operates the dialog selects nothing; then the second curve is deleted.
     CurvesToStyle made;
-    auto deleted = std::make_unique<test::Curve>(made.second);
+    auto deleted = std::make_unique<Curve>(made.second);
     made.list.DeleteAtIndex(1);
     made.list.InsertAtIndex(deleted.get(), 1);
     made.list.SelectObjectAtIndex(1);
@@ -337,7 +333,7 @@ TEST(GraphDialogs, TheHostChangesTheCurvesAndDeletesTheGraph) {
             user.Look(IDC_PREVIEW);
             graph.reset();
             user.Look(IDC_PREVIEW);
-            test::PumpMessages(50);
+            PumpMessages(50);
         });
     }
 }

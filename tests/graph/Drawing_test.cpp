@@ -1,14 +1,10 @@
 // Drawing a graph: its pixels against a picture drawn line by line, its texts as an enhanced metafile records them,
 // what it leaves of the device context, and settings and data that nothing can be drawn from.
-#include <climits>
-#include <limits>
-#include <random>
-#include <sstream>
-
-#include "graph/Support.h"
+#include "graph/GraphScene.h"
 #include "graph/kernel/GraphLayout.h"
-#include "support/Bytes.h"
-#include "support/Dialogs.h"
+#include "support/ClassTests.h"
+
+using namespace test;
 
 namespace {
 
@@ -40,7 +36,7 @@ struct Recording {
 };
 
 /// The texts of a drawing, as an enhanced metafile of it lists them.
-std::vector<std::string> TextsOf(test::GraphScene& scene) {
+std::vector<std::string> TextsOf(GraphScene& scene) {
     const HDC dc = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
     SelectObject(dc, scene.font);
     EXPECT_EQ(scene.graph.ShowGraph(scene.window, dc, 0), 0);
@@ -53,11 +49,11 @@ std::vector<std::string> TextsOf(test::GraphScene& scene) {
 
 /// Draws in device units, without any mapping. Positions are data.
 struct Plain {
-    test::GraphScene& scene;
+    GraphScene& scene;
     kest::GdiObject<HPEN> dotted{CreatePen(PS_DOT, 1, black)};
-    test::MemoryPicture paper{scene.paperWidth, scene.paperHeight, white};
+    MemoryPicture paper{scene.paperWidth, scene.paperHeight, white};
 
-    explicit Plain(test::GraphScene& of) : scene(of) { SetBkMode(paper, TRANSPARENT); }
+    explicit Plain(GraphScene& of) : scene(of) { SetBkMode(paper, TRANSPARENT); }
     void Stroke(HGDIOBJ pen, POINT from, POINT to) {
         SelectObject(paper, pen);
         MoveToEx(paper, scene.X(from.x), scene.Y(from.y), nullptr);
@@ -80,7 +76,7 @@ struct Plain {
 };
 
 /// Pixels outside a rectangle whose colour lies in a range.
-int CountOutside(const test::Picture& picture, const RECT& inside, unsigned lowest, unsigned highest) {
+int CountOutside(const Picture& picture, const RECT& inside, unsigned lowest, unsigned highest) {
     int count = 0;
     for (int y = 0; y < picture.height; ++y)
         for (int x = 0; x < picture.width; ++x) {
@@ -106,9 +102,9 @@ std::vector<INT_PTR> StateOf(HDC dc) {
 }  // namespace
 
 TEST(GraphDrawing, GridLinesAndCurves) {
-    test::GraphScene scene;
-    test::Curve lines({{0, 0}, {100, 300}, {250, 900}, {400, 50}}, PS_SOLID, red, 1);
-    test::Curve dots({{50, 50}, {499, 200}}, KEST_CURVE_SQUARES, blue, 1);
+    GraphScene scene;
+    Curve lines({{0, 0}, {100, 300}, {250, 900}, {400, 50}}, PS_SOLID, red, 1);
+    Curve dots({{50, 50}, {499, 200}}, KEST_CURVE_SQUARES, blue, 1);
     scene.curves.InsertTail(&lines);
     scene.curves.InsertTail(nullptr);
     scene.curves.InsertTail(&dots);
@@ -161,7 +157,7 @@ TEST(GraphDrawing, GridLinesAndCurves) {
 }
 
 TEST(GraphDrawing, MarksAndAnOriginInside) {
-    test::GraphScene scene;
+    GraphScene scene;
     SetTextColor(scene.paper, white);
     scene.graph.SetGridMarkings(2, 3, 0, 1, 0, 0, 0, 1);
     scene.graph.SetXYOriginCross(120, 90);
@@ -182,7 +178,7 @@ TEST(GraphDrawing, MarksAndAnOriginInside) {
 }
 
 TEST(GraphDrawing, TextsAsRecorded) {
-    test::GraphScene scene;
+    GraphScene scene;
     const int h = scene.fontHeight, left = scene.left, bottom = scene.top, top = bottom + 400, middle = left + 250;
     constexpr UINT title = TA_CENTER | TA_BOTTOM, below = TA_CENTER | TA_TOP, yText = TA_LEFT | TA_BOTTOM;
     const std::vector<std::string> expected = {Text("Title of Graph", title, middle, top + h),
@@ -217,8 +213,8 @@ TEST(GraphDrawing, LabelCharactersAsTheRuntimeCountsThem) {
 }
 
 TEST(GraphDrawing, AWholePage) {
-    test::GraphScene scene;
-    test::MemoryPicture page(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), RGB(9, 9, 9));
+    GraphScene scene;
+    MemoryPicture page(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), RGB(9, 9, 9));
     const int width = GetDeviceCaps(page, HORZRES), height = GetDeviceCaps(page, VERTRES);
     const kest::SelectedObject font(page, scene.font);
     // The second time the device context has the mapping of the first.
@@ -227,7 +223,7 @@ TEST(GraphDrawing, AWholePage) {
     EXPECT_EQ(left, width / 20 + scene.left);
     EXPECT_EQ(bottom, height - height / 20 - 4 * scene.fontHeight);
     StateOf(page);
-    const test::Picture picture = page.Snapshot();
+    const Picture picture = page.Snapshot();
     EXPECT_EQ(picture.At(0, 0) + picture.At(width - 1, height - 1) + picture.At(left, bottom - 1), 0U);
     EXPECT_EQ(picture.At(1, 1), 0xFFFFFFU);
 }
@@ -237,12 +233,12 @@ TEST(GraphDrawing, AnAppearanceFileIsBoundedByTheSurface) {
     struct Field {
         int offset, value;
     };
-    test::GraphScene scene;
-    const test::Picture blank = scene.Snapshot();
-    test::Curve curve({{0, 0}, {200, 150}, {500, 400}, {-1e30F, 1e9F}}, PS_DOT, red, INT_MAX);
+    GraphScene scene;
+    const Picture blank = scene.Snapshot();
+    Curve curve({{0, 0}, {200, 150}, {500, 400}, {-1e30F, 1e9F}}, PS_DOT, red, INT_MAX);
     scene.curves.InsertTail(&curve);
     scene.curves.SelectObjectAtIndex(0);
-    const test::TemporaryFile saved("saved.gap");
+    const TemporaryFile saved("saved.gap");
     CcGraph().SaveAppearance(saved.Path());
     for (const std::vector<Field>& fields : std::vector<std::vector<Field>>{
              {{12, 1000}},
@@ -254,7 +250,7 @@ TEST(GraphDrawing, AnAppearanceFileIsBoundedByTheSurface) {
              {{88, INT_MAX}, {96, 1000}, {344, 65537}, {352, 100000}, {348, 5}}}) {
         std::vector<std::uint8_t> bytes = saved.Content();
         for (const Field& field : fields) std::memcpy(&bytes[static_cast<std::size_t>(field.offset)], &field.value, 4);
-        const test::TemporaryFile hostile("hostile.gap", bytes);
+        const TemporaryFile hostile("hostile.gap", bytes);
         ASSERT_EQ(scene.graph.RestoreAppearance(hostile.Path()), 0);
         scene.Draw();
         // Units larger than the surface: a line shows all the same.
@@ -268,16 +264,16 @@ TEST(GraphDrawing, DataAndSettingsOfEveryKind) {
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     constexpr float floats[] = {0, 1, -1, 250, 500, 1e-30F, 1e6F, -1e9F, huge, -huge, infinity, -infinity, nan};
     constexpr int ints[] = {0, 1, -1, 2, 3, 5, 50, 3000, 10000000, INT_MAX, INT_MIN};
-    test::GraphScene scene;
-    const test::Picture blank = scene.Snapshot();
+    GraphScene scene;
+    const Picture blank = scene.Snapshot();
     for (const auto& [low, high] : {std::pair{nan, 1.0F}, {0.0F, infinity}, {1e10F, 1e10F}, {-infinity, infinity}}) {
         scene.graph.SetMinMaxValues(low, high, 0, 400, 0, 2, 0, 2);
         scene.Draw();
         EXPECT_EQ(scene.Snapshot().DifferentFrom(blank), 0) << low;
     }
-    test::TakeBoxes();
-    test::TestWindow tiny(30, 20);
-    test::Curve wild(std::vector<tagPoints>(40), 0, red, 1);
+    TakeBoxes();
+    TestWindow tiny(30, 20);
+    Curve wild(std::vector<tagPoints>(40), 0, red, 1);
     scene.curves.InsertTail(&wild);
     scene.curves.SelectObjectAtIndex(0);
     const RECT clip = {20, 20, scene.X(480), scene.Y(20)};
@@ -302,7 +298,7 @@ TEST(GraphDrawing, DataAndSettingsOfEveryKind) {
         scene.graph.ShowGraph(window, scene.paper, 0);
         const int* plot = scene.graph.stPlotRect;
         EXPECT_EQ(StateOf(scene.paper), before);
-        const test::Picture picture = scene.Snapshot();
+        const Picture picture = scene.Snapshot();
         EXPECT_EQ(CountOutside(picture, {plot[0], plot[1], plot[2], plot[3]}, 0xFF0000, 0xFF0000), 0);
         EXPECT_EQ(CountOutside(picture, clip, 0, 0xFFFFFE), 0);
         PatBlt(scene.paper, 0, 0, 5000, 5000, WHITENESS);

@@ -1,8 +1,8 @@
 // Picking and moving break points: tolerances, order, corrections of the list, and the origin.
-#include <climits>
+#include "graph/GraphScene.h"
+#include "support/ClassTests.h"
 
-#include "graph/Support.h"
-#include "support/Dialogs.h"
+using namespace test;
 
 namespace {
 
@@ -22,11 +22,11 @@ using Pick = int (CcGraph::*)(HDC, POINT*);
 
 /// Ranges and plot 0 to 500, the viewport's origin in the upper left corner: logical y is minus the device's.
 struct Picking : testing::Test {
-    test::MemoryPicture dc{10, 10};
-    test::OpenGraph graph;
+    MemoryPicture dc{10, 10};
+    OpenGraph graph;
     CcList list;
-    test::Curve first{{{300, 300}, {100, 100}}, 0, 0, 1};
-    test::Curve second{{{100, 100}, {400, 50}, {400, 50}}, 0, 0, 1};
+    Curve first{{{300, 300}, {100, 100}}, 0, 0, 1};
+    Curve second{{{100, 100}, {400, 50}, {400, 50}}, 0, 0, 1};
 
     Picking() {
         graph.SetPlot(0, 0, 500, 500);
@@ -67,20 +67,20 @@ TEST_F(Picking, FirstHitInListOrderWins) {
     members.InsertTail(&notACurve);
     members.InsertTail(&second);
     EXPECT_EQ(At(100, 100), 0);
-    EXPECT_EQ(test::TakeBoxes(), std::vector(2, test::Box{"Graph Error", "Null Curve in 'IsCursorOnBP'"}));
+    EXPECT_EQ(TakeBoxes(), std::vector(2, Box{"Graph Error", "Null Curve in 'IsCursorOnBP'"}));
     members.SelectObjectAtIndex(1);
     EXPECT_EQ(At(100, 100, onSelected), -1);
     graph.iSelectedPoint = 0;
     EXPECT_EQ(At(100, 100, &CcGraph::SetSelBPViaMouse), 0);
     // The host takes the list away while the box is open.
-    test::TestWindow host(50, 50);
+    TestWindow host(50, 50);
     SetFocus(host);
     host.onMessage = [&](UINT message, WPARAM, LPARAM) {
         if (message == WM_ENABLE) graph.SetCurveList(nullptr);
         return false;
     };
     EXPECT_EQ(At(100, 100), -1);
-    EXPECT_EQ(test::TakeBoxes().size(), 1U);
+    EXPECT_EQ(TakeBoxes().size(), 1U);
     EXPECT_EQ(graph.GetCurveList(), nullptr);
     EXPECT_EQ(At(100, 100, onSelected), -1);
     EXPECT_EQ(graph.SetSelBPDirect(1, 2), -1);

@@ -1,16 +1,10 @@
 // The collection of valid, questionable and corrupt BMP files in tests/data: what the 8-bit and the colour images make of
 // each. Most are refused by design: compression, other depths and headers, padded rows, colour counts other than 256.
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <filesystem>
-#include <string>
-#include <vector>
 
-#include "KestApi.h"
-#include "support/Dialogs.h"
+#include "support/ClassTests.h"
 
-using test::Box;
+using namespace test;
 
 namespace {
 
@@ -62,7 +56,7 @@ void ExpectVerdicts(const std::vector<Verdict>& verdicts) {
         const Boxes& expected = BoxesFor(name, verdicts);
         Image image;
         EXPECT_EQ(image.OpenBMPFile(entry.path().string().c_str()), expected.empty() ? 0 : -1) << name;
-        EXPECT_EQ(test::TakeBoxes(), expected) << name;
+        EXPECT_EQ(TakeBoxes(), expected) << name;
     }
     EXPECT_EQ(files, 79);
 }

@@ -1,17 +1,7 @@
 // BMP files of the 8-bit image: what is written, what is accepted and refused, and the dialogs.
-#include <gtest/gtest.h>
-#include <windows.h>
+#include "support/ClassTests.h"
 
-#include <algorithm>
-#include <string>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-
-using test::Box;
-using test::BmpFile8;
-using test::Bytes;
-using test::TakeBoxes;
+using namespace test;
 
 namespace {
 
@@ -27,7 +17,7 @@ TEST(BmpFiles, WrittenFileToTheByte) {
     image.MakeBlankBMP(2, 3, 0, "six");
     auto* bytes = static_cast<std::uint8_t*>(image.GetBitMapImageData());
     for (int i = 0; i < 6; ++i) bytes[i] = static_cast<std::uint8_t>(10 * i);
-    const test::TemporaryFile file("written.bmp", Bytes().Fill(9000, 1));
+    const TemporaryFile file("written.bmp", Bytes().Fill(9000, 1));
     EXPECT_EQ(image.SaveBMPFile(file.Path()), 0);
     EXPECT_EQ(file.Content(), BmpFile8(3, 2, {0, 10, 20, 30, 40, 50}));
     EXPECT_STREQ(CcGrayImage256::cFullFilePathSave, file.Path());
@@ -45,8 +35,8 @@ TEST(BmpFiles, RefusedFiles) {
     const Bytes good = BmpFile8(4, 3, pixels);
     CcGrayImage256 image;
     const auto expectRefused = [&](const Bytes& bytes, const std::vector<Box>& boxes, std::size_t which) {
-        const test::TemporaryFile file("refused.bmp", bytes);
-        test::FillPattern(image, 4, 4);
+        const TemporaryFile file("refused.bmp", bytes);
+        FillPattern(image, 4, 4);
         EXPECT_EQ(image.OpenBMPFile(file.Path()), -1) << which;
         EXPECT_EQ(TakeBoxes(), boxes) << which;
         EXPECT_EQ(image(0, 0), -1.0F) << which;
@@ -72,9 +62,9 @@ TEST(BmpFiles, RefusedFiles) {
 // Its block stays attached: it can be saved and bear an overlay, but has no pixels that the image can use.
 TEST(BmpFiles, AfterARefusedColourCount) {
     const Bytes sixteen = BmpFile8(4, 3, std::vector<std::uint8_t>(12, 5), 16);
-    const test::TemporaryFile file("sixteen.bmp", sixteen), saved("saved.bmp");
+    const TemporaryFile file("sixteen.bmp", sixteen), saved("saved.bmp");
     CcGrayImage256 image;
-    test::FillPattern(image, 7, 6);
+    FillPattern(image, 7, 6);
     EXPECT_EQ(image.OpenBMPFile(file.Path()), -1);
     EXPECT_EQ(image(1, 1), -1.0F);
     EXPECT_EQ(image(1.5F, 1.5F), -1.0F);
@@ -83,7 +73,7 @@ TEST(BmpFiles, AfterARefusedColourCount) {
     EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), 0);
     CcRoiRect roi;
     EXPECT_EQ(image.GetRegion(&roi, 0, 0), nullptr);
-    test::StoredBytes(image);
+    StoredBytes(image);
     // The overlay has the size that the image had; the file gets the sixteen colours and the bytes that follow them.
     ASSERT_EQ(image.CreateOverlay(), 0);
     std::fill_n(image.GetOverlay(), 7 * 6, std::uint8_t{19});
@@ -96,7 +86,7 @@ TEST(BmpFiles, AfterARefusedColourCount) {
     // What a larger count promises beyond the block is not there to be written.
     for (const int colours : {512, -1}) {
         const Bytes more = BmpFile8(4, 3, std::vector<std::uint8_t>(12, 5), colours);
-        const test::TemporaryFile other("more.bmp", more);
+        const TemporaryFile other("more.bmp", more);
         EXPECT_EQ(image.OpenBMPFile(other.Path()), -1);
         EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
         EXPECT_EQ(saved.Content(), more);
@@ -108,7 +98,7 @@ TEST(BmpFiles, AfterARefusedColourCount) {
 
 // Who does not let others write keeps both old files of a wide image.
 TEST(BmpFiles, SamplesThatOthersHaveOpen) {
-    const test::TemporaryFile bmp("wide.bmp"), raw("wide.i16");
+    const TemporaryFile bmp("wide.bmp"), raw("wide.i16");
     CcGrayImageInt16 image, back;
     image.MakeBlankBMP(3, 4, 1000, "wide");
     ASSERT_EQ(image.SaveBMPFile(bmp.Path()), 0);
@@ -137,13 +127,13 @@ TEST(BmpFiles, Dialogs) {
     char folder[MAX_PATH];
     GetCurrentDirectoryA(sizeof folder, folder);
     const std::string path = std::string(folder) + "\\cell.bmp";
-    const test::TemporaryFile file(path, BmpFile8(4, 1, {1, 2, 3, 4}));
+    const TemporaryFile file(path, BmpFile8(4, 1, {1, 2, 3, 4}));
     CcGrayImage256 image;
-    test::FillPattern(image, 3, 3, "kept");
+    FillPattern(image, 3, 3, "kept");
     EXPECT_EQ(image.OpenBMPFile(nullptr), -1);
     EXPECT_STREQ(image.GetName(), "kept");
-    EXPECT_EQ(image(1, 1), test::PatternFloat(1, 1));
-    test::AnswerFileDialog(path);
+    EXPECT_EQ(image(1, 1), PatternFloat(1, 1));
+    AnswerFileDialog(path);
     EXPECT_EQ(image.OpenBMPFile(nullptr), 0);
     EXPECT_STREQ(image.GetName(), "cell");
     EXPECT_STREQ(CcGrayImage256::cFullFilePathOpen, path.c_str());
@@ -151,13 +141,13 @@ TEST(BmpFiles, Dialogs) {
     EXPECT_EQ(image.OpenBMPFile(nullptr), -1);
 
     image.SetName("region");
-    const test::TemporaryFile saved(std::string(folder) + "\\saved.bmp");
-    test::AnswerFileDialog(saved.Path());
+    const TemporaryFile saved(std::string(folder) + "\\saved.bmp");
+    AnswerFileDialog(saved.Path());
     EXPECT_EQ(image.SaveBMPFile(nullptr), 0);
     EXPECT_TRUE(saved.Exists());
     EXPECT_STREQ(CcGrayImage256::cFullFilePathSave, saved.Path());
     EXPECT_EQ(image.SaveBMPFile(nullptr), -1);
-    const auto dialogs = test::TakeFileDialogs();
+    const auto dialogs = TakeFileDialogs();
     ASSERT_EQ(dialogs.size(), 5u);
     EXPECT_EQ(dialogs[0].name, "*.bmp");
     EXPECT_EQ(dialogs[0].filters, (std::vector<std::string>{"Bitmap Files(*.BMP)", "All Files (*.*)"}));

@@ -1,23 +1,7 @@
 // The 8-bit image: blank images, pixel access, streams, regions.
-#include "CcGrayImage256.h"
+#include "support/ClassTests.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <memory>
-#include <string>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/TestWindow.h"
-
-using test::Box;
-using test::Bytes;
-using test::LoadRecord;
-using test::PatternFloat;
-using test::PatternValue;
-using test::Record;
-using test::TakeBoxes;
+using namespace test;
 
 namespace {
 
@@ -28,15 +12,15 @@ struct OpenImage : CcGrayImage256 {
 
 Bytes ImageRecord(const std::string& name, long size, const std::vector<std::uint8_t>& dib) {
     const int nameBytes = static_cast<int>(name.size()) + 1, dibBytes = static_cast<int>(dib.size());
-    Bytes bag = Bytes().I32(3).Add(test::PropertyEntry("IMAGE_NAME", 4, 0, nameBytes));
-    bag.Add(test::PropertyEntry("DIB_SIZE", 1, nameBytes, 4));
-    bag.Add(test::PropertyEntry("DIB_DATA", 5, nameBytes + 4, dibBytes)).I32(nameBytes + 4 + dibBytes);
+    Bytes bag = Bytes().I32(3).Add(PropertyEntry("IMAGE_NAME", 4, 0, nameBytes));
+    bag.Add(PropertyEntry("DIB_SIZE", 1, nameBytes, 4));
+    bag.Add(PropertyEntry("DIB_DATA", 5, nameBytes + 4, dibBytes)).I32(nameBytes + 4 + dibBytes);
     bag.Text(name, static_cast<std::size_t>(nameBytes)).I32(size).Add(dib);
-    return Record("CcGrayImage256", name, Record("CcPropertyBag", "", bag).Add(test::EmptyListRecord()));
+    return Record("CcGrayImage256", name, Record("CcPropertyBag", "", bag).Add(EmptyListRecord()));
 }
 
 Bytes Dib8(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
-    return test::DibOf(test::BmpFile8(width, height, pixels, coloursUsed));
+    return DibOf(BmpFile8(width, height, pixels, coloursUsed));
 }
 
 }  // namespace
@@ -69,7 +53,7 @@ TEST(CcGrayImage256, BlankImages) {
 TEST(CcGrayImage256, PixelAccessTakesTwoSteps) {
     OpenImage image;
     EXPECT_EQ(image(0, 0), -1.0F);
-    test::FillPattern(image, 4, 3);
+    FillPattern(image, 4, 3);
     EXPECT_EQ(image(3, 2), PatternFloat(3, 2));
     EXPECT_EQ(image.iPixelIndex, 11);
     image = 300.7F;
@@ -106,20 +90,20 @@ TEST(CcGrayImage256, BilinearAccessUpToTheBorder) {
 
 TEST(CcGrayImage256, StreamFormToTheByteAndBack) {
     OpenImage image;
-    test::FillPattern(image, 5, 3, "pic");
+    FillPattern(image, 5, 3, "pic");
     std::vector<std::uint8_t> pixels;
     for (int i = 0; i < 15; ++i) pixels.push_back(static_cast<std::uint8_t>(PatternValue(i % 5, i / 5)));
     const Bytes expected = ImageRecord("pic", 1079, Dib8(5, 3, pixels));
-    EXPECT_EQ(test::StoredBytes(image), expected);
-    const auto loaded = test::Made<CcGrayImage256>(expected);
+    EXPECT_EQ(StoredBytes(image), expected);
+    const auto loaded = Made<CcGrayImage256>(expected);
     ASSERT_NE(loaded, nullptr);
-    EXPECT_EQ(test::StoredBytes(*loaded), expected);
+    EXPECT_EQ(StoredBytes(*loaded), expected);
     EXPECT_EQ(image.Store(nullptr), -1);
     EXPECT_EQ(image.Load(nullptr), -1);
 
     CcGrayImage256 empty;
     empty.SetName("nothing");
-    EXPECT_EQ(LoadRecord(*loaded, test::StoredBytes(empty)), 0);
+    EXPECT_EQ(LoadRecord(*loaded, StoredBytes(empty)), 0);
     EXPECT_STREQ(loaded->GetName(), "nothing");
     EXPECT_EQ(loaded->GetBitMapImageData(), nullptr);
 }
@@ -131,15 +115,15 @@ TEST(CcGrayImage256, RecordsOfOtherColourTables) {
     sixteenColours.erase(sixteenColours.begin() + 40 + 64, sixteenColours.begin() + 1064);
     for (unsigned i = 0; i < 256; ++i) old.U8(i).U8(0).U8(i);
     old.Add(four);
-    test::TestWindow window(8, 8);
+    TestWindow window(8, 8);
     for (const Bytes& dib : {sixteenColours, old}) {
         OpenImage image, back;
         ASSERT_EQ(LoadRecord(image, ImageRecord("few", static_cast<long>(dib.size()), dib)), 0);
-        EXPECT_EQ(LoadRecord(back, test::StoredBytes(image)), 0);
+        EXPECT_EQ(LoadRecord(back, StoredBytes(image)), 0);
         for (int i = 0; i < 4; ++i) EXPECT_EQ(back(i % 2, i / 2), static_cast<float>(i + 1));
         for (unsigned short lut = 104; lut >= 100; --lut) EXPECT_EQ(image.Show(window, lut, 1, 0, 0, 2), 0);
         EXPECT_EQ(window.Snapshot().At(0, 0), dib.size() == old.size() ? 0x030003u : 0x030303u);
-        const test::TemporaryFile saved("few.bmp");
+        const TemporaryFile saved("few.bmp");
         EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
     }
 }
@@ -147,7 +131,7 @@ TEST(CcGrayImage256, RecordsOfOtherColourTables) {
 TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
     const Bytes good = Dib8(2, 2, {1, 2, 3, 4});
     // A depth of 24 bits means no colours.
-    Bytes withoutColours = test::DibOf(test::BmpFile24(2, 2, std::vector<std::uint8_t>(12, 9)));
+    Bytes withoutColours = DibOf(BmpFile24(2, 2, std::vector<std::uint8_t>(12, 9)));
     Bytes tooHigh = good, topDown = good, deep = good, headerless = good;
     tooHigh[8] = 3;
     std::fill_n(topDown.begin() + 8, 4, std::uint8_t{0xFF});
@@ -160,7 +144,7 @@ TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
     for (const long size : {0L, 1067L, 1069L, 0x7FFFFFFFL, -5L}) records.push_back(ImageRecord("size", size, good));
     for (const Bytes& record : records) {
         OpenImage image;
-        test::FillPattern(image, 6, 6);
+        FillPattern(image, 6, 6);
         EXPECT_EQ(LoadRecord(image, record), -1);
         EXPECT_EQ(image.GetBitMapImageData(), nullptr);
         EXPECT_EQ(image(0, 0), -1.0F);
@@ -171,9 +155,9 @@ TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
 
 TEST(CcGrayImage256, RegionUnderARectangle) {
     CcGrayImage256 image;
-    test::FillPattern(image, 100, 100, "image");
+    FillPattern(image, 100, 100, "image");
     const auto regionOf = [&](RECT rect, int fill, int aligned) {
-        const auto roi = test::Boxed<CcRoiRect>(rect);
+        const auto roi = Boxed<CcRoiRect>(rect);
         roi->SetName("roi");
         return std::unique_ptr<CcImage>(image.GetRegion(roi.get(), fill, aligned));
     };

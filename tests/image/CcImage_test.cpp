@@ -1,23 +1,13 @@
 // The image interface: slots, what the base does, the overlay, and window points.
-#include "CcImage.h"
+#include "support/ClassTests.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/Slots.h"
-#include "support/TestWindow.h"
-
-using test::Box;
-using test::TakeBoxes;
+using namespace test;
 
 TEST(CcImage, SlotOrder) {
     using U = unsigned short;
     using I = CcImage;
-    test::ExpectSlots(1, &I::Load, &I::Store);
-    test::ExpectSlots(6, &I::CopyToClipboard, &I::GetBitMapImageData,
+    ExpectSlots(1, &I::Load, &I::Store);
+    ExpectSlots(6, &I::CopyToClipboard, &I::GetBitMapImageData,
                       static_cast<int (I::*)(HDC, RECT*, U, U, int, int, int)>(&I::Show),
                       static_cast<int (I::*)(HDC, HWND, U, U, int, int, int)>(&I::Show),
                       static_cast<int (I::*)(HWND, U, U, int, int, int)>(&I::Show), &I::Print, &I::GetDisplayLUT,
@@ -47,7 +37,7 @@ TEST(CcImage, OverlayLife) {
     EXPECT_EQ(image.CreateOverlay(), -1);
     EXPECT_EQ(image.ClearOverlay(), -1);
     EXPECT_EQ(image.SetOperatorOverloadAccess(1), -1);
-    test::FillPattern(image, 5, 3);
+    FillPattern(image, 5, 3);
     EXPECT_EQ(image.FreeOverlay(), 0);
     EXPECT_EQ(image.ClearOverlay(), 0);
     ASSERT_EQ(image.SetOperatorOverloadAccess(1), 0);
@@ -78,11 +68,11 @@ TEST(CcImage, OverlayLife) {
 }
 
 TEST(CcImage, OverlayIsOredOntoThePicture) {
-    test::TestWindow window(22, 14, RGB(0, 0, 64));
+    TestWindow window(22, 14, RGB(0, 0, 64));
     CcGrayImage256 image;
     const HDC dc = GetDC(window);
     EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 1), -1);
-    test::FillPattern(image, 7, 5);
+    FillPattern(image, 7, 5);
     EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 0), -1);
     EXPECT_EQ(image.ShowOverlay(HWND{}, 1, 0, 0, 1), -1);
     EXPECT_EQ(image.ShowOverlay(dc, window, 1, 0, 0, 1), -1);
@@ -94,7 +84,7 @@ TEST(CcImage, OverlayIsOredOntoThePicture) {
     overlay[0] = 13;          // bottom left: red
     overlay[4 * 7 + 6] = 34;  // top right: green, by value modulo 20
     EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 1), 0);
-    test::Picture picture = window.Snapshot();
+    Picture picture = window.Snapshot();
     EXPECT_EQ(picture.At(0, 4), 0xFF0040u);
     EXPECT_EQ(picture.At(6, 0), 0x00FF40u);
     EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), 0x000040u), 22 * 14 - 2);
@@ -111,9 +101,9 @@ TEST(CcImage, OverlayIsOredOntoThePicture) {
 }
 
 TEST(CcImage, WindowPointsToImagePoints) {
-    test::TestWindow window(30, 40);
+    TestWindow window(30, 40);
     CcGrayImage256 image;
-    test::FillPattern(image, 60, 40);
+    FillPattern(image, 60, 40);
     POINT at = {29, 39}, pixel = {};
     tagPoints position = {};
     EXPECT_EQ(image.ConvertPointToImageCoords(window, 0, 0, 1, &at, &pixel, 0), -1);
@@ -129,7 +119,7 @@ TEST(CcImage, WindowPointsToImagePoints) {
 
 TEST(CcImage, CopiesShareWhatTheyHold) {
     CcGrayImage256 image;
-    test::FillPattern(image, 6, 4, "source");
+    FillPattern(image, 6, 4, "source");
     image.GetListROI()->InsertTail(new CcRoiRect);
     {
         CcGrayImage256 copy(image);
@@ -137,6 +127,6 @@ TEST(CcImage, CopiesShareWhatTheyHold) {
         EXPECT_EQ(copy.GetListROI()->GetNumberOfObjects(), 1);
         copy.MakeBlankBMP(9, 9, 1, "own");
     }
-    EXPECT_EQ(image(2, 3), test::PatternFloat(2, 3));
+    EXPECT_EQ(image(2, 3), PatternFloat(2, 3));
     EXPECT_EQ(image.GetListROI()->GetHead()->GetType(), 2);
 }

@@ -1,19 +1,7 @@
 // What the two colour images do alike: blank images, BMP files and their dialogs, streams, drawing, regions.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <algorithm>
-#include <memory>
-#include <string>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/Slots.h"
-#include "support/TestWindow.h"
-
-using test::Box;
-using test::Bytes;
-using test::LoadRecord;
-using test::TakeBoxes;
+using namespace test;
 
 namespace {
 
@@ -24,14 +12,14 @@ const Box noFile = {"File I/O Error", "Can't open file"};
 const Box noMemory = {"Memory Error", "Memory Allocation Failure"};
 
 Bytes Dib24(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
-    return test::DibOf(test::BmpFile24(width, height, pixels, coloursUsed));
+    return DibOf(BmpFile24(width, height, pixels, coloursUsed));
 }
 
 Bytes ImageRecord(const std::string& className, const std::string& name, long size, const Bytes& dib) {
     const int bytes = static_cast<int>(dib.size());
-    const Bytes bag = Bytes().I32(2).Add(test::PropertyEntry(className + "_Size", 1, 0, 4))
-                          .Add(test::PropertyEntry(className + "_Data", 5, 4, bytes)).I32(4 + bytes).I32(size).Add(dib);
-    return Record(className, name, Bytes().Add(test::Record("CcPropertyBag", "", bag)).Add(test::EmptyListRecord()));
+    const Bytes bag = Bytes().I32(2).Add(PropertyEntry(className + "_Size", 1, 0, 4))
+                          .Add(PropertyEntry(className + "_Data", 5, 4, bytes)).I32(4 + bytes).I32(size).Add(dib);
+    return Record(className, name, Bytes().Add(Record("CcPropertyBag", "", bag)).Add(EmptyListRecord()));
 }
 
 template <class Image>
@@ -47,22 +35,22 @@ using BothClasses = testing::Types<Cc24BitRGBImage, Cc24BitHSLImage>;
 TYPED_TEST_SUITE(ColourImages, BothClasses);
 
 TYPED_TEST(ColourImages, BlankImages) {
-    test::ExpectSlots(30, &TypeParam::SetAccess, &TypeParam::GetAccess);
+    ExpectSlots(30, &TypeParam::SetAccess, &TypeParam::GetAccess);
     TypeParam image;
     EXPECT_EQ(image(0, 0), -1.0F);
     EXPECT_EQ(image.BeginThresholding(nullptr, 0), -1);
     EXPECT_EQ(image.MakeBlankBMP(2, 5, 300, "a"), 0);
-    EXPECT_EQ(test::PixelsOf(image), std::vector<std::uint8_t>(30, this->isHsl ? 255 : 44));
+    EXPECT_EQ(PixelsOf(image), std::vector<std::uint8_t>(30, this->isHsl ? 255 : 44));
     const void* block = image.GetBitMapImageData();
     EXPECT_EQ(image.MakeBlankBMP(2, 5, 300, "again"), 0);
     EXPECT_EQ(image.GetBitMapImageData(), block);
-    EXPECT_EQ(test::PixelsOf(image), std::vector<std::uint8_t>(30, 44));
+    EXPECT_EQ(PixelsOf(image), std::vector<std::uint8_t>(30, 44));
     // A copy that was kept for another size is not put back.
     EXPECT_EQ(image.BeginThresholding(nullptr, 0), 0);
     EXPECT_EQ(image.MakeBlankBMP(1, 1, 0, "small"), 0);
     EXPECT_EQ(image.ThresholdImage(nullptr, 250, 250, 1, 2, 3), 0);
     EXPECT_EQ(image.EndThresholding(), 0);
-    EXPECT_EQ(test::PixelsOf(image), std::vector<std::uint8_t>(3, 0));
+    EXPECT_EQ(PixelsOf(image), std::vector<std::uint8_t>(3, 0));
     EXPECT_EQ(image.MakeBlankBMP(60000, 60000, 1, "huge"), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{noMemory, {"Error", "Could not make Blank DIB"}}));
     EXPECT_EQ(image(0, 0), -1.0F);
@@ -71,49 +59,49 @@ TYPED_TEST(ColourImages, BlankImages) {
 
 TYPED_TEST(ColourImages, BmpFilesToTheByteAndTheirRefusals) {
     TypeParam image;
-    test::FillPattern(image, 3, 2, "saved");
-    const auto pixels = test::PatternPixels24(3, 2);
-    const test::TemporaryFile file("a.b.c.bmp", Bytes().Fill(500, 1));
+    FillPattern(image, 3, 2, "saved");
+    const auto pixels = PatternPixels24(3, 2);
+    const TemporaryFile file("a.b.c.bmp", Bytes().Fill(500, 1));
     EXPECT_EQ(image.SaveBMPFile(file.Path()), 0);
-    EXPECT_EQ(file.Content(), test::BmpFile24(3, 2, pixels));
+    EXPECT_EQ(file.Content(), BmpFile24(3, 2, pixels));
     EXPECT_EQ(image.SaveBMPFile("no such folder\\x.bmp"), 0);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{noFile}));
     // What the library writes has unpadded rows, and only that is read, whatever the width.
     EXPECT_EQ(image.OpenBMPFile(file.Path()), 0);
     EXPECT_STREQ(image.GetName(), "a");
-    EXPECT_EQ(test::PixelsOf(image), pixels);
+    EXPECT_EQ(PixelsOf(image), pixels);
 
     const auto expectRefused = [&](const Bytes& bytes, const std::vector<Box>& boxes) {
-        const test::TemporaryFile refused("refused.bmp", bytes);
-        test::FillPattern(image, 4, 4, "before");
+        const TemporaryFile refused("refused.bmp", bytes);
+        FillPattern(image, 4, 4, "before");
         EXPECT_EQ(image.OpenBMPFile(refused.Path()), -1);
         EXPECT_EQ(TakeBoxes(), boxes);
         EXPECT_EQ(image(0, 0), -1.0F);
     };
     const std::vector<std::uint8_t> padded(3 * 12);
-    expectRefused(test::BmpFile24(4, 3, padded, 7), {wrongKind});
-    expectRefused(test::BmpFile24(4, 3, padded, -1), {wrongKind});
+    expectRefused(BmpFile24(4, 3, padded, 7), {wrongKind});
+    expectRefused(BmpFile24(4, 3, padded, -1), {wrongKind});
     if (this->isHsl)
-        expectRefused(test::BmpFile24(0, 3, {}), {{"File Error", "Unable to allocate HSL memory."}, notOpened});
-    Bytes tiny = test::BmpFile24(4, 3, padded);
+        expectRefused(BmpFile24(0, 3, {}), {{"File Error", "Unable to allocate HSL memory."}, notOpened});
+    Bytes tiny = BmpFile24(4, 3, padded);
     tiny[2] = 14 + 20;
     expectRefused(tiny, {badSize, notOpened});
     tiny[2] = 14;
     expectRefused(tiny, {noMemory, notOpened});
     // A size that the file does not have costs no memory.
-    expectRefused(test::BmpFile24(20000, 25000, {}), {badSize, notOpened});
+    expectRefused(BmpFile24(20000, 25000, {}), {badSize, notOpened});
     EXPECT_EQ(image.SaveBMPFile("never.bmp"), -1);
     EXPECT_EQ(image.OpenBMPFile("none.bmp"), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "No Image to save"}, noFile, notOpened}));
     // What the host gets itself while a refusal is told is kept.
-    const test::TemporaryFile withColours("refused.bmp", test::BmpFile24(4, 3, padded, 7));
-    test::DuringNextBox([&] { test::FillPattern(image, 2, 2, "new"); });
+    const TemporaryFile withColours("refused.bmp", BmpFile24(4, 3, padded, 7));
+    DuringNextBox([&] { FillPattern(image, 2, 2, "new"); });
     EXPECT_EQ(image.OpenBMPFile(withColours.Path()), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{wrongKind}));
-    EXPECT_EQ(test::PixelsOf(image), test::PatternPixels24(2, 2));
+    EXPECT_EQ(PixelsOf(image), PatternPixels24(2, 2));
     EXPECT_GE(image(1, 1), 0.0F) << "the plane is the new picture's";
     // The reader's box is the focus window's, but not that of the reader which makes two planes.
-    const test::TestWindow window(50, 50);
+    const TestWindow window(50, 50);
     SetFocus(window);
     EXPECT_EQ(image.OpenBMPFile("none.bmp"), -1);
     EXPECT_EQ(TakeBoxes()[0].isOwned, !this->isHsl);
@@ -125,19 +113,19 @@ TYPED_TEST(ColourImages, Dialogs) {
     const std::string path = std::string(folder) + "\\cell.bmp", directory = std::string(folder).substr(2) + "\\";
     std::strcpy(TypeParam::cFullFilePathOpen, "C:\\NONE.bmp");
     TypeParam image;
-    test::FillPattern(image, 4, 2, "cells");
-    const test::TemporaryFile saved(path);
-    test::AnswerFileDialog(path);
+    FillPattern(image, 4, 2, "cells");
+    const TemporaryFile saved(path);
+    AnswerFileDialog(path);
     EXPECT_EQ(image.SaveBMPFile(nullptr), 0);
     EXPECT_EQ(TypeParam::cFullFilePathSave, directory);
     EXPECT_STREQ(TypeParam::cFullFilePathOpen, "C:\\NONE.bmp");
-    test::AnswerFileDialog(path);
+    AnswerFileDialog(path);
     EXPECT_EQ(image.OpenBMPFile(nullptr), 0);
     EXPECT_STREQ(image.GetName(), "cell");
     EXPECT_EQ(TypeParam::cFullFilePathOpen, directory);
     EXPECT_EQ(image.OpenBMPFile(nullptr), -1);
-    EXPECT_EQ(test::PixelsOf(image), test::PatternPixels24(4, 2));
-    const auto dialogs = test::TakeFileDialogs();
+    EXPECT_EQ(PixelsOf(image), PatternPixels24(4, 2));
+    const auto dialogs = TakeFileDialogs();
     ASSERT_EQ(dialogs.size(), 3u);
     EXPECT_EQ(dialogs[0].name, "cells.bmp");
     EXPECT_EQ(dialogs[2].name, "*.bmp");
@@ -147,14 +135,14 @@ TYPED_TEST(ColourImages, Dialogs) {
 
 TYPED_TEST(ColourImages, StreamFormToTheByteAndRecordsThatLie) {
     TypeParam image;
-    test::FillPattern(image, 5, 3, "pic");
-    const auto pixels = test::PixelsOf(image);
+    FillPattern(image, 5, 3, "pic");
+    const auto pixels = PixelsOf(image);
     const Bytes dib = Dib24(5, 3, pixels);
     const Bytes record = ImageRecord(this->className, "pic", 85, dib);
-    EXPECT_EQ(test::StoredBytes(image), record);
-    const auto loaded = test::Made<TypeParam>(record);
+    EXPECT_EQ(StoredBytes(image), record);
+    const auto loaded = Made<TypeParam>(record);
     ASSERT_NE(loaded, nullptr);
-    EXPECT_EQ(test::PixelsOf(*loaded), pixels);
+    EXPECT_EQ(PixelsOf(*loaded), pixels);
 
     Bytes tooHigh = dib, topDown = dib, headerless = dib, eightBit = dib;
     tooHigh[8] = 4;
@@ -162,7 +150,7 @@ TYPED_TEST(ColourImages, StreamFormToTheByteAndRecordsThatLie) {
     headerless[0] = 0;
     eightBit[14] = 8;
     for (const Bytes& bad : {tooHigh, topDown, headerless, eightBit, Dib24(5, 3, pixels, 1), Bytes().U8(40)}) {
-        test::FillPattern(image, 6, 6, "before");
+        FillPattern(image, 6, 6, "before");
         EXPECT_EQ(LoadRecord(image, ImageRecord(this->className, "bad", static_cast<long>(bad.size()), bad)), -1);
         EXPECT_EQ(image.GetBitMapImageData(), nullptr);
         EXPECT_EQ(image(0, 0), -1.0F);
@@ -173,42 +161,42 @@ TYPED_TEST(ColourImages, StreamFormToTheByteAndRecordsThatLie) {
     Bytes withTable = Dib24(5, 3, pixels, 2);
     withTable.insert(withTable.begin() + 40, 8, 0xEE);
     EXPECT_EQ(LoadRecord(image, ImageRecord(this->className, "table", 93, withTable)), 0);
-    const test::TemporaryFile file("table.bmp");
+    const TemporaryFile file("table.bmp");
     EXPECT_EQ(image.SaveBMPFile(file.Path()), 0);
-    EXPECT_EQ(file.Content(), test::BmpFile24(5, 3, pixels));
+    EXPECT_EQ(file.Content(), BmpFile24(5, 3, pixels));
 }
 
 TYPED_TEST(ColourImages, ShownPixelByPixelAndCutOut) {
-    test::TestWindow window(60, 48, RGB(0, 0, 64));
+    TestWindow window(60, 48, RGB(0, 0, 64));
     TypeParam image;
     EXPECT_EQ(image.Show(window, 100, 1, 0, 0, 1), 0);
     EXPECT_EQ(image.CopyToClipboard(window, 100, nullptr), -1);
     EXPECT_EQ(image.Print(window, 100, 1, 0, 0, 1), -1);
     for (const auto& [width, xOffset, yOffset, zoom] : {std::tuple{5, 0, 0, 1}, {40, 2, 3, 1}, {70, 1, 2, 3}}) {
-        test::FillPattern(image, width, 33, "image");
+        FillPattern(image, width, 33, "image");
         window.Fill(RGB(0, 0, 64));
         ASSERT_EQ(image.Show(window, 100, 1, xOffset, yOffset, zoom), 0);
-        const test::Picture shown = window.Snapshot();
+        const Picture shown = window.Snapshot();
         int wrong = 0;
         for (int i = 0; i < 60 * 48; ++i) {
             const int x = i % 60 / zoom + xOffset, y = 32 - i / 60 / zoom - yOffset;
             const bool isInside = x < width && y >= 0;
-            wrong += shown.pixels[i] != (isInside ? test::PatternColour(x, y).Screen() : 0x000040u);
+            wrong += shown.pixels[i] != (isInside ? PatternColour(x, y).Screen() : 0x000040u);
         }
         EXPECT_EQ(wrong, 0) << width << " zoom " << zoom;
     }
-    const auto roi = test::Boxed<CcRoiEllipse>({3, 25, 14, 4});
+    const auto roi = Boxed<CcRoiEllipse>({3, 25, 14, 4});
     roi->SetName("roi");
     const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 9, 1));
     ASSERT_NE(dynamic_cast<TypeParam*>(region.get()), nullptr);
     EXPECT_STREQ(region->GetName(), "image-roi");
     std::vector<std::uint8_t> expected(3 * 12 * 21, 9);
     for (int y = 4; y < 25; ++y) {
-        const std::vector<int> columns = test::RowOf(*roi, y);
+        const std::vector<int> columns = RowOf(*roi, y);
         for (std::size_t i = 0; i + 1 < columns.size(); ++i) {
-            const test::PatternColour colour(columns[i], y);
+            const PatternColour colour(columns[i], y);
             std::copy_n(&colour.blue, 3, &expected[3 * ((y - 4) * 12 + columns[i] - 3)]);
         }
     }
-    EXPECT_EQ(test::PixelsOf(*region), expected);
+    EXPECT_EQ(PixelsOf(*region), expected);
 }

@@ -1,18 +1,7 @@
 // Pixel access and thresholding of the colour images, the HSL plane, and a session with a real picture.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <cmath>
-#include <memory>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/Slots.h"
-#include "support/TestWindow.h"
-
-using test::Box;
-using test::PixelsOf;
-using test::SetPixels;
-using test::TakeBoxes;
+using namespace test;
 
 namespace {
 
@@ -34,7 +23,7 @@ struct OpenHsl : Cc24BitHSLImage {
 }  // namespace
 
 TEST(Cc24BitRGBImage, PixelsThroughTheAccessChannel) {
-    EXPECT_EQ(test::SlotOf(&Cc24BitRGBImage::ThresholdImageRGB), 32);
+    EXPECT_EQ(SlotOf(&Cc24BitRGBImage::ThresholdImageRGB), 32);
     OpenRgb image;
     SetPixels(image, 2, 2, {10, 20, 30, 40, 50, 60, 0, 0, 0, 200, 100, 250});
     EXPECT_EQ(image(0, 0), static_cast<float>(0.299 * 30 + 0.587 * 20 + 0.114 * 10));
@@ -70,7 +59,7 @@ TEST(Cc24BitRGBImage, PixelsThroughTheAccessChannel) {
 }
 
 TEST(Cc24BitRGBImage, ThresholdingStartsFromTheCopyAndPutsItBack) {
-    test::TestWindow window(8, 8);
+    TestWindow window(8, 8);
     const Pixels pixels = {10, 10, 10, 20, 20, 20, 30, 30, 30, 40, 40, 40};
     Cc24BitRGBImage image;
     SetPixels(image, 4, 1, pixels);
@@ -108,7 +97,7 @@ TEST(Cc24BitRGBImage, ThresholdingStartsFromTheCopyAndPutsItBack) {
 }
 
 TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
-    EXPECT_EQ(test::SlotOf(&Cc24BitHSLImage::ThresholdImageHSL), 32);
+    EXPECT_EQ(SlotOf(&Cc24BitHSLImage::ThresholdImageHSL), 32);
     OpenHsl image;
     RGBQUAD colour = {1, 1, 1, 77};
     EXPECT_EQ(image.RGB2HSL(0, 0, 255, &colour), 0);
@@ -143,11 +132,11 @@ TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
     // A loaded image has a plane of the right size, and none of the old values counts.
     Cc24BitHSLImage loaded;
     loaded.MakeBlankBMP(50, 50, 9, "larger");
-    ASSERT_EQ(test::LoadRecord(loaded, test::StoredBytes(image)), 0);
+    ASSERT_EQ(LoadRecord(loaded, StoredBytes(image)), 0);
     EXPECT_EQ(PlaneOf(loaded, 3), Pixels(9));
     EXPECT_EQ(loaded.DoConvert(), 0);
     EXPECT_EQ(PlaneOf(loaded, 3), PlaneOf(image, 3));
-    const auto roi = test::Boxed<CcRoiRect>({1, 1, 3, 0});
+    const auto roi = Boxed<CcRoiRect>({1, 1, 3, 0});
     const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 0, 0));
     const Pixels plane = PlaneOf(image, 3);
     EXPECT_EQ(PlaneOf(static_cast<Cc24BitHSLImage&>(*region), 2), Pixels(plane.begin() + 3, plane.end()));
@@ -178,18 +167,18 @@ TEST(Cc24BitHSLImage, PlanesMadeOnTheirOwn) {
 
 TEST(Cc24BitHSLImage, ARealPictureIsThresholdedByHueAndEndsAsItBegan) {
     constexpr int side = 128;
-    test::TestWindow window(side, side);
+    TestWindow window(side, side);
     OpenHsl image;
     ASSERT_EQ(image.OpenBMPFile(KEST_TEST_DATA_DIR "/tissue.bmp"), 0);
     constexpr std::size_t count = side * side;
     const Pixels original = PixelsOf(image), plane = PlaneOf(image, count);
     image.Show(window, 100, 1, 0, 0, 1);
-    const test::Picture before = window.Snapshot();
+    const Picture before = window.Snapshot();
     ASSERT_EQ(image.BeginThresholding(window, 100), 0);
     for (const auto& [low, high] : {std::pair{0, 30}, {10, 25}, {150, 180}, {0, 239}}) {
         ASSERT_EQ(image.ThresholdImage(window, static_cast<float>(low), static_cast<float>(high), 0, 255, 0), 0);
         image.Show(window, 100, 1, 0, 0, 1);
-        const test::Picture shown = window.Snapshot();
+        const Picture shown = window.Snapshot();
         int wrong = 0;
         for (int i = 0; i < side * side; ++i) {
             const std::uint8_t* hsl = &plane[3 * static_cast<std::size_t>(i)];

@@ -1,22 +1,14 @@
 // Images on a rendered page and on the clipboard.
-#include <gtest/gtest.h>
-
-#include <memory>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
+#include "support/ClassTests.h"
 #include "support/Printer.h"
-#include "support/TestWindow.h"
 
-using test::Gray;
-using test::PatternValue;
-using test::Picture;
+using namespace test;
 
 namespace {
 
 /// Answers the print dialog; the document's page, or none when it is cancelled.
 void AnswerPrintDialog(int button) {
-    test::OperateNextDialog([button](HWND dialog) { SendMessageA(GetDlgItem(dialog, button), BM_CLICK, 0, 0); });
+    OperateNextDialog([button](HWND dialog) { SendMessageA(GetDlgItem(dialog, button), BM_CLICK, 0, 0); });
 }
 
 /// The bitmap on the clipboard.
@@ -28,7 +20,7 @@ Picture ClipboardPicture() {
         GetObjectA(bitmap, sizeof info, &info);
         const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
         const HGDIOBJ old = SelectObject(memory, bitmap);
-        picture = test::PictureOf(memory, info.bmWidth, info.bmHeight);
+        picture = PictureOf(memory, info.bmWidth, info.bmHeight);
         SelectObject(memory, old);
         DeleteDC(memory);
         ReleaseDC(nullptr, screen);
@@ -40,9 +32,9 @@ Picture ClipboardPicture() {
 }  // namespace
 
 TEST(Print, PageInEveryTable) {
-    ASSERT_TRUE(test::InstallPrinter());
+    ASSERT_TRUE(InstallPrinter());
     CcGrayImage256 image;
-    test::FillPattern(image, 99, 60);
+    FillPattern(image, 99, 60);
     for (const int x : {10, 11}) image.GetOverlay()[40 * 99 + x] = 13;
     tagPoints curve[256], before[256], after[256];
     image.GetDisplayLUT(101, 1, before);
@@ -53,7 +45,7 @@ TEST(Print, PageInEveryTable) {
         SCOPED_TRACE(lut);
         AnswerPrintDialog(IDOK);
         ASSERT_EQ(image.Print(nullptr, lut, 0, 0, 0, 1), 0);
-        const Picture page = test::TakePrintedPage();
+        const Picture page = TakePrintedPage();
         ASSERT_EQ(page.width, 2400);
         // The width first exceeds half of the page's 2400 pixels at 16; the page is compared in the middle of each pixel.
         int different = 0;
@@ -70,11 +62,11 @@ TEST(Print, PageInEveryTable) {
     }
     image.GetDisplayLUT(101, 1, after);
     EXPECT_EQ(std::memcmp(before, after, sizeof before), 0);
-    test::TakeBoxes();
+    TakeBoxes();
 }
 
 TEST(Print, NothingToPrint) {
-    ASSERT_TRUE(test::InstallPrinter());
+    ASSERT_TRUE(InstallPrinter());
     CcGrayImage256 image;
     EXPECT_EQ(image.Print(nullptr, 101, 0, 0, 0, 1), -1);
     image.MakeBlankBMP(5, 5, 0, "i");
@@ -86,9 +78,9 @@ TEST(Print, NothingToPrint) {
 }
 
 TEST(Clipboard, RectangleWithOverlay) {
-    test::TestWindow window(50, 50);
+    TestWindow window(50, 50);
     CcGrayImage256 image;
-    test::FillPattern(image, 101, 80);
+    FillPattern(image, 101, 80);
     image.GetOverlay()[25 * 101 + 12] = 14;
     RECT rect = {10, 60, 50, 20};
     ASSERT_EQ(image.CopyToClipboard(window, 102, &rect), 0);
@@ -118,9 +110,9 @@ TEST(Clipboard, RectangleWithOverlay) {
 }
 
 TEST(Clipboard, ColourPictureMakesNoOverlay) {
-    test::TestWindow window(50, 50);
+    TestWindow window(50, 50);
     Cc24BitRGBImage image;
-    test::FillPattern(image, 21, 17, "colours");
+    FillPattern(image, 21, 17, "colours");
     RECT rect = {3, 17, 16, 2};
     for (const unsigned overlay : {0u, 0xFF0000u}) {
         ASSERT_EQ(image.CopyToClipboard(window, 0, &rect), 0);
@@ -129,7 +121,7 @@ TEST(Clipboard, ColourPictureMakesNoOverlay) {
         ASSERT_EQ(copied.width * 100 + copied.height, 1315);
         int wrong = 0;
         for (int i = 0; i < 13 * 15; ++i) {
-            const unsigned expected = test::PatternColour(i % 13 + 3, 16 - i / 13).Screen();
+            const unsigned expected = PatternColour(i % 13 + 3, 16 - i / 13).Screen();
             wrong += copied.pixels[i] != (i == 14 * 13 ? expected | overlay : expected);
         }
         EXPECT_EQ(wrong, 0) << overlay;

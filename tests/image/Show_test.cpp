@@ -1,17 +1,7 @@
 // How the 8-bit image is shown: every display table and every form of Show, pixel by pixel.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <climits>
-#include <cmath>
-#include <functional>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/TestWindow.h"
-
-using test::Gray;
-using test::PatternValue;
-using test::Picture;
+using namespace test;
 
 namespace {
 
@@ -36,10 +26,10 @@ unsigned PatternGray(int x, int y) { return Gray(PatternValue(x, y)); }
 }  // namespace
 
 TEST(Show, EveryWidthAndZoomIsExact) {
-    test::TestWindow window(60, 48, RGB(0, 0, 64));
+    TestWindow window(60, 48, RGB(0, 0, 64));
     for (const int width : {1, 2, 3, 4, 5, 17, 39, 40, 41, 130}) {
         CcGrayImage256 image;
-        test::FillPattern(image, width, 33);
+        FillPattern(image, width, 33);
         for (const auto& [xOffset, yOffset, zoom] :
              {std::tuple{0, 0, 1}, {3, 5, 1}, {-4, -2, 1}, {-4, -2, 3}, {5, 7, 3}, {0, 0, 4}, {1, 2, 12}, {200, 0, 1}}) {
             window.Fill(RGB(0, 0, 64));
@@ -52,9 +42,9 @@ TEST(Show, EveryWidthAndZoomIsExact) {
 }
 
 TEST(Show, StretchedToWindowAndRectangle) {
-    test::TestWindow window(78, 66, RGB(0, 0, 64));
+    TestWindow window(78, 66, RGB(0, 0, 64));
     CcGrayImage256 image;
-    test::FillPattern(image, 39, 33);
+    FillPattern(image, 39, 33);
     ASSERT_EQ(image.Show(window, 102, 0, 9, 9, 9), 0);
     EXPECT_EQ(window.Snapshot().DifferentFrom(Expected(78, 66, 39, 33, 0, 0, 2, PatternGray)), 0);
 
@@ -64,7 +54,7 @@ TEST(Show, StretchedToWindowAndRectangle) {
         int xOffset, yOffset, zoom, shownX, shownY, shownZoom;
     };
     for (const Case& c : {Case{2, 9, 9, 9, 0, 0, 2}, {1, 4, 6, 1, 4, 6, 1}, {1, 4, 6, 3, 4, 6, 3}}) {
-        test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
+        MemoryPicture memory(120, 110, RGB(0, 0, 64));
         ASSERT_EQ(image.Show(memory, &rect, 102, c.mode, c.xOffset, c.yOffset, c.zoom), 0);
         const Picture shown = memory.Snapshot();
         const Picture whole = Expected(200, 200, 39, 33, c.shownX, c.shownY, c.shownZoom, PatternGray);
@@ -77,10 +67,10 @@ TEST(Show, StretchedToWindowAndRectangle) {
 }
 
 TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
-    test::TestWindow window(20, 16);
+    TestWindow window(20, 16);
     CcGrayImage256 image;
-    test::FillPattern(image, 39, 33);
-    test::MemoryPicture memory(120, 110, RGB(0, 0, 64));
+    FillPattern(image, 39, 33);
+    MemoryPicture memory(120, 110, RGB(0, 0, 64));
     ASSERT_EQ(image.Show(memory, window, 102, 1, 0, 0, 1), 0);
     EXPECT_EQ(memory.Snapshot().DifferentFrom(Expected(120, 110, 39, 33, 0, 0, 1, PatternGray)), 0);
     // Twice as large; and where y grows upward, at 1:1 too.
@@ -89,7 +79,7 @@ TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
     };
     for (const Case& c : {Case{MM_ANISOTROPIC, 2, 2, 33, 2}, {MM_ANISOTROPIC, 1, -1, -33, 1},
                           {MM_ANISOTROPIC, 2, -2, -33, 2}, {MM_LOENGLISH, 1, -1, -33, 1}}) {
-        test::MemoryPicture scaled(120, 110, RGB(0, 0, 64));
+        MemoryPicture scaled(120, 110, RGB(0, 0, 64));
         SetMapMode(scaled, c.mapMode);
         SetViewportExtEx(scaled, c.scaleX, c.scaleY, nullptr);
         RECT rect = {0, 0, 39, c.bottom};
@@ -109,7 +99,7 @@ TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
 }
 
 TEST(Show, DisplayTables) {
-    test::TestWindow window(256, 4);
+    TestWindow window(256, 4);
     CcGrayImage256 image;
     image.MakeBlankBMP(4, 256, 0, "ramp");
     auto* bytes = static_cast<std::uint8_t*>(image.GetBitMapImageData());
@@ -159,14 +149,14 @@ TEST(Show, DisplayTables) {
 }
 
 TEST(Show, FileColoursAndUnknownTables) {
-    test::Bytes file = test::BmpFile8(4, 1, {0, 1, 2, 255});
+    Bytes file = BmpFile8(4, 1, {0, 1, 2, 255});
     const std::uint8_t second[] = {10, 20, 30}, last[] = {1, 2, 3};
     std::copy_n(second, 3, file.begin() + 54 + 4 * 1);
     std::copy_n(last, 3, file.begin() + 54 + 4 * 255);
-    const test::TemporaryFile path("coloured.bmp", file);
+    const TemporaryFile path("coloured.bmp", file);
     CcGrayImage256 image;
     ASSERT_EQ(image.OpenBMPFile(path.Path()), 0);
-    test::TestWindow window(4, 1);
+    TestWindow window(4, 1);
     const auto rowShown = [&](unsigned short lut) {
         EXPECT_EQ(image.Show(window, lut, 1, 0, 0, 1), 0);
         return window.Snapshot().pixels;
@@ -175,13 +165,13 @@ TEST(Show, FileColoursAndUnknownTables) {
     EXPECT_EQ(rowShown(100), own);
     EXPECT_EQ(rowShown(101), (std::vector<unsigned>{0, 0x010101, 0x020202, 0xFFFFFF}));
     EXPECT_EQ(rowShown(105), (std::vector<unsigned>{0, 0x010101, 0x020202, 0xFFFFFF}));
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"ERROR", "Returned NULL from SelectPalette"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"ERROR", "Returned NULL from SelectPalette"}}));
     EXPECT_EQ(rowShown(100), own);
 }
 
 TEST(Show, PictureReplacedWhileAMessageIsShown) {
-    test::TestWindow window(30, 20);
-    test::MemoryPicture memory(30, 20);
+    TestWindow window(30, 20);
+    MemoryPicture memory(30, 20);
     RECT rect = {0, 0, 30, 20};
     const std::function<int(CcImage&)> forms[] = {
         [&](CcImage& image) { return image.Show(window, 105, 0, 0, 0, 1); },
@@ -192,20 +182,20 @@ TEST(Show, PictureReplacedWhileAMessageIsShown) {
         CcGrayImage256 image, loaded;
         image.MakeBlankBMP(2000, 2000, 200, "large");
         // The message's host makes a smaller picture, of a level that the first one does not have.
-        test::DuringNextBox([&] { image.MakeBlankBMP(5, 5, 77, "small"); });
+        DuringNextBox([&] { image.MakeBlankBMP(5, 5, 77, "small"); });
         EXPECT_EQ(forms[form](image), 0);
         EXPECT_EQ((form == 0 ? window.Snapshot() : memory.Snapshot()).At(15, 10), Gray(77)) << form;
         // Or one that cannot be opened: nothing is left to draw.
         image.MakeBlankBMP(2000, 2000, 200, "large");
-        test::DuringNextBox([&] { image.OpenBMPFile("there is no such file.bmp"); });
+        DuringNextBox([&] { image.OpenBMPFile("there is no such file.bmp"); });
         EXPECT_EQ(forms[form](image), 0);
     }
-    EXPECT_EQ(test::TakeBoxes().size(), 9u);
+    EXPECT_EQ(TakeBoxes().size(), 9u);
 }
 
 TEST(Show, LargestZoomsAndRectangles) {
     CcGrayImage256 image;
-    test::FillPattern(image, 39, 33);
+    FillPattern(image, 39, 33);
     // A pixel's top left corner, or its middle, lies in the picture; what is asked for exceeds every surface.
     struct Case {
         RECT rect;
@@ -223,7 +213,7 @@ TEST(Show, LargestZoomsAndRectangles) {
                           {{-limit, -limit, limit, limit}, 0, 0, 0, 1, PatternValue(19, 16), PatternValue(19, 16)},
                           {{limit, limit, -limit, -limit}, 0, 0, 0, 1, PatternValue(19, 16), PatternValue(19, 16)},
                           {{30 - 39 * 200'000, 0, 1, 1}, 1, 0, 0, 200'000, PatternValue(38, 32), -1}}) {
-        test::MemoryPicture memory(60, 20, RGB(0, 0, 64));
+        MemoryPicture memory(60, 20, RGB(0, 0, 64));
         RECT rect = c.rect;
         EXPECT_EQ(image.Show(memory, &rect, 102, c.mode, c.xOffset, c.yOffset, c.zoom), 0);
         const Picture shown = memory.Snapshot();
@@ -234,17 +224,17 @@ TEST(Show, LargestZoomsAndRectangles) {
         }
     }
     // Extents that are not large themselves, but multiplied with the picture's.
-    test::FillPattern(image, 4000, 3000);
+    FillPattern(image, 4000, 3000);
     for (const int zoom : {130, 150, 500, 1040, 2000})
         for (const unsigned short mode : {0, 1}) {
-            test::MemoryPicture memory(60, 20, RGB(0, 0, 64));
+            MemoryPicture memory(60, 20, RGB(0, 0, 64));
             RECT rect = {-2000 * zoom, -1500 * zoom, 2000 * zoom, 1500 * zoom};
             EXPECT_EQ(image.Show(memory, &rect, 102, mode, 0, 0, zoom), 0);
             const Picture expected = Expected(60, 20, 4000, 3000, 2000, 1500, zoom, PatternGray);
             EXPECT_EQ(memory.Snapshot().DifferentFrom(expected), 0) << zoom;
         }
     image.MakeBlankBMP(33, 39, 0, "small");
-    test::TestWindow window(30, 20);
+    TestWindow window(30, 20);
     image.GetOverlay();
     for (const int offset : {INT_MIN, 0, INT_MAX})
         for (const int zoom : {2, 1 << 30, limit}) {
@@ -262,8 +252,8 @@ TEST(Show, DeviceContextStaysAsItWas) {
     EXPECT_EQ(image.Show(HDC{}, HWND{}, 100, 1, 0, 0, 1), -1);
     EXPECT_EQ(image.Show(HDC{}, static_cast<RECT*>(nullptr), 100, 1, 0, 0, 1), -1);
     EXPECT_EQ(image.Show(HWND{}, 100, 1, 0, 0, 1), 0);
-    test::FillPattern(image, 39, 33);
-    test::TestWindow window(50, 40, RGB(0, 0, 64));
+    FillPattern(image, 39, 33);
+    TestWindow window(50, 40, RGB(0, 0, 64));
     const HDC dc = GetDC(window);
     EXPECT_EQ(image.Show(dc, static_cast<RECT*>(nullptr), 100, 1, 0, 0, 1), 0);
     SetStretchBltMode(dc, HALFTONE);

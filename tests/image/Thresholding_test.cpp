@@ -1,13 +1,7 @@
 // Thresholding of the 8-bit image and the binary image, by the colours that a window then shows.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <memory>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/TestWindow.h"
-
-using test::Gray;
+using namespace test;
 
 namespace {
 
@@ -23,7 +17,7 @@ void MakeRamp(Image& image) {
 
 /// The colours that the values are shown in.
 std::vector<unsigned> ShownColours(CcImage& ramp) {
-    test::MemoryPicture picture(256, 1);
+    MemoryPicture picture(256, 1);
     RECT rect = {0, 0, 256, 1};
     ramp.Show(picture, &rect, 101, 1, 0, 0, 1);
     return picture.Snapshot().pixels;
@@ -73,7 +67,7 @@ TEST(BinaryImage, LooksAndThresholds) {
     working[1] = 0;
     EXPECT_EQ(ShownColours(image), working);
 
-    test::TestWindow window(20, 20);
+    TestWindow window(20, 20);
     struct Case {
         float low, high;
         unsigned zero, one;
@@ -95,9 +89,9 @@ TEST(BinaryImage, LooksAndThresholds) {
     EXPECT_EQ(ShownColours(image), std::vector<unsigned>(256, 0u));
 
     EXPECT_EQ(image.BeginThresholding(window, 0), 0);
-    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_TRUE(TakeBoxes().empty());
     EXPECT_EQ(image.ThresholdImageMulti(window, nullptr, 0), 0);
-    EXPECT_EQ(test::TakeBoxes().size(), 1u);
+    EXPECT_EQ(TakeBoxes().size(), 1u);
 }
 
 TEST(BinaryImage, TablesFilesAndRegions) {
@@ -115,7 +109,7 @@ TEST(BinaryImage, TablesFilesAndRegions) {
     MakeRamp(image);
     image(5, 0);
     image = 1.0F;
-    const test::TemporaryFile file("binary.bmp");
+    const TemporaryFile file("binary.bmp");
     EXPECT_EQ(image.SaveBMPFile(file.Path()), 0);
     CcBinaryImage opened;
     EXPECT_EQ(opened.OpenBMPFile(file.Path()), 0);
@@ -123,12 +117,12 @@ TEST(BinaryImage, TablesFilesAndRegions) {
     EXPECT_EQ(opened(5, 0), 1.0F);
     EXPECT_EQ(opened(77, 0), 77.0F);
 
-    const auto copy = test::Made<CcBinaryImage>(test::StoredBytes(opened));
+    const auto copy = Made<CcBinaryImage>(StoredBytes(opened));
     ASSERT_NE(copy, nullptr);
     EXPECT_EQ(ShownColours(*copy), ShownColours(opened));
     EXPECT_EQ(ShownColours(*copy)[77], white);
 
-    const auto roi = test::Boxed<CcRoiRect>({4, 1, 8, 0});
+    const auto roi = Boxed<CcRoiRect>({4, 1, 8, 0});
     const std::unique_ptr<CcImage> region(opened.GetRegion(roi.get(), 0, 0));
     ASSERT_NE(dynamic_cast<CcBinaryImage*>(region.get()), nullptr);
     EXPECT_EQ((*region)(1, 0), 1.0F);

@@ -1,20 +1,7 @@
 // The wide grayscale images: samples and raw files, display range and point lists, pixel access, thresholding, regions.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <climits>
-#include <limits>
-#include <memory>
-#include <numeric>
-#include <string>
-
-#include "image/Support.h"
-#include "support/Dialogs.h"
-#include "support/TestWindow.h"
-
-using test::Box;
-using test::Bytes;
-using test::TakeBoxes;
-using test::TemporaryFile;
+using namespace test;
 
 namespace {
 
@@ -46,8 +33,8 @@ struct Open : Base {
         return {this->lpBits, this->lpBits + height * width};
     }
     /// The four by four pixels of a picture stretched to them, seen through a LUT.
-    test::Picture Through(unsigned short lut) {
-        test::MemoryPicture picture(4, 4);
+    Picture Through(unsigned short lut) {
+        MemoryPicture picture(4, 4);
         RECT rect = {0, 0, 4, 4};
         EXPECT_EQ(this->Show(picture, &rect, lut, 0, 0, 0, 1), 0);
         return picture.Snapshot();
@@ -169,7 +156,7 @@ TYPED_TEST(WideImages, RawFilesToTheByteAndBack) {
 }
 
 TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
-    const TemporaryFile bmp("wide.bmp", test::BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
+    const TemporaryFile bmp("wide.bmp", BmpFile8(3, 2, {1, 2, 3, 4, 5, 200}));
     const std::vector<int> six = {1000, 2, 3, 4, 5, 6};
     Bytes good = this->RawFile(2, 3, six), wrongCode = good, cut = good, header = good;
     wrongCode[0] ^= 4;
@@ -196,7 +183,7 @@ TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
 
 TYPED_TEST(WideImages, NoMemoryForTheSamples) {
     // No row is a display image, but no block of samples.
-    const TemporaryFile none("wide.bmp", test::BmpFile8(3, 0, {}));
+    const TemporaryFile none("wide.bmp", BmpFile8(3, 0, {}));
     typename TypeParam::Image image;
     EXPECT_EQ(image.OpenBMPFile(none.Path()), -1);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{
@@ -209,8 +196,8 @@ TYPED_TEST(WideImages, LoadLeavesNoSamples) {
     typename TypeParam::Image image;
     image.Fill(2, 2, {100, 200, 300, 355});
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 100, 200, 255}));
-    const Bytes stored = test::StoredBytes(image);
-    const auto shown = test::Made<CcImage>(stored);
+    const Bytes stored = StoredBytes(image);
+    const auto shown = Made<CcImage>(stored);
     EXPECT_EQ(shown->GetImageType(), 0);
     EXPECT_EQ((*shown)(1, 1), 255.0F);
 
@@ -218,7 +205,7 @@ TYPED_TEST(WideImages, LoadLeavesNoSamples) {
     loaded.Fill(30, 20, std::vector<typename TestFixture::Sample>(600, 9));
     EXPECT_EQ(loaded.Load(nullptr), -1);
     EXPECT_EQ(loaded(19, 29), 9.0F);
-    ASSERT_EQ(test::LoadRecord(loaded, stored), 0);
+    ASSERT_EQ(LoadRecord(loaded, stored), 0);
     EXPECT_EQ(loaded.GetBitMapImageData(), nullptr);
     EXPECT_EQ(loaded(1, 1), -1.0F);
     EXPECT_EQ(loaded(0.5F, 0.5F), -1.0F);
@@ -258,7 +245,7 @@ TYPED_TEST(WideImages, RegionsUnderARectangle) {
     std::iota(samples.begin(), samples.end(), typename TypeParam::Image::Sample{1000});
     image.Fill(8, 10, samples);
     image.Shown();
-    const auto roi = test::Boxed<CcRoiRect>({2, 6, 5, 3});
+    const auto roi = Boxed<CcRoiRect>({2, 6, 5, 3});
     const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 500, 1));
     ASSERT_NE(region, nullptr);
     const bool isWide = TypeParam::code == 5;
@@ -342,7 +329,7 @@ TEST(WideImageDisplay, PointListsMoveTheDisplayRange) {
     EXPECT_EQ(image.fDisplayMin, 0.0F);
     EXPECT_EQ(image.List(102, 0)[0].x, points[0].x);
     for (const auto& [lut, level] : {std::pair{102, 0x82}, {101, 0x7D}, {103, 0x7C}, {104, 0x7C}})
-        EXPECT_EQ(image.Through(static_cast<unsigned short>(lut)).At(1, 0), test::Gray(level)) << lut;
+        EXPECT_EQ(image.Through(static_cast<unsigned short>(lut)).At(1, 0), Gray(level)) << lut;
 
     // A display range without a width has one level, that of the first point.
     points.assign(256, {600.0F, 300.0F});
@@ -367,7 +354,7 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     OpenFloat image;
     image.Fill(1, 4, {1e6F + 1.0F, 3e6F, 5e6F, 7654321.0F});
     EXPECT_EQ(image.GetMaxPixelValue(), 7654321.0F);
-    const test::Picture gray = image.Through(101);
+    const Picture gray = image.Through(101);
     const float displayMin = image.fDisplayMin, displayMax = image.fDisplayMax;
     const float end = image.List(101, 1)[255].x;
     EXPECT_EQ(image.ThresholdImage(nullptr, 76.5F, 100.2F, 255, 0, 0), 0);
@@ -380,7 +367,7 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(image.ThresholdImage(nullptr, 150.0F, 100.0F, 255, 0, 0), -1);
     ThresholdTag bands[] = {{0.0F, 10.0F, 0, 0, 255}, {150.0F, 160.0F, 0, 255, 0}};
     EXPECT_EQ(image.ThresholdImageMulti(nullptr, bands, 2), 0);
-    const test::Picture banded = image.Through(101);
+    const Picture banded = image.Through(101);
     EXPECT_EQ(banded.At(0, 0), 0x0000FFu);
     EXPECT_EQ(banded.At(1, 0), gray.At(1, 0));
     EXPECT_EQ(banded.At(2, 0), 0x00FF00u);
@@ -404,7 +391,7 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     // A colour list may be spaced as it likes: its points are the levels, and in the end plain gray is shown.
     Open16 uneven;
     uneven.Fill(1, 4, {0, 120, 160, 255});
-    const test::Picture plain = uneven.Through(101);
+    const Picture plain = uneven.Through(101);
     for (int channel = 1; channel <= 3; ++channel) {
         std::vector<tagPoints> squares = uneven.List(101, channel);
         for (tagPoints& point : squares) point.x = point.x * point.x / 255.0F;
@@ -421,9 +408,9 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     fixed.Fill(1, 4, {0, 390, 600, 1000});
     EXPECT_EQ(fixed.GetMaxPixelValue(), 1000.0F);
     fixed.SetAutoUpdateDisplay(0);
-    const test::Picture before = fixed.Through(101);
+    const Picture before = fixed.Through(101);
     EXPECT_EQ(fixed.ThresholdImage(nullptr, 90.0F, 110.0F, 255, 0, 0), 0);
-    const test::Picture after = fixed.Through(101);
+    const Picture after = fixed.Through(101);
     EXPECT_EQ(after.At(1, 0), 0xFF0000u);
     EXPECT_NEAR(fixed.List(101, 1)[100].x, 392.157F, 0.01F);
     EXPECT_EQ(fixed.List(102, 0)[100].x, 100.0F) << "the other tables stay";
@@ -431,13 +418,13 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
 }
 
 TEST(WideImages, PictureReplacedWhileTheSaveDialogIsOpen) {
-    const test::TemporaryFile bmp("replaced.bmp"), raw("replaced.i32");
+    const TemporaryFile bmp("replaced.bmp"), raw("replaced.i32");
     CcGrayImageInt32 image, opened;
     image.MakeBlankBMP(2000, 2000, 5, "large");
-    test::AnswerFileDialog(bmp.Path(), [&] { image.MakeBlankBMP(3, 4, 70000, "small"); });
+    AnswerFileDialog(bmp.Path(), [&] { image.MakeBlankBMP(3, 4, 70000, "small"); });
     ASSERT_EQ(image.SaveBMPFile(nullptr), 0);
     EXPECT_EQ(raw.Content().size(), 12u + 4 * 12);
     ASSERT_EQ(opened.OpenBMPFile(bmp.Path()), 0);
     EXPECT_EQ(opened(3, 2), 70000.0F);
-    EXPECT_EQ(test::TakeFileDialogs().size(), 1u);
+    EXPECT_EQ(TakeFileDialogs().size(), 1u);
 }

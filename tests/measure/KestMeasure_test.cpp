@@ -1,24 +1,9 @@
 // Measuring the ROIs of every class over images of every class.
-#include "KestMeasure.h"
-
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include <psapi.h>
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <functional>
-#include <memory>
-#include <set>
-#include <utility>
-#include <vector>
+#include "support/ClassTests.h"
 
-#include "image/Support.h"
-
-using test::Boxed;
-using test::Outlined;
+using namespace test;
 
 namespace {
 
@@ -34,16 +19,16 @@ KestRoiMeasurement Measure(CcImage& image, CcRoiBase& roi) {
 template <class Roi>
 void ExpectListedPixels(std::unique_ptr<Roi> made, double known, double length, double tolerance = 0) {
     CcGrayImage256 image;
-    test::FillPattern(image, width, height);
+    FillPattern(image, width, height);
     Roi& roi = *made;
     const KestRoiMeasurement measured = Measure(image, roi);
     const RECT bounds = *roi.GetBoundingRect();
     long long pixels = 0;
     double sum = 0;
     for (int y = std::max<int>(bounds.bottom, 0); y <= bounds.top && y < height; ++y) {
-        const std::vector<int> list = test::RowOf(roi, y);
+        const std::vector<int> list = RowOf(roi, y);
         for (const int x : std::set<int>(list.begin(), list.end()))
-            if (x >= 0 && x < width) ++pixels, sum += test::PatternValue(x, y);
+            if (x >= 0 && x < width) ++pixels, sum += PatternValue(x, y);
     }
     EXPECT_EQ(measured.llPixels, pixels);
     EXPECT_NEAR(measured.dAreaWorld, known, tolerance);
@@ -141,7 +126,7 @@ long long PrivateBytes() {
 /// Measured, hit and cut out they take no more than the picture's part asks for.
 void ExpectModest(const std::function<std::unique_ptr<CcRoiBase>()>& make, long long pixels) {
     CcGrayImage256 image;
-    test::FillPattern(image, width, height);
+    FillPattern(image, width, height);
     const long long before = PrivateBytes();
     for (int i = 0; i < 5; ++i) {
         const auto roi = make();

@@ -1,15 +1,10 @@
 // What all regions of interest share: slots, pens and colours.
-#include "CcRoiBase.h"
-
-#include <gtest/gtest.h>
-
 #include <atomic>
-#include <memory>
 #include <thread>
-#include <vector>
 
-#include "support/KnownRois.h"
-#include "support/Slots.h"
+#include "support/ClassTests.h"
+
+using namespace test;
 
 namespace {
 
@@ -28,7 +23,7 @@ LONG WidthOf(HPEN pen) { return RecordOf(pen).lopnWidth.x; }
 TEST(CcRoiBase, SlotOrder) {
     using U = unsigned short;
     using R = CcRoiBase;
-    test::ExpectSlots(6, &R::Save, &R::Restore, &R::SetRoiImageCord, &R::GetRoiImageCord, &R::StartMouseDrag,
+    ExpectSlots(6, &R::Save, &R::Restore, &R::SetRoiImageCord, &R::GetRoiImageCord, &R::StartMouseDrag,
                       &R::DoMouseDrag, &R::StopMouseDrag, &R::GetCurrentBoundingRect,
                       static_cast<int (R::*)(HDC, RECT*, int, int, U, CcImage*, int, int)>(&R::ShowROI),
                       static_cast<int (R::*)(HDC, HWND, int, int, U, CcImage*, int, int)>(&R::ShowROI),
@@ -85,7 +80,7 @@ TEST(CcRoiBase, DifferentRoisInDifferentThreads) {
                 const CcRoiRect rect;
                 CcRoiFreeHand outline;
                 int count = 0;
-                const bool isRight = test::SetOutline(outline, row) == 0 && outline.GetBoundingRect() &&
+                const bool isRight = SetOutline(outline, row) == 0 && outline.GetBoundingRect() &&
                                      outline.GetXBoundary(thread, &count) && count == 10 * thread;
                 wrong += !isRight || !CcRoiBase::hSelectedPen;
             }

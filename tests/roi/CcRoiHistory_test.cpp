@@ -1,13 +1,7 @@
 // Undo and redo of what a user does to a list of ROIs.
-#include "CcRoiHistory.h"
+#include "support/ClassTests.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "support/Dialogs.h"
-#include "support/KnownRois.h"
+using namespace test;
 
 namespace {
 
@@ -32,7 +26,7 @@ TEST(CcRoiHistory, DeletedPolygonComesBack) {
     CcRoiHistory history(&list);
     AddRect(list, "a");
     auto* polygon = new CcRoiPolyFreeHand;
-    test::SetOutline(*polygon, {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
+    SetOutline(*polygon, {{1, 1}, {2, 1}, {2, 2}, {1, 2}});
     polygon->SetName(std::string(200, 'p').c_str());
     polygon->SetSelected(1);
     list.InsertTail(polygon);
@@ -48,7 +42,7 @@ TEST(CcRoiHistory, DeletedPolygonComesBack) {
     auto* back = dynamic_cast<CcRoiPolyFreeHand*>(list.GetAtIndex(1));
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->IsROISelected(), 1);
-    const PixelGroupTag& outline = test::OutlineOf(*back);
+    const PixelGroupTag& outline = OutlineOf(*back);
     ASSERT_EQ(outline.iNumOfPoints, 4);
     EXPECT_EQ(outline.stPOINTS[3].y, 2);
     EXPECT_EQ(history.CanUndo(), 0);
@@ -89,13 +83,13 @@ TEST(CcRoiHistory, CalledWhileTheListSaysThatMemoryIsShort) {
     list.InsertTail(new CcNumber);
     list.InsertTail(new CcNumber);
     const std::string names = NamesOf(list);
-    test::DuringNextBox([&] {
+    DuringNextBox([&] {
         EXPECT_EQ(NamesOf(list), names);
         for (const int result : {history.Undo(), history.Redo(), history.Remember(), history.Cancel()}) EXPECT_EQ(result, -1);
         history.Clear();
     });
     EXPECT_EQ(history.Undo(), -1);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Memory Error", "Can't Increase Memory for List Object"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Memory Error", "Can't Increase Memory for List Object"}}));
     EXPECT_EQ(NamesOf(list), names);
     list.DeleteTail();
     list.DeleteTail();
@@ -111,7 +105,7 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     CcRoiRect* b = AddRect(list, "b");
     for (int step = 0; step < 5; ++step) {
         history.Remember();
-        test::SetBox(*a, {10 * step, 5, 9, 1});
+        SetBox(*a, {10 * step, 5, 9, 1});
         a->SetName(("a" + std::to_string(step)).c_str());
     }
     history.Remember();
@@ -122,7 +116,7 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     EXPECT_EQ(list.GetAtIndex(1), b);
     EXPECT_EQ(history.Undo(), 0);
     EXPECT_EQ(NamesOf(list), "a3 b ");
-    EXPECT_EQ(test::SidesOf(*a)[0], 30);
+    EXPECT_EQ(SidesOf(*a)[0], 30);
     EXPECT_EQ(history.Undo(), 0);
     // Older steps are forgotten.
     EXPECT_EQ(history.Undo(), -1);
@@ -159,16 +153,16 @@ TEST(CcRoiHistory, WhatCannotBeRestoredWholeChangesNothing) {
     CcRoiHistory history(&list);
     CcRoiRect* rect = AddRect(list, "rect");
     auto* outline = new CcRoiPolyLine;
-    test::SetOutline(*outline, {{1, 2}, {2, 2}});
+    SetOutline(*outline, {{1, 2}, {2, 2}});
     list.InsertTail(outline);
     AddRect(list, "deleted");
     auto* stubborn = new Stubborn;
     list.InsertTail(stubborn);
     list.InsertTail(new CcNumber);
     history.Remember();
-    test::SetBox(*rect, {70, 90, 80, 85});
+    SetBox(*rect, {70, 90, 80, 85});
     rect->SetName("renamed");
-    test::SetOutline(*outline, {{5, 6}, {6, 6}, {7, 6}});
+    SetOutline(*outline, {{5, 6}, {6, 6}, {7, 6}});
     outline->SetSelected(1);
     list.DeleteAtIndex(2);
     stubborn->SetName("stubborn");
@@ -178,18 +172,18 @@ TEST(CcRoiHistory, WhatCannotBeRestoredWholeChangesNothing) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         EXPECT_EQ(attempt == 0 ? history.Undo() : history.Cancel(), -1);
         EXPECT_EQ(NamesOf(list), names);
-        EXPECT_EQ(test::SidesOf(*rect)[0], 70);
+        EXPECT_EQ(SidesOf(*rect)[0], 70);
         EXPECT_EQ(outline->IsROISelected(), 1);
-        ASSERT_EQ(test::OutlineOf(*outline).iNumOfPoints, 3);
-        EXPECT_EQ(test::OutlineOf(*outline).stPOINTS[2].x, 7);
+        ASSERT_EQ(OutlineOf(*outline).iNumOfPoints, 3);
+        EXPECT_EQ(OutlineOf(*outline).stPOINTS[2].x, 7);
         EXPECT_EQ(history.CanRedo(), 0);
     }
     stubborn->loads = true;
     EXPECT_EQ(history.Undo(), 0);
     EXPECT_EQ(list.GetNumberOfObjects(), 5);
     EXPECT_STREQ(list.GetAtIndex(2)->GetName(), "deleted");
-    EXPECT_EQ(test::SidesOf(*rect)[0], 0);
-    EXPECT_EQ(test::OutlineOf(*outline).iNumOfPoints, 2);
+    EXPECT_EQ(SidesOf(*rect)[0], 0);
+    EXPECT_EQ(OutlineOf(*outline).iNumOfPoints, 2);
     EXPECT_EQ(outline->IsROISelected(), 0);
     EXPECT_EQ(history.Redo(), 0);
     EXPECT_EQ(NamesOf(list), names);

@@ -1,11 +1,7 @@
 // A window that shows an image and passes the mouse on to a ROI, as an application does.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "KestApi.h"
-#include "support/KnownRois.h"
-#include "support/TestWindow.h"
+#include "support/ClassTests.h"
 
 namespace test {
 

@@ -1,19 +1,9 @@
 // Every kind of ROI drawn and moved with the real mouse, at zoom 1 and 3 and stretched, from all directions and out of
 // the window; shapes with handles resized; and the edges of the protocol.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdlib>
-#include <functional>
-#include <memory>
-#include <vector>
-
 #include "roi/DraggingHost.h"
-#include "support/Dialogs.h"
+#include "support/ClassTests.h"
 
-using test::OutlineOf;
-using test::Sides;
-using test::SidesOf;
+using namespace test;
 
 namespace {
 
@@ -45,7 +35,7 @@ POINT ImagePoint(const Display& display, POINT client) {
 POINT Clamped(POINT point) { return {std::clamp<LONG>(point.x, 0, 119), std::clamp<LONG>(point.y, 0, 99)}; }
 
 template <class Roi>
-struct HostWith : test::Host<Roi> {
+struct HostWith : Host<Roi> {
     explicit HostWith(const Display& shown) {
         this->display = shown.mode;
         this->zoom = shown.zoom;
@@ -62,7 +52,7 @@ constexpr Way ways[] = {{{30, 25}, {95, 80}}, {{95, 80}, {30, 25}}, {{30, 80}, {
 
 /// The bounding rectangle moves by the difference of two image points.
 template <class Roi>
-void MoveAndCheck(test::Host<Roi>& host, const Display& display) {
+void MoveAndCheck(Host<Roi>& host, const Display& display) {
     const RECT before = *host.roi.GetCurrentBoundingRect();
     host.dragMode = KEST_DRAG_MOVE;
     host.hasVertices = false;
@@ -78,7 +68,7 @@ void MoveAndCheck(test::Host<Roi>& host, const Display& display) {
 
 /// Draws along each way and checks what was drawn, that mouse and window are as before, and that it can be moved.
 template <class Roi>
-void DrawAllWays(const std::function<void(test::Host<Open<Roi>>&, const Display&, const Way&)>& check) {
+void DrawAllWays(const std::function<void(Host<Open<Roi>>&, const Display&, const Way&)>& check) {
     for (const Display& display : displays)
         for (const Way& way : ways) {
             SCOPED_TRACE(testing::Message() << display.name << " from " << way.from.x << ' ' << way.from.y);
@@ -240,7 +230,7 @@ TEST(Dragging, HandlesResize) {
 }
 
 TEST(Dragging, MovingKeepsARectangleInTheClientArea) {
-    test::Host<OpenRect> host;
+    Host<OpenRect> host;
     host.window.Drag({10, 10}, {59, 49});
     host.dragMode = KEST_DRAG_MOVE;
     host.window.Drag({20, 20}, {-100, -100});
@@ -252,8 +242,8 @@ TEST(Dragging, MovingKeepsARectangleInTheClientArea) {
 }
 
 TEST(Dragging, RubberBandVanishesAndFailedStartsAreReleased) {
-    test::Host<OpenRect> host;
-    const test::Picture before = host.window.Snapshot();
+    Host<OpenRect> host;
+    const Picture before = host.window.Snapshot();
     // A click gives a pixel more than nothing.
     host.window.Click({30, 40});
     EXPECT_EQ(SidesOf(host.roi), (Sides{30, 59, 31, 58}));
@@ -270,7 +260,7 @@ TEST(Dragging, RubberBandVanishesAndFailedStartsAreReleased) {
     EXPECT_EQ(host.Move(mouse), -1);
     EXPECT_EQ(host.Stop(mouse), -1);
     CcRoiRect source;
-    test::SetBox(source, {30, 60, 50, 40});
+    SetBox(source, {30, 60, 50, 40});
     EXPECT_EQ(host.Start(mouse, 0, &source), 0);
     EXPECT_EQ(SidesOf(host.roi), (Sides{30, 60, 50, 40}));
     // Without an image the shape stays where it is.
@@ -282,7 +272,7 @@ TEST(Dragging, RubberBandVanishesAndFailedStartsAreReleased) {
 }
 
 TEST(Dragging, EdgesOfTheProtocol) {
-    test::Host<Open<CcRoiFreeHand>> host;
+    Host<Open<CcRoiFreeHand>> host;
     const POINT at = {50, 40};
     auto& roi = host.roi;
     EXPECT_EQ(host.Start(at, 1), -1);  // nothing to move yet
@@ -295,9 +285,9 @@ TEST(Dragging, EdgesOfTheProtocol) {
     // Queries follow a move.
     EXPECT_EQ(host.Start(at, 1), 0);
     EXPECT_EQ(host.Move({53, 44}), 0);
-    ASSERT_FALSE(test::RowOf(roi, 55).empty());
-    EXPECT_EQ(test::RowOf(roi, 55)[0], 53);
-    EXPECT_TRUE(test::RowOf(roi, 59).empty());
+    ASSERT_FALSE(RowOf(roi, 55).empty());
+    EXPECT_EQ(RowOf(roi, 55)[0], 53);
+    EXPECT_TRUE(RowOf(roi, 59).empty());
     EXPECT_EQ(host.Stop(at), 0);
     // A copy takes no part in a drag that runs.
     EXPECT_EQ(host.Start(at, 2), 0);
@@ -318,7 +308,7 @@ TEST(Dragging, WithoutTheirWindowTheyEndAndGiveTheMouseBack) {
     CcRoiRect rect;
     CcRoiPolyLine line;
     for (CcRoiBase* roi : {static_cast<CcRoiBase*>(&rect), static_cast<CcRoiBase*>(&line)}) {
-        auto window = std::make_unique<test::TestWindow>(120, 100);
+        auto window = std::make_unique<TestWindow>(120, 100);
         const HWND handle = *window;
         const auto start = [&] { return roi->StartMouseDrag(handle, 0, 0, 1, &image, {10, 10}, 2, nullptr, 1); };
         ASSERT_EQ(start(), 0);
@@ -333,16 +323,16 @@ TEST(Dragging, WithoutTheirWindowTheyEndAndGiveTheMouseBack) {
         EXPECT_EQ(GetCapture(), nullptr);
         EXPECT_EQ(roi->DoMouseDrag(handle, 0, 0, 1, &image, {50, 40}, 0), -1);
     }
-    EXPECT_TRUE(test::TakeBoxes().empty());
+    EXPECT_TRUE(TakeBoxes().empty());
 }
 
 TEST(Dragging, WhatEndsLateLeavesTheMouseToTheNextDrag) {
-    test::Host<CcRoiLine> next;
+    Host<CcRoiLine> next;
     RECT clip, itsClip;
     CcRoiRect rect;
     auto ellipse = std::make_unique<CcRoiEllipse>();
     {
-        const test::TestWindow window(120, 100);
+        const TestWindow window(120, 100);
         for (CcRoiBase* roi : {static_cast<CcRoiBase*>(&rect), static_cast<CcRoiBase*>(ellipse.get())})
             EXPECT_EQ(roi->StartMouseDrag(window, 0, 0, 1, &next.image, {10, 10}, 2, nullptr, 1), 0);
     }
@@ -357,14 +347,14 @@ TEST(Dragging, WhatEndsLateLeavesTheMouseToTheNextDrag) {
 }
 
 TEST(Dragging, SegmentLimit) {
-    const std::vector<test::Box> limit = {{"Error...", "You have exceded 100000 points in FreeHand ROI"}};
-    test::Host<CcRoiFreeHandLine> host;
+    const std::vector<Box> limit = {{"Error...", "You have exceded 100000 points in FreeHand ROI"}};
+    Host<CcRoiFreeHandLine> host;
     ASSERT_EQ(host.Start({0, 0}, KEST_DRAG_CREATE), 0);
     for (int i = 1; i <= 99999; ++i) ASSERT_EQ(host.Move({i % 100, i / 100 % 100}), 0) << i;
     EXPECT_EQ(host.Move({5, 0}), -1);
-    EXPECT_EQ(test::TakeBoxes(), limit);
+    EXPECT_EQ(TakeBoxes(), limit);
     EXPECT_EQ(host.Stop({9, 9}), -1);
-    EXPECT_EQ(test::TakeBoxes(), limit);
+    EXPECT_EQ(TakeBoxes(), limit);
     EXPECT_EQ(OutlineOf(host.roi).iNumOfPoints, 0);
     EXPECT_EQ(GetCapture(), nullptr);
 }

@@ -1,24 +1,15 @@
 // Figures that reach far beyond the surface show the pixels that the platform gives them, where it can draw them whole.
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <algorithm>
-#include <climits>
-#include <cmath>
-#include <cstdlib>
-#include <iterator>
-#include <random>
-#include <vector>
-
-#include "support/KnownRois.h"
-#include "support/TestWindow.h"
+using namespace test;
 
 namespace {
 
 constexpr int side = 300;
 
 /// At zoom 1, the image's last row at the top.
-test::Picture Shown(CcRoiBase& roi, int penWidth = 1) {
-    test::MemoryPicture picture(side, side);
+Picture Shown(CcRoiBase& roi, int penWidth = 1) {
+    MemoryPicture picture(side, side);
     CcGrayImage256 image;
     image.MakeBlankBMP(1, 1, 0, "i");
     roi.SetZoomPen(penWidth);
@@ -28,15 +19,15 @@ test::Picture Shown(CcRoiBase& roi, int penWidth = 1) {
 }
 
 template <class Roi>
-test::Picture Shown(RECT record, int penWidth = 1) {
+Picture Shown(RECT record, int penWidth = 1) {
     Roi roi;
-    test::SetBox(roi, record);
+    SetBox(roi, record);
     return Shown(roi, penWidth);
 }
 
 template <class Draw>
-test::Picture DrawnDirectly(Draw draw) {
-    test::MemoryPicture picture(side, side);
+Picture DrawnDirectly(Draw draw) {
+    MemoryPicture picture(side, side);
     const HPEN pen = CreatePen(PS_SOLID, 1, RGB(0, 255, 0));
     const HGDIOBJ oldPen = SelectObject(picture, pen), oldBrush = SelectObject(picture, GetStockObject(NULL_BRUSH));
     draw(HDC(picture));
@@ -46,7 +37,7 @@ test::Picture DrawnDirectly(Draw draw) {
     return picture.Snapshot();
 }
 
-int Painted(const test::Picture& picture) {
+int Painted(const Picture& picture) {
     return static_cast<int>(std::count_if(picture.pixels.begin(), picture.pixels.end(), [](unsigned p) { return p != 0; }));
 }
 
@@ -65,7 +56,7 @@ TEST(FarDrawing, LinesHaveThePixelsOfTheWholeLine) {
         const int times = away / std::max(std::abs(step.x), std::abs(step.y));
         const POINT b = {a.x + step.x * times, a.y + step.y * times};
         a = {a.x - step.x * (times / 2), a.y - step.y * (times / 2)};
-        const test::Picture whole = DrawnDirectly([&](HDC dc) {
+        const Picture whole = DrawnDirectly([&](HDC dc) {
             MoveToEx(dc, a.x, a.y, nullptr);
             LineTo(dc, b.x, b.y);
         });
@@ -87,7 +78,7 @@ TEST(FarDrawing, EllipsesHaveThePixelsOfTheWholeEllipse) {
         const int left = between(0, side) - static_cast<int>(width * (1 + std::cos(angle)));
         const int top = between(0, side) - static_cast<int>(height * (1 + std::sin(angle)));
         const RECT box = {left, top, left + static_cast<int>(2 * width), top + static_cast<int>(2 * height)};
-        const test::Picture whole = DrawnDirectly([&](HDC dc) { Ellipse(dc, box.left, box.top, box.right, box.bottom); });
+        const Picture whole = DrawnDirectly([&](HDC dc) { Ellipse(dc, box.left, box.top, box.right, box.bottom); });
         ASSERT_EQ(Shown<CcRoiEllipse>({box.left, -box.top, box.right, -box.bottom}).DifferentFrom(whole), 0)
             << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom;
         painted += Painted(whole);
@@ -122,14 +113,14 @@ TEST(FarDrawing, WhatNoPlatformDrawsIsDrawnWhereItShows) {
 TEST(FarDrawing, OutlinesGoOnWhereTheyComeBack) {
     // Out of the picture to one billion and back, in a picture whose rows are counted from the top.
     const POINT points[] = {{10, 10}, {50, 10}, {1000000000, 10}, {1000000000, 90}, {50, 90}, {10, 90}};
-    const test::Picture whole = DrawnDirectly([&](HDC dc) {
+    const Picture whole = DrawnDirectly([&](HDC dc) {
         const POINT drawn[] = {{10, 10}, {20000, 10}, {20000, 90}, {10, 90}, {10, 10}};
         Polyline(dc, drawn, 5);
     });
     std::vector<POINT> upward(std::begin(points), std::end(points));
     for (POINT& point : upward) point.y = -point.y;
     CcRoiPolyFreeHand roi;
-    test::SetOutline(roi, upward);
+    SetOutline(roi, upward);
     EXPECT_EQ(Shown(roi).DifferentFrom(whole), 0);
     EXPECT_GT(Painted(whole), 600);
 }

@@ -1,19 +1,8 @@
 // Files and streams of all ROI classes: to the byte, refused without a change, in use or on a full disk.
-#include <climits>
-#include <cmath>
-#include <string>
-
 #include "roi/RoiKinds.h"
-#include "support/Dialogs.h"
-#include "support/Streams.h"
+#include "support/ClassTests.h"
 
-using test::Bytes;
-using test::Kind;
-using test::kinds;
-using test::Make;
-using test::OutlinePoints;
-using test::RecordBytes;
-using test::SetRecord;
+using namespace test;
 
 namespace {
 
@@ -28,17 +17,17 @@ Bytes BagOf(const Kind& kind) {
     Bytes bag = Bytes().I32(kind.isOutline ? 2 : 1);
     if (!kind.isOutline) {
         const int bytes = static_cast<int>(kind.record.size());
-        return bag.Add(test::PropertyEntry(kind.recordKey, 5, 0, bytes)).I32(bytes).Add(kind.record);
+        return bag.Add(PropertyEntry(kind.recordKey, 5, 0, bytes)).I32(bytes).Add(kind.record);
     }
-    return bag.Add(test::PropertyEntry(kind.recordKey, 5, 0, 24))
-        .Add(test::PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32))
+    return bag.Add(PropertyEntry(kind.recordKey, 5, 0, 24))
+        .Add(PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32))
         .I32(56)
         .I32(0).I32(255).I32(0).I32(4).I32(0).I32(0)  // unselected green, four points, no pointer and no handle
         .Add(OutlinePoints());
 }
 
 Bytes StreamOf(const Kind& kind) {
-    return test::Record(kind.className, "roi", test::Record("CcPropertyBag", "", BagOf(kind)));
+    return Record(kind.className, "roi", Record("CcPropertyBag", "", BagOf(kind)));
 }
 
 }  // namespace
@@ -53,7 +42,7 @@ TEST(RoiFiles, NamesTypesFilesAndStreamsToTheByte) {
         EXPECT_EQ(std::stoi(nextName.substr(pattern.size())), std::stoi(name.substr(pattern.size())) + 1);
 
         roi->SetName("roi");
-        const test::TemporaryFile file("one.roi", Bytes().Fill(999, 7));
+        const TemporaryFile file("one.roi", Bytes().Fill(999, 7));
         EXPECT_EQ(roi->Save(file.Path()), 0);
         EXPECT_EQ(file.Content(), FileOf(kind));
         EXPECT_EQ(next->Restore(file.Path()), 0);
@@ -61,9 +50,9 @@ TEST(RoiFiles, NamesTypesFilesAndStreamsToTheByte) {
         EXPECT_EQ(RecordBytes(kind, *next), ExpectedRecord(kind));
         EXPECT_EQ(roi->Save("no such folder\\x"), -1);
 
-        EXPECT_EQ(test::StoredBytes(*roi), StreamOf(kind));
+        EXPECT_EQ(StoredBytes(*roi), StreamOf(kind));
         const auto loaded = Make(kind, false);
-        EXPECT_EQ(test::LoadRecord(*loaded, StreamOf(kind)), 0);
+        EXPECT_EQ(LoadRecord(*loaded, StreamOf(kind)), 0);
         EXPECT_EQ(RecordBytes(kind, *loaded), ExpectedRecord(kind));
         EXPECT_EQ(loaded->Load(nullptr), -1);
         EXPECT_EQ(loaded->Store(nullptr), -1);
@@ -83,7 +72,7 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
         tooMany[11] = 0x7F;
         negative[11] = 0xFF;
         for (const Bytes& bad : {otherType, tooFew, tooMany, negative, FileOf(kind, 1.5F), FileOf(kind, NAN), Bytes()}) {
-            const test::TemporaryFile file("bad.roi", bad);
+            const TemporaryFile file("bad.roi", bad);
             EXPECT_EQ(roi->Restore(file.Path()), -1);
         }
         EXPECT_STREQ(roi->GetName(), "kept");
@@ -91,9 +80,9 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
         otherKey[128 + 128 + 4] = 'X';
         shortRecord[128 + 128 + 4 + 268] = 3;  // the entry's length: the bag then contradicts itself
         noFooter.resize(noFooter.size() - 200);
-        for (const Bytes& bad : {otherKey, shortRecord, noFooter}) EXPECT_LT(test::LoadRecord(*roi, bad), 0);
+        for (const Bytes& bad : {otherKey, shortRecord, noFooter}) EXPECT_LT(LoadRecord(*roi, bad), 0);
         EXPECT_EQ(RecordBytes(kind, *roi), ExpectedRecord(kind));
-        const test::TemporaryFile fullName("full.roi", FileOf(kind, 1.0F, std::string(260, 'f')));
+        const TemporaryFile fullName("full.roi", FileOf(kind, 1.0F, std::string(260, 'f')));
         EXPECT_EQ(roi->Restore(fullName.Path()), 0);
         EXPECT_EQ(roi->GetName(), std::string(259, 'f'));
         if (!kind.isOutline) continue;
@@ -102,7 +91,7 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
             Bytes lie = StreamOf(kind);
             const std::size_t at = 128 + 128 + 4 + 2 * 272 + 4 + 12;
             for (int i = 0; i < 4; ++i) lie[at + i] = static_cast<std::uint8_t>(count >> (8 * i));
-            EXPECT_LT(test::LoadRecord(*roi, lie), 0) << count;
+            EXPECT_LT(LoadRecord(*roi, lie), 0) << count;
         }
         EXPECT_EQ(RecordBytes(kind, *roi), ExpectedRecord(kind));
     }
@@ -110,10 +99,10 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
 
 TEST(RoiFiles, FilesInUseOrOnAFullDiskOrWithoutMemory) {
     const char fullDisk[] = R"(Z:\dev\full)";
-    const std::vector<test::Box> lost = {{"File I/O Error", "Problem writing ROI to file"}};
+    const std::vector<Box> lost = {{"File I/O Error", "Problem writing ROI to file"}};
     CcRoiFreeHand roi;
     SetRecord(kinds[5], roi, std::vector<POINT>(50000, {7, 8}), {}, {});
-    const test::TemporaryFile file("used.roi", Bytes().Fill(5, 7));
+    const TemporaryFile file("used.roi", Bytes().Fill(5, 7));
     {
         const HANDLE reader = CreateFileA(file.Path(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                           OPEN_EXISTING, 0, nullptr);
@@ -121,11 +110,11 @@ TEST(RoiFiles, FilesInUseOrOnAFullDiskOrWithoutMemory) {
         EXPECT_EQ(roi.PrintPerimiterPointsToFile(file.Path()), 0);
         CloseHandle(reader);
     }
-    EXPECT_EQ(test::TakeBoxes(), std::vector<test::Box>());
+    EXPECT_EQ(TakeBoxes(), std::vector<Box>());
     EXPECT_EQ(roi.Save(fullDisk), 0);
-    EXPECT_EQ(test::TakeBoxes(), lost);
+    EXPECT_EQ(TakeBoxes(), lost);
     EXPECT_EQ(roi.PrintPerimiterPointsToFile(fullDisk), -1);
-    EXPECT_EQ(test::TakeBoxes(), lost);
+    EXPECT_EQ(TakeBoxes(), lost);
 
     struct Refusing : CcRoiFreeHand {
         bool refuses = false;
@@ -152,11 +141,11 @@ TEST(RoiFiles, EmptyOutlines) {
         record.iNumOfPoints = 5;
         EXPECT_EQ(empty->SetRoiImageCord(&record), -1);
         const auto full = Make(kind);
-        EXPECT_EQ(test::LoadRecord(*full, test::StoredBytes(*empty)), 0);
+        EXPECT_EQ(LoadRecord(*full, StoredBytes(*empty)), 0);
         EXPECT_EQ(full->GetBoundingRect(), nullptr);
         // Its file is that of another one without points, and takes none away.
         empty->SetName("nothing");
-        const test::TemporaryFile file("empty.roi", Bytes());
+        const TemporaryFile file("empty.roi", Bytes());
         EXPECT_EQ(empty->Save(file.Path()), 0);
         const auto other = Make(kind);
         const std::string name = other->GetName();
@@ -170,8 +159,8 @@ TEST(RoiFiles, EmptyOutlines) {
 
 TEST(RoiFiles, PerimeterAsText) {
     CcRoiPolyLine roi;
-    test::SetOutline(roi, {{4, -5}, {5, 6}});
-    const test::TemporaryFile file("perimeter.txt");
+    SetOutline(roi, {{4, -5}, {5, 6}});
+    const TemporaryFile file("perimeter.txt");
     for (const char* path : {file.Path(), "no such folder\\x", static_cast<const char*>(nullptr)})
         EXPECT_EQ(roi.PrintPerimiterPointsToFile(path), 0);
     const auto content = file.Content();

@@ -1,17 +1,7 @@
 // The eight ROI classes as a table: what distinguishes them, and ROIs of each with known coordinates.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstring>
-#include <memory>
-#include <utility>
-#include <vector>
-
-#include "KestApi.h"
-#include "support/Bytes.h"
-#include "support/KnownRois.h"
+#include "support/ClassTests.h"
 
 namespace test {
 

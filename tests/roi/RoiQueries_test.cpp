@@ -1,27 +1,13 @@
 // What ROIs tell of their pixels: bounds, rows and columns, regions under them, and what copies and neighbours keep.
-#include <climits>
-#include <cmath>
-#include <initializer_list>
-#include <memory>
-#include <numeric>
-#include <vector>
-
-#include "image/Support.h"
 #include "roi/RoiKinds.h"
-#include "support/TestWindow.h"
+#include "support/ClassTests.h"
 
-using test::Kind;
-using test::kinds;
-using test::Make;
-using test::RowOf;
-using test::SetBox;
-using test::SetOutline;
-using test::SetRecord;
+using namespace test;
 
 TEST(RoiQueries, ExtremeCoordinatesNeitherOverflowNorHang) {
     CcGrayImage256 image;
     image.MakeBlankBMP(50, 60, 1, "i");
-    test::MemoryPicture picture(64, 64);
+    MemoryPicture picture(64, 64);
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.className);
         const auto roi = Make(kind, false);
@@ -44,7 +30,7 @@ TEST(RoiQueries, ExtremeCoordinatesNeitherOverflowNorHang) {
 
 TEST(RoiQueries, RegionsUnderEveryKind) {
     CcGrayImage256 image;
-    test::FillPattern(image, 100, 80, "i");
+    FillPattern(image, 100, 80, "i");
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.className);
         const auto roi = Make(kind, false);
@@ -62,7 +48,7 @@ TEST(RoiQueries, RegionsUnderEveryKind) {
             std::vector<float> expected(static_cast<std::size_t>(width), 255.0F), copied;
             std::vector<int> columns = RowOf(*roi, y + bounds.bottom);
             if (!columns.empty()) columns.pop_back();
-            for (const int x : columns) expected[x - bounds.left] = test::PatternFloat(x, y + bounds.bottom);
+            for (const int x : columns) expected[x - bounds.left] = PatternFloat(x, y + bounds.bottom);
             for (int x = 0; x < width; ++x) copied.push_back((*region)(x, y));
             ASSERT_EQ(copied, expected) << y;
         }
@@ -188,7 +174,7 @@ TEST(FreehandQueries, RoisOfOneClassDoNotDisturbEachOther) {
     b.GetBoundingRect();
 
     // A moved pixel is seen by the next GetBoundingRect.
-    PixelGroupTag& outline = test::OutlineOf(b);
+    PixelGroupTag& outline = OutlineOf(b);
     outline.stPOINTS[0].x = -50;
     outline.stPOINTS[1].y = 70;
     EXPECT_EQ(RowOf(b, 1), (std::vector<int>{10, 11, 12}));

@@ -1,16 +1,15 @@
 // ROIs as they are drawn, pixel by pixel.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "roi/DraggingHost.h"
+#include "support/ClassTests.h"
+
+using namespace test;
 
 TEST(ShownRois, RectanglesWithTheirHandles) {
-    test::TestWindow window(80, 60, RGB(0, 0, 64));
+    TestWindow window(80, 60, RGB(0, 0, 64));
     CcGrayImage256 image;
     image.MakeBlankBMP(60, 80, 0, "i");
     CcRoiRect roi;
-    test::SetBox(roi, {10, 49, 40, 29});
+    SetBox(roi, {10, 49, 40, 29});
     EXPECT_EQ(roi.ShowROI(HWND{}, 0, 0, 1, &image, 1, 0), -1);
     EXPECT_EQ(roi.ShowROI(window, 0, 0, 1, nullptr, 1, 0), -1);
     const HDC dc = GetDC(window);
@@ -19,7 +18,7 @@ TEST(ShownRois, RectanglesWithTheirHandles) {
     EXPECT_EQ(roi.ShowROI(dc, window, 0, 0, 1, &image, 1, 0), 0);
     EXPECT_EQ(GetCurrentObject(dc, OBJ_PEN), pen);
     EXPECT_EQ(GetCurrentObject(dc, OBJ_BRUSH), brush);
-    const test::Picture shown = window.Snapshot();
+    const Picture shown = window.Snapshot();
     for (const POINT at : {POINT{10, 10}, POINT{40, 30}, POINT{40, 10}, POINT{10, 30}, POINT{27, 10}, POINT{40, 25}})
         EXPECT_EQ(shown.At(at.x, at.y), 0x00FF00u) << at.x << ' ' << at.y;
     EXPECT_EQ(shown.At(41, 30), 0x000040u);
@@ -41,39 +40,39 @@ TEST(ShownRois, PixelsOfEveryKind) {
     const auto expectPixels = [](auto& host, std::initializer_list<POINT> on, std::initializer_list<POINT> off) {
         host.window.Fill(RGB(0, 0, 64));
         host.Show(1);
-        const test::Picture shown = host.window.Snapshot();
+        const Picture shown = host.window.Snapshot();
         for (const POINT& at : on) EXPECT_EQ(shown.At(at.x, at.y), 0xFF0000u) << at.x << ' ' << at.y;
         for (const POINT& at : off) EXPECT_EQ(shown.At(at.x, at.y), 0x000040u) << at.x << ' ' << at.y;
     };
-    test::Host<CcRoiEllipse> ellipse;
-    test::SetBox(ellipse.roi, {20, 79, 60, 39});  // window 20, 20 to 60, 60
+    Host<CcRoiEllipse> ellipse;
+    SetBox(ellipse.roi, {20, 79, 60, 39});  // window 20, 20 to 60, 60
     expectPixels(ellipse, {{20, 40}, {40, 20}, {59, 40}, {40, 59}}, {{60, 40}, {40, 60}, {20, 20}, {40, 40}});
 
-    test::Host<CcRoiLine> line;
-    test::SetBox(line.roi, {10, 89, 30, 79});  // window 10, 10 to 30, 20
+    Host<CcRoiLine> line;
+    SetBox(line.roi, {10, 89, 30, 79});  // window 10, 10 to 30, 20
     expectPixels(line, {{10, 10}, {20, 15}, {28, 19}}, {{30, 20}, {9, 10}});
     line.zoom = 3;
     expectPixels(line, {{30, 30}, {60, 45}}, {{90, 60}});
 
-    test::Host<CcRoiPolyFreeHand> closed;
-    test::SetOutline(closed.roi, {{10, 89}, {11, 89}, {12, 88}, {12, 87}, {11, 88}});
+    Host<CcRoiPolyFreeHand> closed;
+    SetOutline(closed.roi, {{10, 89}, {11, 89}, {12, 88}, {12, 87}, {11, 88}});
     expectPixels(closed, {{10, 10}, {11, 10}, {12, 11}, {12, 12}, {11, 11}}, {{13, 11}, {10, 11}});
-    const PixelGroupTag& outline = test::OutlineOf(closed.roi);
+    const PixelGroupTag& outline = OutlineOf(closed.roi);
     EXPECT_EQ(outline.iRed, 255);
     closed.Show(0);
     EXPECT_EQ(outline.iGreen, 255);
     EXPECT_EQ(outline.iRed, 0);
 
-    test::Host<CcRoiPoint> mark;
+    Host<CcRoiPoint> mark;
     tagPoints point = {50.0F, 49.0F};  // window 50, 50
     mark.roi.SetRoiImageCord(&point);
     mark.roi.SetName("");
     expectPixels(mark, {{50, 50}, {35, 50}, {64, 50}, {50, 35}, {50, 64}, {40, 50}, {50, 40}, {59, 50}},
                  {{65, 50}, {34, 50}, {50, 65}, {56, 44}});
-    const test::Picture without = mark.window.Snapshot();
+    const Picture without = mark.window.Snapshot();
     mark.roi.SetName("P.8");
     mark.Show(1);
-    const test::Picture with = mark.window.Snapshot();
+    const Picture with = mark.window.Snapshot();
     // The device context's own colour, black.
     EXPECT_NE(std::find(with.pixels.begin(), with.pixels.end(), 0u), with.pixels.end());
     int left = 999, bottom = 0;

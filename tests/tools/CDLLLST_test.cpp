@@ -1,9 +1,5 @@
 // The list of tools: its positions, and inserts and deletes compared with a vector's.
-#include "CDLLLST.h"
-
-#include <gtest/gtest.h>
-
-#include <vector>
+#include "support/ClassTests.h"
 
 namespace {
 

@@ -1,14 +1,10 @@
 // Tool libraries, good and bad ones, loaded and called.
-#include "CLOADDLL.h"
-
-#include <gtest/gtest.h>
-
-#include <cstring>
 #include <new>
-#include <string>
 
 #include "libraries/ToolLog.h"
-#include "support/Dialogs.h"
+#include "support/ClassTests.h"
+
+using namespace test;
 
 namespace {
 
@@ -111,18 +107,18 @@ TEST(CLOADDLL, ShowsWhatCannotBeLoaded) {
     CLOADDLL missing, tooLong, noEntry;
     EXPECT_EQ(missing.LoadDll(nullptr), -1);
     EXPECT_EQ(missing.LoadDll("NoSuchTool.dll"), -1);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Error Loading Tool:", "NoSuchTool.dll"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error Loading Tool:", "NoSuchTool.dll"}}));
     EXPECT_STREQ(missing.GetMenuText(), "Void");
 
     // The longest path that is loaded; one that would name the same file if it were cut off is not.
     const std::string longest = PathOfLength(254, recordingTool), path = longest + ".no";
     EXPECT_EQ(CLOADDLL().LoadDll(longest.c_str()), 0);
     EXPECT_EQ(tooLong.LoadDll(path.c_str()), -1);
-    EXPECT_EQ(test::TakeBoxes(), (std::vector<test::Box>{{"Error Loading Tool:", path}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error Loading Tool:", path}}));
 
     EXPECT_EQ(noEntry.LoadDll("NoEntry.dll"), -1);
-    EXPECT_EQ(test::TakeBoxes(),
-              (std::vector<test::Box>{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
+    EXPECT_EQ(TakeBoxes(),
+              (std::vector<Box>{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
     ExpectAbsent(noEntry);
     EXPECT_NE(GetModuleHandleA("NoEntry.dll"), nullptr);
     EXPECT_EQ(noEntry.UNLoadDll(), 0);

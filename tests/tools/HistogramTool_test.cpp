@@ -1,11 +1,7 @@
 // The sample tool as a host meets it: loaded, opened on the current image, told of changes, closed, unloaded.
-#include <KestApi.h>
-#include <gtest/gtest.h>
+#include "support/ClassTests.h"
 
-#include <cstring>
-
-#include "support/Census.h"
-#include "support/TestWindow.h"
+using namespace test;
 
 namespace {
 
@@ -13,13 +9,13 @@ namespace {
 constexpr int margin = 10, plotWidth = 512, plotBottom = margin + 200;
 constexpr unsigned white = 0xFFFFFF;
 
-test::Picture Look(HWND window) {
-    test::PumpMessages(30);
-    return test::PictureOf(window);
+Picture Look(HWND window) {
+    PumpMessages(30);
+    return PictureOf(window);
 }
 
 /// Pixels of the plot's column over a histogram step that are not white, without its frame.
-int BarHeight(const test::Picture& picture, int step) {
+int BarHeight(const Picture& picture, int step) {
     int height = 0;
     for (int y = margin + 1; y < plotBottom - 1; ++y) height += picture.At(margin + 2 * step + 1, y) != white;
     return height;
@@ -41,12 +37,12 @@ TEST(HistogramTool, ShowsTheHostsCurrentImage) {
     grey.MakeBlankBMP(16, 16, 60, "grey");
     std::memset(grey.GetBitMapImageData(), 200, 64);
     CcImage* current = &grey;
-    test::TestWindow host(600, 400);
+    TestWindow host(600, 400);
     const HWND window = tool.CallDllMainFunction(host, &current);
     ASSERT_TRUE(IsWindow(window));
     EXPECT_EQ(GetWindow(window, GW_OWNER), host);
     EXPECT_EQ(tool.CallDllMainFunction(host, &current), window);
-    test::Picture picture = Look(window);
+    Picture picture = Look(window);
     ASSERT_EQ(picture.width, plotWidth + 2 * margin);
     EXPECT_EQ(BarHeight(picture, 60), 198);
     EXPECT_EQ(BarHeight(picture, 200), 65);
@@ -73,14 +69,14 @@ TEST(HistogramTool, LeavesNothingBehind) {
         CLOADDLL tool;
         tool.LoadDll("HistogramTool.dll");
         CcImage* current = nullptr;
-        test::TestWindow host(100, 100);
+        TestWindow host(100, 100);
         Look(tool.CallDllMainFunction(host, &current));
         tool.CloseAllOpenTools();
     };
     use();  // the system's own first objects
-    const int before = test::TakeCensus().gdiObjects;
+    const int before = TakeCensus().gdiObjects;
     use();
-    EXPECT_EQ(test::TakeCensus().gdiObjects, before);
+    EXPECT_EQ(TakeCensus().gdiObjects, before);
 }
 
 }  // namespace

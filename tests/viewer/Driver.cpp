@@ -1,11 +1,8 @@
 // Runs KestView and works with it as a person does.
-#include "viewer/Driver.h"
-
 #include <shlobj.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <vector>
+#include "support/ClassTests.h"
+#include "viewer/Driver.h"
 
 namespace test {
 namespace {

@@ -1,12 +1,7 @@
 // Runs KestView and works with it as a person does: real mouse and keyboard input through the window system.
 #pragma once
 
-#include <windows.h>
-
-#include <functional>
-#include <string>
-
-#include "support/TestWindow.h"
+#include "support/ClassTests.h"
 
 namespace test {
 

@@ -1,12 +1,8 @@
 // The menus as they are shown: every entry does something, tells what, and its key is a key of its own.
-#include <gtest/gtest.h>
-
-#include <map>
-#include <set>
-
 #include "commands/AllMenus.h"
 #include "panes/SidePanes.h"
 #include "platform/Guards.h"
+#include "support/ClassTests.h"
 
 namespace test {
 namespace {

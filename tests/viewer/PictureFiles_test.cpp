@@ -1,12 +1,9 @@
 // Pictures in files: what KestView reads of other programs' files, what it writes for them, and what it asks before.
 #include "document/PictureFiles.h"
-
-#include <gtest/gtest.h>
-
 #include "document/RoiFiles.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "support/Bytes.h"
+#include "support/ClassTests.h"
 #include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 

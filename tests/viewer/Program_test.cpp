@@ -1,12 +1,9 @@
 // KestView as a program: how files reach it, what it remembers, and the ROI work that the tour leaves out.
-#include <gtest/gtest.h>
-
 #include <shlobj.h>
 
-#include "KestApi.h"
 #include "document/Session.h"
 #include "res/Resource.h"
-#include "support/Bytes.h"
+#include "support/ClassTests.h"
 #include "support/Printer.h"
 #include "viewer/Driver.h"
 #include "viewer/SampleDocuments.h"

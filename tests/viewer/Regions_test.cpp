@@ -1,12 +1,4 @@
 // Regions in KestView: results and graphs of them, cut out with their place, moved by whole pixels, in files.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <climits>
-#include <cstring>
-#include <memory>
-
 #include "document/Histogram.h"
 #include "document/Profile.h"
 #include "document/Region.h"
@@ -15,9 +7,8 @@
 #include "document/RoiFiles.h"
 #include "document/RoiKinds.h"
 #include "platform/Text.h"
-#include "support/Dialogs.h"
+#include "support/ClassTests.h"
 #include "support/Imports.h"
-#include "support/Streams.h"
 #include "viewer/SampleDocuments.h"
 
 namespace test {

@@ -1,18 +1,9 @@
 // Small pictures with known values: documents of KestView, and TIFF files written by hand.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <type_traits>
-#include <vector>
-
 #include "document/Document.h"
 #include "document/Session.h"
-#include "support/Bytes.h"
-#include "support/KnownRois.h"
-#include "support/TestWindow.h"
+#include "support/ClassTests.h"
 
 namespace test {
 

@@ -1,12 +1,8 @@
 // Sessions of KestView: what they bring back, and what is refused.
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <memory>
-
 #include "document/Conversion.h"
 #include "document/Session.h"
 #include "platform/Text.h"
+#include "support/ClassTests.h"
 #include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 

@@ -1,21 +1,11 @@
 // The tour: a person's whole session with KestView on the sample plate, with real mouse and keyboard, and a look into
 // every file that it wrote. With the environment variable KEST_TOUR_FOLDER set, pictures of the steps go there.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <memory>
-#include <sstream>
-#include <vector>
 
-#include "KestApi.h"
-#include "res/Resource.h"
 #include "SamplePlate.h"
 #include "platform/Drawing.h"
-#include "support/Bytes.h"
+#include "res/Resource.h"
+#include "support/ClassTests.h"
 #include "viewer/Driver.h"
 
 namespace test {

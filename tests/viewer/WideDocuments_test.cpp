@@ -1,14 +1,7 @@
 // Wide pictures in KestView: the range that is shown, bands of sample values, conversions, and previews of bands.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <memory>
-#include <numeric>
-
 #include "document/Conversion.h"
 #include "document/Histogram.h"
+#include "support/ClassTests.h"
 #include "viewer/SampleDocuments.h"
 
 namespace test {

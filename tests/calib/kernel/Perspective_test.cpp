@@ -1,17 +1,7 @@
 // Fitting, converting and the area map, against formulas in double precision and against the plain loops.
-#include "calib/kernel/Perspective.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <bit>
-#include <cmath>
-#include <cstdint>
-#include <random>
-#include <span>
-#include <vector>
-
 #include "calib/kernel/LinearSolver.h"
+#include "calib/kernel/Perspective.h"
+#include "support/KernelTests.h"
 
 using kest::InstructionSet;
 using kest::Perspective;

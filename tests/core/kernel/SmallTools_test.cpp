@@ -1,15 +1,10 @@
 // The small tools that everything else stands on.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <climits>
-
 #include "core/kernel/ByteReader.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/Numbers.h"
 #include "core/kernel/PathParts.h"
 #include "core/kernel/PropertyTable.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,9 +1,6 @@
 // Window and image coordinates, against values worked out by hand.
 #include "core/kernel/ViewTransform.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,17 +1,9 @@
 // The layout of a graph against values worked out by hand: plot area, mapping, marks, labels, and the path of a curve.
-#include "graph/kernel/GraphLayout.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <limits>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "graph/kernel/AxisLabels.h"
 #include "graph/kernel/CurvePath.h"
+#include "graph/kernel/GraphLayout.h"
 #include "graph/kernel/GraphView.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

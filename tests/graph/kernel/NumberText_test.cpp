@@ -1,15 +1,6 @@
 // Texts of numbers: exact both ways, and only plain decimal numbers are taken.
 #include "graph/kernel/NumberText.h"
-
-#include <gtest/gtest.h>
-
-#include <bit>
-#include <cfloat>
-#include <climits>
-#include <cmath>
-#include <cstdint>
-#include <random>
-#include <string>
+#include "support/KernelTests.h"
 
 namespace {
 

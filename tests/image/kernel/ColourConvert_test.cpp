@@ -1,10 +1,6 @@
 // Colour conversion over all colours, against the same arithmetic written down another way.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
 #include "image/kernel/ColourConvert.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

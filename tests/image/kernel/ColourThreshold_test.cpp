@@ -1,12 +1,6 @@
 // Painting of bands and boxes, against a model that takes one pixel after another.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <random>
-#include <vector>
-
 #include "image/kernel/ColourThreshold.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,13 +1,8 @@
 // DIB headers and BMP files: what is accepted, and that nothing a file says leads outside its bytes.
-#include "image/kernel/DibLayout.h"
-
-#include <gtest/gtest.h>
-
-#include <random>
-#include <vector>
-
 #include "core/kernel/ByteReader.h"
 #include "image/kernel/BmpFormat.h"
+#include "image/kernel/DibLayout.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,16 +1,9 @@
 // Where images are printed, the overlay's colours, and interpolation.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <climits>
-#include <cmath>
-#include <cstdlib>
-#include <vector>
-
 #include "image/kernel/Bilinear.h"
 #include "image/kernel/BlitPlan.h"
 #include "image/kernel/OverlayColours.h"
 #include "image/kernel/PrintPlan.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,18 +1,8 @@
 // Wide samples: the vector loops against the rules written straight down, over all 16-bit samples and over random sets
 // with every extreme; point lists and raw file headers.
 #include "image/kernel/WideSamples.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <numeric>
-#include <random>
-#include <vector>
-
 #include "image/kernel/WideSamplesLut.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

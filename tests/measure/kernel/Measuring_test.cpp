@@ -1,14 +1,6 @@
 // The pixels under a ROI.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <cstring>
-#include <random>
-#include <vector>
-
 #include "measure/kernel/PixelRuns.h"
+#include "support/KernelTests.h"
 
 TEST(PixelRuns, AreClippedSortedAndJoined) {
     KestSpan runs[] = {{12, 14}, {-5, 2}, {7, 7}, {3, 4}, {13, 20}, {40, 30}, {-9, -1}, {100, 200}};

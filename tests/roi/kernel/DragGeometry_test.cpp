@@ -1,9 +1,6 @@
 // Dragging geometry, against values worked out by hand.
 #include "roi/kernel/DragGeometry.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
+#include "support/KernelTests.h"
 
 using namespace kest;
 

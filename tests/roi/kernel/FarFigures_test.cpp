@@ -1,13 +1,6 @@
 // Lines and ellipses of any size, pixel by pixel in an area, beside their equations.
 #include "roi/kernel/FarFigures.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-#include <cstdlib>
-#include <random>
-#include <vector>
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,16 +1,7 @@
 // Straight lines in pixel chains.
 #include "roi/kernel/OutlineLines.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <numbers>
-#include <random>
-#include <vector>
-
 #include "roi/kernel/OutlineRaster.h"
+#include "support/KernelTests.h"
 
 using kest::IntPoint;
 

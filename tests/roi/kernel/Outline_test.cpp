@@ -1,16 +1,9 @@
 // Freehand outlines: rasterising against the rule written straight down, and filled rows against an independent
 // point-in-polygon test, over thousands of seeded random outlines.
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cstdlib>
-#include <random>
-#include <set>
-#include <vector>
-
 #include "roi/kernel/OutlineBounds.h"
 #include "roi/kernel/OutlineIndex.h"
 #include "roi/kernel/OutlineRaster.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

@@ -1,17 +1,8 @@
 // Extents of lines and ellipses, and what lies under the mouse.
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-#include <cstdlib>
-#include <map>
-#include <random>
-#include <utility>
-#include <vector>
-
 #include "roi/kernel/EllipseExtent.h"
 #include "roi/kernel/HitTest.h"
 #include "roi/kernel/LinePixels.h"
+#include "support/KernelTests.h"
 
 using namespace kest;
 

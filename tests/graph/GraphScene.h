@@ -1,14 +1,8 @@
 // What the tests of graphs share: a graph that shows its fields, curves over test data, and a place to draw them.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <vector>
-
-#include "KestApi.h"
 #include "core/GdiGuards.h"
-#include "support/TestWindow.h"
+#include "support/ClassTests.h"
 
 namespace test {
 
