@@ -71,12 +71,12 @@ void ResultsPane::Measure() {
             list.SetText(static_cast<int>(row), column, ResultText(table.rows[row], column, shownDigits));
         list.SetSelected(static_cast<int>(row), document->Roi(static_cast<int>(row)).IsROISelected() != 0);
     }
-    list.FitColumns();
+    list.FitColumns(widestTexts);
     std::string note = "No picture";
     if (document && document->Calibration())
-        note = "Lengths and areas in " + table.units + ", by the calibration.";
+        note = "In " + table.units + ", by the calibration.";
     else if (document)
-        note = "Lengths and areas in pixels: the picture is not calibrated.";
+        note = "In pixels: the picture is not calibrated.";
     SetText(IDC_RESULTS_NOTE, note);
     for (const int button : {IDC_RESULTS_COPY, IDC_RESULTS_EXPORT})
         Enable(button, !table.rows.empty());

@@ -23,6 +23,7 @@ private:
 
     ResultsTable table;
     bool isStale = true;
+    std::vector<int> widestTexts;  ///< of the columns
 };
 
 }  // namespace kestview

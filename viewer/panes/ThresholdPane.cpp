@@ -165,7 +165,7 @@ void ThresholdPane::FillBands() {
         list.SetText(row, 2, BoundText(band.high));
         list.SetSelected(row, row == SelectedBand());
     }
-    list.FitColumns();
+    list.FitColumns(widestTexts);
     InvalidateRect(Item(IDC_BAND_LIST), nullptr, FALSE);
     const bool isPossible = document && ThresholdPreview::IsPossible(document->Image());
     Enable(IDC_BAND_ADD, isPossible && count < mostBands);

@@ -52,6 +52,7 @@ private:
     Band bandAtRest;        ///< the selected band before the number at hand was typed
     std::size_t selectedBand = 0;
     SliderScale scale;
+    std::vector<int> widestTexts;  ///< of the list's columns
     struct LastBands {
         std::vector<Band> bands;
         int channel;

@@ -49,7 +49,8 @@ std::string ListView::TextAt(int row, int column) const {
     return text;
 }
 
-void ListView::FitColumns() const {
+void ListView::FitColumns(std::vector<int>& widest) const {
+    widest.resize(static_cast<std::size_t>(ColumnCount()));
     const int margins = MulDiv(14, DpiOf(list), 96);
     const auto widthOf = [&](const char* text) {
         return static_cast<int>(SendMessageA(list, LVM_GETSTRINGWIDTHA, 0, reinterpret_cast<LPARAM>(text))) + margins;
@@ -64,6 +65,9 @@ void ListView::FitColumns() const {
         int width = widthOf(title);
         for (int row = 0; row < RowCount(); ++row)
             width = std::max(width, widthOf(TextAt(row, column).c_str()));
+        int& known = widest[static_cast<std::size_t>(column)];
+        if (width <= known) continue;
+        known = width;
         if (width > SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0))
             SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
     }

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace kestview {
 
@@ -15,8 +16,9 @@ public:
     /// `width` is for 96 dots an inch; numbers are aligned to the right.
     void AddColumn(const char* title, int width, bool isNumber = false) const;
     void SetColumnTitle(int column, const std::string& title) const;
-    /// Makes columns wider until their titles and texts are seen whole.
-    void FitColumns() const;
+    /// Makes columns wide enough for their titles and texts that need more than ever before; `widest` notes for each
+    /// column what was needed. One that the user has made narrower so stays as it is.
+    void FitColumns(std::vector<int>& widest) const;
     void ScaleColumns(int newDpi, int oldDpi) const;
     int RowCount() const;
     /// Adds or takes away rows at the end.

@@ -15,8 +15,9 @@ constexpr int pictureSize = 24;
 
 bool Toolbar::Create(HWND parent) {
     window = CreateWindowExA(0, TOOLBARCLASSNAMEA, "",
-                             WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS, 0, 0, 0, 0,
-                             parent, reinterpret_cast<HMENU>(IDC_TOOLBAR), ProgramInstance(), nullptr);
+                             WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
+                                 TBSTYLE_WRAPABLE,
+                             0, 0, 0, 0, parent, reinterpret_cast<HMENU>(IDC_TOOLBAR), ProgramInstance(), nullptr);
     if (!window) return false;
     SendMessageA(window, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     MakePictures();
