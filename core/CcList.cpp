@@ -80,7 +80,7 @@ int CcList::Load(CcObjectStorage* pStorage) {
     for (int i = 0; i < count; ++i) {
         CcHLObject* member = nullptr;
         if (pStorage->GetNextObject(&member) < 0) return KEST_FAILED;
-        const bool isRefused = iLoadedType != KEST_TYPE_NONE && member->GetType() != iLoadedType;
+        const bool isRefused = stLoaded.iType != KEST_TYPE_NONE && member->GetType() != stLoaded.iType;
         if (isRefused || InsertTail(member) < 0) {
             kest::DeleteMade(member);
             return KEST_FAILED;

@@ -54,6 +54,8 @@ CcImage::CcImage()
       llPixelBlockBytes(0) {
     SetType(KEST_TYPE_IMAGE);
     cListROI.SetDestructionType(1);
+    // Hosts use the members as ROIs without asking.
+    cListROI.stLoaded.iType = KEST_TYPE_ROI;
     hPalette.Adopt(static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)));
     if (std::atomic_ref<int>(iPrinterSetupFlag).exchange(1) == 0) {
         stPrintSetup = {};
@@ -65,8 +67,6 @@ CcImage::~CcImage() { cListROI.SetDestructionType(1); }
 
 int CcImage::Load(CcObjectStorage* pStorage) {
     if (!pStorage) return KEST_FAILED;
-    // Hosts use the members as ROIs without asking.
-    cListROI.iLoadedType = KEST_TYPE_ROI;
     const int result = pStorage->GetNextObject(&cListROI);
     // Whatever type the record bears, the ROIs that were loaded are the image's.
     cListROI.SetDestructionType(1);

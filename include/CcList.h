@@ -106,6 +106,15 @@ private:
     int RemoveAt(int iIndex);
     bool DeletesMembers() const { return iDistructorFlag == 1 && bOwnsMembers; }
 
+    /// The type code that a member needs for Load to take it; KEST_TYPE_NONE: any will do. It belongs to the list's place:
+    /// another list that is assigned to it does not change it.
+    struct MemberType {
+        MemberType() = default;
+        MemberType(const MemberType&) = default;
+        MemberType& operator=(const MemberType&) { return *this; }
+        int iType = KEST_TYPE_NONE;
+    };
+
     KestOwnership bOwnsMembers;
-    int iLoadedType = KEST_TYPE_NONE;  // Load takes only members of this type code; KEST_TYPE_NONE: of any
+    MemberType stLoaded;
 };

@@ -206,6 +206,18 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     const auto loaded = Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));
     ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(loaded->GetListROI()->GetNumberOfObjects(), 2);
+
+    // So does its list by itself, whatever list is assigned to it.
+    const Bytes other = Record("CcList", "", ListBag(0, 1, -1, 1).Add(bag));
+    CcGrayImage256 fresh;
+    for (CcList* const rois : {fresh.GetListROI(), loaded->GetListROI()}) {
+        CcList plain;
+        plain = *rois;
+        EXPECT_LT(test::LoadRecord(*rois, other), 0);
+        *rois = plain;
+        EXPECT_LT(test::LoadRecord(*rois, other), 0);
+        EXPECT_EQ(test::LoadRecord(plain, other), 0);
+    }
 }
 
 TEST(CcList, PositionsFromAStreamThatLiesAreHarmless) {
