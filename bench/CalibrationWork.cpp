@@ -20,7 +20,8 @@ void AddCalibrationWork(WorkList& list) {
     constexpr std::size_t count = 10'000'000;
     const auto image = MakeBuffer<tagPoints>(count), world = MakeBuffer<tagPoints>(count);
     std::mt19937 random(5);
-    for (auto& point : *image) point = {static_cast<float>(random() % 400000) / 100, static_cast<float>(random() % 300000) / 100};
+    for (auto& point : *image)
+        point = {static_cast<float>(random() % 400000) / 100, static_cast<float>(random() % 300000) / 100};
     list.push_back({"points to world", "10 million",
                     [=] {
                         for (std::size_t i = 0; i < count; ++i) (*world)[i] = kest::ImageToWorld(mapping, (*image)[i]);

@@ -50,28 +50,34 @@ void AddColourWork(WorkList& list) {
                     [=] { kest::ConvertHslToRgb(*hsl, *target, false); }, PeerToRgb(*hsl, *target),
                     CopyOf(hsl, target)});
 
-    list.push_back({"luminance band, picture restored", "12 MP", PaintPlainly(rgb, target, [](const std::uint8_t* pixel) {
-                        const auto luminance = static_cast<float>(kest::Luminance(pixel));
-                        return luminance >= lowBand && luminance <= highBand;
-                    }),
+    list.push_back({"luminance band, picture restored", "12 MP",
+                    PaintPlainly(rgb, target,
+                                 [](const std::uint8_t* pixel) {
+                                     const auto luminance = static_cast<float>(kest::Luminance(pixel));
+                                     return luminance >= lowBand && luminance <= highBand;
+                                 }),
                     [=] { kest::PaintLuminance(*rgb, *target, lowBand, highBand, paint); },
                     PeerPaintLuminance(*rgb, *target, lowBand, highBand), copy});
-    list.push_back({"one-channel band, picture restored", "12 MP", PaintPlainly(rgb, target, [](const std::uint8_t* pixel) {
-                        return pixel[channel] >= lowBand && pixel[channel] <= highBand;
-                    }),
+    list.push_back({"one-channel band, picture restored", "12 MP",
+                    PaintPlainly(rgb, target,
+                                 [](const std::uint8_t* pixel) {
+                                     return pixel[channel] >= lowBand && pixel[channel] <= highBand;
+                                 }),
                     [=] {
                         kest::ChannelPainter painter(channel);
                         painter.AddBand(kest::ToByteBand(lowBand, highBand), paint);
                         painter.Paint(*rgb, *target);
                     },
                     PeerPaintChannel(*rgb, *target, channel, lowBand, highBand), copy});
-    list.push_back({"RGB box, picture restored", "12 MP", PaintPlainly(rgb, target, [](const std::uint8_t* pixel) {
-                        return box[0].Has(pixel[0]) && box[1].Has(pixel[1]) && box[2].Has(pixel[2]);
-                    }),
-                    [=] { kest::PaintBox(*rgb, *target, box, paint); },
-                    PeerPaintBox(*rgb, *target, {box[0].low, box[1].low, box[2].low},
-                                 {box[0].high, box[1].high, box[2].high}),
-                    copy});
+    list.push_back(
+        {"RGB box, picture restored", "12 MP",
+         PaintPlainly(rgb, target,
+                      [](const std::uint8_t* pixel) {
+                          return box[0].Has(pixel[0]) && box[1].Has(pixel[1]) && box[2].Has(pixel[2]);
+                      }),
+         [=] { kest::PaintBox(*rgb, *target, box, paint); },
+         PeerPaintBox(*rgb, *target, {box[0].low, box[1].low, box[2].low}, {box[0].high, box[1].high, box[2].high}),
+         copy});
 }
 
 }  // namespace bench

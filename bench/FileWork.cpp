@@ -59,13 +59,21 @@ void AddBmpWork(WorkList& list, const std::string& name, std::size_t bytesPerPix
             run();
         };
     };
-    list.push_back({"BMP read, " + name, "12 MP", reads(ReadInSteps(raw->size(), row)), reads([] {
+    list.push_back({"BMP read, " + name,
+                    "12 MP",
+                    reads(ReadInSteps(raw->size(), row)),
+                    reads([] {
                         Image opened;
                         opened.OpenBMPFile(bmpPath);
                     }),
-                    {}, reads(ReadInSteps(raw->size(), raw->size()))});
-    list.push_back({"BMP write, " + name, "12 MP", WriteInSteps(raw, row, CREATE_ALWAYS),
-                    [image] { image->SaveBMPFile(bmpPath); }, {}, WriteInSteps(raw, raw->size(), OPEN_ALWAYS)});
+                    {},
+                    reads(ReadInSteps(raw->size(), raw->size()))});
+    list.push_back({"BMP write, " + name,
+                    "12 MP",
+                    WriteInSteps(raw, row, CREATE_ALWAYS),
+                    [image] { image->SaveBMPFile(bmpPath); },
+                    {},
+                    WriteInSteps(raw, raw->size(), OPEN_ALWAYS)});
 }
 
 /// An 8-bit picture of 8 megapixels with ROIs.
@@ -99,21 +107,31 @@ void AddStreamWork(WorkList& list) {
     const auto image = PictureWithRois(1000), rois = PictureWithRois(20000);
     const std::size_t bytes = StreamLength(*image), roiBytes = StreamLength(*rois->GetListROI());
     const Run copy = CopyOf(RandomBytes(bytes, 11), RandomBytes(bytes, 12));
-    list.push_back({"image and 1000 ROIs, memory stream", std::to_string(bytes / 1000000) + " MB", {},
+    list.push_back({"image and 1000 ROIs, memory stream",
+                    std::to_string(bytes / 1000000) + " MB",
+                    {},
                     [=] {
                         CcMemObjectStorage stream;
                         stream.PutObject(image.get());
                     },
-                    {}, copy});
-    list.push_back({"image and 1000 ROIs, file stream", std::to_string(bytes / 1000000) + " MB", {},
-                    PutIntoFile(image), {}, WriteInSteps(RandomBytes(bytes, 13), bytes, OPEN_ALWAYS)});
-    list.push_back({"20,000 ROIs, file stream", std::to_string(roiBytes / 1000000) + " MB", {},
+                    {},
+                    copy});
+    list.push_back({"image and 1000 ROIs, file stream",
+                    std::to_string(bytes / 1000000) + " MB",
+                    {},
+                    PutIntoFile(image),
+                    {},
+                    WriteInSteps(RandomBytes(bytes, 13), bytes, OPEN_ALWAYS)});
+    list.push_back({"20,000 ROIs, file stream",
+                    std::to_string(roiBytes / 1000000) + " MB",
+                    {},
                     [=] {
                         CcFileObjectStorage stream;
                         stream.Open(streamPath, GENERIC_READ | GENERIC_WRITE);
                         stream.PutObject(rois->GetListROI());
                     },
-                    {}, WriteInSteps(RandomBytes(roiBytes, 14), roiBytes, OPEN_ALWAYS)});
+                    {},
+                    WriteInSteps(RandomBytes(roiBytes, 14), roiBytes, OPEN_ALWAYS)});
 }
 
 }  // namespace

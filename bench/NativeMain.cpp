@@ -45,9 +45,13 @@ int main(int argc, char** argv) {
         for (int column = 0; column < 4; ++column) {
             const bench::Run& run = list[i].*bench::columns[column];
             if (!run) continue;
-            benchmark::RegisterBenchmark(NameOf(i, column).c_str(), [&run](benchmark::State& state) {
-                for (auto _ : state) run();
-            })->Unit(benchmark::kMillisecond)->MinTime(0.02)->Repetitions(9);
+            benchmark::RegisterBenchmark(NameOf(i, column).c_str(),
+                                         [&run](benchmark::State& state) {
+                                             for (auto _ : state) run();
+                                         })
+                ->Unit(benchmark::kMillisecond)
+                ->MinTime(0.02)
+                ->Repetitions(9);
         }
     FastestReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -101,12 +101,12 @@ Run PeerCutEllipse(Bytes& picture, int side, Bytes& region, int margin) {
 Run PeerCutOutline(Bytes& picture, int side, const Points& outline, int margin, int regionSide) {
     auto polygon = std::make_shared<std::vector<std::vector<cv::Point>>>(1);
     for (const kest::IntPoint& point : outline) polygon->front().emplace_back(point.x - margin, point.y - margin);
-    return [=, from = cv::Mat(side, side, CV_8U, picture.data()),
-            to = cv::Mat(regionSide, regionSide, CV_8U)]() mutable {
-        cv::Mat mask = cv::Mat::zeros(regionSide, regionSide, CV_8U);
-        cv::fillPoly(mask, *polygon, 255);
-        from(cv::Rect(margin, margin, regionSide, regionSide)).copyTo(to, mask);
-    };
+    return
+        [=, from = cv::Mat(side, side, CV_8U, picture.data()), to = cv::Mat(regionSide, regionSide, CV_8U)]() mutable {
+            cv::Mat mask = cv::Mat::zeros(regionSide, regionSide, CV_8U);
+            cv::fillPoly(mask, *polygon, 255);
+            from(cv::Rect(margin, margin, regionSide, regionSide)).copyTo(to, mask);
+        };
 }
 
 Run PeerRasterise(const Points& starts, const Points& ends, Points& chain) {

@@ -51,7 +51,8 @@ std::vector<kest::IntPoint> Corners(int count, double radius, double waviness) {
     for (int i = 0; i < count; ++i) {
         const double angle = 2 * 3.14159265358979 * i / count;
         const double r = radius * (1 - waviness + waviness * std::sin(angle * 97));
-        corners.push_back({static_cast<int>(side / 2 + r * std::cos(angle)), static_cast<int>(side / 2 + r * std::sin(angle))});
+        corners.push_back(
+            {static_cast<int>(side / 2 + r * std::cos(angle)), static_cast<int>(side / 2 + r * std::sin(angle))});
     }
     return corners;
 }
@@ -67,7 +68,10 @@ struct SortedOutline {
     kest::OutlineIndex index;
 
     explicit SortedOutline(const std::vector<kest::IntPoint>& outline)
-        : memory(static_cast<std::size_t>(kest::OutlineIndex::BytesNeeded(static_cast<kest::Size64>(outline.size()), side)) / 8 + 1) {
+        : memory(static_cast<std::size_t>(
+                     kest::OutlineIndex::BytesNeeded(static_cast<kest::Size64>(outline.size()), side)) /
+                     8 +
+                 1) {
         index.Build(outline, kest::Axis::Rows, kest::RowOrder::Filled, 0, side,
                     reinterpret_cast<std::uint8_t*>(memory.data()));
     }
@@ -95,23 +99,23 @@ void AddOutlineWork(WorkList& list, Picture picture, Picture region, const Run& 
     const auto manyEnds = NextOf(manyCorners);
     const auto length = static_cast<std::size_t>(kest::RasterLength(manyCorners, manyEnds));
     const auto chain = MakeBuffer<kest::IntPoint>(length);
-    list.push_back({"rasterise an outline", std::to_string(length / 100000 / 10.0).substr(0, 4) + " M points",
-                    [=] {
-                        kest::IntPoint* out = chain->data();
-                        for (std::size_t i = 0; i < manyCorners.size(); ++i) {
-                            const kest::LineEquation line(manyCorners[i], manyEnds[i]);
-                            const bool isSteep = line.Width() < line.Height();
-                            const int from = isSteep ? manyCorners[i].y : manyCorners[i].x;
-                            const int step = from < (isSteep ? manyEnds[i].y : manyEnds[i].x) ? 1 : -1;
-                            for (int k = 0; k < line.Length(); ++k) {
-                                const int at = from + k * step;
-                                *out++ = isSteep ? kest::IntPoint{line.ColumnAt(at), at}
-                                                 : kest::IntPoint{at, line.RowAt(at)};
-                            }
-                        }
-                    },
-                    [=] { kest::RasteriseOutline(manyCorners, manyEnds, *chain); },
-                    PeerRasterise(manyCorners, manyEnds, *chain), CopyOf(MakeBuffer<kest::IntPoint>(length), chain)});
+    list.push_back(
+        {"rasterise an outline", std::to_string(length / 100000 / 10.0).substr(0, 4) + " M points",
+         [=] {
+             kest::IntPoint* out = chain->data();
+             for (std::size_t i = 0; i < manyCorners.size(); ++i) {
+                 const kest::LineEquation line(manyCorners[i], manyEnds[i]);
+                 const bool isSteep = line.Width() < line.Height();
+                 const int from = isSteep ? manyCorners[i].y : manyCorners[i].x;
+                 const int step = from < (isSteep ? manyEnds[i].y : manyEnds[i].x) ? 1 : -1;
+                 for (int k = 0; k < line.Length(); ++k) {
+                     const int at = from + k * step;
+                     *out++ = isSteep ? kest::IntPoint{line.ColumnAt(at), at} : kest::IntPoint{at, line.RowAt(at)};
+                 }
+             }
+         },
+         [=] { kest::RasteriseOutline(manyCorners, manyEnds, *chain); }, PeerRasterise(manyCorners, manyEnds, *chain),
+         CopyOf(MakeBuffer<kest::IntPoint>(length), chain)});
 }
 
 }  // namespace

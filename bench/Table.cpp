@@ -32,8 +32,9 @@ void PrintTable(const WorkList& list, const std::vector<Measured>& measured) {
         PrintNumber(Ratio(ours, limit), " %8.2f |");
         std::printf("\n");
     }
-    std::printf("Milliseconds, the fastest of several runs; plain/o.: times as fast as plain, ours/p. and ours/l.: times\n"
-                "as long as the peer and as a copy of the same bytes.\n");
+    std::printf(
+        "Milliseconds, the fastest of several runs; plain/o.: times as fast as plain, ours/p. and ours/l.: times\n"
+        "as long as the peer and as a copy of the same bytes.\n");
 }
 
 }  // namespace bench

@@ -111,9 +111,7 @@ float CcCalibration::GetAreaOfPixel(int iX, int iY) {
     return pAreaMap[kest::Product(iAreaMapWidth, iY) + iX];
 }
 
-float CcCalibration::ComputeAreaOfPixel(int iX, int iY) const {
-    return kest::PixelArea(MappingOf(fTransform), iX, iY);
-}
+float CcCalibration::ComputeAreaOfPixel(int iX, int iY) const { return kest::PixelArea(MappingOf(fTransform), iX, iY); }
 
 int CcCalibration::GetSizeOfImage(int* piWidth, int* piHeight) {
     if (piWidth) *piWidth = iAreaMapWidth;

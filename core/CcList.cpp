@@ -45,9 +45,7 @@ void CcList::MakeFirstArray() {
         case KestGlobalBlock::NotAllocated:
             kest::ShowMessage("Can't Allocate Memory for List Object", memoryError);
             return;
-        case KestGlobalBlock::NotLocked:
-            kest::ShowMessage("Can't Lock Memory for List Object", memoryError);
-            return;
+        case KestGlobalBlock::NotLocked: kest::ShowMessage("Can't Lock Memory for List Object", memoryError); return;
         case KestGlobalBlock::Allocated:
             pObjectArray = static_cast<CcHLObject**>(hObjectArray.Get());
             iArraySize = iInitialArraySize;
@@ -61,11 +59,8 @@ CcList::~CcList() {
         case KestGlobalBlock::StillLocked:
             kest::ShowMessage("Can't UN-Lock Memory for List Object", memoryError);
             break;
-        case KestGlobalBlock::NotFreed:
-            kest::ShowMessage("Can't Free Memory for List Object", memoryError);
-            break;
-        case KestGlobalBlock::Released:
-            break;
+        case KestGlobalBlock::NotFreed: kest::ShowMessage("Can't Free Memory for List Object", memoryError); break;
+        case KestGlobalBlock::Released: break;
     }
 }
 

@@ -8,9 +8,9 @@
 namespace kest {
 
 struct FileQuestion {
-    const char* filter;            ///< pairs of NUL-terminated strings, ended by an empty one
-    const char* startName;         ///< what the name field shows first
-    const char* startDirectory;    ///< null: the dialog's own choice
+    const char* filter;          ///< pairs of NUL-terminated strings, ended by an empty one
+    const char* startName;       ///< what the name field shows first
+    const char* startDirectory;  ///< null: the dialog's own choice
     const char* defaultExtension;
     DWORD flags;
 };

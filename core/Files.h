@@ -43,8 +43,7 @@ inline bool ReadExactly(HANDLE file, void* bytes, Size64 count) {
 inline bool WriteExactly(HANDLE file, const void* bytes, Size64 count) {
     DWORD written = 0;
     return count >= 0 && count <= LargestBlockBytes &&
-           WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) &&
-           written == static_cast<DWORD>(count);
+           WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) && written == static_cast<DWORD>(count);
 }
 
 /// Bytes from the file's position to its end.

@@ -16,8 +16,6 @@ inline const void* FunctionTableOf(const void* object) {
 }
 
 /// True when the object was made as a class of the library, so that no operation of it is a host's.
-inline bool IsOfLibraryClass(const void* object) {
-    return IsInLibrary(FunctionTableOf(object));
-}
+inline bool IsOfLibraryClass(const void* object) { return IsInLibrary(FunctionTableOf(object)); }
 
 }  // namespace kest

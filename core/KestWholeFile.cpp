@@ -167,7 +167,8 @@ int KestWholeFile::Replace() {
 
 bool KestWholeFile::MoveIntoPlace() {
     // Replacing keeps what belongs to the old file (attributes, permissions).
-    if (bOldFile && ReplaceFileA(szPath, szNewPath, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) return true;
+    if (bOldFile && ReplaceFileA(szPath, szNewPath, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
+        return true;
     return MoveFileExA(szNewPath, szPath, MOVEFILE_REPLACE_EXISTING) != FALSE;
 }
 

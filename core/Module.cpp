@@ -14,9 +14,7 @@ namespace {
 HINSTANCE libraryModule = nullptr;
 }
 
-HINSTANCE LibraryModule() {
-    return libraryModule;
-}
+HINSTANCE LibraryModule() { return libraryModule; }
 
 bool IsInLibrary(const void* address) {
     HMODULE module = nullptr;

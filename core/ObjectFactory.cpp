@@ -21,8 +21,7 @@ void DeleteMade(CcHLObject* object) {
     // Only the library's classes can be met here, so the type code tells a list.
     if (object && object->GetType() == KEST_TYPE_LIST) {
         auto& list = *static_cast<CcList*>(object);
-        while (list.GetNumberOfObjects() > 0)
-            DeleteMade(list.TakeOut(list.GetNumberOfObjects() - 1));
+        while (list.GetNumberOfObjects() > 0) DeleteMade(list.TakeOut(list.GetNumberOfObjects() - 1));
     }
     delete object;
 }

@@ -11,8 +11,7 @@ namespace kest {
 inline void DrawProcessText(HDC dc, int x, int y, const char* text, int length) {
     if (GetACP() == CP_UTF8) {
         wchar_t wide[512];
-        const int wideLength =
-            MultiByteToWideChar(CP_UTF8, 0, text, length, wide, static_cast<int>(std::size(wide)));
+        const int wideLength = MultiByteToWideChar(CP_UTF8, 0, text, length, wide, static_cast<int>(std::size(wide)));
         if (wideLength > 0) {
             TextOutW(dc, x, y, wide, wideLength);
             return;

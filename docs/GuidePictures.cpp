@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <string>
 
-#include "res/Resource.h"
 #include "SamplePlate.h"
+#include "res/Resource.h"
 #include "viewer/Driver.h"
 
 namespace {
@@ -45,21 +45,15 @@ void Take(Driver& view, HWND window, const char* name, bool hasFrame = true) {
 }
 
 /// The pane that a control lies in.
-HWND PaneOf(Driver& view, int control) {
-    return GetParent(view.Control(control));
-}
+HWND PaneOf(Driver& view, int control) { return GetParent(view.Control(control)); }
 
-POINT At(double x, double y) {
-    return {std::lround(x), example::plateHeightPixels - 1 - std::lround(y)};
-}
+POINT At(double x, double y) { return {std::lround(x), example::plateHeightPixels - 1 - std::lround(y)}; }
 POINT OnPlate(double worldX, double worldY) {
     const tagPoints pixel = example::PlatePixel(worldX, worldY);
     return At(static_cast<double>(pixel.x), static_cast<double>(pixel.y));
 }
 
-void Tool(Driver& view, int number) {
-    view.Press({VK_CONTROL, VK_SHIFT, static_cast<WORD>('0' + number)});
-}
+void Tool(Driver& view, int number) { view.Press({VK_CONTROL, VK_SHIFT, static_cast<WORD>('0' + number)}); }
 
 void DrawRegions(Driver& view) {
     const HWND canvas = view.Canvas();
@@ -72,8 +66,7 @@ void DrawRegions(Driver& view) {
     Tool(view, 5);
     view.Drag(canvas, {OnPlate(74, 65), OnPlate(96, 65), OnPlate(97, 40), OnPlate(73, 40), OnPlate(74, 64)});
     Tool(view, 7);
-    for (const POINT corner : {OnPlate(40, 9), OnPlate(70, 9), OnPlate(70, 29)})
-        view.Click(canvas, corner);
+    for (const POINT corner : {OnPlate(40, 9), OnPlate(70, 9), OnPlate(70, 29)}) view.Click(canvas, corner);
     view.Click(canvas, OnPlate(40, 29));
     view.Press({VK_RETURN});
     view.Press({VK_F4});

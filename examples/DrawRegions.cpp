@@ -25,8 +25,7 @@ Course Circle() {
 
 Course Wave() {
     Course course;
-    for (int i = 0; i <= 40; ++i)
-        course.push_back({100 + i * 20, static_cast<LONG>(500 + 300 * std::sin(i * 0.314))});
+    for (int i = 0; i <= 40; ++i) course.push_back({100 + i * 20, static_cast<LONG>(500 + 300 * std::sin(i * 0.314))});
     return course;
 }
 
@@ -74,8 +73,7 @@ struct Viewer {
             case WM_LBUTTONUP:
                 if (drawn && !kind->hasVertices) Finish(window);
                 return 0;
-            default:
-                return DefWindowProcA(window, message, wParam, lParam);
+            default: return DefWindowProcA(window, message, wParam, lParam);
         }
     }
 

@@ -44,8 +44,8 @@ HWND OpenWindow(const char* title, int clientWidth, int clientHeight,
     constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
     RECT frame = {0, 0, clientWidth, clientHeight};
     AdjustWindowRect(&frame, style, FALSE);
-    const HWND window = CreateWindowA(reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(windowClass)), title, style, 60, 60,
-                                      frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr,
+    const HWND window = CreateWindowA(reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(windowClass)), title, style, 60,
+                                      60, frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr,
                                       GetModuleHandleA(nullptr), nullptr);
     // Examples end with their windows; the procedure lives as long as the program.
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(new auto(std::move(procedure))));

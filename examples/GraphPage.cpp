@@ -69,8 +69,7 @@ struct GraphWindow {
                 isDragging = false;
                 ReleaseCapture();
                 return 0;
-            default:
-                return DefWindowProcA(window, message, wParam, lParam);
+            default: return DefWindowProcA(window, message, wParam, lParam);
         }
     }
 };

@@ -45,8 +45,7 @@ struct Viewer {
                 image.GetListROI()->InsertTail(drawn);
                 InvalidateRect(window, nullptr, FALSE);
                 return 0;
-            default:
-                return DefWindowProcA(window, message, wParam, lParam);
+            default: return DefWindowProcA(window, message, wParam, lParam);
         }
     }
 };

@@ -76,7 +76,8 @@ std::unique_ptr<CcGrayImageInt16> MakeWide(CcImage& gray) {
     auto wide = std::make_unique<CcGrayImageInt16>();
     wide->MakeBlankBMP(height, width, 0, "wide");
     auto* samples = static_cast<unsigned short*>(wide->GetBitMapImageData());
-    for (int i = 0; i < height * width; ++i) samples[i] = static_cast<unsigned short>(1000 + 2000 * BytesOf(gray)[i] / 255);
+    for (int i = 0; i < height * width; ++i)
+        samples[i] = static_cast<unsigned short>(1000 + 2000 * BytesOf(gray)[i] / 255);
     wide->SetAutoUpdateDisplay(1);
     wide->ReScaleImageOnShow();
     return wide;
@@ -120,7 +121,8 @@ std::vector<Cell> MakeCells(const std::string& grayPath, const std::string& colo
 }
 
 void DrawCell(HDC dc, const Cell& cell, int index) {
-    const int left = index % columns * (cellWidth + 8) + 8, top = index / columns * (cellHeight + captionHeight + 8) + 4;
+    const int left = index % columns * (cellWidth + 8) + 8,
+              top = index / columns * (cellHeight + captionHeight + 8) + 4;
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(30, 30, 30));
     TextOutA(dc, left, top + 2, cell.caption.c_str(), static_cast<int>(cell.caption.size()));
@@ -140,17 +142,18 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::vector<Cell> cells = MakeCells(argv[1], argv[2]);
-    const HWND window = example::OpenWindow(
-        "Pictures", columns * (cellWidth + 8) + 8, rows * (cellHeight + captionHeight + 8) + 8,
-        [&](HWND shown, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-            if (message != WM_PAINT) return DefWindowProcA(shown, message, wParam, lParam);
-            PAINTSTRUCT paint;
-            const HDC dc = BeginPaint(shown, &paint);
-            FillRect(dc, &paint.rcPaint, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-            for (std::size_t i = 0; i < cells.size(); ++i) DrawCell(dc, cells[i], static_cast<int>(i));
-            EndPaint(shown, &paint);
-            return 0;
-        });
+    const HWND window =
+        example::OpenWindow("Pictures", columns * (cellWidth + 8) + 8, rows * (cellHeight + captionHeight + 8) + 8,
+                            [&](HWND shown, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+                                if (message != WM_PAINT) return DefWindowProcA(shown, message, wParam, lParam);
+                                PAINTSTRUCT paint;
+                                const HDC dc = BeginPaint(shown, &paint);
+                                FillRect(dc, &paint.rcPaint, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+                                for (std::size_t i = 0; i < cells.size(); ++i)
+                                    DrawCell(dc, cells[i], static_cast<int>(i));
+                                EndPaint(shown, &paint);
+                                return 0;
+                            });
     example::PumpMessages(300);
     const std::string path = std::string(argv[3]) + "/5-pictures.bmp";
     if (!example::SavePicture(window, path)) return 1;

@@ -46,13 +46,11 @@ Perspective Through(const std::array<std::array<double, 4>, 4>& pairs) {
         for (int row = 0; row < 8; ++row) {
             if (row == column) continue;
             const double factor = rows[row][column] / rows[column][column];
-            for (int k = column; k < 9; ++k)
-                rows[row][k] -= factor * rows[column][k];
+            for (int k = column; k < 9; ++k) rows[row][k] -= factor * rows[column][k];
         }
     }
     Perspective h;
-    for (std::size_t i = 0; i < 8; ++i)
-        h[i] = rows[i][8] / rows[i][i];
+    for (std::size_t i = 0; i < 8; ++i) h[i] = rows[i][8] / rows[i][i];
     h[8] = 1;
     return h;
 }
@@ -84,25 +82,16 @@ double Coverage(const Perspective& toWorld, int x, int y) {
 
 }  // namespace
 
-std::span<const PlateMark> PlateMarks() {
-    return marks;
-}
-std::span<const PlateObject> PlateObjects() {
-    return objects;
-}
+std::span<const PlateMark> PlateMarks() { return marks; }
+std::span<const PlateObject> PlateObjects() { return objects; }
 
 double PlateObject::Area() const {
     switch (shape) {
-        case PlateShape::Disc:
-            return pi * sizeA * sizeA;
-        case PlateShape::Rectangle:
-            return sizeA * sizeB;
-        case PlateShape::Ring:
-            return pi * (sizeA * sizeA - sizeB * sizeB);
-        case PlateShape::Ellipse:
-            return pi * sizeA * sizeB;
-        case PlateShape::Triangle:
-            return sizeA * sizeB / 2;
+        case PlateShape::Disc: return pi * sizeA * sizeA;
+        case PlateShape::Rectangle: return sizeA * sizeB;
+        case PlateShape::Ring: return pi * (sizeA * sizeA - sizeB * sizeB);
+        case PlateShape::Ellipse: return pi * sizeA * sizeB;
+        case PlateShape::Triangle: return sizeA * sizeB / 2;
     }
     return 0;
 }
@@ -110,14 +99,10 @@ double PlateObject::Area() const {
 bool PlateObject::Contains(double worldX, double worldY) const {
     const double x = worldX - centreX, y = worldY - centreY;
     switch (shape) {
-        case PlateShape::Disc:
-            return std::hypot(x, y) <= sizeA;
-        case PlateShape::Rectangle:
-            return std::fabs(x) <= sizeA / 2 && std::fabs(y) <= sizeB / 2;
-        case PlateShape::Ring:
-            return std::hypot(x, y) <= sizeA && std::hypot(x, y) >= sizeB;
-        case PlateShape::Ellipse:
-            return std::hypot(x / sizeA, y / sizeB) <= 1;
+        case PlateShape::Disc: return std::hypot(x, y) <= sizeA;
+        case PlateShape::Rectangle: return std::fabs(x) <= sizeA / 2 && std::fabs(y) <= sizeB / 2;
+        case PlateShape::Ring: return std::hypot(x, y) <= sizeA && std::hypot(x, y) >= sizeB;
+        case PlateShape::Ellipse: return std::hypot(x / sizeA, y / sizeB) <= 1;
         case PlateShape::Triangle:
             return y >= -sizeB / 2 && y <= sizeB / 2 && std::fabs(x) <= sizeA / 2 * (sizeB / 2 - y) / sizeB;
     }

@@ -154,8 +154,7 @@ int CcGraph::GetGridMarkings(int* piXMajor, int* piYMajor, int* piXMinor, int* p
                              int* piYMajorLines, int* piXMinorLines, int* piYMinorLines) {
     int* const places[] = {piXMajorLines, piXMinorLines, piYMajorLines, piYMinorLines,
                            piXMajor,      piYMajor,      piXMinor,      piYMinor};
-    for (std::size_t i = 0; i < std::size(places); ++i)
-        kest::Put(places[i], iGridMarkings[i]);
+    for (std::size_t i = 0; i < std::size(places); ++i) kest::Put(places[i], iGridMarkings[i]);
     return KEST_OK;
 }
 

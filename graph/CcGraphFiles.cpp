@@ -52,21 +52,15 @@ void ShowFileFailure(const char* format, const char* fileName) {
 /// Calls `visit(field)` for each number and text, in the order of the file.
 template <class Visitor>
 void CcGraph::VisitAppearance(Visitor visit) {
-    for (int& extent : stMapExtents)
-        visit(extent);
-    for (int& origin : stMapOrigins)
-        visit(origin);
-    for (float* value : {&fXMin, &fXOrigin, &fXMax, &fYMin, &fYOrigin, &fYMax})
-        visit(*value);
-    for (int& side : stPlotRect)
-        visit(side);
-    for (int& marking : iGridMarkings)
-        visit(marking);
+    for (int& extent : stMapExtents) visit(extent);
+    for (int& origin : stMapOrigins) visit(origin);
+    for (float* value : {&fXMin, &fXOrigin, &fXMax, &fYMin, &fYOrigin, &fYMax}) visit(*value);
+    for (int& side : stPlotRect) visit(side);
+    for (int& marking : iGridMarkings) visit(marking);
     visit(szXAxisText);
     visit(szYAxisText);
     visit(szTitleText);
-    for (int* option : {&iXAxisOption, &iXPrecision, &iYAxisOption, &iYPrecision})
-        visit(*option);
+    for (int* option : {&iXAxisOption, &iXPrecision, &iYAxisOption, &iYPrecision}) visit(*option);
     for (tagCURVEAPPEARANCE& appearance : stCurveAppearance) {
         auto colour = static_cast<std::uint32_t>(appearance.ulColor);
         visit(colour);

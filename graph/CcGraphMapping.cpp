@@ -77,9 +77,7 @@ bool CcGraph::LayOut(HWND hWnd, HDC hDC, int iDevice, bool bFramePage, kest::Gra
     SIZE windowExtent = {}, viewportExtent = {};
     GetWindowExtEx(hDC, &windowExtent);
     GetViewportExtEx(hDC, &viewportExtent);
-    const kest::GraphMapping mapping = {anchor.window,
-                                        anchor.viewport,
-                                        {windowExtent.cx, windowExtent.cy},
-                                        {viewportExtent.cx, viewportExtent.cy}};
+    const kest::GraphMapping mapping = {
+        anchor.window, anchor.viewport, {windowExtent.cx, windowExtent.cy}, {viewportExtent.cx, viewportExtent.cy}};
     return kest::IsDrawable(plane.scales) && kest::ViewOf(mapping, surface, font, plane.view);
 }

@@ -181,7 +181,10 @@ void DrawCurve(HDC dc, const GraphPlane& plane, std::span<const tagPoints> point
 }
 
 SquareDrawer::SquareDrawer(HDC target, const GraphPlane& plane, int halfSize)
-    : dc(target), scales(plane.scales), area(Widened(plane.view.area, Size64{PenWidth(target)} + halfSize)), half(halfSize) {}
+    : dc(target),
+      scales(plane.scales),
+      area(Widened(plane.view.area, Size64{PenWidth(target)} + halfSize)),
+      half(halfSize) {}
 
 void SquareDrawer::Draw(const tagPoints& point) const {
     const RealPoint position = PositionOf(scales, point);

@@ -28,8 +28,7 @@ private:
     std::span<NumberField> Fields() override { return fields; }
 
     bool Fill() override {
-        for (const LinesBox& box : boxes)
-            CheckDlgButton(window, box.id, *box.lines == 1 ? BST_CHECKED : BST_UNCHECKED);
+        for (const LinesBox& box : boxes) CheckDlgButton(window, box.id, *box.lines == 1 ? BST_CHECKED : BST_UNCHECKED);
         return true;
     }
 

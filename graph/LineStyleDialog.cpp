@@ -18,8 +18,7 @@ namespace kest {
 namespace {
 
 // In the order of their numbers.
-constexpr const char* styleNames[] = {"Solid",    "Dashed",       "Dotted",
-                                      "Dash-dot", "Dash-dot-dot", "Squares at the points"};
+constexpr const char* styleNames[] = {"Solid", "Dashed", "Dotted", "Dash-dot", "Dash-dot-dot", "Squares at the points"};
 constexpr WholeRange widths = {0, 100};
 /// Wider lines fill the preview, too.
 constexpr int widestShown = 1000;
@@ -51,7 +50,8 @@ private:
         for (const char* name : styleNames)
             SendDlgItemMessageA(window, IDC_STYLE, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
         for (int i = 0; i < count; ++i)
-            SendDlgItemMessageA(window, IDC_CURVES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entries[static_cast<std::size_t>(i)].name));
+            SendDlgItemMessageA(window, IDC_CURVES, LB_ADDSTRING, 0,
+                                reinterpret_cast<LPARAM>(entries[static_cast<std::size_t>(i)].name));
         CcList* const list = graph.GetCurveList();
         const int selected = list ? list->GetSelectedObjectsIndex() : -1;
         Select(selected >= 0 && selected < count ? selected : 0);

@@ -65,22 +65,16 @@ INT_PTR SettingsDialog::Dispatch(HWND window, UINT message, WPARAM wParam, LPARA
     auto* const dialog = reinterpret_cast<SettingsDialog*>(GetWindowLongPtrA(window, DWLP_USER));
     if (!dialog) return FALSE;
     switch (message) {
-        case WM_COMMAND:
-            dialog->Command(LOWORD(wParam), HIWORD(wParam));
-            return TRUE;
-        case WM_DRAWITEM:
-            dialog->DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-            return TRUE;
-        case WM_CTLCOLOREDIT:
-            return dialog->EditColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+        case WM_COMMAND: dialog->Command(LOWORD(wParam), HIWORD(wParam)); return TRUE;
+        case WM_DRAWITEM: dialog->DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)); return TRUE;
+        case WM_CTLCOLOREDIT: return dialog->EditColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
         case WM_CTLCOLORSTATIC:
             return dialog->LabelColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
         case WM_NCDESTROY:
             SetWindowLongPtrA(window, DWLP_USER, 0);
             delete dialog;
             return FALSE;
-        default:
-            return FALSE;
+        default: return FALSE;
     }
 }
 

@@ -24,9 +24,7 @@ struct Curves {
 
 }  // namespace
 
-int CcGrayImage256::BeginThresholding(HWND, unsigned short) {
-    return Curves(*this).PutInto(*this);
-}
+int CcGrayImage256::BeginThresholding(HWND, unsigned short) { return Curves(*this).PutInto(*this); }
 
 int CcGrayImage256::ThresholdImage(HWND, float fLow, float fHigh, int iRed, int iGreen, int iBlue) {
     const kest::LevelBand band = kest::FindBand(fLow, fHigh);

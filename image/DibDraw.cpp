@@ -110,9 +110,8 @@ bool DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& wanted, DWORD ra
     if (!ClipToImage(plan, picture.width, picture.height)) return true;
     const StretchModeGuard stretchMode(dc, COLORONCOLOR);
     if (!stretchMode.IsSet()) return false;
-    return ForEachVisiblePart(plan, SurfaceOf(dc, plan), [&](const BlitPlan& part) {
-        return DrawPart(dc, picture, part, rasterOperation);
-    });
+    return ForEachVisiblePart(plan, SurfaceOf(dc, plan),
+                              [&](const BlitPlan& part) { return DrawPart(dc, picture, part, rasterOperation); });
 }
 
 }  // namespace kest

@@ -15,10 +15,10 @@ struct DibPicture {
     const std::uint8_t* bits;
     int width;
     int height;
-    int bitCount;           ///< 8 or 24
-    const void* colours;    ///< RGBQUADs, or 16-bit palette indices (8-bit DIBs only)
-    int colourBytes;        ///< at most 1024; what is missing counts as zero
-    UINT colourUse;         ///< DIB_RGB_COLORS or DIB_PAL_COLORS
+    int bitCount;         ///< 8 or 24
+    const void* colours;  ///< RGBQUADs, or 16-bit palette indices (8-bit DIBs only)
+    int colourBytes;      ///< at most 1024; what is missing counts as zero
+    UINT colourUse;       ///< DIB_RGB_COLORS or DIB_PAL_COLORS
 };
 
 /// Draws what the plan names, as far as the picture has it and the device context shows it, with the given raster

@@ -19,9 +19,7 @@ struct Refusal {
     const char* caption;
 };
 
-void Tell(const Refusal& refusal) {
-    ShowUnownedMessage(refusal.text, refusal.caption);
-}
+void Tell(const Refusal& refusal) { ShowUnownedMessage(refusal.text, refusal.caption); }
 
 constexpr Refusal notOpened = {"Can't open file", "File I/O Error"};
 constexpr Refusal notWritten = {"Can't write file", "File I/O Error"};

@@ -30,8 +30,7 @@ HBITMAP MakeBitmap(HDC device, const LookSource& takeLook, const Source<DibPictu
         const SelectedObject selectedBitmap(memory, bitmap);
         const DibPicture overlay = takeOverlay();
         if (!selectedBitmap.IsSelected() || !PatBlt(memory, 0, 0, width, height, BLACKNESS) ||
-            !DrawLook(memory, look, palette, plan) ||
-            (overlay.bits && !DrawDib(memory, overlay, plan, SRCPAINT)))
+            !DrawLook(memory, look, palette, plan) || (overlay.bits && !DrawDib(memory, overlay, plan, SRCPAINT)))
             return nullptr;
     }
     return bitmap.Detach();

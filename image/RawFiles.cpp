@@ -16,9 +16,9 @@ bool MayBeThere(const char* path) {
     const DWORD error = GetLastError();
     const DWORD attributes = GetFileAttributesA(path);
     if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-    constexpr DWORD refusals[] = {ERROR_ACCESS_DENIED,       ERROR_SHARING_VIOLATION,   ERROR_LOCK_VIOLATION,
-                                  ERROR_TOO_MANY_OPEN_FILES, ERROR_NOT_ENOUGH_MEMORY,   ERROR_NO_SYSTEM_RESOURCES,
-                                  ERROR_NOT_READY,           ERROR_READ_FAULT,          ERROR_CRC};
+    constexpr DWORD refusals[] = {ERROR_ACCESS_DENIED,       ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION,
+                                  ERROR_TOO_MANY_OPEN_FILES, ERROR_NOT_ENOUGH_MEMORY, ERROR_NO_SYSTEM_RESOURCES,
+                                  ERROR_NOT_READY,           ERROR_READ_FAULT,        ERROR_CRC};
     return std::find(std::begin(refusals), std::end(refusals), error) != std::end(refusals);
 }
 
@@ -27,8 +27,8 @@ bool MayBeThere(const char* path) {
 RawPath::RawPath(const char* bmpPath, const char* extension) {
     const PathParts parts = SplitPath(bmpPath);
     std::snprintf(path, sizeof path, "%.*s%.*s%.*s%s", static_cast<int>(parts.drive.size()), parts.drive.data(),
-                  static_cast<int>(parts.directory.size()), parts.directory.data(),
-                  static_cast<int>(parts.name.size()), parts.name.data(), extension);
+                  static_cast<int>(parts.directory.size()), parts.directory.data(), static_cast<int>(parts.name.size()),
+                  parts.name.data(), extension);
 }
 
 RawReading ReadRawFile(const char* path, const RawHeader& header, void* samples, int bytesPerSample) {

@@ -20,7 +20,8 @@ int Draw(HDC dc, const LookSource& takeLook, const ShowArguments& arguments, Pla
     const ImageLook look = takeLook();
     if (!look.bits) return KEST_OK;
     BlitPlan blit;
-    if (!plan({0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom}, blit))
+    if (!plan({0, 0, look.width, look.height, arguments.xOffset, arguments.yOffset, arguments.mode, arguments.zoom},
+              blit))
         return KEST_FAILED;
     return DrawLook(dc, look, palette, blit) ? KEST_OK : KEST_FAILED;
 }

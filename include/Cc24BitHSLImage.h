@@ -27,36 +27,36 @@ public:
     Cc24BitHSLImage();
     Cc24BitHSLImage(const Cc24BitHSLImage&) = default;
     Cc24BitHSLImage& operator=(const Cc24BitHSLImage&) = default;
-    ~Cc24BitHSLImage() override;                                                                    // slot 0
+    ~Cc24BitHSLImage() override;  // slot 0
 
     /// As Cc24BitRGBImage. Only the DIB is stored: the plane keeps what it holds, or is made with zeros where it has
     /// another size; DoConvert then computes it.
-    int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
-    int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
-    int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
+    int Load(CcObjectStorage* pStorage) override;               // slot 1
+    int Store(CcObjectStorage* pStorage) override;              // slot 2
+    int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
     // Copying, showing and printing as Cc24BitRGBImage.
-    int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;                     // slot 6
+    int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;  // slot 6
     // slot 7: GetBitMapImageData, inherited, gives the DIB's pixels
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-             int iZoom) override;                                                                   // slot 8
+             int iZoom) override;  // slot 8
     int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-             int iZoom) override;                                                                   // slot 9
+             int iZoom) override;  // slot 9
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-             int iZoom) override;                                                                   // slot 10
+             int iZoom) override;  // slot 10
     int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-              int iZoom) override;                                                                  // slot 11
+              int iZoom) override;  // slot 11
     /// Always -1: there are no display tables.
-    int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 12
-    int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;                         // slot 13
+    int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;  // slot 12
+    int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;  // slot 13
     /// As Cc24BitRGBImage, with the plane computed, and remembered directories of its own.
-    int OpenBMPFile(const char* pszPath) override;                                                  // slot 14
+    int OpenBMPFile(const char* pszPath) override;  // slot 14
     /// As Cc24BitRGBImage: what UpdateRGB has not brought into the DIB is not saved.
-    int SaveBMPFile(const char* pszPath) override;                                                  // slot 15
+    int SaveBMPFile(const char* pszPath) override;  // slot 15
     /// A gray image: an existing one of that size is refilled with the low 8 bits of iValue, for a new one iValue is
     /// cut to 0..255.
-    int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;      // slot 16
+    int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;  // slot 16
     /// Keeps a copy of the DIB's pixels, in place of an earlier one. -1 without pixels or memory.
-    int BeginThresholding(HWND hWnd, unsigned short usLUT) override;                                // slot 17
+    int BeginThresholding(HWND hWnd, unsigned short usLUT) override;  // slot 17
     // The three below start from the copy, with the plane computed anew, where there is one. -1 also when the plane
     // cannot be converted, as with values above 240 in it.
     /// Paints the pixels whose access channel lies in the band, cut to 0..255 and truncated, both ends included. The
@@ -64,38 +64,38 @@ public:
     int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue) override;  // slot 18
     /// Several bands in order, each looking at what earlier ones have painted. Any empty band: nothing changes, 0. Null
     /// with a count is -1.
-    int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount) override;                  // slot 19
+    int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount) override;  // slot 19
     /// Puts the copy back, computes the plane anew and frees the copy. -1, and the copy kept, when the plane cannot be
     /// computed.
-    int EndThresholding() override;                                                                 // slot 20
+    int EndThresholding() override;  // slot 20
     /// Always 0.0.
-    float GetMinPixelValue() override;                                                              // slot 21
+    float GetMinPixelValue() override;  // slot 21
     /// Always 255.0, although the plane's values end at 240.
-    float GetMaxPixelValue() override;                                                              // slot 22
+    float GetMaxPixelValue() override;  // slot 22
     /// 3.
-    int SizeOf() override;                                                                          // slot 23
+    int SizeOf() override;  // slot 23
     /// Does nothing, 0.
-    int SetAutoUpdateDisplay(int iOn) override;                                                     // slot 24
+    int SetAutoUpdateDisplay(int iOn) override;  // slot 24
     /// Always 1.
-    int GetAutoUpdateDisplay() override;                                                            // slot 25
+    int GetAutoUpdateDisplay() override;  // slot 25
     /// Bilinear in the access channel, hue included. Inside as in Cc24BitRGBImage.
-    float& operator()(float fX, float fY) override;                                                 // slot 26
+    float& operator()(float fX, float fY) override;  // slot 26
     /// The access channel's value.
-    float& operator()(int iX, int iY) override;                                                     // slot 27
+    float& operator()(int iX, int iY) override;  // slot 27
     /// The access channel's byte in the plane gets the low 8 bits of the truncated value; the DIB stays.
-    void operator=(float fValue) override;                                                          // slot 28
+    void operator=(float fValue) override;  // slot 28
     /// A Cc24BitHSLImage, its plane cut out of this one's.
-    CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign) override;                       // slot 29
+    CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign) override;  // slot 29
 
     /// One of KestHslChannel; -1, and nothing changed, for anything else.
-    virtual int SetAccess(int iChannel);                                                            // slot 30
+    virtual int SetAccess(int iChannel);  // slot 30
     /// KEST_CHANNEL_HUE at first.
-    virtual int GetAccess();                                                                        // slot 31
+    virtual int GetAccess();  // slot 31
     /// Paints the pixels of a box of hue, saturation and lightness, ends included, whatever the access channel. -1 when
     /// a low end is not below its high end. Low ends are raised to 0, high ends lowered to 255; of each end its
     /// low 8 bits count then. The colour is cut to 0..255.
     virtual int ThresholdImageHSL(HWND hWnd, int iHueLow, int iHueHigh, int iSatLow, int iSatHigh, int iLightLow,
-                                  int iLightHigh, int iRed, int iGreen, int iBlue);                 // slot 32
+                                  int iLightHigh, int iRed, int iGreen, int iBlue);  // slot 32
 
     /// One colour: hue into rgbRed, saturation into rgbGreen, lightness into rgbBlue; a gray has hue 0. -1 for null.
     int RGB2HSL(unsigned char ucRed, unsigned char ucGreen, unsigned char ucBlue, RGBQUAD* pHsl);

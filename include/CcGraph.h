@@ -147,8 +147,8 @@ public:
     /// @}
 
 protected:
-    int stMapExtents[4];  ///< window extent x and y, viewport extent x and y
-    int stMapOrigins[4];  ///< viewport origin x and y (device), window origin x and y (logical)
+    int stMapExtents[4];   ///< window extent x and y, viewport extent x and y
+    int stMapOrigins[4];   ///< viewport origin x and y (device), window origin x and y (logical)
     float fXMin;           ///< data coordinate at the left end
     float fXOrigin;        ///< where the y axis crosses
     float fXMax;           ///< data coordinate at the right end

@@ -20,20 +20,20 @@ public:
     CcHLObject& operator=(const CcHLObject&) = default;
 
     // Virtual operations in slot order; a derived class that overrides Load and Store keeps it.
-    virtual ~CcHLObject();                                          // slot 0
+    virtual ~CcHLObject();  // slot 0
     /// Reads the object's data, as Store wrote it, from a stream. Base: -1.
-    virtual int Load(CcObjectStorage* pStorage);                    // slot 1
+    virtual int Load(CcObjectStorage* pStorage);  // slot 1
     /// Writes the object's data to a stream. Base: -1.
-    virtual int Store(CcObjectStorage* pStorage);                   // slot 2
+    virtual int Store(CcObjectStorage* pStorage);  // slot 2
     /// Writes the class name, the key by which a stream makes the object again, with its terminator into `pszBuffer`.
     /// -1 when `lLength` is not greater than the name's length. Base: -1, writes nothing. Write the A in overrides and
     /// calls: the platform's headers make GetClassNameW of GetClassName in a host that defines UNICODE.
-    virtual int GetClassNameA(char* pszBuffer, long lLength);       // slot 3
+    virtual int GetClassNameA(char* pszBuffer, long lLength);  // slot 3
     /// Writes the object's name with its terminator into `pszBuffer`. -1 for a null buffer, a length below 1, or a
     /// length not greater than the name's.
-    virtual int GetObjectName(char* pszBuffer, long lLength);       // slot 4
+    virtual int GetObjectName(char* pszBuffer, long lLength);  // slot 4
     /// Same rule as SetName.
-    virtual int SetObjectName(const char* pszName);                 // slot 5
+    virtual int SetObjectName(const char* pszName);  // slot 5
 
     /// The object's own name buffer (260 characters), not a copy.
     char* GetName();

@@ -58,69 +58,69 @@ public:
 
     // Virtual operations in slot order
     /// Deletes the ROIs of the list, whatever its destruction type was set to; does not release the calibration link.
-    ~CcImage() override;                                                                            // slot 0
+    ~CcImage() override;  // slot 0
     /// Reads the ROI list. -1 when a read fails or a member is no ROI; the ROIs before it stay in the list.
-    int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
+    int Load(CcObjectStorage* pStorage) override;  // slot 1
     /// Writes the ROI list.
-    int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
+    int Store(CcObjectStorage* pStorage) override;  // slot 2
     // slots 3 to 5: GetClassNameA, GetObjectName, SetObjectName, inherited
     /// Puts the image, or the part of it under `pRect` (image coordinates, top above bottom), with its overlay on the
     /// clipboard as CF_BITMAP. -1, with the clipboard as it was, when it could not be drawn.
-    virtual int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect);                      // slot 6
+    virtual int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect);  // slot 6
     /// The first byte of the pixel rows (or of the samples); null without pixels. No box in the base.
-    virtual void* GetBitMapImageData();                                                             // slot 7
+    virtual void* GetBitMapImageData();  // slot 7
     /// Draws into `pRect` of the device context. Zooms, offsets and rectangles may be as large as integers are; what lies
     /// outside the surface is left out.
     virtual int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                     int iZoom);                                                                    // slot 8
+                     int iZoom);  // slot 8
     /// Draws into the device context, as large as the window's client area.
     virtual int Show(HDC hDC, HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                     int iZoom);                                                                    // slot 9
+                     int iZoom);  // slot 9
     /// Draws into the window's client area.
     virtual int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                     int iZoom);                                                                    // slot 10
+                     int iZoom);  // slot 10
     /// Prints one page after the print dialog; -1 when it is cancelled, or when the page could not be drawn or printed
     /// whole (the job is then given up).
     virtual int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
-                      int iZoom);                                                                   // slot 11
+                      int iZoom);  // slot 11
     /// Copies the point list of a display table's channel out.
-    virtual int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints);                          // slot 12
+    virtual int GetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints);  // slot 12
     /// Replaces the point list of a display table's channel and recomputes the table.
-    virtual int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints);                          // slot 13
+    virtual int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints);  // slot 13
     /// Reads a BMP file; a null path asks the user. The image takes the file's name without directory and extension.
-    virtual int OpenBMPFile(const char* pszPath);                                                   // slot 14
+    virtual int OpenBMPFile(const char* pszPath);  // slot 14
     /// Writes a BMP file; a null path asks the user.
-    virtual int SaveBMPFile(const char* pszPath);                                                   // slot 15
+    virtual int SaveBMPFile(const char* pszPath);  // slot 15
     /// Makes an image of iNewHeight rows and iNewWidth columns (in this order), filled with iValue.
-    virtual int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName);       // slot 16
+    virtual int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName);  // slot 16
     /// Begins a session of thresholding; EndThresholding ends it.
-    virtual int BeginThresholding(HWND hWnd, unsigned short usLUT);                                 // slot 17
+    virtual int BeginThresholding(HWND hWnd, unsigned short usLUT);  // slot 17
     /// Shows the values from fLow to fHigh in a colour.
     virtual int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue);  // slot 18
     /// The same for iCount bands; where bands overlap, what counts is said by each class.
-    virtual int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount);                   // slot 19
+    virtual int ThresholdImageMulti(HWND hWnd, ThresholdTag* pBands, int iCount);  // slot 19
     /// Shows the image as it was before BeginThresholding.
-    virtual int EndThresholding();                                                                  // slot 20
+    virtual int EndThresholding();  // slot 20
     /// The smallest pixel value, of the type or of the samples.
-    virtual float GetMinPixelValue();                                                               // slot 21
+    virtual float GetMinPixelValue();  // slot 21
     /// The largest pixel value, likewise.
-    virtual float GetMaxPixelValue();                                                               // slot 22
+    virtual float GetMaxPixelValue();  // slot 22
     /// Bytes a pixel.
-    virtual int SizeOf();                                                                           // slot 23
+    virtual int SizeOf();  // slot 23
     /// 1: the display range of a wide image follows its samples.
-    virtual int SetAutoUpdateDisplay(int iOn);                                                      // slot 24
+    virtual int SetAutoUpdateDisplay(int iOn);  // slot 24
     /// What SetAutoUpdateDisplay set.
-    virtual int GetAutoUpdateDisplay();                                                             // slot 25
+    virtual int GetAutoUpdateDisplay();  // slot 25
     /// Addresses a position between pixels and reads its value, interpolated; -1.0 outside the image.
-    virtual float& operator()(float fX, float fY);                                                  // slot 26
+    virtual float& operator()(float fX, float fY);  // slot 26
     /// Addresses a pixel and reads its value; -1.0 outside the image.
-    virtual float& operator()(int iX, int iY);                                                      // slot 27
+    virtual float& operator()(int iX, int iY);  // slot 27
     /// Writes the pixel addressed last; does nothing when that lay outside the image.
-    virtual void operator=(float fValue);                                                           // slot 28
+    virtual void operator=(float fValue);  // slot 28
     /// Cuts the pixels under a ROI into a new image of the ROI's bounding size, which belongs to the caller. Pixels
     /// outside the ROI, or where it reaches out of the image, get iFillValue; iAlign 1 widens the image to
     /// (width / 4) * 4 + 4 columns. Null on failure.
-    virtual CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign);                        // slot 29
+    virtual CcImage* GetRegion(CcRoiBase* pRoi, int iFillValue, int iAlign);  // slot 29
 
     /// One of KestImageType.
     int GetImageType();

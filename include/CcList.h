@@ -20,11 +20,11 @@ public:
     CcList(const CcList&) = default;
     CcList& operator=(const CcList&) = default;
 
-    ~CcList() override;                                         // slot 0
+    ~CcList() override;  // slot 0
     /// Empties the list, then reads the members that Store wrote; they are the list's own only if the stored
     /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list. (That of an image
     /// refuses members that are no ROI.)
-    int Load(CcObjectStorage* pStorage) override;               // slot 1
+    int Load(CcObjectStorage* pStorage) override;  // slot 1
     /// Writes a bag with the list's four numbers, then each member's record. -1 on the first failure.
     int Store(CcObjectStorage* pStorage) override;              // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3

@@ -13,15 +13,15 @@ class CcFileObjectStorage;
 /// wrote.
 class KEST_API CcObjectStorage {
 public:
-    virtual ~CcObjectStorage();                         // slot 0
+    virtual ~CcObjectStorage();  // slot 0
     /// Reads exactly `lLength` bytes. Base: -1.
-    virtual int Read(void* pBuffer, long lLength);      // slot 1
+    virtual int Read(void* pBuffer, long lLength);  // slot 1
     /// Writes exactly `lLength` bytes. Base: -1.
-    virtual int Write(void* pBuffer, long lLength);     // slot 2
+    virtual int Write(void* pBuffer, long lLength);  // slot 2
     /// Base: -1.
-    virtual int SetPos(long lPosition);                 // slot 3
+    virtual int SetPos(long lPosition);  // slot 3
     /// Base: -1.
-    virtual int GetPos();                               // slot 4
+    virtual int GetPos();  // slot 4
 
     /// Writes one object's record. KEST_NULL_ARGUMENT; -1 when the object has no class name, or its class name or
     /// object name has 50 characters or more (nothing is written then); else the first negative result of a write or of

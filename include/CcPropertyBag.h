@@ -17,7 +17,7 @@ public:
     // Virtual operations, in the root's slots
     /// Replaces the content by what the stream holds. A stream that ends early or contradicts itself leaves an empty
     /// bag. 0, or KEST_NULL_ARGUMENT.
-    int Load(CcObjectStorage* pStorage) override;               // slot 1
+    int Load(CcObjectStorage* pStorage) override;  // slot 1
     /// Writes the entry count, the entries, the byte count and the bytes. 0 whatever the writes report, or
     /// KEST_NULL_ARGUMENT.
     int Store(CcObjectStorage* pStorage) override;              // slot 2

@@ -76,18 +76,18 @@ public:
     CcRoiBase& operator=(const CcRoiBase&) = default;
 
     // Virtual operations in slot order; the base versions of slots 6 to 22 do nothing and return -1, null or 0.
-    ~CcRoiBase() override;                                                                          // slot 0
+    ~CcRoiBase() override;  // slot 0
     // slots 1 to 5: Load, Store, GetClassNameA, GetObjectName, SetObjectName, inherited
     /// Writes the ROI to a file of its own, not shared meanwhile. -1 when it cannot be created, or is open elsewhere. What
     /// the disk does not take is told in a message, not by the result, which is 0; an old file is then as it was.
-    virtual int Save(const char* pszFileName);                                                      // slot 6
+    virtual int Save(const char* pszFileName);  // slot 6
     /// Reads such a file. -1, with nothing changed, when it cannot be read, is not a ROI of this class, or memory is short;
     /// and for the file of an outline without points, if this one has some.
-    virtual int Restore(const char* pszFileName);                                                   // slot 7
+    virtual int Restore(const char* pszFileName);  // slot 7
     /// Copies the class's coordinate record in.
-    virtual int SetRoiImageCord(void* pRecord);                                                     // slot 8
+    virtual int SetRoiImageCord(void* pRecord);  // slot 8
     /// The ROI's own coordinate record.
-    virtual void* GetRoiImageCord();                                                                // slot 9
+    virtual void* GetRoiImageCord();  // slot 9
     /// Begins drawing, moving or resizing at the mouse position (client pixels) and captures the mouse. -1 for a mode
     /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points. -1 as well,
     /// with the mouse left alone, when the window has no device context to draw in or no size, or memory is short.
@@ -96,17 +96,17 @@ public:
     /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon. -1 when no drag runs, when its window has gone
     /// (the drag has then ended, and the mouse is free), or when the window's size cannot be had (nothing has changed).
     virtual int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                            POINT stMouse, int iAddVertex);                                         // slot 11
+                            POINT stMouse, int iAddVertex);  // slot 11
     /// Ends the drag and releases the mouse, also where it returns -1 for what DoMouseDrag does, for too many segments, or
     /// when memory is short. The application then draws the ROI with ShowROI. A rectangle that is drawn (mode 2) keeps the
     /// sides that the last DoMouseDrag gave it; one of them that lies at the mouse goes a pixel further right or down, so
     /// that a click gives a rectangle and not nothing. A rectangle released where it was last drawn is therefore one pixel
     /// larger than what was seen. The other shapes end at the mouse.
     virtual int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                              POINT stMouse);                                                       // slot 12
+                              POINT stMouse);  // slot 12
     /// The bounding rectangle (top above bottom), without preparing queries; a line's is from its start (left, top) to its
     /// end.
-    virtual RECT* GetCurrentBoundingRect();                                                         // slot 13
+    virtual RECT* GetCurrentBoundingRect();  // slot 13
     /// @name Showing
     /// iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null device
     /// context, rectangle or image. The device context is left as it was. Coordinates may lie anywhere: only what is near
@@ -115,31 +115,31 @@ public:
 
     /// For output without a window: the rectangle's right and bottom stand for the client area's width and height.
     virtual int ShowROI(HDC hDC, RECT* pRect, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                        int iShowZoom, int iPenSelect);                                             // slot 14
+                        int iShowZoom, int iPenSelect);  // slot 14
     /// Into a device context, with the size of the window's client area.
     virtual int ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                        int iShowZoom, int iPenSelect);                                             // slot 15
+                        int iShowZoom, int iPenSelect);  // slot 15
     /// Into the window's client area.
     virtual int ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                        int iShowZoom, int iPenSelect);                                             // slot 16
+                        int iShowZoom, int iPenSelect);  // slot 16
     /// @}
     /// The code of what lies under the mouse: -1 nothing, 0 the shape, above 0 one of its handles.
     virtual int MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                             POINT stMouse, int iTestZoom);                                         // slot 17
+                             POINT stMouse, int iTestZoom);  // slot 17
     /// The bounding rectangle (top above bottom); prepares the boundary queries. Null for an outline without
     /// points, or when memory is short.
-    virtual RECT* GetBoundingRect();                                                                // slot 18
+    virtual RECT* GetBoundingRect();  // slot 18
     /// The y values of the ROI on a column, `*piCount` of them; null and 0 when it misses the column, null and -1 when
     /// memory is short. The buffer stays the ROI's and is overwritten or replaced by the next query. Call GetBoundingRect
     /// first.
-    virtual int* GetYBoundary(int iColumn, int* piCount);                                           // slot 19
+    virtual int* GetYBoundary(int iColumn, int* piCount);  // slot 19
     /// The x values of the ROI on a row, in the same way.
-    virtual int* GetXBoundary(int iRow, int* piCount);                                              // slot 20
+    virtual int* GetXBoundary(int iRow, int* piCount);  // slot 20
     /// Every shape returns 0: there is nothing to update.
     virtual int UpdateImageIfNeeded(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode,
-                                    CcImage* pImage, int iShowZoom);                                // slot 21
+                                    CcImage* pImage, int iShowZoom);  // slot 21
     /// Every shape returns 0.
-    virtual int IsRoiAGraphicObject();                                                              // slot 22
+    virtual int IsRoiAGraphicObject();  // slot 22
 
     int GetROIType();  ///< one of KestRoiType
     /// Exactly 1 selects.

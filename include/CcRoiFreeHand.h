@@ -11,38 +11,38 @@ public:
     CcRoiFreeHand(const CcRoiFreeHand&) = default;
     CcRoiFreeHand& operator=(const CcRoiFreeHand&) = default;
 
-    ~CcRoiFreeHand() override;                                                                      // slot 0
-    int Load(CcObjectStorage* pStorage) override;                                                   // slot 1
-    int Store(CcObjectStorage* pStorage) override;                                                  // slot 2
-    int GetClassNameA(char* pszBuffer, long lLength) override;                                      // slot 3
-    int Save(const char* pszFileName) override;                                                     // slot 6
-    int Restore(const char* pszFileName) override;                                                  // slot 7
+    ~CcRoiFreeHand() override;                                  // slot 0
+    int Load(CcObjectStorage* pStorage) override;               // slot 1
+    int Store(CcObjectStorage* pStorage) override;              // slot 2
+    int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
+    int Save(const char* pszFileName) override;                 // slot 6
+    int Restore(const char* pszFileName) override;              // slot 7
     /// `pRecord` is a PixelGroupTag, of which the points are copied. -1 for null, a count below 1, or without memory, in
     /// which case the outline has no points left.
-    int SetRoiImageCord(void* pRecord) override;                                                    // slot 8
+    int SetRoiImageCord(void* pRecord) override;  // slot 8
     /// A PixelGroupTag. Its points may be moved in place; the next GetBoundingRect sees it.
-    void* GetRoiImageCord() override;                                                               // slot 9
+    void* GetRoiImageCord() override;  // slot 9
     int StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                        POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom) override;  // slot 10
-    int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                    POINT stMouse, int iAddVertex) override;                                        // slot 11
+    int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage, POINT stMouse,
+                    int iAddVertex) override;  // slot 11
     int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                      POINT stMouse) override;                                                      // slot 12
-    RECT* GetCurrentBoundingRect() override;                                                        // slot 13
+                      POINT stMouse) override;  // slot 12
+    RECT* GetCurrentBoundingRect() override;    // slot 13
     int ShowROI(HDC hDC, RECT* pRect, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                int iShowZoom, int iPenSelect) override;                                            // slot 14
+                int iShowZoom, int iPenSelect) override;  // slot 14
     int ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                int iShowZoom, int iPenSelect) override;                                            // slot 15
+                int iShowZoom, int iPenSelect) override;  // slot 15
     int ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage, int iShowZoom,
-                int iPenSelect) override;                                                           // slot 16
+                int iPenSelect) override;  // slot 16
     int MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                     POINT stMouse, int iTestZoom) override;                                        // slot 17
-    RECT* GetBoundingRect() override;                                                               // slot 18
-    int* GetYBoundary(int iColumn, int* piCount) override;                                          // slot 19
-    int* GetXBoundary(int iRow, int* piCount) override;                                             // slot 20
+                     POINT stMouse, int iTestZoom) override;  // slot 17
+    RECT* GetBoundingRect() override;                         // slot 18
+    int* GetYBoundary(int iColumn, int* piCount) override;    // slot 19
+    int* GetXBoundary(int iRow, int* piCount) override;       // slot 20
     int UpdateImageIfNeeded(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
-                            int iShowZoom) override;                                                // slot 21
-    int IsRoiAGraphicObject() override;                                                             // slot 22
+                            int iShowZoom) override;  // slot 21
+    int IsRoiAGraphicObject() override;               // slot 22
 
     /// Writes the outline's pixels as text, a line each: index, x and y, separated by tabs. 0 also when the file cannot
     /// be opened; -1, after a message and with an old file as it was, when the disk does not take it.

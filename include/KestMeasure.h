@@ -30,12 +30,12 @@ class CcRoiBase;
 
 /// What KestMeasureRoi finds.
 struct KestRoiMeasurement {
-    int bCalibrated;       ///< 1: world units are those of the image's calibration; 0: they are pixels
-    char szUnits[84];      ///< name of the world unit; "Pixels" without a calibration
-    double dLengthPixels;  ///< length or perimeter, in pixels; -1.0 for a shape of a host's own
-    double dLengthWorld;   ///< the same in world units
-    double dAreaPixels;    ///< area inside the image, in square pixels
-    double dAreaWorld;     ///< the same in square world units
+    int bCalibrated;        ///< 1: world units are those of the image's calibration; 0: they are pixels
+    char szUnits[84];       ///< name of the world unit; "Pixels" without a calibration
+    double dLengthPixels;   ///< length or perimeter, in pixels; -1.0 for a shape of a host's own
+    double dLengthWorld;    ///< the same in world units
+    double dAreaPixels;     ///< area inside the image, in square pixels
+    double dAreaWorld;      ///< the same in square world units
     long long llPixels;     ///< pixels under the ROI and inside the image
     long long llNotFinite;  ///< samples among them that are infinite or not a number; the values below leave them out
     double dMean;           ///< of the pixel values; 0.0, as the next three, when there is none

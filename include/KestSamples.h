@@ -15,19 +15,13 @@ auto KestVisitSamples(CcImage& image, Function function) {
     // There is no default, so that the compiler tells of a class that is missing.
     switch (static_cast<KestImageType>(image.GetImageType())) {
         case KEST_IMAGE_GRAY256:
-        case KEST_IMAGE_BINARY:
-            return function(static_cast<unsigned char*>(pixels));
-        case KEST_IMAGE_INT16:
-            return function(static_cast<unsigned short*>(pixels));
-        case KEST_IMAGE_INT32:
-            return function(static_cast<int*>(pixels));
-        case KEST_IMAGE_FLOAT:
-            return function(static_cast<float*>(pixels));
+        case KEST_IMAGE_BINARY: return function(static_cast<unsigned char*>(pixels));
+        case KEST_IMAGE_INT16: return function(static_cast<unsigned short*>(pixels));
+        case KEST_IMAGE_INT32: return function(static_cast<int*>(pixels));
+        case KEST_IMAGE_FLOAT: return function(static_cast<float*>(pixels));
         case KEST_IMAGE_RGB:
-        case KEST_IMAGE_HSL:
-            return function(static_cast<RGBTRIPLE*>(pixels));
-        case KEST_IMAGE_NONE:
-            break;
+        case KEST_IMAGE_HSL: return function(static_cast<RGBTRIPLE*>(pixels));
+        case KEST_IMAGE_NONE: break;
     }
     return function(static_cast<unsigned char*>(nullptr));
 }

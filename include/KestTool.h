@@ -41,13 +41,13 @@ typedef void(__cdecl* KestToolCloseAll)(void);
  * that stays null is an operation the tool does not have. */
 typedef struct tagToolInfo {
     char szMenuText[KEST_TOOL_TEXT_SIZE]; /**< for the host's menu, NUL-terminated; 79 characters are used */
-    KestToolMain pfnMain;            /**< opens the tool */
-    KestToolMessage pfnSendMessage;  /**< takes the host's messages */
-    KestToolCloseAll pfnCloseAll;    /**< closes the tool's windows */
-    KestToolMessage pfnProxyMessage; /**< a second message function */
-    HBITMAP hToolBitmap;             /**< toolbar bitmap; it stays the tool's own */
-    HBITMAP hToolBitmapSelected;     /**< the same for the pressed state */
-    const char* pszDllPath;          /**< from the host: the path the tool was loaded by, valid during the call only */
+    KestToolMain pfnMain;                 /**< opens the tool */
+    KestToolMessage pfnSendMessage;       /**< takes the host's messages */
+    KestToolCloseAll pfnCloseAll;         /**< closes the tool's windows */
+    KestToolMessage pfnProxyMessage;      /**< a second message function */
+    HBITMAP hToolBitmap;                  /**< toolbar bitmap; it stays the tool's own */
+    HBITMAP hToolBitmapSelected;          /**< the same for the pressed state */
+    const char* pszDllPath; /**< from the host: the path the tool was loaded by, valid during the call only */
 } tagToolInfo;
 
 /** The entry point: called once, when the tool was loaded, before any other of its functions. */

@@ -48,9 +48,9 @@ struct tagPoints {
 struct ThresholdTag {
     float fLow;   ///< smallest value of the band
     float fHigh;  ///< largest value of the band
-    int iRed;     ///< colour components 0 to 255; others are cut to that by gray images, to their low 8 bits by colour images
-    int iGreen;   ///< as iRed
-    int iBlue;    ///< as iRed
+    int iRed;  ///< colour components 0 to 255; others are cut to that by gray images, to their low 8 bits by colour images
+    int iGreen;  ///< as iRed
+    int iBlue;   ///< as iRed
 };
 
 /// A run of neighbouring columns (or rows), both ends included.

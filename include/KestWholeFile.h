@@ -73,11 +73,12 @@ private:
     bool MoveIntoPlace();
     bool CopyIntoPlace();
 
-    char szPath[KEST_NAME_SIZE];     ///< the file to replace
-    char szNewPath[KEST_NAME_SIZE];  ///< what is deleted when it does not become whole: the new file; empty for a device
-    bool bOldFile = false;           ///< there was a file at the path
-    bool bComplete = false;          ///< the new file is closed, and how it gets into place is known
-    bool bMovable = false;           ///< it can be moved there
+    char szPath[KEST_NAME_SIZE];  ///< the file to replace
+    char
+        szNewPath[KEST_NAME_SIZE];  ///< what is deleted when it does not become whole: the new file; empty for a device
+    bool bOldFile = false;          ///< there was a file at the path
+    bool bComplete = false;         ///< the new file is closed, and how it gets into place is known
+    bool bMovable = false;          ///< it can be moved there
     HANDLE hFile = INVALID_HANDLE_VALUE;
     Result eResult = NotCreated;
 };

@@ -60,8 +60,6 @@ constexpr ListedClass classes[] = {
 
 }  // namespace
 
-std::span<const ListedClass> ClassList() {
-    return classes;
-}
+std::span<const ListedClass> ClassList() { return classes; }
 
 }  // namespace kest

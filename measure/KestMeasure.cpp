@@ -76,12 +76,8 @@ void Add(kest::PixelStatistics& statistics, std::span<const unsigned char> pixel
 void Add(kest::PixelStatistics& statistics, std::span<const unsigned short> pixels) {
     kest::AddUnsigned16(statistics, pixels);
 }
-void Add(kest::PixelStatistics& statistics, std::span<const int> pixels) {
-    kest::AddSigned32(statistics, pixels);
-}
-void Add(kest::PixelStatistics& statistics, std::span<const float> pixels) {
-    kest::AddFloats(statistics, pixels);
-}
+void Add(kest::PixelStatistics& statistics, std::span<const int> pixels) { kest::AddSigned32(statistics, pixels); }
+void Add(kest::PixelStatistics& statistics, std::span<const float> pixels) { kest::AddFloats(statistics, pixels); }
 void Add(kest::PixelStatistics& statistics, std::span<const RGBTRIPLE> pixels) {
     static_assert(sizeof(RGBTRIPLE) == 3);
     kest::AddColours(statistics, {reinterpret_cast<const unsigned char*>(pixels.data()), pixels.size_bytes()});
@@ -116,8 +112,7 @@ public:
             return kest::SumOf(
                 {map + kest::Product(width, row) + run.iFirst, static_cast<std::size_t>(run.iLast - run.iFirst + 1)});
         double area = 0;
-        for (int x = run.iFirst; x <= run.iLast; ++x)
-            area += calibration->ComputeAreaOfPixel(x, row);
+        for (int x = run.iFirst; x <= run.iLast; ++x) area += calibration->ComputeAreaOfPixel(x, row);
         return area;
     }
 
@@ -145,8 +140,7 @@ bool VisitRuns(const MeasuredImage& image, CcRoiBase& roi, Visit visit) {
         if (!copies.Reserve(kest::Product(count, sizeof(KestSpan)))) return false;
         const std::span<KestSpan> runs(reinterpret_cast<KestSpan*>(copies.Get()), static_cast<std::size_t>(count));
         std::copy_n(listed, count, runs.begin());
-        for (const KestSpan& run : kest::DistinctRuns(runs, image.Width()))
-            visit(row, run);
+        for (const KestSpan& run : kest::DistinctRuns(runs, image.Width())) visit(row, run);
     }
     return true;
 }
@@ -201,8 +195,7 @@ namespace {
 bool AddPoints(Lengths& lengths, const tagPoints* points, int count, bool isClosed) {
     if (!points || count < 1) return false;
     const auto at = [points](int i) { return RealPoint{points[i].x, points[i].y}; };
-    for (int i = 1; i < count; ++i)
-        lengths.Add(at(i - 1), at(i));
+    for (int i = 1; i < count; ++i) lengths.Add(at(i - 1), at(i));
     if (isClosed) lengths.Add(at(count - 1), at(0));
     return true;
 }

@@ -147,8 +147,7 @@ CcRoiHistory::~CcRoiHistory() { Clear(); }
 
 void CcRoiHistory::Clear() {
     if (bInUse) return;
-    for (Snapshot** newest : {&pUndo, &pRedo, &pRedoBefore})
-        DeleteAll(*newest);
+    for (Snapshot** newest : {&pUndo, &pRedo, &pRedoBefore}) DeleteAll(*newest);
     DeleteAll(pIdentities);
     bCanCancel = false;
 }
@@ -298,8 +297,7 @@ void CcRoiHistory::Arrange(Snapshot& snapshot) {
         if (AsRoi(member) && !isWanted(member)) pList->DeleteAtIndex(i);
     }
     int place = 0;
-    for (State* state = snapshot.states; state; state = state->next)
-        Place(*pList, state->identity.roi, place++);
+    for (State* state = snapshot.states; state; state = state->next) Place(*pList, state->identity.roi, place++);
     ForgetTheGone();
     pList->SelectObjectAtIndex(-1);
     pList->SelectObjectAtIndex(snapshot.selected);

@@ -22,9 +22,7 @@ struct Border {
 };
 
 /// Half a pixel out for the edges of the pixels.
-double MarginOf(const CornerWalk& walk) {
-    return walk.border == KEST_BORDER_EDGES ? 0.5 : 0.0;
-}
+double MarginOf(const CornerWalk& walk) { return walk.border == KEST_BORDER_EDGES ? 0.5 : 0.0; }
 
 /// A drag beyond the image leaves crossed sides, which no pixel lies between.
 bool HasBorder(const RECT& box, const CornerWalk& walk) {

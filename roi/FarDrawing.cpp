@@ -79,7 +79,8 @@ void Reach::DrawFarLine(IntPoint start, IntPoint end) const {
 /// Whether a line drawn pixel by pixel looks like one that is drawn whole.
 bool Reach::IsPixelExact() const {
     LOGPEN pen;
-    const bool isThin = GetObjectA(GetCurrentObject(dc, OBJ_PEN), sizeof pen, &pen) == sizeof pen && pen.lopnWidth.x <= 1;
+    const bool isThin =
+        GetObjectA(GetCurrentObject(dc, OBJ_PEN), sizeof pen, &pen) == sizeof pen && pen.lopnWidth.x <= 1;
     return isThin && GetMapMode(dc) == MM_TEXT && GetGraphicsMode(dc) == GM_COMPATIBLE;
 }
 

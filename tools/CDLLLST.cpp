@@ -34,9 +34,7 @@ CLOADDLL* CDLLLST::GetTail() {
     return GetAt(iCurrentElement);
 }
 
-CLOADDLL* CDLLLST::GetAt(int iIndex) {
-    return iIndex >= 0 && iIndex < iNumberOfElements ? pElements[iIndex] : nullptr;
-}
+CLOADDLL* CDLLLST::GetAt(int iIndex) { return iIndex >= 0 && iIndex < iNumberOfElements ? pElements[iIndex] : nullptr; }
 
 int CDLLLST::GetNumberOfElements() { return iNumberOfElements; }
 

@@ -29,8 +29,7 @@ int Application::Run(const std::vector<std::string>& files, int showCommand) {
     if (!mainWindow->Create(showCommand)) return 1;
     // The window stands there before a large file is opened.
     RedrawWindow(*mainWindow, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
-    for (const std::string& file : files)
-        mainWindow->OpenFile(FullPathOf(file));
+    for (const std::string& file : files) mainWindow->OpenFile(FullPathOf(file));
 
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {

@@ -27,8 +27,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand) {
     std::vector<std::string> files;
     int count = 0;
     const kestview::Held<wchar_t**, LocalFree> arguments(CommandLineToArgvW(GetCommandLineW(), &count));
-    for (int i = 1; arguments && i < count; ++i)
-        files.push_back(kestview::Utf8(arguments[i]));
+    for (int i = 1; arguments && i < count; ++i) files.push_back(kestview::Utf8(arguments[i]));
     kestview::Application application;
     return application.Run(files, showCommand);
 }

@@ -3,8 +3,8 @@
 
 #include <span>
 
-#include "core/kernel/CheckedSize.h"
 #include "KestTypes.h"
+#include "core/kernel/CheckedSize.h"
 
 namespace kest {
 

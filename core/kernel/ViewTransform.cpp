@@ -20,8 +20,8 @@ IntPoint WindowToImage(const View& view, IntPoint window) {
     if (view.IsStretched()) {
         const double rowsPerPixel = Ratio(view.imageHeight - 1, view.clientHeight);
         const double columnsPerPixel = Ratio(view.imageWidth - 1, view.clientWidth);
-        return Truncate({window.x * columnsPerPixel,
-                         (static_cast<double>(view.clientHeight) - window.y) * rowsPerPixel});
+        return Truncate(
+            {window.x * columnsPerPixel, (static_cast<double>(view.clientHeight) - window.y) * rowsPerPixel});
     }
     const Size64 lastRow = Size64{view.imageHeight} - 1;
     return {Saturate(Size64{window.x} / view.zoom + view.xOffset),
@@ -69,8 +69,7 @@ RealPoint PositionAtWindowPoint(const View& view, IntPoint window) {
     if (view.IsStretched()) {
         const double rowsPerPixel = Ratio(view.imageHeight, view.clientHeight);
         const double columnsPerPixel = Ratio(view.imageWidth, view.clientWidth);
-        return {columnsPerPixel * window.x,
-                (static_cast<double>(view.clientHeight) - window.y - 1) * rowsPerPixel};
+        return {columnsPerPixel * window.x, (static_cast<double>(view.clientHeight) - window.y - 1) * rowsPerPixel};
     }
     const double zoom = view.zoom;
     return {window.x / zoom + view.xOffset, view.imageHeight - window.y / zoom - view.yOffset - 1 / zoom};

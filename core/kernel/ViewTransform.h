@@ -13,8 +13,8 @@ struct View {
     int clientHeight;
     int imageWidth;  ///< columns and rows
     int imageHeight;
-    int xOffset;  ///< image column at the window's left edge (display mode 1)
-    int yOffset;  ///< image rows hidden above the window's top edge (display mode 1)
+    int xOffset;      ///< image column at the window's left edge (display mode 1)
+    int yOffset;      ///< image rows hidden above the window's top edge (display mode 1)
     int displayMode;  ///< 1: whole-number zoom from the offsets; any other value: stretched to the client area
     int zoom;         ///< screen pixels for an image pixel; below 1 the image is stretched whatever the mode
 

@@ -59,9 +59,7 @@ unsigned Histogram::Peak() const {
     return peak;
 }
 
-double Histogram::ValueOf(int step) const {
-    return lowest + (highest - lowest) * step / (steps - 1);
-}
+double Histogram::ValueOf(int step) const { return lowest + (highest - lowest) * step / (steps - 1); }
 
 Histogram CountPixels(CcImage* image) {
     Histogram histogram;

@@ -126,23 +126,15 @@ void PointAt(HWND owner, POINT mouse) {
 
 LRESULT CALLBACK Procedure(HWND owner, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT:
-            Paint(owner);
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;
-        case WM_SIZE:
-            InvalidateRect(owner, nullptr, FALSE);
-            return 0;
-        case WM_MOUSEMOVE:
-            PointAt(owner, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
-            return 0;
+        case WM_PAINT: Paint(owner); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_SIZE: InvalidateRect(owner, nullptr, FALSE); return 0;
+        case WM_MOUSEMOVE: PointAt(owner, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); return 0;
         case WM_NCDESTROY:
             window = nullptr;
             currentImage = nullptr;
             break;
-        default:
-            break;
+        default: break;
     }
     return DefWindowProcA(owner, message, wParam, lParam);
 }

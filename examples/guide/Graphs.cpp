@@ -68,8 +68,7 @@ LRESULT LutEditor::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lPara
             graph.ShowDLBSetMM();  // ranges and labels of the axes, in the library's own dialog
             InvalidateRect(window, nullptr, TRUE);
             return 0;
-        default:
-            return DefWindowProcA(window, message, wParam, lParam);
+        default: return DefWindowProcA(window, message, wParam, lParam);
     }
 }
 // [/graph-messages]

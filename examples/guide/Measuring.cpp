@@ -8,9 +8,7 @@
 namespace guide {
 namespace {
 
-bool Near(double value, double expected) {
-    return std::fabs(value - expected) <= 1e-3 * std::fabs(expected);
-}
+bool Near(double value, double expected) { return std::fabs(value - expected) <= 1e-3 * std::fabs(expected); }
 
 }  // namespace
 

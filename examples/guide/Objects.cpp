@@ -83,20 +83,14 @@ std::unique_ptr<CcImage> LoadSession(const char* path, char (&calibrationFile)[K
 // [result-text]
 const char* TextOf(int result) {
     switch (result) {
-        case KEST_OPEN_FAILED:
-            return "The file cannot be opened.";
+        case KEST_OPEN_FAILED: return "The file cannot be opened.";
         case KEST_READ_FAILED:
-        case KEST_NOT_FOUND:
-            return "The file ends too early.";
-        case KEST_WRITE_FAILED:
-            return "The file cannot be written. Is the disk full?";
+        case KEST_NOT_FOUND: return "The file ends too early.";
+        case KEST_WRITE_FAILED: return "The file cannot be written. Is the disk full?";
         case KEST_BAD_TAG:
-        case KEST_MISMATCH:
-            return "The file holds something else.";
-        case KEST_NO_MEMORY:
-            return "There is not enough memory.";
-        default:
-            return result < 0 ? "The operation failed." : "";
+        case KEST_MISMATCH: return "The file holds something else.";
+        case KEST_NO_MEMORY: return "There is not enough memory.";
+        default: return result < 0 ? "The operation failed." : "";
     }
 }
 // [/result-text]

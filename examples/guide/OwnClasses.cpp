@@ -81,8 +81,7 @@ void OwnClasses() {
     static_cast<CcRoiBase*>(image.GetListROI()->GetHead())->ShowROI(dc, window, 0, 0, 1, &image, 1, -1);
     int dark = 0;
     for (int y = 12; y < 30; ++y)
-        for (int x = 14; x < 40; ++x)
-            dark += GetPixel(dc, x, y) == RGB(0, 0, 0);
+        for (int x = 14; x < 40; ++x) dark += GetPixel(dc, x, y) == RGB(0, 0, 0);
     ReleaseDC(window, dc);
     DestroyWindow(window);
     Expect(dark > 10, "the library calls a host's overrides");

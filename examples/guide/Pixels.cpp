@@ -22,8 +22,7 @@ void WorkingOnPixels() {
     image.GetHeightWidth(&height, &width);
     auto* bytes = static_cast<unsigned char*>(image.GetBitMapImageData());
     for (int y = 0; y < height; ++y)  // rows follow one another without padding, the bottom row first
-        for (int x = 0; x < width; ++x)
-            bytes[y * width + x] = static_cast<unsigned char>(x);
+        for (int x = 0; x < width; ++x) bytes[y * width + x] = static_cast<unsigned char>(x);
     // [/fast-pixels]
     Expect(image(57, 99) == 57.0F, "the operators see what was written through the pointer");
 

@@ -11,8 +11,7 @@ bool MakeMask(CcGrayImage256& image, CcBinaryImage& mask, float low, float high)
     if (mask.MakeBlankBMP(height, width, 0, "mask") < 0) return false;
     const auto* values = static_cast<const unsigned char*>(image.GetBitMapImageData());
     auto* bits = static_cast<unsigned char*>(mask.GetBitMapImageData());
-    for (int pixel = 0; pixel < height * width; ++pixel)
-        bits[pixel] = values[pixel] >= low && values[pixel] <= high;
+    for (int pixel = 0; pixel < height * width; ++pixel) bits[pixel] = values[pixel] >= low && values[pixel] <= high;
     // [/mask]
     return true;
 }

@@ -37,15 +37,13 @@ HWND RunTool(CDLLLST& tools, UINT command, HWND parent, CcImage*& currentImage) 
 }
 
 void TellTools(CDLLLST& tools, UINT message) {
-    for (CLOADDLL* tool = tools.GetHead(); tool; tool = tools.GetNext())
-        tool->SendMessageToTools(message, 0, 0);
+    for (CLOADDLL* tool = tools.GetHead(); tool; tool = tools.GetNext()) tool->SendMessageToTools(message, 0, 0);
 }
 // [/run-tool]
 
 void CloseTools(CDLLLST& tools) {
     // [close-tools]
-    for (int index = 0; index < tools.GetNumberOfElements(); ++index)
-        tools.GetAt(index)->CloseAllOpenTools();
+    for (int index = 0; index < tools.GetNumberOfElements(); ++index) tools.GetAt(index)->CloseAllOpenTools();
     // The list's destructor deletes the tools, which unloads their libraries.
     // [/close-tools]
 }

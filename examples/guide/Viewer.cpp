@@ -10,18 +10,10 @@ LRESULT Viewer::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     // Signed: a captured mouse is told outside the window, too.
     const POINT mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     switch (message) {
-        case WM_PAINT:
-            Paint();
-            return 0;
-        case WM_LBUTTONDOWN:
-            ButtonDown(mouse);
-            return 0;
-        case WM_MOUSEMOVE:
-            MouseMove(mouse);
-            return 0;
-        case WM_LBUTTONUP:
-            ButtonUp(mouse);
-            return 0;
+        case WM_PAINT: Paint(); return 0;
+        case WM_LBUTTONDOWN: ButtonDown(mouse); return 0;
+        case WM_MOUSEMOVE: MouseMove(mouse); return 0;
+        case WM_LBUTTONUP: ButtonUp(mouse); return 0;
         case WM_RBUTTONDOWN:
             if (IsDrawingPolygon()) Finish(mouse);
             return 0;
@@ -29,8 +21,7 @@ LRESULT Viewer::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam == VK_ESCAPE && dragged) Cancel({});
             if (wParam == VK_DELETE && !dragged) DeleteSelected();
             return 0;
-        default:
-            return DefWindowProcA(window, message, wParam, lParam);
+        default: return DefWindowProcA(window, message, wParam, lParam);
     }
 }
 // [/messages]
@@ -175,14 +166,11 @@ void Viewer::Cancel(POINT mouse) {
 // [/release]
 
 // [select]
-CcRoiBase* Viewer::RoiAt(int index) {
-    return static_cast<CcRoiBase*>(image.GetListROI()->GetAtIndex(index));
-}
+CcRoiBase* Viewer::RoiAt(int index) { return static_cast<CcRoiBase*>(image.GetListROI()->GetAtIndex(index)); }
 
 void Viewer::Select(int index) {
     CcList* rois = image.GetListROI();
-    for (int other = 0; other < rois->GetNumberOfObjects(); ++other)
-        RoiAt(other)->SetSelected(other == index);
+    for (int other = 0; other < rois->GetNumberOfObjects(); ++other) RoiAt(other)->SetSelected(other == index);
     rois->SelectObjectAtIndex(index);
     Redraw();
 }

@@ -47,8 +47,7 @@ void WideImages() {
     image.MakeBlankBMP(64, 64, 0, "camera");
     auto* samples = static_cast<unsigned short*>(image.GetBitMapImageData());
     for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x)
-            samples[y * 64 + x] = static_cast<unsigned short>(1000 + 40 * x);
+        for (int x = 0; x < 64; ++x) samples[y * 64 + x] = static_cast<unsigned short>(1000 + 40 * x);
     image.ReScaleImageOnShow();  // samples were written through the pointer: scan them again
     image.Show(window, 102, 1, 0, 0, 1);
     // [/samples]

@@ -10,8 +10,7 @@ namespace {
 /// Powers up to 10 to the 22nd are exact; the largest and smallest end in infinity and 0.
 double PowerOfTen(int exponent) {
     double power = 1;
-    for (int i = std::min(std::abs(std::max(exponent, -400)), 400); i > 0; --i)
-        power *= 10;
+    for (int i = std::min(std::abs(std::max(exponent, -400)), 400); i > 0; --i) power *= 10;
     return exponent < 0 ? 1 / power : power;
 }
 

@@ -16,8 +16,7 @@ int FixedPointDigits(double value, int decimals) {
     if (!std::isfinite(value)) return 0;
     if (value == 0) return decimals;
     double power = 1;
-    for (int i = 0; i < decimals; ++i)
-        power *= 10;
+    for (int i = 0; i < decimals; ++i) power *= 10;
     // Up to twelve decimals the product is exact; what more of them lose does not change their number.
     const double units = std::floor(std::fabs(value) * power + 0.5);
     if (units == 0) return 0;

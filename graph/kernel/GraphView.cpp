@@ -27,7 +27,8 @@ struct Interval {
 /// The logical positions of the device positions low..high.
 Interval LogicalOf(int low, int high, int windowOrigin, int viewportOrigin, double scale) {
     const auto logical = [=](double device) { return (device - viewportOrigin) / scale + windowOrigin; };
-    const double end = logical(static_cast<double>(low) - margin), otherEnd = logical(static_cast<double>(high) + margin);
+    const double end = logical(static_cast<double>(low) - margin),
+                 otherEnd = logical(static_cast<double>(high) + margin);
     // A line one unit further is half as wide as a unit is, at most.
     const double first = std::floor(std::min(end, otherEnd)) - 1, last = std::ceil(std::max(end, otherEnd)) + 1;
     constexpr double furthest = 2147483647;
@@ -51,8 +52,8 @@ Size64 Units(int pixels, double unit) { return static_cast<Size64>(std::min(std:
 /// Along one axis; `unit` pixels are a logical unit.
 Interval CurvePositions(const AxisScale& scale, Interval inView, double unit, Size64 penWidth) {
     const Size64 longest = Units(furthestPixel, unit), beside = Units(furthestPlot, unit);
-    const Size64 reach = penWidth <= 1 ? std::min<Size64>(thinReach, longest)
-                                       : std::min<Size64>(wideReach, longest) + penWidth;
+    const Size64 reach =
+        penWidth <= 1 ? std::min<Size64>(thinReach, longest) : std::min<Size64>(wideReach, longest) + penWidth;
     const Size64 low = inView.low - beside, high = inView.high + beside;
     return {Saturate(std::clamp<Size64>(scale.low, low, high) - reach),
             Saturate(std::clamp<Size64>(scale.high, low, high) + reach)};
@@ -65,8 +66,8 @@ bool ViewOf(const GraphMapping& mapping, const IntRect& surface, const FontSize&
     if (from.x == 0 || from.y == 0 || to.x == 0 || to.y == 0) return false;
     const double scaleX = static_cast<double>(to.x) / from.x, scaleY = static_cast<double>(to.y) / from.y;
     view.unit = {std::fabs(scaleX), std::fabs(scaleY)};
-    const double side = std::max(static_cast<double>(surface.right) - surface.left,
-                                 static_cast<double>(surface.bottom) - surface.top);
+    const double side =
+        std::max(static_cast<double>(surface.right) - surface.left, static_cast<double>(surface.bottom) - surface.top);
     if (std::max(view.unit.x, view.unit.y) > std::max<double>(side, widestPen)) return false;
 
     constexpr int largerThanAny = 4;

@@ -37,21 +37,33 @@ BlitPlan PlanForWindow(const View& view) {
 }
 
 BlitPlan PlanForVisiblePart(const View& view) {
-    if (view.IsStretched())
-        return {0, 0, view.clientWidth, view.clientHeight, 0, 0, view.imageWidth, view.imageHeight};
+    if (view.IsStretched()) return {0, 0, view.clientWidth, view.clientHeight, 0, 0, view.imageWidth, view.imageHeight};
     const long long columns = view.clientWidth / view.zoom;
     const long long rows = view.clientHeight / view.zoom;
-    return {0, 0, view.clientWidth, view.clientHeight, view.xOffset, view.imageHeight - rows - view.yOffset, columns,
-            rows};
+    return {0,       0,   view.clientWidth, view.clientHeight, view.xOffset, view.imageHeight - rows - view.yOffset,
+            columns, rows};
 }
 
 BlitPlan PlanForRect(const View& view, const IntRect& rect) {
     if (view.IsStretched())
-        return {rect.left, rect.top, static_cast<long long>(rect.right) - rect.left,
-                static_cast<long long>(rect.bottom) - rect.top, 0, 0, view.imageWidth, view.imageHeight};
+        return {rect.left,
+                rect.top,
+                static_cast<long long>(rect.right) - rect.left,
+                static_cast<long long>(rect.bottom) - rect.top,
+                0,
+                0,
+                view.imageWidth,
+                view.imageHeight};
     const long long zoom = view.zoom;
-    return {rect.left, rect.top, view.imageWidth * zoom, view.imageHeight * zoom,
-            view.xOffset, -static_cast<long long>(view.yOffset), view.imageWidth, view.imageHeight, zoom == 1};
+    return {rect.left,
+            rect.top,
+            view.imageWidth * zoom,
+            view.imageHeight * zoom,
+            view.xOffset,
+            -static_cast<long long>(view.yOffset),
+            view.imageWidth,
+            view.imageHeight,
+            zoom == 1};
 }
 
 bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight) {
@@ -106,7 +118,8 @@ AxisCut::Part AxisCut::At(long long index) const {
         begin = std::max(begin, visibleBegin);
         end = std::min(end, visibleEnd);
     }
-    return isMirrored ? Part{first, count, target - begin, begin - end} : Part{first, count, target + begin, end - begin};
+    return isMirrored ? Part{first, count, target - begin, begin - end}
+                      : Part{first, count, target + begin, end - begin};
 }
 
 }  // namespace kest

@@ -30,9 +30,9 @@ bool ClipToImage(BlitPlan& plan, int imageWidth, int imageHeight);
 
 /// What a blit's target is drawn on.
 struct BlitSurface {
-    IntRect visible;               ///< in the target's units
-    double unitX = 1, unitY = 1;   ///< pixels that a unit of the target is long
-    bool isScaled = false;         ///< a blit of 1:1 may be none in pixels
+    IntRect visible;              ///< in the target's units
+    double unitX = 1, unitY = 1;  ///< pixels that a unit of the target is long
+    bool isScaled = false;        ///< a blit of 1:1 may be none in pixels
 };
 
 /// Platforms multiply a blit's extents, in pixels, with those of its source, in 32 bits. Beyond these limits they draw

@@ -18,8 +18,8 @@ inline std::size_t PixelsInGroups(std::size_t pixels) {
 /// A pixel's components, and those that its hue depends on.
 struct Components {
     Ints red, green, blue, max, min;
-    Ints isRed, isGreen;            ///< which one is the largest, red before green before blue
-    Ints minuend, subtrahend;       ///< the two others
+    Ints isRed, isGreen;       ///< which one is the largest, red before green before blue
+    Ints minuend, subtrahend;  ///< the two others
 
     explicit Components(Ints pixels) : red(RedOf(pixels)), green(GreenOf(pixels)), blue(BlueOf(pixels)) {
         max = Max16(Max16(red, green), blue);
@@ -140,8 +140,8 @@ std::size_t ConvertGroupsToHsl(const std::uint8_t* rgb, std::uint8_t* hsl, std::
 /// rounding of the double computation decides: those lanes are added to `isDoubtful`.
 inline Ints ComponentOf(Ints turn, Ints factors, Ints& isDoubtful) {
     const Ints k = Max16(Min16(Min16(turn, Same(160) - turn), Same(40)), Same(0));
-    const Ints product = SumOfProducts16(factors, Add16(Multiply16(k & Same(0xFFFF), Same(17)),
-                                                        Same(10200 << 16 | (-340 & 0xFFFF))));
+    const Ints product =
+        SumOfProducts16(factors, Add16(Multiply16(k & Same(0xFFFF), Same(17)), Same(10200 << 16 | (-340 & 0xFFFF))));
     // Never below the floor, and seldom one above it.
     const Ints quotient = Truncated(ToFloats(product) * SameFloat(1.0000003F / 76800));
     const Ints remainder = product - SumOfProducts16(quotient << 3, Same(9600));
@@ -181,7 +181,8 @@ std::size_t ConvertGroupsToRgb(const std::uint8_t* hsl, std::uint8_t* rgb, std::
             for (int quarter = 0; quarter < 4; ++quarter) {
                 std::uint32_t lanes[intLanes];
                 StoreInts(lanes, taken[quarter]);
-                for (unsigned bits = static_cast<unsigned>(LaneBits(isDoubtful[quarter])); bits != 0; bits &= bits - 1) {
+                for (unsigned bits = static_cast<unsigned>(LaneBits(isDoubtful[quarter])); bits != 0;
+                     bits &= bits - 1) {
                     const int lane = std::countr_zero(bits);
                     std::uint8_t bytes[sizeof lanes[0]];
                     std::memcpy(bytes, &lanes[lane], sizeof bytes);

@@ -94,7 +94,9 @@ struct Bytes {
     __m256i v[3];
 };
 
-inline __m256i LoadHalves(const std::uint8_t* bytes) { return Joined(LoadVector(bytes), LoadVector(bytes + halfBytes)); }
+inline __m256i LoadHalves(const std::uint8_t* bytes) {
+    return Joined(LoadVector(bytes), LoadVector(bytes + halfBytes));
+}
 
 inline Bytes LoadBytes(const std::uint8_t* group) {
     return {LoadHalves(group), LoadHalves(group + 16), LoadHalves(group + 32)};
@@ -140,12 +142,8 @@ inline void StoreLanes(std::uint32_t* group, int quarter, Ints lanes) {
     StoreVector(group + 16 + 4 * quarter, _mm256_extracti128_si256(lanes.v, 1));
 }
 
-inline Ints LoadInts(const std::uint32_t* list) {
-    return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(list))};
-}
-inline void StoreInts(std::uint32_t* list, Ints ints) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(list), ints.v);
-}
+inline Ints LoadInts(const std::uint32_t* list) { return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(list))}; }
+inline void StoreInts(std::uint32_t* list, Ints ints) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(list), ints.v); }
 
 inline Ints LookUp(const LightnessTable& table, Ints index) {
     const auto* entries = reinterpret_cast<const int*>(table);

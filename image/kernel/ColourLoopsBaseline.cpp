@@ -101,7 +101,8 @@ inline Ints LoadPixels(const std::uint8_t* group, int quarter) {
 /// Three bytes of each pixel, side by side in the first twelve.
 inline __m128i Pack(Ints pixels) {
     const __m128i even = _mm_and_si128(pixels.v, _mm_set_epi32(0, 0xFFFFFF, 0, 0xFFFFFF));
-    const __m128i odd = _mm_and_si128(_mm_srli_epi64(pixels.v, 8), _mm_set_epi32(0xFFFF, -0x1000000, 0xFFFF, -0x1000000));
+    const __m128i odd =
+        _mm_and_si128(_mm_srli_epi64(pixels.v, 8), _mm_set_epi32(0xFFFF, -0x1000000, 0xFFFF, -0x1000000));
     const __m128i pairs = _mm_or_si128(even, odd);
     const __m128i upper = _mm_and_si128(_mm_srli_si128(pairs, 2), _mm_set_epi32(0, -1, -0x10000, 0));
     return _mm_or_si128(_mm_move_epi64(pairs), upper);

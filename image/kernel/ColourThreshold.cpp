@@ -11,9 +11,7 @@
 namespace kest {
 namespace {
 
-std::uint8_t ToBandEnd(float value) {
-    return value < 0.0F ? 0 : value > 255.0F ? 255 : TruncateToByte(value);
-}
+std::uint8_t ToBandEnd(float value) { return value < 0.0F ? 0 : value > 255.0F ? 255 : TruncateToByte(value); }
 
 /// Calls `choose(pixel)` for every source pixel from number `first` on; it gives the bytes to write.
 template <class Choose>
@@ -25,9 +23,7 @@ void ForEachPixel(SourcePlane source, TargetPlane target, std::size_t first, Cho
     }
 }
 
-std::size_t PixelsOf(SourcePlane plane) {
-    return plane.size() / PlaneBytesPerPixel;
-}
+std::size_t PixelsOf(SourcePlane plane) { return plane.size() / PlaneBytesPerPixel; }
 
 constexpr int luminanceUnits = 1000, largestLuminance = 255 * luminanceUnits;
 
@@ -65,9 +61,7 @@ bool HasEmptyBand(BandList bands) {
     return std::any_of(bands.begin(), bands.end(), [](const ThresholdTag& band) { return band.fLow > band.fHigh; });
 }
 
-ByteBand ToByteBand(float low, float high) {
-    return {ToBandEnd(low), ToBandEnd(high)};
-}
+ByteBand ToByteBand(float low, float high) { return {ToBandEnd(low), ToBandEnd(high)}; }
 
 ByteBand ToBoxSide(int low, int high) {
     return {static_cast<std::uint8_t>(std::max(low, 0)), static_cast<std::uint8_t>(std::min(high, 255))};

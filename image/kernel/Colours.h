@@ -28,12 +28,8 @@ struct PixelBytes {
 };
 static_assert(sizeof(PixelBytes) == PlaneBytesPerPixel);
 
-inline Rgb RgbAt(const std::uint8_t* pixel) {
-    return {pixel[2], pixel[1], pixel[0]};
-}
-inline Hsl HslAt(const std::uint8_t* pixel) {
-    return {pixel[2], pixel[1], pixel[0]};
-}
+inline Rgb RgbAt(const std::uint8_t* pixel) { return {pixel[2], pixel[1], pixel[0]}; }
+inline Hsl HslAt(const std::uint8_t* pixel) { return {pixel[2], pixel[1], pixel[0]}; }
 
 /// A colour from three integers, of each its low 8 bits.
 inline Rgb LowBytes(int red, int green, int blue) {

@@ -16,7 +16,7 @@ constexpr int ColourTableBytes = 4 * GrayColours;
 /// Where the parts of a DIB lie, as its header tells it.
 struct DibLayout {
     Size64 headerBytes = 0;
-    int width = 0;   ///< the low 16 bits of the header's value, as is the height
+    int width = 0;  ///< the low 16 bits of the header's value, as is the height
     int height = 0;
     int bitCount = 0;
     Size64 colourCount = 0;  ///< 0 for 24-bit DIBs without a table

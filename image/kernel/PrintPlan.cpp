@@ -19,7 +19,8 @@ PrintPlan PlanForPage(const View& wanted, const PageSize& page) {
         view.clientHeight = view.imageHeight;
     }
     const long long scale = PrintScale(view.clientWidth, view.clientHeight, page);
-    PrintPlan plan = {PlanForVisiblePart(view), scale * std::max(view.zoom, 1), 0, 0, view.imageWidth, view.imageHeight};
+    PrintPlan plan = {PlanForVisiblePart(view), scale * std::max(view.zoom, 1), 0, 0, view.imageWidth,
+                      view.imageHeight};
     plan.picture.targetWidth = view.clientWidth * scale;
     plan.picture.targetHeight = view.clientHeight * scale;
     if (!view.IsStretched()) {

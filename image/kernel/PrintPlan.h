@@ -18,9 +18,9 @@ int PrintScale(int sourceWidth, int sourceHeight, const PageSize& page);
 
 struct PrintPlan {
     BlitPlan picture;
-    long long blockPixels;                   ///< page pixels for one overlay pixel
-    long long firstColumn, firstRow;         ///< overlay column at the page's left edge, row (from the top) at its upper
-    long long columnCount, rowCount;         ///< of the overlay, from there on, that are printed
+    long long blockPixels;            ///< page pixels for one overlay pixel
+    long long firstColumn, firstRow;  ///< overlay column at the page's left edge, row (from the top) at its upper
+    long long columnCount, rowCount;  ///< of the overlay, from there on, that are printed
 };
 
 /// Prints the view: what the window shows of the image at a whole-number zoom, else the whole image. A view without a
@@ -50,8 +50,8 @@ bool ForEachPrintedRun(const OverlayPlane& overlay, int imageHeight, const Print
     const long long columnsOnPage = (page.width + scale - 1) / scale;
     const long long linesOnPage = (page.height + scale - 1) / scale;
     const long long beginColumn = std::max(plan.firstColumn, 0LL);
-    const long long endColumn = std::min<long long>(
-        plan.firstColumn + std::min(plan.columnCount, columnsOnPage), overlay.width);
+    const long long endColumn =
+        std::min<long long>(plan.firstColumn + std::min(plan.columnCount, columnsOnPage), overlay.width);
     for (long long row = 0; row < std::min(overlay.height, imageHeight); ++row) {
         const long long line = imageHeight - row - plan.firstRow;
         if (line < 1 || line > plan.rowCount || line >= linesOnPage) continue;
@@ -60,8 +60,8 @@ bool ForEachPrintedRun(const OverlayPlane& overlay, int imageHeight, const Print
             const std::uint8_t value = values[column];
             long long end = column + 1;
             while (end < endColumn && values[end] == value) ++end;
-            const PrintedRun run = {(column - plan.firstColumn) * scale, line * scale,
-                                    (end - plan.firstColumn) * scale, (line + 1) * scale, value};
+            const PrintedRun run = {(column - plan.firstColumn) * scale, line * scale, (end - plan.firstColumn) * scale,
+                                    (line + 1) * scale, value};
             if (value != 0 && !paint(run)) return false;
             column = end;
         }

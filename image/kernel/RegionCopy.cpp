@@ -19,8 +19,8 @@ void CopyRegionRow(const Plane<const std::uint8_t>& source, const Plane<std::uin
     for (std::size_t i = 0; i < spans.size(); ++i) {
         const bool isLast = i + 1 == spans.size();
         const Size64 first = std::max({Size64{spans[i].iFirst}, Size64{0}, Size64{left}});
-        const Size64 end = std::min({Size64{spans[i].iLast} + (isLast ? 0 : 1), Size64{source.width},
-                                     Size64{left} + target.width});
+        const Size64 end =
+            std::min({Size64{spans[i].iLast} + (isLast ? 0 : 1), Size64{source.width}, Size64{left} + target.width});
         if (first >= end) continue;
         std::memcpy(to + static_cast<std::size_t>(first - left) * pixelBytes,
                     from + static_cast<std::size_t>(first) * pixelBytes,

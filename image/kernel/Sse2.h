@@ -11,9 +11,7 @@
 
 namespace kest {
 
-inline __m128i LoadVector(const void* bytes) {
-    return _mm_loadu_si128(static_cast<const __m128i*>(bytes));
-}
+inline __m128i LoadVector(const void* bytes) { return _mm_loadu_si128(static_cast<const __m128i*>(bytes)); }
 
 /// Asks for what lies some 4 KB further on in a plane that is read from its first to its last byte. The processor's own
 /// look-ahead ends at each page; nothing is read here, so it may lie behind the plane.
@@ -24,9 +22,7 @@ inline void ReadAhead(const void* bytes) {
 /// What is read ahead at once.
 constexpr std::size_t CacheLineBytes = 64;
 
-inline void StoreVector(void* bytes, __m128i vector) {
-    _mm_storeu_si128(static_cast<__m128i*>(bytes), vector);
-}
+inline void StoreVector(void* bytes, __m128i vector) { _mm_storeu_si128(static_cast<__m128i*>(bytes), vector); }
 
 }  // namespace kest
 #else

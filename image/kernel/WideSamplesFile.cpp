@@ -15,8 +15,7 @@ Size64 RawHeader::SampleBytes(int bytesPerSample) const {
 
 void WriteRawHeader(std::span<std::uint8_t, RawHeaderBytes> bytes, const RawHeader& header) {
     ByteWriter writer(bytes);
-    for (const std::int32_t field : {header.code, header.height, header.width})
-        writer.Write(field);
+    for (const std::int32_t field : {header.code, header.height, header.width}) writer.Write(field);
 }
 
 bool IsRawFile(std::span<const std::uint8_t, RawHeaderBytes> bytes, Size64 bytesBehind, const RawHeader& expected,

@@ -140,8 +140,7 @@ std::size_t MapLines(std::span<const Sample> samples, const Rule& rule, std::uin
     const Mapper mapper(rule);
     for (const Sample *next = samples.data(), *end = next + whole; next != end; next += line) {
         ReadAhead(next);
-        for (std::size_t i = 0; i < line; i += 16, bytes += 16)
-            StoreVector(bytes, mapper.Map(next + i));
+        for (std::size_t i = 0; i < line; i += 16, bytes += 16) StoreVector(bytes, mapper.Map(next + i));
     }
     return whole;
 }
@@ -164,8 +163,7 @@ using Shifter32 = void;
 template <class Sample>
 void MapOneByOne(std::span<const Sample> samples, std::size_t first, const DisplayMapping& mapping,
                  std::uint8_t* bytes) {
-    for (std::size_t i = first; i < samples.size(); ++i)
-        bytes[i] = MapSample(samples[i], mapping);
+    for (std::size_t i = first; i < samples.size(); ++i) bytes[i] = MapSample(samples[i], mapping);
 }
 
 template <class Mapper, class Sample>

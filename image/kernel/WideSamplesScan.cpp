@@ -109,20 +109,15 @@ using LanesFloat = void;
 template <class Lanes, class Sample>
 SampleRange<Sample> Scan(std::span<const Sample> samples) {
     SampleRange<Sample> range = {samples[0], samples[0]};
-    for (const Sample sample : samples.subspan(ScanLines<Lanes>(samples, range)))
-        TakeIntoRange(range, sample);
+    for (const Sample sample : samples.subspan(ScanLines<Lanes>(samples, range))) TakeIntoRange(range, sample);
     return range;
 }
 
 }  // namespace
 
-SampleRange<std::uint16_t> ScanSamples(std::span<const std::uint16_t> samples) {
-    return Scan<Lanes16>(samples);
-}
+SampleRange<std::uint16_t> ScanSamples(std::span<const std::uint16_t> samples) { return Scan<Lanes16>(samples); }
 
-SampleRange<std::int32_t> ScanSamples(std::span<const std::int32_t> samples) {
-    return Scan<Lanes32>(samples);
-}
+SampleRange<std::int32_t> ScanSamples(std::span<const std::int32_t> samples) { return Scan<Lanes32>(samples); }
 
 SampleRange<float> ScanSamples(std::span<const float> samples) {
     SampleRange<float> range = Scan<LanesFloat>(samples);

@@ -71,7 +71,8 @@ IntPoint LineSteps::Pixel() const {
     const bool isNext = sideward > 0 ? 2 * rest > length : 2 * rest >= length;
     const Size64 aside = sideward * static_cast<Size64>(whole + (isNext && length > 0 ? 1 : 0));
     const Size64 ahead = forward * index;
-    return {static_cast<int>(start.x + (isSteep ? aside : ahead)), static_cast<int>(start.y + (isSteep ? ahead : aside))};
+    return {static_cast<int>(start.x + (isSteep ? aside : ahead)),
+            static_cast<int>(start.y + (isSteep ? ahead : aside))};
 }
 
 EllipseInset InsetOnLine(Size64 place, Size64 across, Size64 along) {

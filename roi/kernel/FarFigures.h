@@ -37,9 +37,9 @@ public:
 private:
     IntPoint start;
     bool isSteep;
-    int forward, sideward;          ///< directions along the longer and the shorter side
-    std::uint64_t length, rise;     ///< of the longer and the shorter side
-    Size64 index = 0;               ///< steps made
+    int forward, sideward;              ///< directions along the longer and the shorter side
+    std::uint64_t length, rise;         ///< of the longer and the shorter side
+    Size64 index = 0;                   ///< steps made
     std::uint64_t whole = 0, rest = 0;  ///< index * rise, divided by length
 };
 
@@ -74,8 +74,8 @@ void TraceLine(IntPoint start, IntPoint end, const IntRect& area, Chain& chain) 
 /// How far an ellipse lies within its box on a line through it: `place` is the line's distance from the box's nearer
 /// side, `across` and `along` are the box's extents, less a pixel, across and along the line.
 struct EllipseInset {
-    int pixels;   ///< from the box's side, along the line
-    bool isOwn;   ///< whether the ellipse crosses the line rather than following it
+    int pixels;  ///< from the box's side, along the line
+    bool isOwn;  ///< whether the ellipse crosses the line rather than following it
 };
 EllipseInset InsetOnLine(Size64 place, Size64 across, Size64 along);
 
@@ -100,14 +100,16 @@ void TraceEllipse(const IntRect& box, const IntRect& area, Chain& chain) {
     };
     const auto onColumn = [&](bool isUpper) {
         return [&, isUpper](int x, IntPoint& pixel) {
-            const EllipseInset inset = InsetOnLine(std::min(Size64{x} - box.left, Size64{box.right} - x), width, height);
+            const EllipseInset inset =
+                InsetOnLine(std::min(Size64{x} - box.left, Size64{box.right} - x), width, height);
             pixel = {x, isUpper ? box.top + inset.pixels : box.bottom - inset.pixels};
             return inset.isOwn;
         };
     };
     const auto onRow = [&](bool isLeft) {
         return [&, isLeft](int y, IntPoint& pixel) {
-            const EllipseInset inset = InsetOnLine(std::min(Size64{y} - box.top, Size64{box.bottom} - y), height, width);
+            const EllipseInset inset =
+                InsetOnLine(std::min(Size64{y} - box.top, Size64{box.bottom} - y), height, width);
             pixel = {isLeft ? box.left + inset.pixels : box.right - inset.pixels, y};
             return inset.isOwn;
         };

@@ -29,9 +29,7 @@ public:
 
     /// The row at a column, and the column at a row.
     int RowAt(int x) const { return dy == 0 ? startY : TruncateToInt(x * static_cast<double>(slope) + intercept); }
-    int ColumnAt(int y) const {
-        return dx == 0 ? startX : TruncateToInt((y - static_cast<double>(intercept)) / slope);
-    }
+    int ColumnAt(int y) const { return dx == 0 ? startX : TruncateToInt((y - static_cast<double>(intercept)) / slope); }
 
     /// Where the line passes a row, and a column; for a line that does not run along it.
     double PassesRow(double y) const { return (y - intercept) / slope; }

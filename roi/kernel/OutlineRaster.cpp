@@ -64,13 +64,19 @@ void RasteriseOutline(std::span<const IntPoint> starts, std::span<const IntPoint
         const IntPoint* last = out == chain.data() ? nullptr : out - 1;
         const int* before = !last ? nullptr : isSteep ? &last->x : &last->y;
         if (isSteep)
-            Walk(start.y, end.y > start.y ? 1 : -1, count, out, before, isExact,
-                 [&line](int y) { return line.ColumnAt(y); }, [line](int y) { return line.NearColumnAt(y); },
-                 [](int y, int x) { return IntPoint{x, y}; });
+            Walk(
+                start.y, end.y > start.y ? 1 : -1, count, out, before, isExact,
+                [&line](int y) { return line.ColumnAt(y); }, [line](int y) { return line.NearColumnAt(y); },
+                [](int y, int x) {
+                    return IntPoint{x, y};
+                });
         else
-            Walk(start.x, end.x > start.x ? 1 : -1, count, out, before, isExact,
-                 [&line](int x) { return line.RowAt(x); }, [line](int x) { return line.NearRowAt(x); },
-                 [](int x, int y) { return IntPoint{x, y}; });
+            Walk(
+                start.x, end.x > start.x ? 1 : -1, count, out, before, isExact,
+                [&line](int x) { return line.RowAt(x); }, [line](int x) { return line.NearRowAt(x); },
+                [](int x, int y) {
+                    return IntPoint{x, y};
+                });
         out += count;
     }
 }

@@ -144,10 +144,10 @@ TEST(CcPropertyBag, StreamsThatLieLeaveAnEmptyUsableBag) {
         return Bytes().I32(1).Add(PropertyEntry("a", 0, offset, length)).I32(bytes).Fill(8, 0x11);
     };
     const Bytes entry = Bytes().I32(1).Add(PropertyEntry("a", 0, 0, 4));
-    for (const Bytes& lie : {Bytes(), Bytes().I32(0).I32(0), Bytes().I32(-1).I32(8).Fill(8, 1),
-                             Bytes().I32(INT_MAX).Fill(600, 1), entry, Bytes(entry).I32(1000).Fill(4, 1),
-                             one(0, 4, INT_MAX), one(0, 4, -4), one(4, 4, 4), one(-4, 4, 4), one(0, 5, 4), one(0, 0, 4),
-                             one(0, -4, 4), one(INT_MAX, INT_MAX, 4)}) {
+    for (const Bytes& lie :
+         {Bytes(), Bytes().I32(0).I32(0), Bytes().I32(-1).I32(8).Fill(8, 1), Bytes().I32(INT_MAX).Fill(600, 1), entry,
+          Bytes(entry).I32(1000).Fill(4, 1), one(0, 4, INT_MAX), one(0, 4, -4), one(4, 4, 4), one(-4, 4, 4),
+          one(0, 5, 4), one(0, 0, 4), one(0, -4, 4), one(INT_MAX, INT_MAX, 4)}) {
         OpenBag bag;
         int value = 0;
         EXPECT_EQ(LoadFrom(bag, lie), 0);

@@ -198,10 +198,10 @@ TEST(ObjectStorage, NothingFollowsBytesThatWereLost) {
 }
 
 TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
-    const Bytes records = Record("CcPropertyBag", "first", BagData(1)).Add(Record("CcPropertyBag", "second", BagData(2)));
+    const Bytes records =
+        Record("CcPropertyBag", "first", BagData(1)).Add(Record("CcPropertyBag", "second", BagData(2)));
     constexpr char name[] = "\\\\.\\pipe\\kest-records";
-    const HANDLE server =
-        CreateNamedPipeA(name, PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE, 1, 1 << 16, 1 << 16, 0, nullptr);
+    const HANDLE server = CreateNamedPipeA(name, PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE, 1, 1 << 16, 1 << 16, 0, nullptr);
     CcFileObjectStorage stream;
     ASSERT_EQ(stream.Open(name, GENERIC_READ), 0);
     DWORD written = 0;

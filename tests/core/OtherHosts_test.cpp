@@ -122,7 +122,8 @@ TEST(OtherHosts, RoisThatListTheirOwnPixels) {
     CcImage* region = image.GetRegion(&roi, 200, 0);
     ASSERT_NE(region, nullptr);
     EXPECT_EQ((*region)(1, 1), 200.0F);  // a single column: nothing is copied
-    for (const auto& [x, y] : {std::pair{1, 2}, {2, 3}, {4, 3}}) EXPECT_EQ((*region)(x, y), static_cast<float>(8 * y + x));
+    for (const auto& [x, y] : {std::pair{1, 2}, {2, 3}, {4, 3}})
+        EXPECT_EQ((*region)(x, y), static_cast<float>(8 * y + x));
     for (const auto& [x, y] : {std::pair{3, 2}, {6, 3}}) EXPECT_EQ((*region)(x, y), 200.0F);
     delete region;
     // Entries outside the image are left out.

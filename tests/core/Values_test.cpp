@@ -5,9 +5,8 @@ using namespace test;
 
 TEST(CcHLObject, SlotOrder) {
     ExpectSlots(1, &CcHLObject::Load, &CcHLObject::Store, &CcHLObject::GetClassNameA, &CcHLObject::GetObjectName,
-                      &CcHLObject::SetObjectName);
-    ExpectSlots(1, &CcObjectStorage::Read, &CcObjectStorage::Write, &CcObjectStorage::SetPos,
-                      &CcObjectStorage::GetPos);
+                &CcHLObject::SetObjectName);
+    ExpectSlots(1, &CcObjectStorage::Read, &CcObjectStorage::Write, &CcObjectStorage::SetPos, &CcObjectStorage::GetPos);
 }
 
 TEST(CcHLObject, NamesAreRefusedNotCut) {

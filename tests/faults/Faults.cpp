@@ -8,10 +8,28 @@
 namespace test {
 namespace {
 
-enum Group { Memory, Lock, Open, Read, Write, Position, Rename, Library, Context, Drawing, Objects, Selection, Window,
-             PrintJob, Clipboard, Dialog, GroupCount };
-constexpr const char* groupNames[GroupCount] = {"memory", "lock", "open", "read", "write", "position", "rename",
-    "library", "context", "blit", "objects", "selection", "window", "print job", "clipboard", "dialog"};
+enum Group {
+    Memory,
+    Lock,
+    Open,
+    Read,
+    Write,
+    Position,
+    Rename,
+    Library,
+    Context,
+    Drawing,
+    Objects,
+    Selection,
+    Window,
+    PrintJob,
+    Clipboard,
+    Dialog,
+    GroupCount
+};
+constexpr const char* groupNames[GroupCount] = {"memory", "lock",      "open",      "read",  "write",   "position",
+                                                "rename", "library",   "context",   "blit",  "objects", "selection",
+                                                "window", "print job", "clipboard", "dialog"};
 
 Fault armed;
 bool isArmed = false;
@@ -102,7 +120,8 @@ HGLOBAL WINAPI FreeGlobal(HGLOBAL block) {
 }
 HANDLE WINAPI OpenPath(const char* path, DWORD access, DWORD sharing, SECURITY_ATTRIBUTES* security, DWORD disposition,
                        DWORD flags, HANDLE pattern) {
-    return Taken(files, CreateFileA(path, access, sharing, security, disposition, flags, pattern), INVALID_HANDLE_VALUE);
+    return Taken(files, CreateFileA(path, access, sharing, security, disposition, flags, pattern),
+                 INVALID_HANDLE_VALUE);
 }
 BOOL WINAPI ClosePath(HANDLE file) {
     --files;
@@ -130,8 +149,9 @@ Row StandIn(Row row, auto* function) {
     return row;
 }
 
-#define KEST_FAULT(group, function, failure, error) \
-    MakeRow<__COUNTER__, decltype(&::function)>(#function, group, static_cast<decltype(CallResult(&::function))>(failure), error)
+#define KEST_FAULT(group, function, failure, error)               \
+    MakeRow<__COUNTER__, decltype(&::function)>(#function, group, \
+                                                static_cast<decltype(CallResult(&::function))>(failure), error)
 
 template <class Result, class... Arguments>
 Result CallResult(Result(WINAPI*)(Arguments...));
@@ -144,11 +164,14 @@ std::vector<Row> Rows() {
     void* const none = nullptr;
     static void* unused;
     return {
-        StandIn(KEST_FAULT(Memory, malloc, none, 0), &Allocate), StandIn(KEST_FAULT(Memory, calloc, none, 0), &AllocateZeros), StandIn(KEST_FAULT(Memory, realloc, none, 0), &Reallocate),
+        StandIn(KEST_FAULT(Memory, malloc, none, 0), &Allocate),
+        StandIn(KEST_FAULT(Memory, calloc, none, 0), &AllocateZeros),
+        StandIn(KEST_FAULT(Memory, realloc, none, 0), &Reallocate),
         StandIn(KEST_FAULT(Memory, GlobalAlloc, none, ERROR_NOT_ENOUGH_MEMORY), &AllocateGlobal),
         KEST_FAULT(Lock, GlobalLock, none, ERROR_NOT_ENOUGH_MEMORY),
         StandIn(KEST_FAULT(Open, CreateFileA, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED), &OpenPath),
-        KEST_FAULT(Read, ReadFile, FALSE, ERROR_CRC), KEST_FAULT(Write, WriteFile, FALSE, ERROR_DISK_FULL),
+        KEST_FAULT(Read, ReadFile, FALSE, ERROR_CRC),
+        KEST_FAULT(Write, WriteFile, FALSE, ERROR_DISK_FULL),
         KEST_FAULT(Write, SetEndOfFile, FALSE, ERROR_DISK_FULL),
         KEST_FAULT(Position, SetFilePointer, INVALID_SET_FILE_POINTER, ERROR_SEEK),
         KEST_FAULT(Position, SetFilePointerEx, FALSE, ERROR_SEEK),
@@ -156,17 +179,28 @@ std::vector<Row> Rows() {
         KEST_FAULT(Rename, MoveFileExA, FALSE, ERROR_ACCESS_DENIED),
         KEST_FAULT(Rename, ReplaceFileA, FALSE, ERROR_ACCESS_DENIED),
         StandIn(KEST_FAULT(Library, LoadLibraryA, none, ERROR_MOD_NOT_FOUND), &Load),
-        KEST_FAULT(Context, GetDC, none, 0), KEST_FAULT(Context, CreateCompatibleDC, none, 0),
-        KEST_FAULT(Drawing, SetDIBitsToDevice, 0, 0), KEST_FAULT(Drawing, StretchDIBits, 0, 0),
+        KEST_FAULT(Context, GetDC, none, 0),
+        KEST_FAULT(Context, CreateCompatibleDC, none, 0),
+        KEST_FAULT(Drawing, SetDIBitsToDevice, 0, 0),
+        KEST_FAULT(Drawing, StretchDIBits, 0, 0),
         KEST_FAULT(Drawing, BitBlt, FALSE, 0),
-        KEST_FAULT(Objects, CreateCompatibleBitmap, none, 0), KEST_FAULT(Objects, CreatePalette, none, 0),
-        KEST_FAULT(Objects, CreatePen, none, 0), KEST_FAULT(Objects, CreateSolidBrush, none, 0),
-        KEST_FAULT(Objects, CreateRectRgn, none, 0), KEST_FAULT(Objects, CreateRectRgnIndirect, none, 0),
-        KEST_FAULT(Selection, SelectObject, none, 0), KEST_FAULT(Selection, SelectPalette, none, 0),
-        KEST_FAULT(Window, GetClientRect, FALSE, 0), KEST_FAULT(Window, ClientToScreen, FALSE, 0),
-        StandIn(KEST_FAULT(PrintJob, StartDocA, -1, 0), &StartJob), StandIn(KEST_FAULT(PrintJob, StartPage, 0, 0), &StartOrEnd), StandIn(KEST_FAULT(PrintJob, EndPage, 0, 0), &StartOrEnd),
-        StandIn(KEST_FAULT(PrintJob, EndDoc, 0, 0), &FinishJob), StandIn(KEST_FAULT(PrintJob, PrintDlgA, FALSE, 0), &ChoosePrinter),
-        KEST_FAULT(Clipboard, OpenClipboard, FALSE, 0), KEST_FAULT(Clipboard, EmptyClipboard, FALSE, 0),
+        KEST_FAULT(Objects, CreateCompatibleBitmap, none, 0),
+        KEST_FAULT(Objects, CreatePalette, none, 0),
+        KEST_FAULT(Objects, CreatePen, none, 0),
+        KEST_FAULT(Objects, CreateSolidBrush, none, 0),
+        KEST_FAULT(Objects, CreateRectRgn, none, 0),
+        KEST_FAULT(Objects, CreateRectRgnIndirect, none, 0),
+        KEST_FAULT(Selection, SelectObject, none, 0),
+        KEST_FAULT(Selection, SelectPalette, none, 0),
+        KEST_FAULT(Window, GetClientRect, FALSE, 0),
+        KEST_FAULT(Window, ClientToScreen, FALSE, 0),
+        StandIn(KEST_FAULT(PrintJob, StartDocA, -1, 0), &StartJob),
+        StandIn(KEST_FAULT(PrintJob, StartPage, 0, 0), &StartOrEnd),
+        StandIn(KEST_FAULT(PrintJob, EndPage, 0, 0), &StartOrEnd),
+        StandIn(KEST_FAULT(PrintJob, EndDoc, 0, 0), &FinishJob),
+        StandIn(KEST_FAULT(PrintJob, PrintDlgA, FALSE, 0), &ChoosePrinter),
+        KEST_FAULT(Clipboard, OpenClipboard, FALSE, 0),
+        KEST_FAULT(Clipboard, EmptyClipboard, FALSE, 0),
         KEST_FAULT(Clipboard, SetClipboardData, none, 0),
         StandIn(KEST_FAULT(Dialog, DialogBoxParamA, -1, 0), &RunDialog),
         {"MessageBoxA", reinterpret_cast<void*>(&AnswerBox), &unused},
@@ -212,8 +246,8 @@ std::string Ledger() {
     GetClipCursor(&clip);
     std::ostringstream text;
     text << TakeCensus().gdiObjects << " GDI objects, " << blocks << " blocks, " << files << " files, " << libraries
-         << " libraries, capture " << (GetCapture() != nullptr) << ", cursor within " << clip.left << ',' << clip.top << ','
-         << clip.right << ',' << clip.bottom;
+         << " libraries, capture " << (GetCapture() != nullptr) << ", cursor within " << clip.left << ',' << clip.top
+         << ',' << clip.right << ',' << clip.bottom;
     return text.str();
 }
 

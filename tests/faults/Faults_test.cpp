@@ -61,8 +61,8 @@ void Try(const Operation& operation, Trials& trials) {
         const FaultGroup& kind = groups[static_cast<std::size_t>(group)];
         for (int call = 1; call <= kind.calls; ++call)
             for (const bool stays : {false, true}) {
-                const std::string name =
-                    operation.name + ", " + kind.name + " call " + std::to_string(call) + (stays ? " and all behind" : "");
+                const std::string name = operation.name + ", " + kind.name + " call " + std::to_string(call) +
+                                         (stays ? " and all behind" : "");
                 runningStep = name;
                 std::string wrong;
                 {

@@ -36,7 +36,8 @@ inline std::string SamplesOf(CcImage* image) {
     int height = 0, width = 0;
     image->GetHeightWidth(&height, &width);
     const auto* samples = static_cast<const char*>(image->GetBitMapImageData());
-    std::string text = std::string(image->GetName()) + " " + std::to_string(width) + " x " + std::to_string(height) + " ";
+    std::string text =
+        std::string(image->GetName()) + " " + std::to_string(width) + " x " + std::to_string(height) + " ";
     if (samples) text.append(samples, static_cast<std::size_t>(width * height * BytesPerSample(*image)));
     return text;
 }
@@ -49,7 +50,8 @@ std::shared_ptr<Image> SceneImage() {
     auto* bytes = static_cast<std::uint8_t*>(image->GetBitMapImageData());
     // The binary image has the values 0 and 1; large exponents are no numbers to show.
     const int most = image->GetImageType() == KEST_IMAGE_BINARY ? 2 : 61;
-    for (int i = 0; i < sceneWidth * sceneHeight * BytesPerSample(*image); ++i) bytes[i] = static_cast<std::uint8_t>(i % most);
+    for (int i = 0; i < sceneWidth * sceneHeight * BytesPerSample(*image); ++i)
+        bytes[i] = static_cast<std::uint8_t>(i % most);
     return image;
 }
 
@@ -76,17 +78,17 @@ inline std::string ContentOf(const TemporaryFile& file) { return Text(file.Conte
 /// Makes an object from a record; the state is what it stores.
 inline Operation ReadBack(const std::string& name, std::function<std::string()> makeRecord) {
     return {name + " from a stream", [makeRecord] {
-        const std::string record = makeRecord();
-        auto stream = std::make_shared<HandMade>(Bytes().Add({record.begin(), record.end()}));
-        auto made = std::make_shared<std::unique_ptr<CcHLObject>>();
-        return Scene{[=] {
-                         CcHLObject* object = nullptr;
-                         const int result = stream->Stream()->GetNextObject(&object);
-                         made->reset(object);
-                         return result;
-                     },
-                     [=] { return *made ? RecordOf(**made) : "none"; }};
-    }};
+                const std::string record = makeRecord();
+                auto stream = std::make_shared<HandMade>(Bytes().Add({record.begin(), record.end()}));
+                auto made = std::make_shared<std::unique_ptr<CcHLObject>>();
+                return Scene{[=] {
+                                 CcHLObject* object = nullptr;
+                                 const int result = stream->Stream()->GetNextObject(&object);
+                                 made->reset(object);
+                                 return result;
+                             },
+                             [=] { return *made ? RecordOf(**made) : "none"; }};
+            }};
 }
 
 }  // namespace test

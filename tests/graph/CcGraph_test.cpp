@@ -94,7 +94,7 @@ TEST(CcGraph, AppearanceFileToTheByte) {
 
     EXPECT_EQ(graph.RestoreAppearance("no\\such.gap") + graph.SaveAppearance("no\\such.gap"), -2);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error...", "Can't open file:no\\such.gap for reading"},
-                                                   {"Error...", "Can't open file:no\\such.gap for saving"}}));
+                                             {"Error...", "Can't open file:no\\such.gap for saving"}}));
     EXPECT_EQ(graph.SaveAppearance(R"(Z:\dev\full)"), 0);
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error...", R"(Can't write file:Z:\dev\full)"}}));
     EXPECT_EQ(graph.SaveAppearance(std::string(900, 'p').c_str()) + graph.RestoreAppearance(nullptr), -2);

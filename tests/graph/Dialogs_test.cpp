@@ -182,7 +182,7 @@ TEST(GraphDialogs, LinesOfCurvesAndDefaultsAreChosen) {
 }
 
 const ShowDialog allDialogs[] = {&CcGraph::ShowDLBTitle, &CcGraph::ShowDLBSetMM, &CcGraph::ShowDLBSetGridMarkings,
-                                     &CcGraph::ShowDLBLineStyle};
+                                 &CcGraph::ShowDLBLineStyle};
 
 bool IsOfClass(HWND control, const char* name) {
     char className[40] = {};

@@ -19,11 +19,10 @@ struct Verdict {
 };
 
 /// Accepted is what has 256 colours and unpadded rows; the second verdict's files differ from it in their colour count.
-const std::vector<Verdict> grayVerdicts = {
-    {{}, {"8bpp-colorsused-zero"}},
-    {{{"Error", "This type of Object only handles 256 Color BitMaps"}},
-     {"8bpp-320x240", "8bpp-colorsimportant-", "8bpp-colorsused-"}},
-    {{notOpened}, {""}}};
+const std::vector<Verdict> grayVerdicts = {{{}, {"8bpp-colorsused-zero"}},
+                                           {{{"Error", "This type of Object only handles 256 Color BitMaps"}},
+                                            {"8bpp-320x240", "8bpp-colorsimportant-", "8bpp-colorsused-"}},
+                                           {{notOpened}, {""}}};
 
 const std::vector<Verdict> colourVerdicts = {
     {{}, {"24bpp-imagesize-zero"}},
@@ -42,9 +41,10 @@ const std::vector<Verdict> colourVerdicts = {
 
 const Boxes& BoxesFor(const std::string& name, const std::vector<Verdict>& verdicts) {
     const auto starts = [&](const std::string& start) { return name.starts_with(start); };
-    return std::find_if(verdicts.begin(), verdicts.end(), [&](const Verdict& verdict) {
-               return std::any_of(verdict.names.begin(), verdict.names.end(), starts);
-           })->boxes;
+    return std::find_if(
+               verdicts.begin(), verdicts.end(),
+               [&](const Verdict& verdict) { return std::any_of(verdict.names.begin(), verdict.names.end(), starts); })
+        ->boxes;
 }
 
 template <class Image>

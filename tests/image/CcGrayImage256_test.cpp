@@ -77,11 +77,21 @@ TEST(CcGrayImage256, BilinearAccessUpToTheBorder) {
     const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
     const struct {
         float x, y, value;
-    } cases[] = {{1.5F, 0.0F, 15}, {1.0F, 0.5F, 60}, {0.5F, 0.5F, 55}, {-0.5F, 0.0F, -1}, {3.1F, 0.0F, -1},
-                 {0.0F, 2.1F, -1}, {nan, 0.0F, -1}, {0.0F, infinity, -1},
+    } cases[] = {{1.5F, 0.0F, 15},
+                 {1.0F, 0.5F, 60},
+                 {0.5F, 0.5F, 55},
+                 {-0.5F, 0.0F, -1},
+                 {3.1F, 0.0F, -1},
+                 {0.0F, 2.1F, -1},
+                 {nan, 0.0F, -1},
+                 {0.0F, infinity, -1},
                  // In the last half pixel of a row the next byte of the block takes part, behind the block the
                  // nearest pixel.
-                 {2.5F, 0.0F, 60}, {3.0F, 0.0F, 100}, {2.5F, 1.0F, 120}, {1.0F, 1.5F, 110}, {3.0F, 2.0F, 120}};
+                 {2.5F, 0.0F, 60},
+                 {3.0F, 0.0F, 100},
+                 {2.5F, 1.0F, 120},
+                 {1.0F, 1.5F, 110},
+                 {3.0F, 2.0F, 120}};
     for (const auto& c : cases) EXPECT_EQ(image(c.x, c.y), c.value) << c.x << ' ' << c.y;
     // Such a position is outside the block and is not written.
     image = 5.0F;
@@ -171,8 +181,7 @@ TEST(CcGrayImage256, RegionUnderARectangle) {
         ASSERT_EQ(width, isAligned ? 12 : 10);
         ASSERT_EQ(height, 20);
         for (int y = 0; y < 20; ++y)
-            for (int x = 0; x < width; ++x)
-                ASSERT_EQ((*region)(x, y), x < 10 ? PatternFloat(x + 10, y + 10) : 44.0F);
+            for (int x = 0; x < width; ++x) ASSERT_EQ((*region)(x, y), x < 10 ? PatternFloat(x + 10, y + 10) : 44.0F);
     }
     EXPECT_EQ(regionOf({0, 50, 101, 0}, 0, 0), nullptr);
     EXPECT_EQ(regionOf({INT_MIN, INT_MAX, INT_MAX, INT_MIN}, 0, 0), nullptr);

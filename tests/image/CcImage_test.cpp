@@ -8,15 +8,15 @@ TEST(CcImage, SlotOrder) {
     using I = CcImage;
     ExpectSlots(1, &I::Load, &I::Store);
     ExpectSlots(6, &I::CopyToClipboard, &I::GetBitMapImageData,
-                      static_cast<int (I::*)(HDC, RECT*, U, U, int, int, int)>(&I::Show),
-                      static_cast<int (I::*)(HDC, HWND, U, U, int, int, int)>(&I::Show),
-                      static_cast<int (I::*)(HWND, U, U, int, int, int)>(&I::Show), &I::Print, &I::GetDisplayLUT,
-                      &I::SetDisplayLUT, &I::OpenBMPFile, &I::SaveBMPFile, &I::MakeBlankBMP, &I::BeginThresholding,
-                      &I::ThresholdImage, &I::ThresholdImageMulti, &I::EndThresholding, &I::GetMinPixelValue,
-                      &I::GetMaxPixelValue, &I::SizeOf, &I::SetAutoUpdateDisplay, &I::GetAutoUpdateDisplay,
-                      static_cast<float& (I::*)(float, float)>(&I::operator()),
-                      static_cast<float& (I::*)(int, int)>(&I::operator()),
-                      static_cast<void (I::*)(float)>(&I::operator=), &I::GetRegion);
+                static_cast<int (I::*)(HDC, RECT*, U, U, int, int, int)>(&I::Show),
+                static_cast<int (I::*)(HDC, HWND, U, U, int, int, int)>(&I::Show),
+                static_cast<int (I::*)(HWND, U, U, int, int, int)>(&I::Show), &I::Print, &I::GetDisplayLUT,
+                &I::SetDisplayLUT, &I::OpenBMPFile, &I::SaveBMPFile, &I::MakeBlankBMP, &I::BeginThresholding,
+                &I::ThresholdImage, &I::ThresholdImageMulti, &I::EndThresholding, &I::GetMinPixelValue,
+                &I::GetMaxPixelValue, &I::SizeOf, &I::SetAutoUpdateDisplay, &I::GetAutoUpdateDisplay,
+                static_cast<float& (I::*)(float, float)>(&I::operator()),
+                static_cast<float& (I::*)(int, int)>(&I::operator()), static_cast<void (I::*)(float)>(&I::operator=),
+                &I::GetRegion);
 }
 
 TEST(CcImage, TheBaseComplainsAndThresholdingStillSucceeds) {

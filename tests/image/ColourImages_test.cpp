@@ -17,8 +17,13 @@ Bytes Dib24(int width, int height, const std::vector<std::uint8_t>& pixels, int 
 
 Bytes ImageRecord(const std::string& className, const std::string& name, long size, const Bytes& dib) {
     const int bytes = static_cast<int>(dib.size());
-    const Bytes bag = Bytes().I32(2).Add(PropertyEntry(className + "_Size", 1, 0, 4))
-                          .Add(PropertyEntry(className + "_Data", 5, 4, bytes)).I32(4 + bytes).I32(size).Add(dib);
+    const Bytes bag = Bytes()
+                          .I32(2)
+                          .Add(PropertyEntry(className + "_Size", 1, 0, 4))
+                          .Add(PropertyEntry(className + "_Data", 5, 4, bytes))
+                          .I32(4 + bytes)
+                          .I32(size)
+                          .Add(dib);
     return Record(className, name, Bytes().Add(Record("CcPropertyBag", "", bag)).Add(EmptyListRecord()));
 }
 
@@ -81,8 +86,7 @@ TYPED_TEST(ColourImages, BmpFilesToTheByteAndTheirRefusals) {
     const std::vector<std::uint8_t> padded(3 * 12);
     expectRefused(BmpFile24(4, 3, padded, 7), {wrongKind});
     expectRefused(BmpFile24(4, 3, padded, -1), {wrongKind});
-    if (this->isHsl)
-        expectRefused(BmpFile24(0, 3, {}), {{"File Error", "Unable to allocate HSL memory."}, notOpened});
+    if (this->isHsl) expectRefused(BmpFile24(0, 3, {}), {{"File Error", "Unable to allocate HSL memory."}, notOpened});
     Bytes tiny = BmpFile24(4, 3, padded);
     tiny[2] = 14 + 20;
     expectRefused(tiny, {badSize, notOpened});

@@ -101,7 +101,8 @@ TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
     OpenHsl image;
     RGBQUAD colour = {1, 1, 1, 77};
     EXPECT_EQ(image.RGB2HSL(0, 0, 255, &colour), 0);
-    EXPECT_EQ((Pixels{colour.rgbRed, colour.rgbGreen, colour.rgbBlue, colour.rgbReserved}), (Pixels{160, 240, 120, 77}));
+    EXPECT_EQ((Pixels{colour.rgbRed, colour.rgbGreen, colour.rgbBlue, colour.rgbReserved}),
+              (Pixels{160, 240, 120, 77}));
     EXPECT_EQ(image.HSL2RGB(241, 0, 0, &colour), -1);
     EXPECT_EQ(image.DoConvert(), -1);
     EXPECT_EQ(image.UpdateRGB(), -1);
@@ -161,8 +162,8 @@ TEST(Cc24BitHSLImage, PlanesMadeOnTheirOwn) {
     EXPECT_EQ(image.ThresholdImageHSL(nullptr, 0, 9, 0, 9, 0, 9, 1, 1, 1), -1);
     EXPECT_EQ(image.EndThresholding(), -1);
     EXPECT_EQ(image.MakeBlankDibBM24HSL(0, 5, 1, &dib), nullptr);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Error in UpdateRGB."},
-                                             {"File Error", "Unable to allocate HSL memory."}}));
+    EXPECT_EQ(TakeBoxes(),
+              (std::vector<Box>{{"Error", "Error in UpdateRGB."}, {"File Error", "Unable to allocate HSL memory."}}));
 }
 
 TEST(Cc24BitHSLImage, ARealPictureIsThresholdedByHueAndEndsAsItBegan) {

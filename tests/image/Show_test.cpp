@@ -30,8 +30,14 @@ TEST(Show, EveryWidthAndZoomIsExact) {
     for (const int width : {1, 2, 3, 4, 5, 17, 39, 40, 41, 130}) {
         CcGrayImage256 image;
         FillPattern(image, width, 33);
-        for (const auto& [xOffset, yOffset, zoom] :
-             {std::tuple{0, 0, 1}, {3, 5, 1}, {-4, -2, 1}, {-4, -2, 3}, {5, 7, 3}, {0, 0, 4}, {1, 2, 12}, {200, 0, 1}}) {
+        for (const auto& [xOffset, yOffset, zoom] : {std::tuple{0, 0, 1},
+                                                     {3, 5, 1},
+                                                     {-4, -2, 1},
+                                                     {-4, -2, 3},
+                                                     {5, 7, 3},
+                                                     {0, 0, 4},
+                                                     {1, 2, 12},
+                                                     {200, 0, 1}}) {
             window.Fill(RGB(0, 0, 64));
             ASSERT_EQ(image.Show(window, 102, 1, xOffset, yOffset, zoom), 0);
             const Picture expected = Expected(60, 48, width, 33, xOffset, yOffset, zoom, PatternGray);
@@ -77,8 +83,10 @@ TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
     struct Case {
         int mapMode, scaleX, scaleY, bottom, shownZoom;
     };
-    for (const Case& c : {Case{MM_ANISOTROPIC, 2, 2, 33, 2}, {MM_ANISOTROPIC, 1, -1, -33, 1},
-                          {MM_ANISOTROPIC, 2, -2, -33, 2}, {MM_LOENGLISH, 1, -1, -33, 1}}) {
+    for (const Case& c : {Case{MM_ANISOTROPIC, 2, 2, 33, 2},
+                          {MM_ANISOTROPIC, 1, -1, -33, 1},
+                          {MM_ANISOTROPIC, 2, -2, -33, 2},
+                          {MM_LOENGLISH, 1, -1, -33, 1}}) {
         MemoryPicture scaled(120, 110, RGB(0, 0, 64));
         SetMapMode(scaled, c.mapMode);
         SetViewportExtEx(scaled, c.scaleX, c.scaleY, nullptr);
@@ -112,8 +120,10 @@ TEST(Show, DisplayTables) {
         EXPECT_EQ(wrong, 0) << what << " LUT " << lut;
     };
     for (const unsigned short lut : {100, 101, 102}) expectRamp(lut, Gray, "fresh");
-    expectRamp(103, [](int v) { return Gray(v / 2 * 2); }, "fresh");
-    expectRamp(104, [](int v) { return Gray(v / 4 * 4); }, "fresh");
+    expectRamp(
+        103, [](int v) { return Gray(v / 2 * 2); }, "fresh");
+    expectRamp(
+        104, [](int v) { return Gray(v / 4 * 4); }, "fresh");
 
     // Levels are cut off at 0 and 255, and steps are those of the table.
     const auto setList = [&](unsigned short lut, int channel, const std::function<float(float)>& level) {
@@ -123,13 +133,17 @@ TEST(Show, DisplayTables) {
         EXPECT_EQ(image.SetDisplayLUT(lut, channel, points), 0);
     };
     setList(102, 0, [](float x) { return 255 - x; });
-    expectRamp(102, [](int v) { return Gray(255 - v); }, "negative");
+    expectRamp(
+        102, [](int v) { return Gray(255 - v); }, "negative");
     setList(103, 0, [](float x) { return 254 - x; });
-    expectRamp(103, [](int v) { return Gray((254 - v / 2 * 2) / 2 * 2); }, "negative");
+    expectRamp(
+        103, [](int v) { return Gray((254 - v / 2 * 2) / 2 * 2); }, "negative");
     setList(104, 0, [](float x) { return x < 128 ? 300.0F : x < 200 ? -5.0F : NAN; });
-    expectRamp(104, [](int v) { return v < 128 ? Gray(252) : 0u; }, "clamped");
+    expectRamp(
+        104, [](int v) { return v < 128 ? Gray(252) : 0u; }, "clamped");
     setList(101, 2, [](float) { return 40.5F; });
-    expectRamp(101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "green");
+    expectRamp(
+        101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "green");
     // The other tables are as they were; the DIB carries the colours shown last.
     expectRamp(100, Gray, "after");
 
@@ -139,7 +153,8 @@ TEST(Show, DisplayTables) {
     EXPECT_EQ(image.SetDisplayLUT(101, 7, points), -1);
     points[1].x = 1.0F;
     EXPECT_EQ(image.SetDisplayLUT(101, 7, points), 0);
-    expectRamp(101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "no channel 7");
+    expectRamp(
+        101, [](int v) { return (Gray(v) & 0xFF00FFu) | 40u << 8; }, "no channel 7");
     for (const auto& [lut, channel] : {std::pair{103, 0}, {102, 1}, {105, 0}})
         EXPECT_EQ(image.SetDisplayLUT(lut, channel, points), -1) << lut;
     for (const auto& [lut, channel] : {std::pair{102, 1}, {101, 0}, {100, 0}})

@@ -54,12 +54,14 @@ using OpenFloat = Open<CcGrayImageFloat, float>;
 struct Kind16 {
     using Image = Open16;
     static constexpr int code = KEST_IMAGE_INT16;
-    static constexpr const char *raw = "wide.i16", *className = "CcGrayImageInt16", *words = "16-bit", *sentence = words;
+    static constexpr const char *raw = "wide.i16", *className = "CcGrayImageInt16", *words = "16-bit",
+                                *sentence = words;
 };
 struct Kind32 {
     using Image = Open32;
     static constexpr int code = KEST_IMAGE_INT32;
-    static constexpr const char *raw = "wide.i32", *className = "CcGrayImageInt32", *words = "32-bit", *sentence = words;
+    static constexpr const char *raw = "wide.i32", *className = "CcGrayImageInt32", *words = "32-bit",
+                                *sentence = words;
 };
 struct KindFloat {
     using Image = OpenFloat;
@@ -186,8 +188,9 @@ TYPED_TEST(WideImages, NoMemoryForTheSamples) {
     const TemporaryFile none("wide.bmp", BmpFile8(3, 0, {}));
     typename TypeParam::Image image;
     EXPECT_EQ(image.OpenBMPFile(none.Path()), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{
-                               {"Error", std::string("Unable to Allocate Memory for ") + TypeParam::words + " Image"}}));
+    EXPECT_EQ(
+        TakeBoxes(),
+        (std::vector<Box>{{"Error", std::string("Unable to Allocate Memory for ") + TypeParam::words + " Image"}}));
     EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
 }

@@ -23,13 +23,13 @@ LONG WidthOf(HPEN pen) { return RecordOf(pen).lopnWidth.x; }
 TEST(CcRoiBase, SlotOrder) {
     using U = unsigned short;
     using R = CcRoiBase;
-    ExpectSlots(6, &R::Save, &R::Restore, &R::SetRoiImageCord, &R::GetRoiImageCord, &R::StartMouseDrag,
-                      &R::DoMouseDrag, &R::StopMouseDrag, &R::GetCurrentBoundingRect,
-                      static_cast<int (R::*)(HDC, RECT*, int, int, U, CcImage*, int, int)>(&R::ShowROI),
-                      static_cast<int (R::*)(HDC, HWND, int, int, U, CcImage*, int, int)>(&R::ShowROI),
-                      static_cast<int (R::*)(HWND, int, int, U, CcImage*, int, int)>(&R::ShowROI), &R::MouseHitTest,
-                      &R::GetBoundingRect, &R::GetYBoundary, &R::GetXBoundary, &R::UpdateImageIfNeeded,
-                      &R::IsRoiAGraphicObject);
+    ExpectSlots(6, &R::Save, &R::Restore, &R::SetRoiImageCord, &R::GetRoiImageCord, &R::StartMouseDrag, &R::DoMouseDrag,
+                &R::StopMouseDrag, &R::GetCurrentBoundingRect,
+                static_cast<int (R::*)(HDC, RECT*, int, int, U, CcImage*, int, int)>(&R::ShowROI),
+                static_cast<int (R::*)(HDC, HWND, int, int, U, CcImage*, int, int)>(&R::ShowROI),
+                static_cast<int (R::*)(HWND, int, int, U, CcImage*, int, int)>(&R::ShowROI), &R::MouseHitTest,
+                &R::GetBoundingRect, &R::GetYBoundary, &R::GetXBoundary, &R::UpdateImageIfNeeded,
+                &R::IsRoiAGraphicObject);
 }
 
 TEST(CcRoiBase, PensAndColoursLiveWithTheRois) {

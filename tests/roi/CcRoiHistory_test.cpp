@@ -85,7 +85,8 @@ TEST(CcRoiHistory, CalledWhileTheListSaysThatMemoryIsShort) {
     const std::string names = NamesOf(list);
     DuringNextBox([&] {
         EXPECT_EQ(NamesOf(list), names);
-        for (const int result : {history.Undo(), history.Redo(), history.Remember(), history.Cancel()}) EXPECT_EQ(result, -1);
+        for (const int result : {history.Undo(), history.Redo(), history.Remember(), history.Cancel()})
+            EXPECT_EQ(result, -1);
         history.Clear();
     });
     EXPECT_EQ(history.Undo(), -1);

@@ -34,10 +34,10 @@ struct Host {
         isDragging = false;
         EXPECT_EQ(Stop(released), 0);
     }
-    int HitTest(int x, int y) {
-        return roi.MouseHitTest(window, xOffset, yOffset, display, &image, {x, y}, zoom);
+    int HitTest(int x, int y) { return roi.MouseHitTest(window, xOffset, yOffset, display, &image, {x, y}, zoom); }
+    void Show(int penSelect = 0) {
+        EXPECT_EQ(roi.ShowROI(window, xOffset, yOffset, display, &image, zoom, penSelect), 0);
     }
-    void Show(int penSelect = 0) { EXPECT_EQ(roi.ShowROI(window, xOffset, yOffset, display, &image, zoom, penSelect), 0); }
 
 private:
     bool Handle(UINT message, LPARAM lParam) {

@@ -103,7 +103,8 @@ void ExpectChain(CcRoiBase& roi, const std::vector<POINT>& passed, POINT end) {
     ASSERT_NE(first, last);
     for (const POINT& pixel : passed)
         EXPECT_TRUE(std::any_of(first, last, [&](const POINT& point) { return AreNeighbours(point, pixel); }));
-    EXPECT_EQ(std::adjacent_find(first, last, [](const POINT& a, const POINT& b) { return !AreNeighbours(a, b); }), last);
+    EXPECT_EQ(std::adjacent_find(first, last, [](const POINT& a, const POINT& b) { return !AreNeighbours(a, b); }),
+              last);
     EXPECT_TRUE(AreNeighbours(last[-1], end));
 }
 
@@ -223,8 +224,8 @@ TEST(Dragging, OutOfTheWindowEveryKindStaysInTheImage) {
 
 TEST(Dragging, HandlesResize) {
     // The left handle of the ellipse is dragged past the right one.
-    ResizeByHandles<CcRoiEllipse>({110, 90}, {{{85, 40}, 1, {85, 20}, {60, 20}, {110, 90}},
-                                              {{60, 55}, 3, {150, 57}, {110, 20}, {150, 90}}});
+    ResizeByHandles<CcRoiEllipse>(
+        {110, 90}, {{{85, 40}, 1, {85, 20}, {60, 20}, {110, 90}}, {{60, 55}, 3, {150, 57}, {110, 20}, {150, 90}}});
     ResizeByHandles<CcRoiLine>({110, 90}, {{{110, 90}, 8, {70, 20}, {60, 40}, {70, 20}}});
     ResizeByHandles<CcRoiRect>({109, 89}, {{{60, 40}, 5, {75, 30}, {75, 30}, {110, 90}}});
 }

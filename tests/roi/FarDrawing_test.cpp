@@ -38,7 +38,8 @@ Picture DrawnDirectly(Draw draw) {
 }
 
 int Painted(const Picture& picture) {
-    return static_cast<int>(std::count_if(picture.pixels.begin(), picture.pixels.end(), [](unsigned p) { return p != 0; }));
+    return static_cast<int>(
+        std::count_if(picture.pixels.begin(), picture.pixels.end(), [](unsigned p) { return p != 0; }));
 }
 
 }  // namespace

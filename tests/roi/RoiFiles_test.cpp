@@ -22,13 +22,16 @@ Bytes BagOf(const Kind& kind) {
     return bag.Add(PropertyEntry(kind.recordKey, 5, 0, 24))
         .Add(PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32))
         .I32(56)
-        .I32(0).I32(255).I32(0).I32(4).I32(0).I32(0)  // unselected green, four points, no pointer and no handle
+        .I32(0)
+        .I32(255)
+        .I32(0)
+        .I32(4)
+        .I32(0)
+        .I32(0)  // unselected green, four points, no pointer and no handle
         .Add(OutlinePoints());
 }
 
-Bytes StreamOf(const Kind& kind) {
-    return Record(kind.className, "roi", Record("CcPropertyBag", "", BagOf(kind)));
-}
+Bytes StreamOf(const Kind& kind) { return Record(kind.className, "roi", Record("CcPropertyBag", "", BagOf(kind))); }
 
 }  // namespace
 
@@ -71,7 +74,8 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
         tooFew.pop_back();
         tooMany[11] = 0x7F;
         negative[11] = 0xFF;
-        for (const Bytes& bad : {otherType, tooFew, tooMany, negative, FileOf(kind, 1.5F), FileOf(kind, NAN), Bytes()}) {
+        for (const Bytes& bad :
+             {otherType, tooFew, tooMany, negative, FileOf(kind, 1.5F), FileOf(kind, NAN), Bytes()}) {
             const TemporaryFile file("bad.roi", bad);
             EXPECT_EQ(roi->Restore(file.Path()), -1);
         }

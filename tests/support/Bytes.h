@@ -49,11 +49,17 @@ inline Bytes PropertyEntry(const std::string& name, int type, int offset, int le
 }
 
 /// An object's record in a stream around its data.
-inline Bytes Record(const std::string& className, const std::string& objectName, const std::vector<std::uint8_t>& data) {
+inline Bytes Record(const std::string& className, const std::string& objectName,
+                    const std::vector<std::uint8_t>& data) {
     return Bytes()
-        .Text("OST_OBJECTHEADER", 17).Text(className, 50).Text(objectName, 50).Fill(11, 0)
+        .Text("OST_OBJECTHEADER", 17)
+        .Text(className, 50)
+        .Text(objectName, 50)
+        .Fill(11, 0)
         .Add(data)
-        .Text("OST_OBJECTFOOTER", 17).Text(className, 50).Text(objectName, 50);
+        .Text("OST_OBJECTFOOTER", 17)
+        .Text(className, 50)
+        .Text(objectName, 50);
 }
 
 /// A file in the current directory that is gone at the end of the test.

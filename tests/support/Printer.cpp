@@ -35,7 +35,9 @@ int ReadInt(const std::vector<std::uint8_t>& bytes, std::size_t at) {
 }
 
 /// The file is complete when it has the size that its header says.
-bool IsComplete(const std::vector<std::uint8_t>& file) { return file.size() > 54 && static_cast<int>(file.size()) >= ReadInt(file, 2); }
+bool IsComplete(const std::vector<std::uint8_t>& file) {
+    return file.size() > 54 && static_cast<int>(file.size()) >= ReadInt(file, 2);
+}
 
 }  // namespace
 

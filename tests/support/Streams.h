@@ -52,8 +52,8 @@ std::unique_ptr<Object> Made(const Bytes& record) {
 inline Bytes ListBag(int current, int count, int selected, int type) {
     Bytes bag = Bytes().I32(4);
     int offset = -4;
-    for (const char* key : {"CcList::iCurrentObject", "CcList::iNumberOfObjects", "CcList::iSelectedObject",
-                            "CcList::iDistructorFlag"})
+    for (const char* key :
+         {"CcList::iCurrentObject", "CcList::iNumberOfObjects", "CcList::iSelectedObject", "CcList::iDistructorFlag"})
         bag.Add(PropertyEntry(key, 0, offset += 4, 4));
     return Record("CcPropertyBag", "", bag.I32(16).I32(current).I32(count).I32(selected).I32(type));
 }

@@ -68,8 +68,8 @@ TestWindow::TestWindow(int width, int height, COLORREF background) : clientWidth
         return RegisterClassA(&record);
     }();
     window = CreateWindowExA(WS_EX_TOPMOST, reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(windowClass)), "test",
-                             WS_POPUP | WS_VISIBLE, 60, 40, width, height, nullptr, nullptr,
-                             GetModuleHandleA(nullptr), nullptr);
+                             WS_POPUP | WS_VISIBLE, 60, 40, width, height, nullptr, nullptr, GetModuleHandleA(nullptr),
+                             nullptr);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetForegroundWindow(window);
     SetFocus(window);

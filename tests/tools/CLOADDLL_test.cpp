@@ -117,8 +117,7 @@ TEST(CLOADDLL, ShowsWhatCannotBeLoaded) {
     EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error Loading Tool:", path}}));
 
     EXPECT_EQ(noEntry.LoadDll("NoEntry.dll"), -1);
-    EXPECT_EQ(TakeBoxes(),
-              (std::vector<Box>{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
+    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
     ExpectAbsent(noEntry);
     EXPECT_NE(GetModuleHandleA("NoEntry.dll"), nullptr);
     EXPECT_EQ(noEntry.UNLoadDll(), 0);

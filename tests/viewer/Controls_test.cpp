@@ -21,8 +21,8 @@ protected:
 };
 
 TEST_F(Controls, ANarrowColumnStaysUntilItsTextsNeedMoreThanEver) {
-    const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | LVS_REPORT, 0, 0, 400, 300, parent, nullptr,
-                                      nullptr, nullptr);
+    const HWND list =
+        CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | LVS_REPORT, 0, 0, 400, 300, parent, nullptr, nullptr, nullptr);
     const kestview::ListView view(list);
     std::vector<int> widest;
     view.AddColumn("Area", 10);

@@ -9,9 +9,7 @@ namespace {
 
 using Visitor = std::function<bool(HWND)>;  // true goes on
 
-BOOL CALLBACK Visit(HWND window, LPARAM visitor) {
-    return (*reinterpret_cast<Visitor*>(visitor))(window);
-}
+BOOL CALLBACK Visit(HWND window, LPARAM visitor) { return (*reinterpret_cast<Visitor*>(visitor))(window); }
 
 bool HasClass(HWND window, const char* className) {
     char name[64] = {};
@@ -76,9 +74,7 @@ Driver::~Driver() {
     CloseHandle(process.hProcess);
 }
 
-bool Driver::IsRunning() const {
-    return process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT;
-}
+bool Driver::IsRunning() const { return process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT; }
 
 std::wstring Driver::Title() const { return TextOfWindow(main); }
 
@@ -206,8 +202,7 @@ void Driver::Wheel(HWND window, POINT at, int notches) {
     MoveTo(window, at);
     ClientToScreen(window, &at);
     const int turn = notches > 0 ? WHEEL_DELTA : -WHEEL_DELTA;
-    for (int i = 0; i < std::abs(notches); ++i)
-        SendMouse(MOUSEEVENTF_WHEEL, at, static_cast<DWORD>(turn));
+    for (int i = 0; i < std::abs(notches); ++i) SendMouse(MOUSEEVENTF_WHEEL, at, static_cast<DWORD>(turn));
     Settle();
 }
 
@@ -279,8 +274,7 @@ Picture Driver::ClientOf(HWND window) {
     const Picture screen = Screen();
     Picture picture{static_cast<int>(client.right), static_cast<int>(client.bottom), {}};
     for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x)
-            picture.pixels.push_back(screen.At(corner.x + x, corner.y + y));
+        for (int x = 0; x < picture.width; ++x) picture.pixels.push_back(screen.At(corner.x + x, corner.y + y));
     return picture;
 }
 

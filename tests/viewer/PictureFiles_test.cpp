@@ -30,8 +30,7 @@ TEST_F(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     Bytes padded;
     padded.Text("BM", 2).I32(54 + 24).I32(0).I32(54).I32(40).I32(3).I32(2).U16(1).U16(24).I32(0).I32(24).Fill(16, 0);
     for (int row = 0; row < 2; ++row)
-        for (int i = 0; i < 12; ++i)
-            padded.U8(static_cast<unsigned>(row * 100 + i));
+        for (int i = 0; i < 12; ++i) padded.U8(static_cast<unsigned>(row * 100 + i));
     auto image = Open({"padded.bmp", padded});
     ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
@@ -73,7 +72,10 @@ TEST_F(PictureFiles, OpensThemTheRightWayUp) {
     tags.Text("\xFF\xE1", 2).U16(0x2200).Text("Exif", 6).Text("MM", 2).Text({0, 42, 0, 0, 0, 8, 0, 1}, 8);
     tags.Text({1, 18, 0, 3, 0, 0, 0, 1, 0, 6, 0, 0}, 12).I32(0);
     // Behind them other tags, and bytes that decoders pass over.
-    tags.Text("\xFF\xE1\0\x08""Exif\0\0"s, 10);
+    tags.Text(
+        "\xFF\xE1\0\x08"
+        "Exif\0\0"s,
+        10);
     std::vector<std::uint8_t> bytes = plain.Content();
     bytes.insert(bytes.begin() + 2, tags.begin(), tags.end());
     bytes.insert(bytes.begin() + 2, 2, 0);
@@ -137,7 +139,9 @@ TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
         {"bomb.jpg", Bytes().Text("\xFF\xD8\xFF\xC0", 4).Text({0, 17, 8, 78, 32, 78, 32, 3}, 8).Fill(20, 0)},
         // Before the frame: bytes of no segment, a marker without one, and camera tags that stand nowhere.
         {"garbage.jpg", Bytes()
-                            .Text("\xFF\xD8\0\7\xFF\xD0\xFF\xE1\0\x10""Exif\0\0MM\0*\x7F\0\0\0"s, 24)
+                            .Text("\xFF\xD8\0\7\xFF\xD0\xFF\xE1\0\x10"
+                                  "Exif\0\0MM\0*\x7F\0\0\0"s,
+                                  24)
                             .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s, 10)
                             .Fill(20, 0)},
         // Its screen has one pixel.
@@ -303,17 +307,14 @@ Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vect
         .U16(1)
         .U16(static_cast<unsigned>(bits));
     file.I32(0).I32(4).I32(0).I32(0).I32(static_cast<long long>(palette.size())).I32(0);
-    for (const unsigned colour : palette)
-        file.I32(colour);
-    for (const unsigned value : values)
-        file.U8(value);
+    for (const unsigned colour : palette) file.I32(colour);
+    for (const unsigned value : values) file.U8(value);
     return file;
 }
 
 TEST_F(PictureFiles, PalettesDecideAboutTheClass) {
     std::vector<unsigned> colours(256);
-    for (unsigned i = 0; i < 256; ++i)
-        colours[i] = i * 0x010101;
+    for (unsigned i = 0; i < 256; ++i) colours[i] = i * 0x010101;
     colours[7] = 0xFF8000;
     const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
     auto image = Open(coloured);

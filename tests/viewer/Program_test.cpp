@@ -20,8 +20,7 @@ public:
         CcGrayImage256 image;
         image.MakeBlankBMP(height, width, 0, "ramp");
         auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
-        for (int i = 0; i < width * height; ++i)
-            pixels[i] = static_cast<unsigned char>(i % width * 255 / (width - 1));
+        for (int i = 0; i < width * height; ++i) pixels[i] = static_cast<unsigned char>(i % width * 255 / (width - 1));
         image.SaveBMPFile(file.Path());
     }
 
@@ -189,8 +188,7 @@ TEST(Pictures, LargerThanThePageArePrintedWhole) {
         CcGrayImage256 image;
         image.MakeBlankBMP(lines, columns, 0, "wide");
         auto* pixels = static_cast<unsigned char*>(image.GetBitMapImageData());
-        for (int i = 0; i < lines * columns; ++i)
-            pixels[i] = i % columns >= columns - border ? 255 : 96;
+        for (int i = 0; i < lines * columns; ++i) pixels[i] = i % columns >= columns - border ? 255 : 96;
         image.SaveBMPFile(file.Path());
     }
     Driver view(L"wide.bmp");

@@ -30,9 +30,13 @@ TEST(Results, AreATableThatOtherProgramsRead) {
               "Name,Kind,Pixels,Length (pixels),Area (square pixels),Mean,Minimum,Maximum,Std. dev.,In bands (square "
               "pixels)");
     EXPECT_NE(text.find("\n\"one, \"\"two\"\"\",Rectangle,30,22,30,"), std::string::npos) << text;
-    for (const auto& [value, shown] :
-         {std::pair{40565616.25, "40565616"}, {999999.7, "1000000"}, {-123456789012345.0, "-123456789012345"},
-          {1e15, "1e+15"}, {0.0, "0"}, {12.34567, "12.3457"}, {1.5e-7, "1.5e-07"}})
+    for (const auto& [value, shown] : {std::pair{40565616.25, "40565616"},
+                                       {999999.7, "1000000"},
+                                       {-123456789012345.0, "-123456789012345"},
+                                       {1e15, "1e+15"},
+                                       {0.0, "0"},
+                                       {12.34567, "12.3457"},
+                                       {1.5e-7, "1.5e-07"}})
         EXPECT_EQ(PlainNumber(value, 6), shown);
     EXPECT_EQ(ParseNumber(" 1,5 "), 1.5);
     EXPECT_EQ(ParseNumber("1.5 mm"), std::nullopt);
@@ -216,8 +220,7 @@ HGLOBAL WINAPI AllocateSmall(UINT flags, SIZE_T bytes) {
 
 TEST(RoiFiles, LeaveNothingBehindWhenTheListCannotGrow) {
     auto document = MakeDocument(KEST_IMAGE_GRAY256);
-    for (int i = 0; i < 99; ++i)
-        document->Image().GetListROI()->InsertTail(SmallRect().release());
+    for (int i = 0; i < 99; ++i) document->Image().GetListROI()->InsertTail(SmallRect().release());
     const TemporaryFile file("many.rois");
     std::string error;
     ASSERT_TRUE(SaveAllRois(*document, file.Path(), error)) << error;

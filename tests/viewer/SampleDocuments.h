@@ -25,8 +25,12 @@ inline std::unique_ptr<Document> MakeDocument(int type) {
     };
     auto* bytes = static_cast<unsigned char*>(pixels);
     switch (type) {
-        case KEST_IMAGE_INT16: fill(static_cast<unsigned short*>(pixels), pixelCount, [](int i) { return i * 400; }); break;
-        case KEST_IMAGE_INT32: fill(static_cast<int*>(pixels), pixelCount, [](int i) { return (i - 70) * 1000003; }); break;
+        case KEST_IMAGE_INT16:
+            fill(static_cast<unsigned short*>(pixels), pixelCount, [](int i) { return i * 400; });
+            break;
+        case KEST_IMAGE_INT32:
+            fill(static_cast<int*>(pixels), pixelCount, [](int i) { return (i - 70) * 1000003; });
+            break;
         case KEST_IMAGE_FLOAT: fill(static_cast<float*>(pixels), pixelCount, [](int i) { return i / 7.0F - 3; }); break;
         case KEST_IMAGE_BINARY: fill(bytes, pixelCount, [](int i) { return i % 3 == 0; }); break;
         case KEST_IMAGE_GRAY256: fill(bytes, pixelCount, [](int i) { return i * 7; }); break;
@@ -72,8 +76,7 @@ inline Picture Through(Document& document, unsigned short table) {
 /// The levels of a gray picture, bottom row first as in the image.
 inline std::string LevelsOf(const Picture& picture) {
     std::string levels;
-    for (int i = 0; i < pixelCount; ++i)
-        levels += static_cast<char>(picture.At(i % columns, rows - 1 - i / columns));
+    for (int i = 0; i < pixelCount; ++i) levels += static_cast<char>(picture.At(i % columns, rows - 1 - i / columns));
     return levels;
 }
 
@@ -92,8 +95,7 @@ inline Bytes Tiff(const std::vector<Page>& pages) {
         const bool isColour = page.samples >= 3;
         const long long dataAt = place() + 4, bitsAt = dataAt + static_cast<long long>(page.data.size());
         file.I32(bitsAt + 2 * page.samples).Add(page.data);
-        for (int i = 0; i < page.samples; ++i)
-            file.U16(static_cast<unsigned>(page.bits));
+        for (int i = 0; i < page.samples; ++i) file.U16(static_cast<unsigned>(page.bits));
         const auto entry = [&](unsigned tag, unsigned kind, int count, long long value) {
             file.U16(tag).U16(kind).I32(count).I32(value);
         };
@@ -111,8 +113,7 @@ inline Bytes Tiff(const std::vector<Page>& pages) {
 
 inline Bytes Samples(int bits, const std::vector<unsigned>& values) {
     Bytes bytes;
-    for (const unsigned value : values)
-        bits == 8 ? bytes.U8(value) : bytes.U16(value);
+    for (const unsigned value : values) bits == 8 ? bytes.U8(value) : bytes.U16(value);
     return bytes;
 }
 

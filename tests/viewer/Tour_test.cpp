@@ -14,9 +14,7 @@ namespace {
 constexpr int plateWidth = example::plateWidthPixels, plateHeight = example::plateHeightPixels;
 
 /// A point of the canvas at zoom 1, where the whole plate is shown.
-POINT At(double x, double y) {
-    return {std::lround(x), plateHeight - 1 - std::lround(y)};
-}
+POINT At(double x, double y) { return {std::lround(x), plateHeight - 1 - std::lround(y)}; }
 POINT OnPlate(double worldX, double worldY) {
     const tagPoints pixel = example::PlatePixel(worldX, worldY);
     return At(static_cast<double>(pixel.x), static_cast<double>(pixel.y));
@@ -123,8 +121,7 @@ public:
             view->Type(std::to_wstring(table % 100));
             RECT all = {0, 0, plateWidth, plateHeight};
             plate->Show(expected, &all, table, 1, 0, 0, 1);
-            EXPECT_TRUE(view->ClientOf(view->Canvas()) == expected.Snapshot())
-                << "table " << table;
+            EXPECT_TRUE(view->ClientOf(view->Canvas()) == expected.Snapshot()) << "table " << table;
         }
     }
 
@@ -175,8 +172,7 @@ public:
         const POINT handle = {bottomRight.x + 1, (topLeft.y + bottomRight.y + 1) / 2};
         view->Drag(canvas, {handle, {handle.x + 20, handle.y}});
         view->Press({VK_CONTROL, 'R'});
-        ASSERT_TRUE(view->WaitForTitle(L"Größe-Rect.1 * - KestView"))
-            << "selected by the mouse";
+        ASSERT_TRUE(view->WaitForTitle(L"Größe-Rect.1 * - KestView")) << "selected by the mouse";
         view->Press({VK_CONTROL, '1'});
         RECT client;
         GetClientRect(view->Canvas(), &client);
@@ -206,8 +202,7 @@ public:
         DeleteDC(memory);
         const POINT onLine = OnPlate(50, 0);
         int linePixels = 0;
-        for (int y = -2; y <= 2; ++y)
-            linePixels += withRois.At(onLine.x, onLine.y + y) == 0x00C800;
+        for (int y = -2; y <= 2; ++y) linePixels += withRois.At(onLine.x, onLine.y + y) == 0x00C800;
         EXPECT_EQ(linePixels, 1);
         EXPECT_EQ(withRois.At(middle.x, middle.y), Level(middle.x, middle.y) * 0x010101u);
     }

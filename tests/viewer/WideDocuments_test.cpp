@@ -47,8 +47,7 @@ TEST(WideDocuments, ShowWhatIsANumber) {
     }
     EXPECT_EQ(MakeHistogram(*document, nullptr)->high, high);
     // Any range can be had, however it was reached.
-    for (const float from : {0.5f, 0.08f, 0.05f})
-        document->SetTableCurve(102, 0, {{from, 0}, {1, 255}});
+    for (const float from : {0.5f, 0.08f, 0.05f}) document->SetTableCurve(102, 0, {{from, 0}, {1, 255}});
     EXPECT_EQ(document->ShownRange().x, 0.05f);
     samples[1] = 0.05f;
     samples[2] = 0.05f + 0.95f / 2;

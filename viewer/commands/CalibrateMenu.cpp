@@ -7,21 +7,13 @@
 namespace kestview {
 namespace {
 
-void CalibrateOpen(MainWindow& main, int) {
-    OpenCalibration(main, *main.Active());
-}
+void CalibrateOpen(MainWindow& main, int) { OpenCalibration(main, *main.Active()); }
 
-void CalibrateSave(MainWindow& main, int) {
-    SaveCalibration(main, *main.Active());
-}
+void CalibrateSave(MainWindow& main, int) { SaveCalibration(main, *main.Active()); }
 
-void CalibrateRemove(MainWindow& main, int) {
-    RemoveCalibration(main, *main.Active());
-}
+void CalibrateRemove(MainWindow& main, int) { RemoveCalibration(main, *main.Active()); }
 
-bool IsCalibrated(MainWindow& main, int) {
-    return main.Active() && main.Active()->Calibration();
-}
+bool IsCalibrated(MainWindow& main, int) { return main.Active() && main.Active()->Calibration(); }
 
 constexpr Command calibrateEntries[] = {
     {ID_CALIBRATE_POINTS, "&Four Points...", "Ctrl+K", "Calibrate by four points (Ctrl+K)", ShowPane, HasPicture,
@@ -34,8 +26,6 @@ constexpr Command calibrateEntries[] = {
 
 }  // namespace
 
-Menu CalibrateMenu() {
-    return {"&Calibrate", calibrateEntries};
-}
+Menu CalibrateMenu() { return {"&Calibrate", calibrateEntries}; }
 
 }  // namespace kestview

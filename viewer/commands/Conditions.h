@@ -5,28 +5,14 @@
 
 namespace kestview {
 
-inline bool Always(MainWindow&, int) {
-    return true;
-}
-inline bool Never(MainWindow&, int) {
-    return false;
-}
-inline bool HasPicture(MainWindow& main, int) {
-    return main.Active() != nullptr;
-}
-inline bool HasRois(MainWindow& main, int) {
-    return main.Active() && main.Active()->RoiCount() > 0;
-}
-inline bool HasSelection(MainWindow& main, int) {
-    return main.Active() && main.Active()->SelectedRoi();
-}
+inline bool Always(MainWindow&, int) { return true; }
+inline bool Never(MainWindow&, int) { return false; }
+inline bool HasPicture(MainWindow& main, int) { return main.Active() != nullptr; }
+inline bool HasRois(MainWindow& main, int) { return main.Active() && main.Active()->RoiCount() > 0; }
+inline bool HasSelection(MainWindow& main, int) { return main.Active() && main.Active()->SelectedRoi(); }
 
 /// Brings the pane at the side that has this command (panes/SidePanes.cpp) to the front.
-inline void ShowPane(MainWindow& main, int id) {
-    main.ShowPane(id);
-}
-inline bool IsPaneShown(MainWindow& main, int id) {
-    return main.IsPaneShown(id);
-}
+inline void ShowPane(MainWindow& main, int id) { main.ShowPane(id); }
+inline bool IsPaneShown(MainWindow& main, int id) { return main.IsPaneShown(id); }
 
 }  // namespace kestview

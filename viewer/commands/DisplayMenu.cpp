@@ -55,18 +55,10 @@ void GraphSettings(MainWindow& main, int id) {
     // The dialogs are modal to the window with the focus.
     SetFocus(main.View());
     switch (id) {
-        case ID_GRAPH_TITLES:
-            window.RunDialog(&CcGraph::ShowDLBTitle);
-            break;
-        case ID_GRAPH_RANGES:
-            window.RunDialog(&CcGraph::ShowDLBSetMM);
-            break;
-        case ID_GRAPH_GRID:
-            window.RunDialog(&CcGraph::ShowDLBSetGridMarkings);
-            break;
-        case ID_GRAPH_LINES:
-            window.RunDialog(&CcGraph::ShowDLBLineStyle);
-            break;
+        case ID_GRAPH_TITLES: window.RunDialog(&CcGraph::ShowDLBTitle); break;
+        case ID_GRAPH_RANGES: window.RunDialog(&CcGraph::ShowDLBSetMM); break;
+        case ID_GRAPH_GRID: window.RunDialog(&CcGraph::ShowDLBSetGridMarkings); break;
+        case ID_GRAPH_LINES: window.RunDialog(&CcGraph::ShowDLBLineStyle); break;
         case ID_GRAPH_SAVE:
             window.NoteStyles();
             if (const auto path = AskSavePath(main, "Save Graph Appearance", filters, "gra", "graph.gra")) {
@@ -87,15 +79,12 @@ void GraphSettings(MainWindow& main, int id) {
                     window.TakeStyles();
             }
             break;
-        default:
-            break;
+        default: break;
     }
     window.Invalidate();
 }
 
-bool HasGraph(MainWindow& main, int) {
-    return main.ShownGraph() != nullptr;
-}
+bool HasGraph(MainWindow& main, int) { return main.ShownGraph() != nullptr; }
 
 constexpr Command graphEntries[] = {
     {ID_GRAPH_TITLES, "&Titles...", "", "Title and axis texts of the graph", GraphSettings, HasGraph},
@@ -128,8 +117,6 @@ constexpr Command displayEntries[] = {
 
 }  // namespace
 
-Menu DisplayMenu() {
-    return {"&Display", displayEntries};
-}
+Menu DisplayMenu() { return {"&Display", displayEntries}; }
 
 }  // namespace kestview

@@ -20,21 +20,13 @@ void Copy(MainWindow& main, CcImage& image, unsigned short table, RECT* part) {
         ShowError(main, "The picture could not be copied: another program is using the clipboard, or memory is short.");
 }
 
-void EditUndo(MainWindow& main, int) {
-    main.Active()->Undo();
-}
+void EditUndo(MainWindow& main, int) { main.Active()->Undo(); }
 
-void EditRedo(MainWindow& main, int) {
-    main.Active()->Redo();
-}
+void EditRedo(MainWindow& main, int) { main.Active()->Redo(); }
 
-bool CanUndo(MainWindow& main, int) {
-    return main.Active() && main.Active()->CanUndo();
-}
+bool CanUndo(MainWindow& main, int) { return main.Active() && main.Active()->CanUndo(); }
 
-bool CanRedo(MainWindow& main, int) {
-    return main.Active() && main.Active()->CanRedo();
-}
+bool CanRedo(MainWindow& main, int) { return main.Active() && main.Active()->CanRedo(); }
 
 /// Copies the picture as it is shown, or the bounding rectangle of the selected ROI.
 void EditCopy(MainWindow& main, int) {
@@ -71,9 +63,7 @@ void EditCopyWithRois(MainWindow& main, int) {
         ShowError(main, "There is not enough memory to draw the picture with its ROIs.");
 }
 
-void EditDelete(MainWindow& main, int) {
-    main.Active()->DeleteSelectedRois();
-}
+void EditDelete(MainWindow& main, int) { main.Active()->DeleteSelectedRois(); }
 
 void EditRename(MainWindow& main, int) {
     Document& document = *main.Active();
@@ -83,14 +73,11 @@ void EditRename(MainWindow& main, int) {
 
 void EditSelectAll(MainWindow& main, int) {
     Document& document = *main.Active();
-    for (int i = 0; i < document.RoiCount(); ++i)
-        document.Roi(i).SetSelected(1);
+    for (int i = 0; i < document.RoiCount(); ++i) document.Roi(i).SetSelected(1);
     document.Changed(RoisChanged);
 }
 
-void EditSelectNone(MainWindow& main, int) {
-    main.Active()->SelectOnly(nullptr);
-}
+void EditSelectNone(MainWindow& main, int) { main.Active()->SelectOnly(nullptr); }
 
 constexpr Command editEntries[] = {
     {ID_EDIT_UNDO, "&Undo ROI Change", "Ctrl+Z", "Undo the last change of the ROIs (Ctrl+Z)", EditUndo, CanUndo},
@@ -109,8 +96,6 @@ constexpr Command editEntries[] = {
 
 }  // namespace
 
-Menu EditMenu() {
-    return {"&Edit", editEntries};
-}
+Menu EditMenu() { return {"&Edit", editEntries}; }
 
 }  // namespace kestview

@@ -31,21 +31,16 @@ void FillRecentFiles(HMENU menu) {
     UINT id = ID_FILE_RECENT_FIRST;
     for (const std::string& path : KeptSettings().RecentFiles()) {
         std::string text = Format("&%u  ", id - ID_FILE_RECENT_FIRST + 1);
-        for (const char c : path)
-            text += c == '&' ? std::string("&&") : std::string(1, c);
+        for (const char c : path) text += c == '&' ? std::string("&&") : std::string(1, c);
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_STRING, id++, text.c_str());
     }
     if (!KeptSettings().RecentFiles().empty())
         InsertMenuA(menu, ID_FILE_EXIT, MF_BYCOMMAND | MF_SEPARATOR, ID_FILE_RECENT_LINE, nullptr);
 }
 
-void FileSaveSession(MainWindow& main, int) {
-    main.SaveDocument(*main.Active(), false);
-}
+void FileSaveSession(MainWindow& main, int) { main.SaveDocument(*main.Active(), false); }
 
-void FileSaveSessionAs(MainWindow& main, int) {
-    main.SaveDocument(*main.Active(), true);
-}
+void FileSaveSessionAs(MainWindow& main, int) { main.SaveDocument(*main.Active(), true); }
 
 void FileSavePicture(MainWindow& main, int) {
     Document& document = *main.Active();
@@ -79,17 +74,11 @@ void FileSavePicture(MainWindow& main, int) {
                               document.Size().cx));
 }
 
-void FilePrint(MainWindow& main, int) {
-    PrintPicture(main.View(), *main.Active(), main);
-}
+void FilePrint(MainWindow& main, int) { PrintPicture(main.View(), *main.Active(), main); }
 
-void FileClose(MainWindow& main, int) {
-    main.CloseDocument(*main.Active());
-}
+void FileClose(MainWindow& main, int) { main.CloseDocument(*main.Active()); }
 
-void FileExit(MainWindow& main, int) {
-    SendMessageA(main, WM_CLOSE, 0, 0);
-}
+void FileExit(MainWindow& main, int) { SendMessageA(main, WM_CLOSE, 0, 0); }
 
 constexpr Command fileEntries[] = {
     {ID_FILE_OPEN, "&Open...", "Ctrl+O", "Open a picture or a session (Ctrl+O)", FileOpen, Always},
@@ -110,8 +99,6 @@ constexpr Command fileEntries[] = {
 
 }  // namespace
 
-Menu FileMenu() {
-    return {"&File", fileEntries, FillRecentFiles};
-}
+Menu FileMenu() { return {"&File", fileEntries, FillRecentFiles}; }
 
 }  // namespace kestview

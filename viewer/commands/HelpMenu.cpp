@@ -8,13 +8,9 @@
 namespace kestview {
 namespace {
 
-void HelpKeys(MainWindow& main, int) {
-    ShowKeys(main);
-}
+void HelpKeys(MainWindow& main, int) { ShowKeys(main); }
 
-void HelpAbout(MainWindow& main, int) {
-    ShowAbout(main);
-}
+void HelpAbout(MainWindow& main, int) { ShowAbout(main); }
 
 constexpr Command helpEntries[] = {
     {ID_HELP_KEYS, "&Keys and Mouse", "F1", "What keys and mouse do", HelpKeys, Always},
@@ -23,8 +19,6 @@ constexpr Command helpEntries[] = {
 
 }  // namespace
 
-Menu HelpMenu() {
-    return {"&Help", helpEntries};
-}
+Menu HelpMenu() { return {"&Help", helpEntries}; }
 
 }  // namespace kestview

@@ -49,9 +49,7 @@ bool IsClass(MainWindow& main, int id) {
     return main.Active() && main.Active()->Class().type == id - ID_IMAGE_CONVERT_GRAY256;
 }
 
-void ImageChannel(MainWindow& main, int id) {
-    main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_LUMINANCE);
-}
+void ImageChannel(MainWindow& main, int id) { main.Active()->SetChannel(id - ID_IMAGE_CHANNEL_LUMINANCE); }
 
 /// Channels 0 to 3 belong to RGB pictures, 4 to 6 to HSL pictures.
 bool HasChannel(MainWindow& main, int id) {
@@ -102,8 +100,6 @@ constexpr Command imageEntries[] = {
 
 }  // namespace
 
-Menu ImageMenu() {
-    return {"&Image", imageEntries};
-}
+Menu ImageMenu() { return {"&Image", imageEntries}; }
 
 }  // namespace kestview

@@ -51,8 +51,6 @@ constexpr Command measureEntries[] = {
 
 }  // namespace
 
-Menu MeasureMenu() {
-    return {"&Measure", measureEntries};
-}
+Menu MeasureMenu() { return {"&Measure", measureEntries}; }
 
 }  // namespace kestview

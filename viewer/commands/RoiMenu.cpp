@@ -14,17 +14,11 @@ namespace {
 constexpr const char* oneFilter = "ROI files (*.roi)|*.roi|All files (*.*)|*.*|";
 constexpr const char* allFilter = "ROI lists (*.rois)|*.rois|All files (*.*)|*.*|";
 
-int ToolOf(int id) {
-    return id == ID_ROI_SELECT_TOOL ? selectTool : roiKinds[id - ID_ROI_TOOL_POINT].type;
-}
+int ToolOf(int id) { return id == ID_ROI_SELECT_TOOL ? selectTool : roiKinds[id - ID_ROI_TOOL_POINT].type; }
 
-void RoiTool(MainWindow& main, int id) {
-    main.SetRoiTool(ToolOf(id));
-}
+void RoiTool(MainWindow& main, int id) { main.SetRoiTool(ToolOf(id)); }
 
-bool IsRoiTool(MainWindow& main, int id) {
-    return main.View().Mouse().Tool() == ToolOf(id);
-}
+bool IsRoiTool(MainWindow& main, int id) { return main.View().Mouse().Tool() == ToolOf(id); }
 
 void RoiColour(MainWindow& main, int id) {
     const bool isSelected = id == ID_ROI_COLOUR_SELECTED;
@@ -90,8 +84,6 @@ constexpr Command roiEntries[] = {
 
 }  // namespace
 
-Menu RoiMenu() {
-    return {"&ROI", roiEntries};
-}
+Menu RoiMenu() { return {"&ROI", roiEntries}; }
 
 }  // namespace kestview

@@ -12,9 +12,7 @@ void ToolsRun(MainWindow& main, int id) {
     main.LoadedTools().Run(id, main);
 }
 
-bool HasTool(MainWindow& main, int id) {
-    return id - ID_TOOLS_FIRST < main.LoadedTools().Count();
-}
+bool HasTool(MainWindow& main, int id) { return id - ID_TOOLS_FIRST < main.LoadedTools().Count(); }
 
 constexpr Command toolsEntries[] = {
     {ID_TOOLS_NONE, "No tools in the folder \"tools\"", "", "Libraries in this folder have their entries here",
@@ -24,8 +22,6 @@ constexpr Command toolsEntries[] = {
 
 }  // namespace
 
-Menu ToolsMenu() {
-    return {"&Tools", toolsEntries};
-}
+Menu ToolsMenu() { return {"&Tools", toolsEntries}; }
 
 }  // namespace kestview

@@ -9,54 +9,32 @@ namespace kestview {
 namespace {
 
 /// Fit, and powers of two.
-int ZoomOf(int id) {
-    return id == ID_VIEW_ZOOM_FIT ? 0 : 1 << (id - ID_VIEW_ZOOM_1);
-}
+int ZoomOf(int id) { return id == ID_VIEW_ZOOM_FIT ? 0 : 1 << (id - ID_VIEW_ZOOM_1); }
 
-void ViewZoomIn(MainWindow& main, int) {
-    main.View().ZoomIn();
-}
+void ViewZoomIn(MainWindow& main, int) { main.View().ZoomIn(); }
 
-void ViewZoomOut(MainWindow& main, int) {
-    main.View().ZoomOut();
-}
+void ViewZoomOut(MainWindow& main, int) { main.View().ZoomOut(); }
 
-void ViewZoomTo(MainWindow& main, int id) {
-    main.View().SetZoom(ZoomOf(id));
-}
+void ViewZoomTo(MainWindow& main, int id) { main.View().SetZoom(ZoomOf(id)); }
 
-bool IsViewZoom(MainWindow& main, int id) {
-    return main.Active() && main.Active()->view.zoom == ZoomOf(id);
-}
+bool IsViewZoom(MainWindow& main, int id) { return main.Active() && main.Active()->view.zoom == ZoomOf(id); }
 
 void ViewRoiNames(MainWindow& main, int) {
     main.View().showsRoiNames = !main.View().showsRoiNames;
     main.View().Refresh(DisplayChanged);
 }
 
-bool IsRoiNames(MainWindow& main, int) {
-    return main.View().showsRoiNames;
-}
+bool IsRoiNames(MainWindow& main, int) { return main.View().showsRoiNames; }
 
-void ViewResults(MainWindow& main, int) {
-    main.ToggleResults();
-}
+void ViewResults(MainWindow& main, int) { main.ToggleResults(); }
 
-bool IsResults(MainWindow& main, int) {
-    return main.IsResultsShown();
-}
+bool IsResults(MainWindow& main, int) { return main.IsResultsShown(); }
 
-void ViewSide(MainWindow& main, int) {
-    main.ToggleSide();
-}
+void ViewSide(MainWindow& main, int) { main.ToggleSide(); }
 
-bool IsSide(MainWindow& main, int) {
-    return main.IsSideShown();
-}
+bool IsSide(MainWindow& main, int) { return main.IsSideShown(); }
 
-bool HasPictures(MainWindow& main, int) {
-    return main.Documents().size() > 1;
-}
+bool HasPictures(MainWindow& main, int) { return main.Documents().size() > 1; }
 
 void ViewNextPicture(MainWindow& main, int id) {
     const auto& documents = main.Documents();
@@ -87,8 +65,6 @@ constexpr Command viewEntries[] = {
 
 }  // namespace
 
-Menu ViewMenu() {
-    return {"&View", viewEntries};
-}
+Menu ViewMenu() { return {"&View", viewEntries}; }
 
 }  // namespace kestview

@@ -20,8 +20,6 @@ private:
 
 }  // namespace
 
-void ShowAbout(HWND owner) {
-    AboutDialog().RunModal(IDD_ABOUT, owner);
-}
+void ShowAbout(HWND owner) { AboutDialog().RunModal(IDD_ABOUT, owner); }
 
 }  // namespace kestview

@@ -60,8 +60,6 @@ private:
 
 }  // namespace
 
-void ShowKeys(HWND owner) {
-    KeysDialog().RunModal(IDD_KEYS, owner);
-}
+void ShowKeys(HWND owner) { KeysDialog().RunModal(IDD_KEYS, owner); }
 
 }  // namespace kestview

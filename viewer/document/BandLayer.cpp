@@ -14,8 +14,7 @@ constexpr unsigned short colourTable = 101;
 /// A colour that no band has.
 COLORREF ColourBeside(const std::vector<Band>& bands) {
     COLORREF colour = 0;
-    while (std::any_of(bands.begin(), bands.end(), [&](const Band& band) { return band.colour == colour; }))
-        ++colour;
+    while (std::any_of(bands.begin(), bands.end(), [&](const Band& band) { return band.colour == colour; })) ++colour;
     return colour;
 }
 

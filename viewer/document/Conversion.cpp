@@ -45,9 +45,7 @@ void WriteRow(RGBTRIPLE* pixels, const std::vector<double>& values) {
     std::transform(levels.begin(), levels.end(), pixels, [](BYTE level) { return RGBTRIPLE{level, level, level}; });
 }
 
-bool IsColour(CcImage& image) {
-    return ImageClassOf(image).isColour;
-}
+bool IsColour(CcImage& image) { return ImageClassOf(image).isColour; }
 
 }  // namespace
 
@@ -73,8 +71,7 @@ std::unique_ptr<CcImage> ConvertImage(CcImage& source, int type) {
             else
                 KestVisitSamples(source, [&](const auto* pixels) { ReadRow(pixels + first, values); });
             if (type == KEST_IMAGE_BINARY)
-                for (double& value : values)
-                    value = value != 0;
+                for (double& value : values) value = value != 0;
             KestVisitSamples(*target, [&](auto* pixels) { WriteRow(pixels + first, values); });
             busy.Report(row + 1, size.cy);
         }

@@ -27,8 +27,7 @@ tagPoints RangeOf(CcGrayImageFloat& image) {
     const SIZE size = SizeOf(image);
     const auto* samples = static_cast<const float*>(image.GetBitMapImageData());
     FiniteRange range;
-    for (long long i = 0; i < static_cast<long long>(size.cx) * size.cy; ++i)
-        range.Add(samples[i]);
+    for (long long i = 0; i < static_cast<long long>(size.cx) * size.cy; ++i) range.Add(samples[i]);
     return range.Or({0, 1});
 }
 
@@ -89,8 +88,7 @@ CcRoiBase* Document::SelectedRoi() {
 }
 
 void Document::SelectOnly(CcRoiBase* roi) {
-    for (int i = 0; i < RoiCount(); ++i)
-        Roi(i).SetSelected(&Roi(i) == roi);
+    for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(&Roi(i) == roi);
     Changed(RoisChanged);
 }
 
@@ -101,8 +99,7 @@ void Document::SetSelected(CcRoiBase& roi, bool isSelected) {
 
 void Document::AddRoi(std::unique_ptr<CcRoiBase> roi) {
     BeforeRoiEdit();
-    for (int i = 0; i < RoiCount(); ++i)
-        Roi(i).SetSelected(0);
+    for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(0);
     roi->SetSelected(1);
     if (image->GetListROI()->InsertTail(roi.get()) < 0) return CancelRoiEdit();
     roi.release();
@@ -114,8 +111,7 @@ std::string Document::FreeName(CcRoiBase& roi) {
     for (int number = 1;; ++number) {
         const std::string name = Format("%s.%d", kind.c_str(), number);
         bool isFree = true;
-        for (int i = 0; i < RoiCount(); ++i)
-            isFree = isFree && name != Roi(i).GetName();
+        for (int i = 0; i < RoiCount(); ++i) isFree = isFree && name != Roi(i).GetName();
         if (isFree) return name;
     }
 }
@@ -167,8 +163,7 @@ std::vector<tagPoints> Document::PointsFor(int table, const std::vector<tagPoint
                                ? curve.back().x
                                : curve.front().x + (curve.back().x - curve.front().x) * static_cast<float>(i) / last;
         const float x = entries[i].x;
-        while (right + 1 < curve.size() && curve[right].x < x)
-            ++right;
+        while (right + 1 < curve.size() && curve[right].x < x) ++right;
         const tagPoints &a = curve[right - 1], &b = curve[right];
         const double part = b.x > a.x ? std::clamp((static_cast<double>(x) - static_cast<double>(a.x)) /
                                                        (static_cast<double>(b.x) - static_cast<double>(a.x)),
@@ -195,8 +190,7 @@ void Document::SetTableCurve(int table, int channel, const std::vector<tagPoints
         if (isLowNear || isHighNear) image->SetDisplayLUT(table, channel, detour.data());
         shownRange = {points.front().x, points.back().x};
         // All tables show the same range.
-        for (auto& [place, curve] : tableCurves)
-            Spread(curve, shownRange.x, shownRange.y);
+        for (auto& [place, curve] : tableCurves) Spread(curve, shownRange.x, shownRange.y);
     }
     image->SetDisplayLUT(table, channel, entries.data());
     tableCurves[{table, channel}] = points;
@@ -331,8 +325,7 @@ void Document::PixelsReplaced() {
         auto curves = tableCurves;
         for (auto& [place, points] : curves)
             if (wasWhole) Spread(points, shownRange.x, shownRange.y);
-        for (const auto& [place, points] : curves)
-            SetTableCurve(place.first, place.second, points);
+        for (const auto& [place, points] : curves) SetTableCurve(place.first, place.second, points);
     } else {
         image->ReScaleImageOnShow();
     }

@@ -47,8 +47,7 @@ bool Count(const RGBTRIPLE* colours, Document& document, CcRoiBase* roi, Histogr
         busy.Report(static_cast<long long>(first), all);
         const unsigned char* pixel = pixels + 3 * first;
         for (int i = 0; i < count; ++i, pixel += 3)
-            for (std::size_t c = 0; c < 3; ++c)
-                ++histogram.channels[c].counts[pixel[2 - c]];
+            for (std::size_t c = 0; c < 3; ++c) ++histogram.channels[c].counts[pixel[2 - c]];
         histogram.pixels += count;
     });
 }

@@ -31,9 +31,7 @@ int Normalise(CcImage& image, const float* samples, unsigned char* levels, SIZE 
     return static_cast<CcGrayImageFloat&>(image).NormalizeFloatToByteImage(samples, levels, size.cy, size.cx, 0);
 }
 /// Images of other samples have no levels besides.
-int Normalise(CcImage&, const void*, unsigned char*, SIZE) {
-    return -1;
-}
+int Normalise(CcImage&, const void*, unsigned char*, SIZE) { return -1; }
 
 }  // namespace
 

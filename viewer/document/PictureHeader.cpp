@@ -94,12 +94,8 @@ void ReadTags(FileNumbers& file, std::uint64_t start, unsigned page, PictureHead
         const bool isShort = file.U16(entry + 2) == shortType;
         const auto value = [&] { return isShort ? file.U16(entry + 8) : file.U32(entry + 8); };
         switch (file.U16(entry)) {
-            case 256:
-                header.width = value();
-                break;
-            case 257:
-                header.height = value();
-                break;
+            case 256: header.width = value(); break;
+            case 257: header.height = value(); break;
             case 258:  // up to two stand in the entry, more elsewhere
                 bits = isShort && file.U32(entry + 4) > 2 ? file.U16(start + file.U32(entry + 8)) : value();
                 break;
@@ -107,11 +103,8 @@ void ReadTags(FileNumbers& file, std::uint64_t start, unsigned page, PictureHead
                 if (const std::uint32_t orientation = value(); orientation >= 1 && orientation <= 8)
                     header.orientation = static_cast<int>(orientation);
                 break;
-            case 277:
-                samples = value();
-                break;
-            default:
-                break;
+            case 277: samples = value(); break;
+            default: break;
         }
     }
     header.bytesPerPixel = BytesPerPixel(samples, bits);
@@ -177,8 +170,7 @@ void ReadGif(FileNumbers& file, PictureHeader& header) {
     std::uint64_t at = 13 + tableBytes(file.U8(10));
     while (file.U8(at) == extension && !file.IsPastEnd()) {
         at += 2;
-        while (const std::uint32_t bytes = file.U8(at))
-            at += 1 + bytes;
+        while (const std::uint32_t bytes = file.U8(at)) at += 1 + bytes;
         ++at;
     }
     if (file.U8(at) != picture) return;

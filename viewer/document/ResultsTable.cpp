@@ -87,9 +87,7 @@ std::string ResultTitle(const ResultsTable& table, int column) {
     return title + unit.substr(0, unit.find("%s")) + table.units + unit.substr(unit.find("%s") + 2);
 }
 
-bool IsNumberColumn(int column) {
-    return column >= 2;
-}
+bool IsNumberColumn(int column) { return column >= 2; }
 
 std::string ResultText(const ResultRow& row, int column, int digits) {
     if (column == 0) return row.name;
@@ -112,8 +110,7 @@ std::string ResultsAsText(const ResultsTable& table, char separator) {
         text += "\r\n";
     };
     addLine([&](int column) { return ResultTitle(table, column); });
-    for (const ResultRow& row : table.rows)
-        addLine([&](int column) { return ResultText(row, column, exportDigits); });
+    for (const ResultRow& row : table.rows) addLine([&](int column) { return ResultText(row, column, exportDigits); });
     return text;
 }
 

@@ -35,8 +35,7 @@ RoiEdit::RoiEdit(CcRoiBase& newRoi, int hitCode, SIZE picture) : roi(newRoi) {
     if (RecordOf(roi) == KEST_RECORD_OUTLINE) {
         const auto& group = *static_cast<const PixelGroupTag*>(record);
         if (group.stPOINTS) outline.assign(group.stPOINTS, group.stPOINTS + group.iNumOfPoints);
-        for (const POINT& pixel : outline)
-            addX(pixel.x), addY(pixel.y);
+        for (const POINT& pixel : outline) addX(pixel.x), addY(pixel.y);
     } else if (RecordOf(roi) == KEST_RECORD_POINT) {
         point = *static_cast<const tagPoints*>(record);
         addX(WholeOf(point.x)), addY(WholeOf(point.y));
@@ -79,8 +78,7 @@ void RoiEdit::MoveBy(POINT distance) {
     hasMoved = distance.x != 0 || distance.y != 0;
     if (RecordOf(roi) == KEST_RECORD_OUTLINE) {
         POINT* points = static_cast<PixelGroupTag*>(roi.GetRoiImageCord())->stPOINTS;
-        for (const POINT& pixel : outline)
-            *points++ = {pixel.x + distance.x, pixel.y + distance.y};
+        for (const POINT& pixel : outline) *points++ = {pixel.x + distance.x, pixel.y + distance.y};
     } else if (RecordOf(roi) == KEST_RECORD_POINT) {
         tagPoints moved = {point.x + static_cast<float>(distance.x), point.y + static_cast<float>(distance.y)};
         roi.SetRoiImageCord(&moved);

@@ -50,8 +50,7 @@ bool SaveAllRois(Document& document, const std::string& path, std::string& error
                stream.PutObject(document.Image().GetListROI()) >= 0;
     };
     long long bytes = 0;
-    for (int i = 0; i < document.RoiCount(); ++i)
-        bytes += LeastBytes(document.Roi(i));
+    for (int i = 0; i < document.RoiCount(); ++i) bytes += LeastBytes(document.Roi(i));
     return SaveWhole("The ROIs", path, bytes, write, error);
 }
 
@@ -71,8 +70,7 @@ int RestoreAllRois(Document& document, const std::string& path) {
     }
     const bool isWhole = read.GetNumberOfObjects() == 0;
     if (!isWhole) {
-        while (rois.GetNumberOfObjects() > before)
-            rois.DeleteTail();
+        while (rois.GetNumberOfObjects() > before) rois.DeleteTail();
         document.CancelRoiEdit();
         return 0;
     }

@@ -16,8 +16,7 @@ template <class Visit>
     const SIZE size = document.Size();
     const auto width = static_cast<std::size_t>(size.cx);
     if (!roi) {
-        for (int row = 0; row < size.cy; ++row)
-            visit(static_cast<std::size_t>(row) * width, static_cast<int>(size.cx));
+        for (int row = 0; row < size.cy; ++row) visit(static_cast<std::size_t>(row) * width, static_cast<int>(size.cx));
         return true;
     }
     const RECT* bounds = roi->GetBoundingRect();

@@ -64,8 +64,7 @@ std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
         return nullptr;
     if (bag.GetBlob(samplesKey, wide->GetBitMapImageData(), bytes) < 0) return nullptr;
     wide->ReScaleImageOnShow();
-    while (CcHLObject* roi = shown.GetListROI()->TakeOut(0))
-        wide->GetListROI()->InsertTail(roi);
+    while (CcHLObject* roi = shown.GetListROI()->TakeOut(0)) wide->GetListROI()->InsertTail(roi);
     return wide;
 }
 
@@ -126,9 +125,7 @@ void PutBands(Document& document, Put put) {
         put(bandsKey, tags);
 }
 
-std::string CurveKey(int table, int channel) {
-    return Format("KestView::stCurve%d.%d", table, channel);
-}
+std::string CurveKey(int table, int channel) { return Format("KestView::stCurve%d.%d", table, channel); }
 
 /// Points in ascending order between the levels 0 and 255; none when the bag has no such curve.
 std::vector<tagPoints> CurveIn(CcPropertyBag& bag, int table, int channel) {
@@ -182,8 +179,7 @@ bool SaveSession(Document& document, const std::string& path, std::string& error
         block(key, list.data(), static_cast<long long>(list.size() * sizeof list[0]));
     };
     PutBands(document, records);
-    for (const auto& [place, points] : document.TableCurves())
-        records(CurveKey(place.first, place.second), points);
+    for (const auto& [place, points] : document.TableCurves()) records(CurveKey(place.first, place.second), points);
     if (document.Class().isWide) block(samplesKey, image.GetBitMapImageData(), SampleBytes(image));
     const auto write = [&](const std::string& newPath) {
         CcFileObjectStorage stream;

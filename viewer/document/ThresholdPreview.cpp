@@ -46,9 +46,7 @@ std::vector<ThresholdTag> TagsOf(const std::vector<Band>& bands) {
 
 ThresholdPreview::ThresholdPreview(CcImage& newImage) : image(newImage), isWide(ImageClassOf(newImage).isWide) {}
 
-bool ThresholdPreview::IsPossible(CcImage& image) {
-    return image.GetImageType() != KEST_IMAGE_BINARY;
-}
+bool ThresholdPreview::IsPossible(CcImage& image) { return image.GetImageType() != KEST_IMAGE_BINARY; }
 
 bool ThresholdPreview::Begin(HWND canvas) {
     if (isOn || !IsPossible(image)) return isOn;
@@ -117,8 +115,7 @@ std::vector<std::uint8_t> ThresholdPreview::Mask(const std::vector<Band>& bands)
     std::vector<std::uint8_t> mask(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 1);
     if (isWide) {
         NumberBands(image, bands, mask.data());
-        for (std::uint8_t& pixel : mask)
-            pixel = pixel != 0;
+        for (std::uint8_t& pixel : mask) pixel = pixel != 0;
         return mask;
     }
     const bool wasOn = isOn;
@@ -142,8 +139,7 @@ void ThresholdPreview::MarkDrawn(const std::vector<Band>& bands, std::vector<std
         }
         Apply(std::move(marked));
         isWhole = isWhole && DrawStrips(image, [&](std::size_t first, std::size_t count, const unsigned* pixels) {
-                      for (std::size_t i = 0; i < count; ++i)
-                          mask[first + i] &= (pixels[i] & 0xFFFFFF) == colour;
+                      for (std::size_t i = 0; i < count; ++i) mask[first + i] &= (pixels[i] & 0xFFFFFF) == colour;
                   });
     }
     if (!isWhole) mask.clear();

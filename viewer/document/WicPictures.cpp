@@ -113,8 +113,7 @@ public:
             if (source->CopyPixels(&rect, stride, stride * count, rows.data()) < 0) return false;
             if (target.bytesPerPixel == 4 && target.type != KEST_IMAGE_FLOAT)
                 hasTransparency = PutOnWhite(rows.data(), static_cast<std::size_t>(stride) * count) || hasTransparency;
-            for (UINT i = 0; i < count; ++i)
-                Place(rows.data() + static_cast<std::size_t>(i) * stride, top + i, width);
+            for (UINT i = 0; i < count; ++i) Place(rows.data() + static_cast<std::size_t>(i) * stride, top + i, width);
             busy.Report(top + count, height);
         }
         return true;

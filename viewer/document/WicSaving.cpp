@@ -44,8 +44,7 @@ public:
         if (type != KEST_IMAGE_BINARY) {
             std::memcpy(to, pixels + row * rowBytes, rowBytes);
             if (swapsBytes)
-                for (std::size_t i = 0; i + 1 < rowBytes; i += 2)
-                    std::swap(to[i], to[i + 1]);
+                for (std::size_t i = 0; i + 1 < rowBytes; i += 2) std::swap(to[i], to[i + 1]);
             return;
         }
         const unsigned char* values = pixels + row * columns;  // 1 is black
@@ -77,8 +76,7 @@ bool ForGroups(const Rows& rows, Busy* busy, Take take) {
     std::vector<unsigned char> group(rowBytes * static_cast<std::size_t>(std::min(rowsAtOnce, height)));
     for (int top = 0; top < height; top += rowsAtOnce) {
         const int count = std::min(rowsAtOnce, height - top);
-        for (int i = 0; i < count; ++i)
-            rows.Copy(top + i, group.data() + rowBytes * static_cast<std::size_t>(i));
+        for (int i = 0; i < count; ++i) rows.Copy(top + i, group.data() + rowBytes * static_cast<std::size_t>(i));
         if (!take(group.data(), count)) return false;
         if (busy) busy->Report(top + count, height);
     }
@@ -96,9 +94,7 @@ void SetQuality(IPropertyBag2* options) {
     if (options) options->Write(1, &property, &quality);
 }
 
-Written NoEncoder() {
-    return Written::Not("This system has no imaging component that writes such files.");
-}
+Written NoEncoder() { return Written::Not("This system has no imaging component that writes such files."); }
 
 Written Encode(IWICImagingFactory* factory, IStream* stream, const GUID& container, const Rows& rows, Busy* busy) {
     Com<IWICBitmapEncoder> encoder;
@@ -142,8 +138,7 @@ Written EncodeByComponent(CcImage& image, OtherFormat format, const std::string&
     Com<IWICImagingFactory> factory;
     Com<IWICStream> stream;
     if (!MakeWicFactory(factory)) return NoEncoder();
-    if (factory->CreateStream(&stream) < 0 ||
-        stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE) < 0)
+    if (factory->CreateStream(&stream) < 0 || stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE) < 0)
         return false;
     Rows rows(image, format != OtherFormat::Jpeg);
     rows.swapsBytes = image.GetImageType() == KEST_IMAGE_INT16 && SwapsSamples(factory);
@@ -159,8 +154,7 @@ bool WriteSampleTiff(CcImage& image, const std::string& path, Busy& busy) {
     constexpr std::uint32_t headerBytes = 8, shortType = 3, longType = 4;
     std::ofstream file(path, std::ios::binary);
     const auto number = [&](std::uint32_t value, int bytes) {
-        for (int i = 0; i < bytes; ++i)
-            file.put(static_cast<char>(value >> 8 * i));
+        for (int i = 0; i < bytes; ++i) file.put(static_cast<char>(value >> 8 * i));
     };
     const Rows rows(image, false);
     const SIZE size = rows.Size();
@@ -175,10 +169,8 @@ bool WriteSampleTiff(CcImage& image, const std::string& path, Busy& busy) {
         return file.good();
     });
     if (rowBytes * height % 2 != 0) file.put(0);  // what follows begins at even places
-    for (std::uint32_t i = 0; i < strips; ++i)
-        number(headerBytes + stripBytes * i, 4);
-    for (std::uint32_t i = 0; i < strips; ++i)
-        number(std::min(stripBytes, rowBytes * height - stripBytes * i), 4);
+    for (std::uint32_t i = 0; i < strips; ++i) number(headerBytes + stripBytes * i, 4);
+    for (std::uint32_t i = 0; i < strips; ++i) number(std::min(stripBytes, rowBytes * height - stripBytes * i), 4);
 
     const std::uint32_t bits = 8 * rowBytes / width, isFloat = image.GetImageType() == KEST_IMAGE_FLOAT;
     const struct {

@@ -18,9 +18,7 @@ constexpr int pointCount = 4;
 
 }  // namespace
 
-void CalibrationPane::OnInit() {
-    SelectPoint(0);
-}
+void CalibrationPane::OnInit() { SelectPoint(0); }
 
 void CalibrationPane::OnShown() {
     if (isInFront) {
@@ -47,10 +45,8 @@ void CalibrationPane::TakeFromDocument() {
     isPointChosen = false;
     ShowState();
     SelectMissingPoint(0);
-    for (const int id : {IDC_CAL_SAVE, IDC_CAL_REMOVE})
-        Enable(id, calibration != nullptr);
-    for (const int id : {IDC_CAL_APPLY, IDC_CAL_OPEN})
-        Enable(id, document != nullptr);
+    for (const int id : {IDC_CAL_SAVE, IDC_CAL_REMOVE}) Enable(id, calibration != nullptr);
+    for (const int id : {IDC_CAL_APPLY, IDC_CAL_OPEN}) Enable(id, document != nullptr);
     ShowPoints();
 }
 
@@ -81,8 +77,7 @@ void CalibrationPane::FocusField(int id) {
 void CalibrationPane::ShowPoints() {
     if (!PicksPoints()) {
         // No point is marked when none is waited for; the Tab key finds the first one all the same.
-        for (int i = 0; i < pointCount; ++i)
-            Check(IDC_CAL_POINT_1 + i, false);
+        for (int i = 0; i < pointCount; ++i) Check(IDC_CAL_POINT_1 + i, false);
         const HWND first = Item(IDC_CAL_POINT_1);
         SetWindowLongA(first, GWL_STYLE, GetWindowLongA(first, GWL_STYLE) | WS_TABSTOP);
     }
@@ -211,26 +206,15 @@ bool CalibrationPane::OnCommand(int id, int code) {
     if (!document || isFilling) return true;
     if (code == EN_CHANGE) TakeFields();
     switch (id) {
-        case IDC_CAL_APPLY:
-            Apply();
-            break;
-        case IDC_CAL_OPEN:
-            host.RunCommand(ID_CALIBRATE_OPEN);
-            break;
-        case IDC_CAL_SAVE:
-            host.RunCommand(ID_CALIBRATE_SAVE);
-            break;
-        case IDC_CAL_REMOVE:
-            host.RunCommand(ID_CALIBRATE_REMOVE);
-            break;
+        case IDC_CAL_APPLY: Apply(); break;
+        case IDC_CAL_OPEN: host.RunCommand(ID_CALIBRATE_OPEN); break;
+        case IDC_CAL_SAVE: host.RunCommand(ID_CALIBRATE_SAVE); break;
+        case IDC_CAL_REMOVE: host.RunCommand(ID_CALIBRATE_REMOVE); break;
         case IDC_CAL_POINT_1:
         case IDC_CAL_POINT_2:
         case IDC_CAL_POINT_3:
-        case IDC_CAL_POINT_4:
-            isPointChosen = IsChecked(id);
-            break;
-        default:
-            break;
+        case IDC_CAL_POINT_4: isPointChosen = IsChecked(id); break;
+        default: break;
     }
     return true;
 }

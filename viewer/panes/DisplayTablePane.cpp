@@ -74,8 +74,7 @@ void DisplayTablePane::Update() {
     graph.ClearCurves();
     NotePicked(-1);
     Send(IDC_TABLE_CHANNEL, CB_RESETCONTENT);
-    for (const int id : {IDC_TABLE_CHANNEL, IDC_TABLE_RESET, IDC_TABLE_INVERT, IDC_TABLE_ADD})
-        Enable(id, isEditable);
+    for (const int id : {IDC_TABLE_CHANNEL, IDC_TABLE_RESET, IDC_TABLE_INVERT, IDC_TABLE_ADD}) Enable(id, isEditable);
     if (!isEditable) {
         graph.SetTexts("Display table", "", "");
         graph.SetRanges(0, topLevel, 0, topLevel);
@@ -173,8 +172,7 @@ void DisplayTablePane::Reset() {
 void DisplayTablePane::Invert() {
     const int curve = graph.SelectedCurve();
     if (curve < 0) return;
-    for (tagPoints& point : graph.Points(curve))
-        point.y = topLevel - point.y;
+    for (tagPoints& point : graph.Points(curve)) point.y = topLevel - point.y;
     graph.PointsResized(curve);
     Apply(curve);
 }
@@ -215,20 +213,11 @@ bool DisplayTablePane::OnCommand(int id, int code) {
                 NotePicked(-1);
             }
             break;
-        case IDC_TABLE_RESET:
-            Reset();
-            break;
-        case IDC_TABLE_INVERT:
-            Invert();
-            break;
-        case IDC_TABLE_ADD:
-            AddPoint();
-            break;
-        case IDC_TABLE_REMOVE:
-            RemovePoint();
-            break;
-        default:
-            break;
+        case IDC_TABLE_RESET: Reset(); break;
+        case IDC_TABLE_INVERT: Invert(); break;
+        case IDC_TABLE_ADD: AddPoint(); break;
+        case IDC_TABLE_REMOVE: RemovePoint(); break;
+        default: break;
     }
     return true;
 }

@@ -53,8 +53,7 @@ void GraphWindow::ClearCurves() {
         else
             userStyles.erase(curve->curve.GetName());
     }
-    while (list.GetNumberOfObjects() > 0)
-        list.DeleteTail();
+    while (list.GetNumberOfObjects() > 0) list.DeleteTail();
     list.SelectObjectAtIndex(-1);
     curves.clear();
     draggedPoint = -1;
@@ -216,28 +215,16 @@ void GraphWindow::Drag(POINT mouse) {
 
 LRESULT GraphWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT:
-            Paint();
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;
-        case WM_SIZE:
-            Invalidate();
-            return 0;
-        case WM_LBUTTONDOWN:
-            Press(MousePosition(lParam));
-            return 0;
-        case WM_MOUSEMOVE:
-            Drag(MousePosition(lParam));
-            return 0;
+        case WM_PAINT: Paint(); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_SIZE: Invalidate(); return 0;
+        case WM_LBUTTONDOWN: Press(MousePosition(lParam)); return 0;
+        case WM_MOUSEMOVE: Drag(MousePosition(lParam)); return 0;
         case WM_LBUTTONUP:
             if (GetCapture() == window) ReleaseCapture();
             return 0;
-        case WM_CAPTURECHANGED:
-            draggedPoint = -1;
-            return 0;
-        default:
-            return Window::OnMessage(message, wParam, lParam);
+        case WM_CAPTURECHANGED: draggedPoint = -1; return 0;
+        default: return Window::OnMessage(message, wParam, lParam);
     }
 }
 

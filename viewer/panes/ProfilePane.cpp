@@ -26,8 +26,7 @@ void ProfilePane::Update() {
         return;
     }
     FiniteRange values;
-    for (const tagPoints& point : points)
-        values.Add(point.y);
+    for (const tagPoints& point : points) values.Add(point.y);
     constexpr tagPoints levels = {0, 255};
     const tagPoints axis = document->Class().isWide ? values.Or(levels) : levels;
     const float length = points.back().x;

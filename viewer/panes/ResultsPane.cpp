@@ -63,8 +63,7 @@ void ResultsPane::Measure() {
     isStale = false;
     const Filling filling(isFilling);
     const ListView list(Item(IDC_RESULTS_LIST));
-    for (int column = 0; column < resultColumnCount; ++column)
-        list.SetColumnTitle(column, ResultTitle(table, column));
+    for (int column = 0; column < resultColumnCount; ++column) list.SetColumnTitle(column, ResultTitle(table, column));
     list.SetRowCount(static_cast<int>(table.rows.size()));
     for (std::size_t row = 0; row < table.rows.size(); ++row) {
         for (int column = 0; column < resultColumnCount; ++column)
@@ -78,8 +77,7 @@ void ResultsPane::Measure() {
     else if (document)
         note = "In pixels: the picture is not calibrated.";
     SetText(IDC_RESULTS_NOTE, note);
-    for (const int button : {IDC_RESULTS_COPY, IDC_RESULTS_EXPORT})
-        Enable(button, !table.rows.empty());
+    for (const int button : {IDC_RESULTS_COPY, IDC_RESULTS_EXPORT}) Enable(button, !table.rows.empty());
 }
 
 bool ResultsPane::OnCommand(int id, int) {

@@ -62,8 +62,7 @@ void RoiListPane::EditName() {
 void RoiListPane::TakeSelection() {
     const Filling filling(isFilling);
     const ListView list(Item(IDC_ROI_LIST));
-    for (int i = 0; i < document->RoiCount(); ++i)
-        document->Roi(i).SetSelected(list.IsSelected(i));
+    for (int i = 0; i < document->RoiCount(); ++i) document->Roi(i).SetSelected(list.IsSelected(i));
     document->Changed(RoisChanged);
 }
 
@@ -105,8 +104,7 @@ LRESULT RoiListPane::OnNotify(NMHDR& header) {
         case LVN_KEYDOWN:
             if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_DELETE) document->DeleteSelectedRois();
             return 0;
-        default:
-            return 0;
+        default: return 0;
     }
 }
 

@@ -28,8 +28,6 @@ constexpr SidePane sidePanes[] = {
 
 }  // namespace
 
-std::span<const SidePane> SidePanes() {
-    return sidePanes;
-}
+std::span<const SidePane> SidePanes() { return sidePanes; }
 
 }  // namespace kestview

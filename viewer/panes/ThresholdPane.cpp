@@ -179,8 +179,7 @@ void ThresholdPane::FillSliders() {
     const Filling filling(isFilling);
     const int selected = SelectedBand();
     if (selected < 0) {
-        for (const int field : {IDC_BAND_LOW_TEXT, IDC_BAND_HIGH_TEXT})
-            SetText(field, "");
+        for (const int field : {IDC_BAND_LOW_TEXT, IDC_BAND_HIGH_TEXT}) SetText(field, "");
         return;
     }
     const Band& band = document->Bands()[static_cast<std::size_t>(selected)];
@@ -282,12 +281,8 @@ bool ThresholdPane::OnCommand(int id, int code) {
     if (!document || isFilling) return true;
     const int selected = SelectedBand();
     switch (id) {
-        case IDC_BAND_ADD:
-            AddBand();
-            break;
-        case IDC_BAND_LAST:
-            TakeLastBands();
-            break;
+        case IDC_BAND_ADD: AddBand(); break;
+        case IDC_BAND_LAST: TakeLastBands(); break;
         case IDC_BAND_REMOVE: {
             std::vector<Band> bands = document->Bands();
             if (selected < 0) break;
@@ -306,12 +301,8 @@ bool ThresholdPane::OnCommand(int id, int code) {
             document->SetBands(std::move(bands));
             break;
         }
-        case IDC_BAND_SHOW:
-            document->PreviewBands(IsChecked(IDC_BAND_SHOW), host.Canvas());
-            break;
-        case IDC_BAND_MASK:
-            host.RunCommand(ID_DISPLAY_MASK);
-            break;
+        case IDC_BAND_SHOW: document->PreviewBands(IsChecked(IDC_BAND_SHOW), host.Canvas()); break;
+        case IDC_BAND_MASK: host.RunCommand(ID_DISPLAY_MASK); break;
         case IDC_BAND_CHANNEL:
             if (code == CBN_SELCHANGE)
                 document->SetChannel(static_cast<int>(
@@ -322,8 +313,7 @@ bool ThresholdPane::OnCommand(int id, int code) {
             if (code == EN_KILLFOCUS) FillSliders();
             if (code == EN_CHANGE && selected >= 0) TakeTyped(id);
             break;
-        default:
-            break;
+        default: break;
     }
     return true;
 }

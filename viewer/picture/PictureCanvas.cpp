@@ -152,22 +152,12 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
         case WM_LBUTTONDBLCLK:
             OnLeftButton(mouse, message == WM_LBUTTONDBLCLK, (wParam & (MK_CONTROL | MK_SHIFT)) != 0);
             return 0;
-        case WM_MBUTTONDOWN:
-            StartPanning(mouse);
-            return 0;
-        case WM_MOUSEMOVE:
-            OnMouseMove(mouse, (wParam & MK_LBUTTON) != 0);
-            return 0;
+        case WM_MBUTTONDOWN: StartPanning(mouse); return 0;
+        case WM_MOUSEMOVE: OnMouseMove(mouse, (wParam & MK_LBUTTON) != 0); return 0;
         case WM_LBUTTONUP:
-        case WM_MBUTTONUP:
-            OnButtonUp(mouse);
-            return 0;
-        case WM_RBUTTONUP:
-            OnRightButtonUp(mouse);
-            return 0;
-        case WM_CAPTURECHANGED:
-            OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-            return 0;
+        case WM_MBUTTONUP: OnButtonUp(mouse); return 0;
+        case WM_RBUTTONUP: OnRightButtonUp(mouse); return 0;
+        case WM_CAPTURECHANGED: OnCaptureChanged(reinterpret_cast<HWND>(lParam)); return 0;
         case WM_MOUSELEAVE:
             isHovering = false;
             if (onHover) onHover(nullptr);
@@ -177,10 +167,8 @@ LRESULT PictureView::OnCanvasMessage(UINT message, WPARAM wParam, LPARAM lParam,
             ShowCursor();
             return TRUE;
         case WM_MOUSEWHEEL:
-        case WM_KEYDOWN:
-            return SendMessageA(window, message, wParam, lParam);
-        default:
-            break;
+        case WM_KEYDOWN: return SendMessageA(window, message, wParam, lParam);
+        default: break;
     }
     isHandled = false;
     return 0;

@@ -235,8 +235,7 @@ void PictureView::OnWheel(WPARAM wParam, POINT screen) {
     if (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT)
         ScrollTo(document ? document->view.xOffset : 0, document ? document->view.yOffset - steps * rowsAStep : 0);
     else
-        for (int i = 0; i < std::abs(steps); ++i)
-            steps > 0 ? ZoomIn(&screen) : ZoomOut(&screen);
+        for (int i = 0; i < std::abs(steps); ++i) steps > 0 ? ZoomIn(&screen) : ZoomOut(&screen);
 }
 
 bool PictureView::OnKey(WPARAM key) {
@@ -245,29 +244,15 @@ bool PictureView::OnKey(WPARAM key) {
     const int step = std::max(1, 32 / std::max(document->view.zoom, 1));
     const ViewState& view = document->view;
     switch (key) {
-        case VK_LEFT:
-            ScrollTo(view.xOffset - step, view.yOffset);
-            return true;
-        case VK_RIGHT:
-            ScrollTo(view.xOffset + step, view.yOffset);
-            return true;
-        case VK_UP:
-            ScrollTo(view.xOffset, view.yOffset - step);
-            return true;
-        case VK_DOWN:
-            ScrollTo(view.xOffset, view.yOffset + step);
-            return true;
+        case VK_LEFT: ScrollTo(view.xOffset - step, view.yOffset); return true;
+        case VK_RIGHT: ScrollTo(view.xOffset + step, view.yOffset); return true;
+        case VK_UP: ScrollTo(view.xOffset, view.yOffset - step); return true;
+        case VK_DOWN: ScrollTo(view.xOffset, view.yOffset + step); return true;
         case VK_ADD:
-        case VK_OEM_PLUS:
-            ZoomIn();
-            return true;
+        case VK_OEM_PLUS: ZoomIn(); return true;
         case VK_SUBTRACT:
-        case VK_OEM_MINUS:
-            ZoomOut();
-            return true;
-        case VK_RETURN:
-            roiMouse.Finish();
-            return true;
+        case VK_OEM_MINUS: ZoomOut(); return true;
+        case VK_RETURN: roiMouse.Finish(); return true;
         case VK_ESCAPE:
             if (roiMouse.IsDragging()) {
                 roiMouse.Cancel();
@@ -278,11 +263,8 @@ bool PictureView::OnKey(WPARAM key) {
                 document->SelectOnly(nullptr);
             }
             return true;
-        case VK_DELETE:
-            SendMessageA(GetParent(window), WM_COMMAND, ID_EDIT_DELETE, 0);
-            return true;
-        default:
-            break;
+        case VK_DELETE: SendMessageA(GetParent(window), WM_COMMAND, ID_EDIT_DELETE, 0); return true;
+        default: break;
     }
     if (isControl) return false;
     if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9) key += '0' - VK_NUMPAD0;
@@ -293,33 +275,18 @@ bool PictureView::OnKey(WPARAM key) {
 
 LRESULT PictureView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_SIZE:
-            Arrange();
-            return 0;
-        case WM_HSCROLL:
-            OnScroll(SB_HORZ, wParam);
-            return 0;
-        case WM_VSCROLL:
-            OnScroll(SB_VERT, wParam);
-            return 0;
-        case WM_MOUSEWHEEL:
-            OnWheel(wParam, MousePosition(lParam));
-            return 0;
+        case WM_SIZE: Arrange(); return 0;
+        case WM_HSCROLL: OnScroll(SB_HORZ, wParam); return 0;
+        case WM_VSCROLL: OnScroll(SB_VERT, wParam); return 0;
+        case WM_MOUSEWHEEL: OnWheel(wParam, MousePosition(lParam)); return 0;
         case WM_KEYDOWN:
             if (OnKey(wParam)) return 0;
             break;
-        case WM_GETDLGCODE:
-            return DLGC_WANTALLKEYS;
-        case WM_LBUTTONDOWN:
-            SetFocus(window);
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;
-        case WM_PAINT:
-            PaintEmpty(PaintDc(window));
-            return 0;
-        default:
-            break;
+        case WM_GETDLGCODE: return DLGC_WANTALLKEYS;
+        case WM_LBUTTONDOWN: SetFocus(window); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_PAINT: PaintEmpty(PaintDc(window)); return 0;
+        default: break;
     }
     return Window::OnMessage(message, wParam, lParam);
 }

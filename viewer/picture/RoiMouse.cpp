@@ -137,9 +137,7 @@ void RoiMouse::Finish() {
     if (IsDrawingVertices()) End(true);
 }
 
-void RoiMouse::Cancel() {
-    End(false);
-}
+void RoiMouse::Cancel() { End(false); }
 
 void RoiMouse::End(bool isKept) {
     if (!isDragging) return;
@@ -189,19 +187,14 @@ LPCSTR RoiMouse::CursorAt(const Shown& shown, POINT mouse) {
     if (hit.roi->GetROIType() == KEST_ROI_LINE && hit.code > 0) return system(IDC_CROSS);
     switch (hit.code) {
         case 1:
-        case 2:
-            return system(IDC_SIZENS);
+        case 2: return system(IDC_SIZENS);
         case 3:
-        case 4:
-            return system(IDC_SIZEWE);
+        case 4: return system(IDC_SIZEWE);
         case 5:
-        case 8:
-            return system(IDC_SIZENWSE);
+        case 8: return system(IDC_SIZENWSE);
         case 6:
-        case 7:
-            return system(IDC_SIZENESW);
-        default:
-            return system(IDC_SIZEALL);
+        case 7: return system(IDC_SIZENESW);
+        default: return system(IDC_SIZEALL);
     }
 }
 

@@ -40,9 +40,7 @@ void ShowError(HWND owner, const std::string& text) {
     if (!text.empty()) MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONWARNING);
 }
 
-void TellMemoryIsShort(HWND window) {
-    ShowError(GetAncestor(window, GA_ROOT), "There is not enough memory for this.");
-}
+void TellMemoryIsShort(HWND window) { ShowError(GetAncestor(window, GA_ROOT), "There is not enough memory for this."); }
 
 void ShowNote(HWND owner, const std::string& text) {
     MessageBoxA(owner, text.c_str(), programName, MB_OK | MB_ICONINFORMATION);

@@ -31,13 +31,9 @@ void ListView::SetColumnTitle(int column, const std::string& title) const {
     SendMessageA(list, LVM_SETCOLUMNA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&record));
 }
 
-HWND ListView::Header() const {
-    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-}
+HWND ListView::Header() const { return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0)); }
 
-int ListView::ColumnCount() const {
-    return static_cast<int>(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0));
-}
+int ListView::ColumnCount() const { return static_cast<int>(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0)); }
 
 std::string ListView::TextAt(int row, int column) const {
     char text[512] = {};
@@ -63,8 +59,7 @@ void ListView::FitColumns(std::vector<int>& widest) const {
         header.cchTextMax = sizeof title;
         SendMessageA(Header(), HDM_GETITEMA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&header));
         int width = widthOf(title);
-        for (int row = 0; row < RowCount(); ++row)
-            width = std::max(width, widthOf(TextAt(row, column).c_str()));
+        for (int row = 0; row < RowCount(); ++row) width = std::max(width, widthOf(TextAt(row, column).c_str()));
         int& known = widest[static_cast<std::size_t>(column)];
         if (width <= known) continue;
         known = width;
@@ -79,15 +74,12 @@ void ListView::ScaleColumns(int newDpi, int oldDpi) const {
                      MulDiv(static_cast<int>(SendMessageA(list, LVM_GETCOLUMNWIDTH, column, 0)), newDpi, oldDpi));
 }
 
-int ListView::RowCount() const {
-    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
-}
+int ListView::RowCount() const { return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0)); }
 
 void ListView::SetRowCount(int count) const {
     // Rows that scroll while others come and go can leave their pictures behind.
     if (RowCount() != count) InvalidateRect(list, nullptr, TRUE);
-    for (int row = RowCount(); row > count; --row)
-        SendMessageA(list, LVM_DELETEITEM, static_cast<WPARAM>(row - 1), 0);
+    for (int row = RowCount(); row > count; --row) SendMessageA(list, LVM_DELETEITEM, static_cast<WPARAM>(row - 1), 0);
     for (int row = RowCount(); row < count; ++row) {
         char empty[] = "";
         LVITEMA item = {};

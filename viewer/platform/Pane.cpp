@@ -58,14 +58,11 @@ INT_PTR CALLBACK Pane::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM
 INT_PTR Pane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     switch (message) {
-        case WM_COMMAND:
-            return OnCommand(LOWORD(wParam), HIWORD(wParam));
+        case WM_COMMAND: return OnCommand(LOWORD(wParam), HIWORD(wParam));
         case WM_NOTIFY:
             SetWindowLongPtrA(window, DWLP_MSGRESULT, OnNotify(*reinterpret_cast<NMHDR*>(lParam)));
             return TRUE;
-        case WM_SIZE:
-            Arrange();
-            return TRUE;
+        case WM_SIZE: Arrange(); return TRUE;
         case WM_VSCROLL:
             // Sliders send it too.
             if (lParam) break;
@@ -78,11 +75,8 @@ INT_PTR Pane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             SetWindowLongPtrA(window, DWLP_USER, 0);
             window = nullptr;
             return FALSE;
-        case WM_DPICHANGED_AFTERPARENT:
-            OnDpiChanged();
-            return TRUE;
-        default:
-            break;
+        case WM_DPICHANGED_AFTERPARENT: OnDpiChanged(); return TRUE;
+        default: break;
     }
     if (!OnOther(message, wParam, lParam, result)) return FALSE;
     // These messages take their result directly.
@@ -181,17 +175,13 @@ void Pane::Enable(int id, bool isEnabled) const {
     if (hadFocus && !isEnabled) SetFocus(GetAncestor(window, GA_ROOT));
 }
 
-std::string Pane::Text(int id) const {
-    return TextOf(Item(id));
-}
+std::string Pane::Text(int id) const { return TextOf(Item(id)); }
 
 void Pane::SetText(int id, const std::string& text) const {
     if (Text(id) != text) SetDlgItemTextA(window, id, text.c_str());
 }
 
-std::optional<double> Pane::Number(int id) const {
-    return ParseNumber(Text(id));
-}
+std::optional<double> Pane::Number(int id) const { return ParseNumber(Text(id)); }
 
 void Pane::SetNumber(int id, double value, int significantDigits) const {
     SetText(id, Format("%.*g", significantDigits, value));

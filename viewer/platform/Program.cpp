@@ -8,16 +8,10 @@ Program* theProgram = nullptr;
 
 }  // namespace
 
-Program::Program() {
-    theProgram = this;
-}
+Program::Program() { theProgram = this; }
 
-Program::~Program() {
-    theProgram = nullptr;
-}
+Program::~Program() { theProgram = nullptr; }
 
-Program* RunningProgram() {
-    return theProgram;
-}
+Program* RunningProgram() { return theProgram; }
 
 }  // namespace kestview

@@ -14,23 +14,16 @@ std::string ReasonOf(DWORD error) {
     switch (error) {
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
-        case ERROR_USER_MAPPED_FILE:
-            return "Another program is using the file.";
-        case ERROR_ACCESS_DENIED:
-            return "You are not allowed to write there.";
+        case ERROR_USER_MAPPED_FILE: return "Another program is using the file.";
+        case ERROR_ACCESS_DENIED: return "You are not allowed to write there.";
         case ERROR_PATH_NOT_FOUND:
         case ERROR_BAD_NETPATH:
-        case ERROR_BAD_NET_NAME:
-            return "There is no such folder.";
-        case ERROR_WRITE_PROTECT:
-            return "The disk is write-protected.";
+        case ERROR_BAD_NET_NAME: return "There is no such folder.";
+        case ERROR_WRITE_PROTECT: return "The disk is write-protected.";
         case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            return "The disk is full.";
-        case ERROR_INVALID_NAME:
-            return "No file can have this name.";
-        default:
-            return Format("The system gives error %lu as the reason.", error);
+        case ERROR_HANDLE_DISK_FULL: return "The disk is full.";
+        case ERROR_INVALID_NAME: return "No file can have this name.";
+        default: return Format("The system gives error %lu as the reason.", error);
     }
 }
 

@@ -25,9 +25,7 @@ constexpr LayoutSetting layoutSettings[] = {
 
 }  // namespace
 
-Settings& KeptSettings() {
-    return RunningProgram()->settings;
-}
+Settings& KeptSettings() { return RunningProgram()->settings; }
 
 Settings::Settings() {
     char folder[MAX_PATH] = {};
@@ -39,9 +37,7 @@ Settings::Settings() {
     Load();
 }
 
-Settings::~Settings() {
-    Save();
-}
+Settings::~Settings() { Save(); }
 
 void Settings::NoteRecentFile(const std::string& path) {
     std::erase_if(recentFiles, [&](const std::string& known) { return lstrcmpiA(known.c_str(), path.c_str()) == 0; });
@@ -82,8 +78,7 @@ void Settings::Save() const {
     write("Right", Format("%ld", layout.place.right));
     write("Bottom", Format("%ld", layout.place.bottom));
     write("Maximized", layout.isMaximized ? "1" : "0");
-    for (const LayoutSetting& setting : layoutSettings)
-        write(setting.key, Format("%d", layout.*setting.value));
+    for (const LayoutSetting& setting : layoutSettings) write(setting.key, Format("%d", layout.*setting.value));
 }
 
 }  // namespace kestview

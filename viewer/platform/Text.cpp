@@ -51,8 +51,7 @@ std::string NumberText(float value) {
 std::optional<double> ParseNumber(std::string text) {
     std::replace(text.begin(), text.end(), ',', '.');
     const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.back()))
-        text.pop_back();
+    while (!text.empty() && isBlank(text.back())) text.pop_back();
     if (text.empty()) return std::nullopt;
     char* end = nullptr;
     const double value = std::strtod(text.c_str(), &end);
@@ -77,9 +76,7 @@ std::string Utf8(const wchar_t* wide) {
     return text;
 }
 
-std::string FileNameOf(const std::string& path) {
-    return path.substr(NameStart(path));
-}
+std::string FileNameOf(const std::string& path) { return path.substr(NameStart(path)); }
 
 std::string FileTitleOf(const std::string& path) {
     return path.substr(NameStart(path), ExtensionStart(path) - NameStart(path));
@@ -87,18 +84,13 @@ std::string FileTitleOf(const std::string& path) {
 
 std::string ExtensionOf(const std::string& path) {
     std::string extension = path.substr(ExtensionStart(path));
-    for (char& c : extension)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return extension;
 }
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, NameStart(path));
-}
+std::string FolderOf(const std::string& path) { return path.substr(0, NameStart(path)); }
 
-std::string WithoutExtension(const std::string& path) {
-    return path.substr(0, ExtensionStart(path));
-}
+std::string WithoutExtension(const std::string& path) { return path.substr(0, ExtensionStart(path)); }
 
 std::string FullPathOf(const std::string& path) {
     char full[4 * MAX_PATH];
@@ -117,8 +109,7 @@ std::string CutToBytes(const std::string& text, std::size_t longest) {
         return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
     };
     std::size_t end = longest;
-    while (end > 0 && continuesCharacter(end))
-        --end;
+    while (end > 0 && continuesCharacter(end)) --end;
     return text.substr(0, end);
 }
 

@@ -63,13 +63,9 @@ SIZE Window::ClientSize() const {
     return {client.right, client.bottom};
 }
 
-int Window::Scaled(int length) const {
-    return MulDiv(length, DpiOf(window), 96);
-}
+int Window::Scaled(int length) const { return MulDiv(length, DpiOf(window), 96); }
 
-int Window::Unscaled(int length) const {
-    return MulDiv(length, 96, DpiOf(window));
-}
+int Window::Unscaled(int length) const { return MulDiv(length, 96, DpiOf(window)); }
 
 std::string TextOf(HWND window) {
     std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, 0);
@@ -77,32 +73,22 @@ std::string TextOf(HWND window) {
     return text;
 }
 
-HINSTANCE ProgramInstance() {
-    return GetModuleHandleA(nullptr);
-}
+HINSTANCE ProgramInstance() { return GetModuleHandleA(nullptr); }
 
 int ScrolledTo(HWND window, int bar, WPARAM wParam, int line) {
     SCROLLINFO info = {sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
     GetScrollInfo(window, bar, &info);
     const int page = static_cast<int>(info.nPage);
     switch (LOWORD(wParam)) {
-        case SB_LINEUP:
-            return info.nPos - line;
-        case SB_LINEDOWN:
-            return info.nPos + line;
-        case SB_PAGEUP:
-            return info.nPos - page;
-        case SB_PAGEDOWN:
-            return info.nPos + page;
+        case SB_LINEUP: return info.nPos - line;
+        case SB_LINEDOWN: return info.nPos + line;
+        case SB_PAGEUP: return info.nPos - page;
+        case SB_PAGEDOWN: return info.nPos + page;
         case SB_THUMBTRACK:
-        case SB_THUMBPOSITION:
-            return info.nTrackPos;
-        case SB_TOP:
-            return 0;
-        case SB_BOTTOM:
-            return info.nMax;
-        default:
-            return info.nPos;
+        case SB_THUMBPOSITION: return info.nTrackPos;
+        case SB_TOP: return 0;
+        case SB_BOTTOM: return info.nMax;
+        default: return info.nPos;
     }
 }
 

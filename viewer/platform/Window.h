@@ -51,11 +51,7 @@ int ScrolledTo(HWND window, int bar, WPARAM wParam, int line);
 inline POINT MousePosition(LPARAM lParam) {
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
-inline int WidthOf(const RECT& rect) {
-    return static_cast<int>(rect.right - rect.left);
-}
-inline int HeightOf(const RECT& rect) {
-    return static_cast<int>(rect.bottom - rect.top);
-}
+inline int WidthOf(const RECT& rect) { return static_cast<int>(rect.right - rect.left); }
+inline int HeightOf(const RECT& rect) { return static_cast<int>(rect.bottom - rect.top); }
 
 }  // namespace kestview

@@ -25,8 +25,7 @@ HWND CreateTabs(HWND parent, int id, DWORD style) {
 
 MainWindow::MainWindow(Menus newMenus)
     : menus(std::move(newMenus)), keys(menus.MakeKeys()), roiListPane(*this), resultsPane(*this) {
-    for (const SidePane& row : SidePanes())
-        sidePanes.push_back(row.make(*this));
+    for (const SidePane& row : SidePanes()) sidePanes.push_back(row.make(*this));
 }
 
 MainWindow::~MainWindow() {
@@ -128,8 +127,7 @@ void MainWindow::OnDrop(HDROP dropped) {
         paths.push_back(Utf8(path.c_str()));
     }
     if (IsInDialog()) return;
-    for (const std::string& path : paths)
-        OpenFile(path);
+    for (const std::string& path : paths) OpenFile(path);
 }
 
 LRESULT MainWindow::OnNotify(NMHDR& header) {
@@ -180,61 +178,38 @@ void MainWindow::OnEndSession() {
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_SIZE:
-            Arrange();
-            return 0;
-        case WM_GETMINMAXINFO:
-            LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
-            return 0;
+        case WM_SIZE: Arrange(); return 0;
+        case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
         case WM_SETCURSOR:
             if (OnSplitterMessage(message, lParam)) return TRUE;
             break;
         case WM_LBUTTONDOWN:
         case WM_MOUSEMOVE:
         case WM_LBUTTONUP:
-        case WM_CAPTURECHANGED:
-            OnSplitterMessage(message, lParam);
-            return 0;
+        case WM_CAPTURECHANGED: OnSplitterMessage(message, lParam); return 0;
         case KEST_TOOL_PIXELS_CHANGED:
             // A tool has changed the picture in front.
             if (active) active->PixelsReplaced();
             return 0;
-        case WM_DPICHANGED:
-            OnDpiChanged(*reinterpret_cast<RECT*>(lParam));
-            return 0;
-        case WM_ACTIVATE:
-            OnActivate(LOWORD(wParam) != WA_INACTIVE, HIWORD(wParam) != 0);
-            return 0;
-        case WM_SETFOCUS:
-            SetFocus(view);
-            return 0;
+        case WM_DPICHANGED: OnDpiChanged(*reinterpret_cast<RECT*>(lParam)); return 0;
+        case WM_ACTIVATE: OnActivate(LOWORD(wParam) != WA_INACTIVE, HIWORD(wParam) != 0); return 0;
+        case WM_SETFOCUS: SetFocus(view); return 0;
         case WM_COMMAND:
             if (!view.Mouse().IsDragging()) RunCommand(LOWORD(wParam));
             return 0;
-        case WM_NOTIFY:
-            return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
-        case WM_INITMENUPOPUP:
-            OnInitMenu(reinterpret_cast<HMENU>(wParam));
-            return 0;
+        case WM_NOTIFY: return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+        case WM_INITMENUPOPUP: OnInitMenu(reinterpret_cast<HMENU>(wParam)); return 0;
         case WM_MENUSELECT:
             statusBar.ShowMessage(HIWORD(wParam) == 0xFFFF || (HIWORD(wParam) & MF_POPUP) ? "" : TipOf(LOWORD(wParam)));
             return 0;
-        case WM_DROPFILES:
-            OnDrop(reinterpret_cast<HDROP>(wParam));
-            return 0;
-        case WM_CLOSE:
-            OnClose();
-            return 0;
-        case WM_QUERYENDSESSION:
-            return !IsInDialog() && MayCloseAll();
+        case WM_DROPFILES: OnDrop(reinterpret_cast<HDROP>(wParam)); return 0;
+        case WM_CLOSE: OnClose(); return 0;
+        case WM_QUERYENDSESSION: return !IsInDialog() && MayCloseAll();
         case WM_ENDSESSION:
             if (wParam) OnEndSession();
             return 0;
-        case WM_DESTROY:
-            PostQuitMessage(0);
-            return 0;
-        default:
-            break;
+        case WM_DESTROY: PostQuitMessage(0); return 0;
+        default: break;
     }
     return Window::OnMessage(message, wParam, lParam);
 }

@@ -39,12 +39,10 @@ void MainWindow::Activate(Document* document) {
     if (active && active != document) active->PreviewBands(false, nullptr);
     active = document;
     // All let go of the old document before any of them does something that could fail.
-    for (DocumentPane* pane : AllPanes())
-        pane->SetDocument(document);
+    for (DocumentPane* pane : AllPanes()) pane->SetDocument(document);
     view.SetDocument(document);
     tools.SetCurrentImage(document ? &document->Image() : nullptr);
-    for (DocumentPane* pane : AllPanes())
-        pane->Refresh(EverythingChanged);
+    for (DocumentPane* pane : AllPanes()) pane->Refresh(EverythingChanged);
     UpdateTabs();
     UpdateTitle();
     UpdateCommands();
@@ -113,8 +111,7 @@ bool MainWindow::MayCloseAll() {
 bool MainWindow::CloseAll() {
     // Nothing is lost when the last question is answered with Cancel: first all are asked about, then all go.
     if (!MayCloseAll()) return false;
-    while (!documents.empty())
-        Discard(*documents.back());
+    while (!documents.empty()) Discard(*documents.back());
     return true;
 }
 
@@ -161,8 +158,7 @@ void MainWindow::OnDocumentChanged(Document& document, unsigned change) {
     }
     if (&document != active) return;
     view.Refresh(change);
-    for (DocumentPane* pane : AllPanes())
-        pane->Refresh(change);
+    for (DocumentPane* pane : AllPanes()) pane->Refresh(change);
     // Tools get no picture whose pixels hold the colours of bands.
     const bool isPainted = document.IsPreviewing() && document.Class().isColour;
     tools.SetCurrentImage(isPainted ? nullptr : &document.Image());

@@ -193,18 +193,14 @@ bool MainWindow::OnSplitterMessage(UINT message, LPARAM lParam) {
             GetCursorPos(&mouse);
             ScreenToClient(window, &mouse);
             return LOWORD(lParam) == HTCLIENT && splitters.ShowCursor(mouse);
-        case WM_LBUTTONDOWN:
-            splitters.Press(window, mouse);
-            return true;
+        case WM_LBUTTONDOWN: splitters.Press(window, mouse); return true;
         case WM_MOUSEMOVE:
             if (splitters.Drag(mouse, DpiOf(window))) {
                 Arrange();
                 UpdateWindow(window);
             }
             return true;
-        default:
-            splitters.Release(window);
-            return true;
+        default: splitters.Release(window); return true;
     }
 }
 

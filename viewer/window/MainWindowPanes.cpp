@@ -40,8 +40,7 @@ void MainWindow::CreatePanes() {
 
 std::vector<DocumentPane*> MainWindow::AllPanes() {
     std::vector<DocumentPane*> panes = {&roiListPane, &resultsPane};
-    for (const auto& pane : sidePanes)
-        panes.push_back(pane.get());
+    for (const auto& pane : sidePanes) panes.push_back(pane.get());
     return panes;
 }
 
@@ -55,9 +54,7 @@ void MainWindow::ShowPane(int command) {
     if (row < sidePanes.size()) ChooseSidePane(row);
 }
 
-bool MainWindow::IsPaneShown(int command) const {
-    return isSideShown && chosenPane == RowOf(command);
-}
+bool MainWindow::IsPaneShown(int command) const { return isSideShown && chosenPane == RowOf(command); }
 
 void MainWindow::ChooseSidePane(std::size_t chosen) {
     if (chosen != chosenPane && active) active->PreviewBands(false, nullptr);
@@ -74,17 +71,14 @@ void MainWindow::ChooseSidePane(std::size_t chosen) {
     UpdateCommands();
 }
 
-GraphWindow* MainWindow::ShownGraph() {
-    return isSideShown ? ChosenPane().Graph() : nullptr;
-}
+GraphWindow* MainWindow::ShownGraph() { return isSideShown ? ChosenPane().Graph() : nullptr; }
 
 void MainWindow::FocusNextPart() {
     const HWND parts[] = {view, roiListPane, ChosenPane(), resultsPane};
     const int count = static_cast<int>(std::size(parts));
     const HWND focus = GetFocus();
     int present = 0;
-    while (present < count && parts[present] != focus && !IsChild(parts[present], focus))
-        ++present;
+    while (present < count && parts[present] != focus && !IsChild(parts[present], focus)) ++present;
     for (int i = 1; i <= count; ++i) {
         const HWND part = parts[(present + i) % count];
         const HWND control = part == view          ? part

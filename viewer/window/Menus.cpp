@@ -42,9 +42,7 @@ std::vector<WORD> KeysNamed(std::string_view name) {
 }
 
 /// The system's own keys, and those that belong to whatever has the focus, are only shown in the menu.
-bool IsHandledElsewhere(const ACCEL& key) {
-    return (key.fVirt & FALT) || key.key == VK_DELETE;
-}
+bool IsHandledElsewhere(const ACCEL& key) { return (key.fVirt & FALT) || key.key == VK_DELETE; }
 
 }  // namespace
 
@@ -60,15 +58,13 @@ std::vector<ACCEL> KeysOf(std::string_view text) {
             text.remove_prefix(modifier.name.size());
         }
     std::vector<ACCEL> keys;
-    for (const WORD key : KeysNamed(text))
-        keys.push_back({flags, key, 0});
+    for (const WORD key : KeysNamed(text)) keys.push_back({flags, key, 0});
     return keys;
 }
 
 Menus::Menus(std::span<const Menu> newBar, std::span<const ContextEntry> newRoiMenu)
     : bar(newBar), roiMenu(newRoiMenu) {
-    for (const Menu& menu : bar)
-        Collect(menu.commands);
+    for (const Menu& menu : bar) Collect(menu.commands);
 }
 
 void Menus::Collect(std::span<const Command> entries) {

@@ -21,8 +21,7 @@ void Pencil::Use(COLORREF line, double width, COLORREF fill) {
 }
 
 void Pencil::Scale(std::vector<POINT>& points) const {
-    for (POINT& point : points)
-        point = {At(point.x), At(point.y)};
+    for (POINT& point : points) point = {At(point.x), At(point.y)};
 }
 
 void Pencil::Lines(std::vector<POINT> points) {
@@ -40,13 +39,9 @@ void Pencil::Curve(std::vector<POINT> points) {
     PolyBezier(dc, points.data(), static_cast<DWORD>(points.size()));
 }
 
-void Pencil::Box(int left, int top, int right, int bottom) {
-    Rectangle(dc, At(left), At(top), At(right), At(bottom));
-}
+void Pencil::Box(int left, int top, int right, int bottom) { Rectangle(dc, At(left), At(top), At(right), At(bottom)); }
 
-void Pencil::Oval(int left, int top, int right, int bottom) {
-    Ellipse(dc, At(left), At(top), At(right), At(bottom));
-}
+void Pencil::Oval(int left, int top, int right, int bottom) { Ellipse(dc, At(left), At(top), At(right), At(bottom)); }
 
 void Pencil::Dot(int x, int y) {
     constexpr COLORREF rim = RGB(30, 110, 200), inside = RGB(255, 255, 255);
@@ -130,8 +125,7 @@ HBITMAP MakePicture(HBITMAP other, int size) {
         StretchBlt(to, 0, 0, size, size, from, 0, 0, record.bmWidth, record.bmHeight, SRCCOPY);
     }
     GdiFlush();
-    for (int i = 0; i < size * size; ++i)
-        result.bits[i] |= 0xFF000000u;
+    for (int i = 0; i < size * size; ++i) result.bits[i] |= 0xFF000000u;
     return result.bitmap.Detach();
 }
 

@@ -48,9 +48,7 @@ void StatusBar::SetPart(int part, const std::string& text) {
         SendMessageA(window, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void StatusBar::ShowMessage(const std::string& text) {
-    SetPart(MessagePart, text);
-}
+void StatusBar::ShowMessage(const std::string& text) { SetPart(MessagePart, text); }
 
 void StatusBar::ShowProgress(const std::string& text, double part) {
     SetPart(MessagePart, text);
@@ -71,8 +69,7 @@ void StatusBar::ShowProgress(const std::string& text, double part) {
 
 void StatusBar::ShowPixel(Document* document, const POINT* pixel) {
     if (!document || !pixel) {
-        for (const int part : {PixelPart, ValuePart, WorldPart})
-            SetPart(part, "");
+        for (const int part : {PixelPart, ValuePart, WorldPart}) SetPart(part, "");
         return;
     }
     SetPart(PixelPart, Format("x %ld, y %ld", pixel->x, pixel->y));

@@ -14,10 +14,10 @@ constexpr int pictureSize = 24;
 }  // namespace
 
 bool Toolbar::Create(HWND parent) {
-    window = CreateWindowExA(0, TOOLBARCLASSNAMEA, "",
-                             WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
-                                 TBSTYLE_WRAPABLE,
-                             0, 0, 0, 0, parent, reinterpret_cast<HMENU>(IDC_TOOLBAR), ProgramInstance(), nullptr);
+    window =
+        CreateWindowExA(0, TOOLBARCLASSNAMEA, "",
+                        WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE, 0,
+                        0, 0, 0, parent, reinterpret_cast<HMENU>(IDC_TOOLBAR), ProgramInstance(), nullptr);
     if (!window) return false;
     SendMessageA(window, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     MakePictures();
@@ -46,8 +46,7 @@ void Toolbar::MakePictures() {
             const kest::GdiObject bitmap(MakePicture(button.draw, size, isEnabled));
             ImageList_Add(isEnabled ? pictures : disabledPictures, bitmap, nullptr);
         }
-    for (const HBITMAP picture : toolPictures)
-        AddToolPicture(picture);
+    for (const HBITMAP picture : toolPictures) AddToolPicture(picture);
     SendMessageA(window, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(HIMAGELIST(pictures)));
     SendMessageA(window, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(HIMAGELIST(disabledPictures)));
     SendMessageA(window, TB_SETBUTTONSIZE, 0,

@@ -44,13 +44,9 @@ void DrawSave(Pencil& pencil) {
     pencil.Box(7, 13, 18, 21);
 }
 
-void DrawUndo(Pencil& pencil) {
-    DrawArrow(pencil, false);
-}
+void DrawUndo(Pencil& pencil) { DrawArrow(pencil, false); }
 
-void DrawRedo(Pencil& pencil) {
-    DrawArrow(pencil, true);
-}
+void DrawRedo(Pencil& pencil) { DrawArrow(pencil, true); }
 
 void DrawSelect(Pencil& pencil) {
     pencil.Use(ink, 1, paper);
@@ -95,24 +91,18 @@ void DrawFreehandLine(Pencil& pencil) {
 void DrawPolygon(Pencil& pencil) {
     pencil.Use(red, 2);
     pencil.Lines({{4, 9}, {13, 4}, {20, 11}, {16, 20}, {6, 19}, {4, 9}});
-    for (const POINT corner : {POINT{4, 9}, {13, 4}, {20, 11}, {16, 20}, {6, 19}})
-        pencil.Dot(corner.x, corner.y);
+    for (const POINT corner : {POINT{4, 9}, {13, 4}, {20, 11}, {16, 20}, {6, 19}}) pencil.Dot(corner.x, corner.y);
 }
 
 void DrawPolyline(Pencil& pencil) {
     pencil.Use(red, 2);
     pencil.Lines({{3, 18}, {9, 6}, {15, 16}, {21, 5}});
-    for (const POINT corner : {POINT{3, 18}, {9, 6}, {15, 16}, {21, 5}})
-        pencil.Dot(corner.x, corner.y);
+    for (const POINT corner : {POINT{3, 18}, {9, 6}, {15, 16}, {21, 5}}) pencil.Dot(corner.x, corner.y);
 }
 
-void DrawZoomIn(Pencil& pencil) {
-    DrawGlass(pencil, true, false);
-}
+void DrawZoomIn(Pencil& pencil) { DrawGlass(pencil, true, false); }
 
-void DrawZoomOut(Pencil& pencil) {
-    DrawGlass(pencil, false, true);
-}
+void DrawZoomOut(Pencil& pencil) { DrawGlass(pencil, false, true); }
 
 void DrawZoomFit(Pencil& pencil) {
     pencil.Use(ink, 1, paper);
@@ -188,8 +178,6 @@ constexpr ToolbarButton buttons[] = {
 
 }  // namespace
 
-std::span<const ToolbarButton> ToolbarButtons() {
-    return buttons;
-}
+std::span<const ToolbarButton> ToolbarButtons() { return buttons; }
 
 }  // namespace kestview

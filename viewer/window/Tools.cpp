@@ -13,9 +13,7 @@ namespace kestview {
 
 Tools::Tools() : list(new CDLLLST) {}
 
-Tools::~Tools() {
-    CloseAll();
-}
+Tools::~Tools() { CloseAll(); }
 
 void Tools::Load() {
     char program[4 * MAX_PATH] = {};
@@ -26,8 +24,7 @@ void Tools::Load() {
     const HANDLE first = FindFirstFileA((folder + "*.dll").c_str(), &found);
     if (first == INVALID_HANDLE_VALUE) return;
     const Held<HANDLE, FindClose> search(first);
-    do
-        names.push_back(found.cFileName);
+    do names.push_back(found.cFileName);
     while (FindNextFileA(search, &found));
     std::sort(names.begin(), names.end());
     for (const std::string& name : names) {
@@ -70,18 +67,14 @@ void Tools::SetCurrentImage(CcImage* image) {
     SendToAll(KEST_TOOL_IMAGE_CHANGED);
 }
 
-void Tools::PixelsChanged() {
-    SendToAll(KEST_TOOL_PIXELS_CHANGED);
-}
+void Tools::PixelsChanged() { SendToAll(KEST_TOOL_PIXELS_CHANGED); }
 
 void Tools::CloseAll() {
-    for (int i = 0; i < Count(); ++i)
-        list->GetAt(i)->CloseAllOpenTools();
+    for (int i = 0; i < Count(); ++i) list->GetAt(i)->CloseAllOpenTools();
 }
 
 void Tools::SendToAll(unsigned message) {
-    for (int i = 0; i < Count(); ++i)
-        list->GetAt(i)->SendMessageToTools(message, 0, 0);
+    for (int i = 0; i < Count(); ++i) list->GetAt(i)->SendMessageToTools(message, 0, 0);
 }
 
 }  // namespace kestview

@@ -1,6 +1,6 @@
 // Fitting, converting and the area map, against formulas in double precision and against the plain loops.
-#include "calib/kernel/LinearSolver.h"
 #include "calib/kernel/Perspective.h"
+#include "calib/kernel/LinearSolver.h"
 #include "support/KernelTests.h"
 
 using kest::InstructionSet;
@@ -21,10 +21,14 @@ bool AreSame(std::span<const float> a, std::span<const float> b) {
 
 std::vector<Perspective> Mappings() {
     // The horizon in the image, infinite and tiny results, no mapping at all.
-    std::vector<Perspective> mappings = {
-        {}, tilted, {{{0.01F, 0, 0}, {0, 0.01F, 0}, {0, 0, 1}}}, {{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}}},
-        {{{1, 0.5F, 3}, {0.25F, 1, -7}, {-0.01F, 0, 1}}}, {{{1e30F, 3e37F, 0}, {0, 1e38F, 0}, {0, 0, 1e-3F}}},
-        {{{1e-38F, 0, 0}, {0, 3e-39F, 0}, {0, 0, 1}}}, {{{NAN, 0, 0}, {0, 1, 0}, {0, 0, 1}}}};
+    std::vector<Perspective> mappings = {{},
+                                         tilted,
+                                         {{{0.01F, 0, 0}, {0, 0.01F, 0}, {0, 0, 1}}},
+                                         {{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}}},
+                                         {{{1, 0.5F, 3}, {0.25F, 1, -7}, {-0.01F, 0, 1}}},
+                                         {{{1e30F, 3e37F, 0}, {0, 1e38F, 0}, {0, 0, 1e-3F}}},
+                                         {{{1e-38F, 0, 0}, {0, 3e-39F, 0}, {0, 0, 1}}},
+                                         {{{NAN, 0, 0}, {0, 1, 0}, {0, 0, 1}}}};
     std::mt19937 random(7);
     std::uniform_real_distribution<float> element(-1.0F, 1.0F);
     for (int i = 0; i < 20; ++i) {

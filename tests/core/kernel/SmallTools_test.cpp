@@ -58,7 +58,7 @@ TEST(PropertyTable, OnlyATableThatFillsItsBufferIsUsed) {
     const struct {
         int offset, length, bufferBytes;
         bool matches;
-    } cases[] = {{4, 6, 10, true},  {4, 6, 9, false},       {4, 6, 11, false},
+    } cases[] = {{4, 6, 10, true},  {4, 6, 9, false},        {4, 6, 11, false},
                  {3, 6, 10, false}, {4, INT_MAX, 10, false}, {4, 0, 4, false}};
     for (const auto& c : cases) {
         tagPROPERTY table[2];

@@ -1,7 +1,7 @@
 // The layout of a graph against values worked out by hand: plot area, mapping, marks, labels, and the path of a curve.
+#include "graph/kernel/GraphLayout.h"
 #include "graph/kernel/AxisLabels.h"
 #include "graph/kernel/CurvePath.h"
-#include "graph/kernel/GraphLayout.h"
 #include "graph/kernel/GraphView.h"
 #include "support/KernelTests.h"
 
@@ -31,7 +31,8 @@ std::string Label(float value, int exponent, int precision) {
 /// The major and the minor marks.
 std::pair<Floats, Floats> Marks(const AxisScale& scale, int majors, int minors) {
     Floats major, minor;
-    ForEachMark(scale, {-1e9, 1e9}, majors, minors, [&](float value, bool isMajor) { (isMajor ? major : minor).push_back(value); });
+    ForEachMark(scale, {-1e9, 1e9}, majors, minors,
+                [&](float value, bool isMajor) { (isMajor ? major : minor).push_back(value); });
     return {major, minor};
 }
 

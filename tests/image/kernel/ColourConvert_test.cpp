@@ -69,8 +69,7 @@ TEST(ColourConvert, AllColoursToHsl) {
         ConvertRgbToHsl(rgb, rgb);
         ASSERT_EQ(rgb, hsl) << red;
         for (int i = 0; i < 65536; ++i)
-            if (At(hsl, i) != ExpectedHsl(red, i >> 8, i & 255))
-                FAIL() << red << ' ' << (i >> 8) << ' ' << (i & 255);
+            if (At(hsl, i) != ExpectedHsl(red, i >> 8, i & 255)) FAIL() << red << ' ' << (i >> 8) << ' ' << (i & 255);
     }
 }
 
@@ -82,8 +81,7 @@ TEST(ColourConvert, AllTriplesToRgb) {
         ASSERT_TRUE(ConvertHslToRgb(hsl, hsl, hue % 2 == 0));
         ASSERT_EQ(hsl, rgb) << hue;
         for (int i = 0; i < 241 * 241; ++i)
-            if (At(rgb, i) != ExpectedRgb(hue, i / 241, i % 241))
-                FAIL() << hue << ' ' << i / 241 << ' ' << i % 241;
+            if (At(rgb, i) != ExpectedRgb(hue, i / 241, i % 241)) FAIL() << hue << ' ' << i / 241 << ' ' << i % 241;
     }
 }
 

@@ -93,8 +93,13 @@ TEST(ColourThreshold, LuminanceBands) {
     const Pixels source = RandomPixels(1);
     const std::uint8_t gray[] = {128, 128, 128};
     const float exact = LuminanceOf(gray);
-    for (const auto& [low, high] : {std::pair{exact, exact}, {0.0F, 255.0F}, {-5.0F, 90.3F}, {90.3F, INFINITY},
-                                    {128.0F, 128.0F}, {NAN, 255.0F}, {300.0F, 400.0F}})
+    for (const auto& [low, high] : {std::pair{exact, exact},
+                                    {0.0F, 255.0F},
+                                    {-5.0F, 90.3F},
+                                    {90.3F, INFINITY},
+                                    {128.0F, 128.0F},
+                                    {NAN, 255.0F},
+                                    {300.0F, 400.0F}})
         ExpectLuminances(source, {{low, high, 1, 2, 3}});
     ExpectLuminances(source, overlapping);
     ExpectLuminances(source, TwentyBands());
@@ -118,8 +123,11 @@ TEST(ColourThreshold, ChannelBands) {
         ChannelPainter truncated(byte);
         truncated.AddBand(ToByteBand(100.9F, 1000.0F), LowBytes(1, 2, 3));
         ExpectPainted(
-            RandomPixels(2), [&](SourcePlane from, TargetPlane to, InstructionSet set) { truncated.Paint(from, to, set); },
-            [byte](std::uint8_t* pixel) { PutIfHeld(pixel, {100, 255, 1, 2, 3}, pixel[byte]); });
+            RandomPixels(2),
+            [&](SourcePlane from, TargetPlane to, InstructionSet set) { truncated.Paint(from, to, set); },
+            [byte](std::uint8_t* pixel) {
+                PutIfHeld(pixel, {100, 255, 1, 2, 3}, pixel[byte]);
+            });
     }
 }
 
@@ -127,7 +135,10 @@ TEST(ColourThreshold, BoxesAndTheirSides) {
     const ByteBand box[] = {ToBoxSide(-3, 200), ToBoxSide(20, 500), ToBoxSide(300, 400)};
     EXPECT_TRUE(ToByteBand(-1.0F, NAN).Has(0));
     ExpectPainted(
-        RandomPixels(3), [&](SourcePlane from, TargetPlane to, InstructionSet set) { PaintBox(from, to, box, Clamped(300, -1, 17), set); },
+        RandomPixels(3),
+        [&](SourcePlane from, TargetPlane to, InstructionSet set) {
+            PaintBox(from, to, box, Clamped(300, -1, 17), set);
+        },
         [](std::uint8_t* pixel) {
             if (pixel[0] <= 200 && pixel[1] >= 20 && pixel[2] >= 44) Put(pixel, 255, 0, 17);
         });

@@ -1,7 +1,7 @@
 // DIB headers and BMP files: what is accepted, and that nothing a file says leads outside its bytes.
+#include "image/kernel/DibLayout.h"
 #include "core/kernel/ByteReader.h"
 #include "image/kernel/BmpFormat.h"
-#include "image/kernel/DibLayout.h"
 #include "support/KernelTests.h"
 
 using namespace kest;
@@ -96,8 +96,8 @@ TEST(BmpFormat, RandomHeadersNeverLeadOutside) {
         if (odd(4)) header.colours = odd(2) ? random() : random() % 300;
         const std::size_t following = odd(2) ? random() % 1100 : 1024 + random() % 70;
         const auto bytes = header.Bytes(following);
-        const std::uint32_t pixels = (static_cast<std::uint32_t>(header.width) & 0xFFFF) *
-                                     (static_cast<std::uint32_t>(header.height) & 0xFFFF);
+        const std::uint32_t pixels =
+            (static_cast<std::uint32_t>(header.width) & 0xFFFF) * (static_cast<std::uint32_t>(header.height) & 0xFFFF);
         const std::uint32_t fileBytes = odd(4) ? random() : static_cast<std::uint32_t>(14 + bytes.size());
         DibLayout layout;
         const bool isLaidOut = ReadDibLayout(bytes, layout);

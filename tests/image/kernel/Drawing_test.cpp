@@ -25,8 +25,14 @@ TEST(BlitPlan, VisiblePart) {
 }
 
 TEST(BlitPlan, PartsOfTargetsLargerThanPlatformsMultiplyShowTheSamePixels) {
-    for (const auto& [pixels, zoom] : {std::pair{7LL, 1LL}, {7LL, 700'000LL}, {7LL, 5'000'000LL}, {7LL, 1LL << 30},
-                                       {7LL, (1LL << 31) - 1}, {4000LL, 140LL}, {4000LL, 1040LL}, {40'000LL, 1LL}})
+    for (const auto& [pixels, zoom] : {std::pair{7LL, 1LL},
+                                       {7LL, 700'000LL},
+                                       {7LL, 5'000'000LL},
+                                       {7LL, 1LL << 30},
+                                       {7LL, (1LL << 31) - 1},
+                                       {4000LL, 140LL},
+                                       {4000LL, 1040LL},
+                                       {40'000LL, 1LL}})
         for (const long long begin : {-3 * zoom - 7, 11LL, 30LL - zoom, -(pixels / 2) * zoom})
             for (const int direction : {1, -1}) {
                 // The surface is [0, 40).
@@ -83,8 +89,7 @@ TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
     PrintPlan plan = PlanForPage({0, 0, 4, 3, 0, 0, 0, 1}, page);
     ExpectPlan(plan.picture, {0, 0, 16, 12}, {0, 0, 4, 3});
     ForEachPrintedRun({overlay, 4, 3}, 3, plan, page, note);
-    EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{
-                        {0, 12, 8, 16, 7}, {12, 12, 16, 16, 8}, {0, 4, 16, 8, 9}}));
+    EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 12, 8, 16, 7}, {12, 12, 16, 16, 8}, {0, 4, 16, 8, 9}}));
     // Zoom 2 in a window of 4 x 4: two columns and two rows from column 1 and one row down.
     runs.clear();
     plan = PlanForPage({4, 4, 4, 3, 1, 1, 1, 2}, page);

@@ -41,18 +41,13 @@ class Bounds {
 public:
     float Next() {
         switch (random() % 8) {
-            case 0:
-                return std::vector{0.0F, -0.0F, 1024.0F, 65535.0F, 65536.0F, -1.0F, 0.5F}[random() % 7];
+            case 0: return std::vector{0.0F, -0.0F, 1024.0F, 65535.0F, 65536.0F, -1.0F, 0.5F}[random() % 7];
             case 1:
                 return std::vector{noNumber, infinity, -infinity, 3e38F, -2147483648.0F, 2147483648.0F}[random() % 6];
-            case 2:
-                return static_cast<float>(static_cast<int>(random()));
-            case 3:
-                return last = last + static_cast<float>(random() % 1000) / 500.0F;
-            case 4:
-                return static_cast<float>(random() % 70000) - 2000.0F;
-            default:
-                return last = static_cast<float>(random() % 65536);
+            case 2: return static_cast<float>(static_cast<int>(random()));
+            case 3: return last = last + static_cast<float>(random() % 1000) / 500.0F;
+            case 4: return static_cast<float>(random() % 70000) - 2000.0F;
+            default: return last = static_cast<float>(random() % 65536);
         }
     }
     std::mt19937 random{7};
@@ -123,14 +118,17 @@ TEST(WideSamples, MapsAll16BitSamplesByTheRule) {
     std::iota(all.begin(), all.end(), std::uint16_t{0});
     Bounds bounds;
     std::vector<std::pair<float, float>> ranges = {
-        {0.0F, 65535.0F}, {100.0F, 300.0F}, {0.0F, 255.0F}, {100.9F, 101.8F}, {7.0F, 7.0F},
-        {500.0F, 20.0F},  {-10.5F, 70000.0F}, {-9.0F, -3.0F}, {7e4F, 8e4F},   {0.0F, 1e-3F},
-        {0.0F, infinity}, {noNumber, 5.0F}, {0.0F, 1e-30F}, {0.0F, 3e9F}, {2147483648.0F, 3e9F}, {-3e9F, 4294967296.0F}};
+        {0.0F, 65535.0F}, {100.0F, 300.0F}, {0.0F, 255.0F},        {100.9F, 101.8F},
+        {7.0F, 7.0F},     {500.0F, 20.0F},  {-10.5F, 70000.0F},    {-9.0F, -3.0F},
+        {7e4F, 8e4F},     {0.0F, 1e-3F},    {0.0F, infinity},      {noNumber, 5.0F},
+        {0.0F, 1e-30F},   {0.0F, 3e9F},     {2147483648.0F, 3e9F}, {-3e9F, 4294967296.0F}};
     while (ranges.size() < 213) ranges.push_back({bounds.Next(), bounds.Next()});
     for (const auto& [low, high] : ranges) ExpectMapped(all, DisplayMapping::Of(low, high));
     // The line can also be any other one, as after a range that was set before.
-    for (const DisplayMapping& line : {DisplayMapping{20.0F, 30.0F, 0.01F, 7.0F}, {20.0F, 60.0F, 4.25F, 0.0F},
-                                       {0.0F, 60.0F, 5.0F, 0.0F}, {0.0F, 65535.0F, -3.0F, 300.0F}})
+    for (const DisplayMapping& line : {DisplayMapping{20.0F, 30.0F, 0.01F, 7.0F},
+                                       {20.0F, 60.0F, 4.25F, 0.0F},
+                                       {0.0F, 60.0F, 5.0F, 0.0F},
+                                       {0.0F, 65535.0F, -3.0F, 300.0F}})
         ExpectMapped(all, line);
 }
 

@@ -15,13 +15,10 @@ TEST(PixelStatistics, AreThoseOfTheFormulaInTwoPasses) {
     std::vector<std::uint8_t> bytes(30000);
     std::vector<std::int32_t> integers(10000);
     std::vector<float> floats(10000);
-    for (auto& value : bytes)
-        value = static_cast<std::uint8_t>(random());
+    for (auto& value : bytes) value = static_cast<std::uint8_t>(random());
     // Large values with a small spread lose everything in a sum of squares.
-    for (auto& value : integers)
-        value = INT32_MAX - static_cast<std::int32_t>(random() % 5);
-    for (auto& value : floats)
-        value = 1e6F + static_cast<float>(random() % 4) / 4;
+    for (auto& value : integers) value = INT32_MAX - static_cast<std::int32_t>(random() % 5);
+    for (auto& value : floats) value = 1e6F + static_cast<float>(random() % 4) / 4;
     std::vector<double> luminances;
     for (std::size_t i = 0; i < bytes.size(); i += 3)
         luminances.push_back((114 * bytes[i] + 587 * bytes[i + 1] + 299 * bytes[i + 2]) / 1000.0);
@@ -33,10 +30,8 @@ TEST(PixelStatistics, AreThoseOfTheFormulaInTwoPasses) {
         for (std::size_t first = 0, length = 0; first < all.size(); first += length * unit, length = 3 * length + 1)
             add(statistics, all.subspan(first, std::min(length * unit, all.size() - first)));
         double mean = 0, squares = 0;
-        for (const double value : values)
-            mean += value / static_cast<double>(values.size());
-        for (const double value : values)
-            squares += (value - mean) * (value - mean);
+        for (const double value : values) mean += value / static_cast<double>(values.size());
+        for (const double value : values) squares += (value - mean) * (value - mean);
         EXPECT_EQ(statistics.count, static_cast<std::int64_t>(values.size()));
         EXPECT_NEAR(statistics.mean / mean, 1.0, 1e-12);
         EXPECT_NEAR(statistics.StandardDeviation(), std::sqrt(squares / static_cast<double>(values.size())), 1e-6);

@@ -5,8 +5,9 @@
 using namespace kest;
 
 TEST(DragGeometry, HandlesMoveTheirSides) {
-    const IntRect expected[] = {{10, 20, 30, 40}, {10, 22, 30, 40}, {10, 20, 30, 42}, {11, 20, 30, 40}, {10, 20, 31, 40},
-                                {11, 22, 30, 40}, {10, 22, 31, 40}, {11, 20, 30, 42}, {10, 20, 31, 42}};
+    const IntRect expected[] = {{10, 20, 30, 40}, {10, 22, 30, 40}, {10, 20, 30, 42},
+                                {11, 20, 30, 40}, {10, 20, 31, 40}, {11, 22, 30, 40},
+                                {10, 22, 31, 40}, {11, 20, 30, 42}, {10, 20, 31, 42}};
     for (int code = 0; code <= 8; ++code) {
         IntRect shape = expected[0];
         MoveSides(shape, SidesOfHandle(code), 1, 2);
@@ -32,9 +33,9 @@ TEST(DragGeometry, RectangleHits) {
     const IntRect window = {100, 100, 200, 160};
     const struct {
         int x, y, code;
-    } hits[] = {{150, 100, 1}, {146, 104, 1}, {145, 100, -1}, {154, 160, 2}, {100, 130, 3}, {104, 126, 3}, {200, 134, 4},
-                {100, 100, 5}, {204, 96, 6},  {96, 164, 7},   {204, 164, 8}, {150, 130, 0}, {101, 110, 0}, {100, 110, -1},
-                {105, 95, -1}, {95, 100, -1}, {150, 105, 0},  {300, 300, -1}};
+    } hits[] = {{150, 100, 1}, {146, 104, 1},  {145, 100, -1}, {154, 160, 2}, {100, 130, 3}, {104, 126, 3},
+                {200, 134, 4}, {100, 100, 5},  {204, 96, 6},   {96, 164, 7},  {204, 164, 8}, {150, 130, 0},
+                {101, 110, 0}, {100, 110, -1}, {105, 95, -1},  {95, 100, -1}, {150, 105, 0}, {300, 300, -1}};
     for (const auto& hit : hits) EXPECT_EQ(HitRectangle(window, {hit.x, hit.y}), hit.code) << hit.x << ' ' << hit.y;
     // On a small rectangle the edge middles win over the corners.
     EXPECT_EQ(HitRectangle({10, 10, 16, 16}, {10, 10}), 1);

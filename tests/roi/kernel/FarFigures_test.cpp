@@ -58,7 +58,8 @@ TEST(FarFigures, EllipsesOfAnySizeKeepToTheirEquation) {
     for (int round = 0; round < 2000; ++round) {
         const auto extent = [&] { return Randomly(random, 0, round % 3 == 0 ? 900 : 1 << (10 + round % 20)); };
         const long double a = extent() / 2.0L, b = extent() / 2.0L, angle = round;
-        const auto left = static_cast<int>(350 - a - a * std::cos(angle)), top = static_cast<int>(250 - b - b * std::sin(angle));
+        const auto left = static_cast<int>(350 - a - a * std::cos(angle)),
+                   top = static_cast<int>(250 - b - b * std::sin(angle));
         const IntRect box = {left, top, left + static_cast<int>(2 * a), top + static_cast<int>(2 * b)};
         Recorder recorder;
         TraceEllipse(box, area, recorder);
@@ -70,11 +71,13 @@ TEST(FarFigures, EllipsesOfAnySizeKeepToTheirEquation) {
                 last = pixel;
                 const long double x = std::abs(pixel.x - (left + a)), y = std::abs(pixel.y - (top + b));
                 const auto half = [](long double along, long double place, long double across) {
-                    return across == 0 || place >= across ? 0 : along * std::sqrt(1 - place / across * (place / across));
+                    return across == 0 || place >= across ? 0
+                                                          : along * std::sqrt(1 - place / across * (place / across));
                 };
                 // In one of the two directions the outline is half a pixel away at most.
                 ASSERT_LE(std::min(std::abs(y - half(b, x, a)), std::abs(x - half(a, y, b))), 0.5001L)
-                    << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom << " at " << pixel.x << ' ' << pixel.y;
+                    << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom << " at " << pixel.x << ' '
+                    << pixel.y;
                 ++seen;
             }
         }

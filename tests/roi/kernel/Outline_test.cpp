@@ -62,7 +62,8 @@ struct Index {
         const IntRect bounds = OutlineBounds(outline);
         const int first = axis == Axis::Rows ? bounds.bottom : bounds.left;
         const int last = axis == Axis::Rows ? bounds.top : bounds.right;
-        memory.resize(static_cast<std::size_t>(OutlineIndex::BytesNeeded(std::ssize(outline), last - first + 1) / 8 + 1));
+        memory.resize(
+            static_cast<std::size_t>(OutlineIndex::BytesNeeded(std::ssize(outline), last - first + 1) / 8 + 1));
         index.Build(outline, axis, order, first, last - first + 1, reinterpret_cast<std::uint8_t*>(memory.data()));
     }
     std::vector<int> Row(int row) const {
@@ -226,7 +227,8 @@ TEST(OutlineIndex, PixelsFarApartTakeTheRoomOfPixels) {
         index.Build(outline, Axis::Rows, RowOrder::Filled, c.first, c.rows,
                     reinterpret_cast<std::uint8_t*>(memory.data()));
         const int rows[] = {5, 6, 7, 8, INT_MAX, INT_MIN};
-        for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(index.PixelsOfRow(rows[i]).size(), c.pixels[i]) << c.rows << ' ' << i;
+        for (std::size_t i = 0; i < 6; ++i)
+            EXPECT_EQ(index.PixelsOfRow(rows[i]).size(), c.pixels[i]) << c.rows << ' ' << i;
     }
     KestSpan spans[2];
     EXPECT_EQ(index.SpansOfRow(5, spans), 2);

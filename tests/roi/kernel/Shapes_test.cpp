@@ -54,8 +54,8 @@ TEST(EllipseExtent, EdgesAndDegenerateBoxes) {
     }
     ASSERT_TRUE(EllipseColumn(box, 10, span));
     EXPECT_EQ((std::pair<int, int>{span.iFirst, span.iLast}), (std::pair{0, 10}));
-    for (const IntRect& wild : {IntRect{INT_MIN, INT_MAX, INT_MAX, INT_MIN}, IntRect{INT_MAX - 9, INT_MAX, INT_MAX, 0},
-                                IntRect{9, 0, 0, 9}})
+    for (const IntRect& wild :
+         {IntRect{INT_MIN, INT_MAX, INT_MAX, INT_MIN}, IntRect{INT_MAX - 9, INT_MAX, INT_MAX, 0}, IntRect{9, 0, 0, 9}})
         for (const int row : {INT_MIN, -1, 0, 5, INT_MAX})
             if (EllipseRow(wild, row, span)) {
                 EXPECT_GE(span.iFirst, std::min(wild.left, wild.right));
@@ -95,7 +95,8 @@ TEST(LinePixels, OnePixelAStepWithoutTheLargerEnd) {
         for (int at = -reach - 3 + offset; at < reach + 3 + offset; ++at) {
             KestSpan span;
             ASSERT_EQ(spanOf(LineRow(start, end, at, span), span), rows.contains(at) ? rows[at] : none) << round;
-            ASSERT_EQ(spanOf(LineColumn(start, end, at, span), span), columns.contains(at) ? columns[at] : none) << round;
+            ASSERT_EQ(spanOf(LineColumn(start, end, at, span), span), columns.contains(at) ? columns[at] : none)
+                << round;
         }
     }
     KestSpan span;
