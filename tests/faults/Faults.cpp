@@ -244,10 +244,12 @@ std::string Ledger() {
     CloseClipboard();
     RECT clip;
     GetClipCursor(&clip);
+    DWORD handles = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &handles);
     std::ostringstream text;
-    text << TakeCensus().gdiObjects << " GDI objects, " << blocks << " blocks, " << files << " files, " << libraries
-         << " libraries, capture " << (GetCapture() != nullptr) << ", cursor within " << clip.left << ',' << clip.top
-         << ',' << clip.right << ',' << clip.bottom;
+    text << handles << " handles, " << TakeCensus().gdiObjects << " GDI objects, " << blocks << " blocks, " << files
+         << " files, " << libraries << " libraries, capture " << (GetCapture() != nullptr) << ", cursor within "
+         << clip.left << ',' << clip.top << ',' << clip.right << ',' << clip.bottom;
     return text.str();
 }
 

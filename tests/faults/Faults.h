@@ -26,7 +26,7 @@ void PatchLibrary();
 void Arm(const Fault& fault);
 std::vector<FaultGroup> Disarm();
 
-/// What the library holds of the system's: GDI objects, blocks, files, libraries, capture and cursor clip.
+/// What the process and the library hold of the system's: handles, GDI objects, blocks, files, libraries, capture and cursor clip.
 std::string Ledger();
 
 /// How many boxes the library has shown since the last call.

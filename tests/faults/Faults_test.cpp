@@ -1,6 +1,7 @@
 // Every public operation while the platform fails: the k-th call of each kind, alone and for good. An operation that then
 // reports success has done all of its work; one that reports failure has changed nothing (or, where it cannot, says so in
-// the table); nobody crashes, and everything that was taken is given back.
+// the table); nobody crashes, and everything that was taken is given back. And every operation again and again while nothing
+// fails: nothing is left behind. script/faults runs them with more rounds, or one operation by name.
 #include "faults/Faults.h"
 #include "support/ClassTests.h"
 #include "support/RunningStep.h"
@@ -85,12 +86,19 @@ void Try(const Operation& operation, Trials& trials) {
     }
 }
 
+/// Those whose name has the text in KEST_FAULT_OPERATION, or all.
+std::vector<Operation> Chosen(const std::vector<Operation>& operations) {
+    const char* const text = std::getenv("KEST_FAULT_OPERATION");
+    std::vector<Operation> chosen;
+    for (const Operation& operation : operations)
+        if (!text || operation.name.find(text) != std::string::npos) chosen.push_back(operation);
+    return chosen;
+}
+
 void TryAll(const std::vector<Operation>& operations) {
     PatchLibrary();
     Trials trials;
-    const char* const only = std::getenv("KEST_FAULT_OPERATION");
-    for (const Operation& operation : operations)
-        if (!only || operation.name.find(only) != std::string::npos) Try(operation, trials);
+    for (const Operation& operation : operations) Try(operation, trials);
     int all = 0;
     for (const auto& [group, count] : trials.byGroup) {
         std::printf("%-12s %6d\n", group.c_str(), count);
@@ -99,10 +107,27 @@ void TryAll(const std::vector<Operation>& operations) {
     std::printf("%d operations, %d trials, %d wrong\n", static_cast<int>(operations.size()), all, trials.failures);
 }
 
+void RepeatAll(const std::vector<Operation>& operations) {
+    PatchLibrary();
+    const char* const wanted = std::getenv("KEST_LEAK_ROUNDS");
+    const int rounds = wanted ? std::atoi(wanted) : 15;
+    for (const Operation& operation : operations) {
+        runningStep = operation.name;
+        std::string before, whole;
+        Rehearse(operation, before, whole);
+        const std::string ledger = Ledger();
+        for (int round = 0; round < rounds; ++round) operation.make().run();
+        EXPECT_EQ(Ledger(), ledger) << operation.name << ", " << rounds << " times";
+    }
+    std::printf("%d operations, %d times each\n", static_cast<int>(operations.size()), rounds);
+}
+
 }  // namespace
 
-TEST(Faults, Images) { TryAll(ImageOperations()); }
+TEST(Faults, Images) { TryAll(Chosen(ImageOperations())); }
+TEST(Faults, Rois) { TryAll(Chosen(RoiOperations())); }
+TEST(Faults, StreamsListsCalibrationGraphsTools) { TryAll(Chosen(OtherOperations())); }
 
-TEST(Faults, Rois) { TryAll(RoiOperations()); }
-
-TEST(Faults, StreamsListsCalibrationGraphsTools) { TryAll(OtherOperations()); }
+TEST(Leaks, Images) { RepeatAll(Chosen(ImageOperations())); }
+TEST(Leaks, Rois) { RepeatAll(Chosen(RoiOperations())); }
+TEST(Leaks, StreamsListsCalibrationGraphsTools) { RepeatAll(Chosen(OtherOperations())); }
