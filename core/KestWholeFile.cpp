@@ -50,7 +50,8 @@ std::string_view FolderOf(const char* path) {
 
 /// Makes a file with a number for its name and the extension of `model`, and opens it. INVALID_HANDLE_VALUE when the folder
 /// allows none, or the path would be too long.
-HANDLE OpenNumbered(std::string_view folder, const char* model, char (&path)[KEST_NAME_SIZE]) {
+template <std::size_t Size>
+HANDLE OpenNumbered(std::string_view folder, const char* model, char (&path)[Size]) {
     const std::string_view extension = kest::SplitPath(model).extension;
     const auto length = [](std::string_view text) { return static_cast<int>(text.size()); };
     int refusals = 0;
@@ -103,7 +104,7 @@ void KestWholeFile::OpenForOldFile(HANDLE hOld) {
     hFile = OpenNumbered(FolderOf(szPath), szPath, szNewPath);
     if (hFile != INVALID_HANDLE_VALUE) return;
     bMovable = false;
-    char folder[KEST_NAME_SIZE];
+    char folder[PathSize];
     const DWORD length = GetTempPathA(sizeof folder, folder);
     if (length > 0 && length < sizeof folder) hFile = OpenNumbered({folder, length}, szPath, szNewPath);
 }

@@ -30,9 +30,9 @@ public:
         NotWritten,  ///< the disk did not take all bytes, or the old file could not be replaced
     };
 
-    /// Makes the new file. A null path, or one that is too long (over 259 characters), is NotCreated; so is one at which
-    /// there is a read-only file, or one that cannot be opened for writing with `ulSharing` (what other handles on it may do: FILE_SHARE_READ
-    /// and FILE_SHARE_WRITE, or 0).
+    /// Makes the new file. A null path, or one that is too long (for the system, or over 267 characters), is NotCreated; so
+    /// is one at which there is a read-only file, or one that cannot be opened for writing with `ulSharing` (what other
+    /// handles on it may do: FILE_SHARE_READ and FILE_SHARE_WRITE, or 0).
     explicit KestWholeFile(const char* pszPath, unsigned long ulSharing = FILE_SHARE_READ | FILE_SHARE_WRITE);
     /// What was not put in place by Replace is deleted.
     ~KestWholeFile();
@@ -73,12 +73,14 @@ private:
     bool MoveIntoPlace();
     bool CopyIntoPlace();
 
-    char szPath[KEST_NAME_SIZE];  ///< the file to replace
-    char
-        szNewPath[KEST_NAME_SIZE];  ///< what is deleted when it does not become whole: the new file; empty for a device
-    bool bOldFile = false;          ///< there was a file at the path
-    bool bComplete = false;         ///< the new file is closed, and how it gets into place is known
-    bool bMovable = false;          ///< it can be moved there
+    /// Longer than any path that a class keeps: a wide image's raw file has an extension more than its BMP file.
+    enum { PathSize = KEST_NAME_SIZE + 8 };
+
+    char szPath[PathSize];     ///< the file to replace
+    char szNewPath[PathSize];  ///< what is deleted when it does not become whole: the new file; empty for a device
+    bool bOldFile = false;     ///< there was a file at the path
+    bool bComplete = false;    ///< the new file is closed, and how it gets into place is known
+    bool bMovable = false;     ///< it can be moved there
     HANDLE hFile = INVALID_HANDLE_VALUE;
     Result eResult = NotCreated;
 };

@@ -1,5 +1,6 @@
 // Images on a rendered page and on the clipboard.
 #include "support/ClassTests.h"
+#include "support/Imports.h"
 #include "support/Printer.h"
 
 using namespace test;
@@ -27,6 +28,22 @@ Picture ClipboardPicture() {
     }
     CloseClipboard();
     return picture;
+}
+
+/// An image whose palettes cannot be selected, which a message tells.
+struct WithoutPalettes : CcGrayImage256 {
+    WithoutPalettes() {
+        MakeBlankBMP(2000, 2000, 200, "large");
+        DeleteObject(stTable101.hPalette);
+    }
+};
+
+/// What the host does while the printer asks for a file.
+std::function<void()> duringStart;
+
+int WINAPI AskAndStart(HDC printer, const DOCINFOA* job) {
+    if (duringStart) duringStart();
+    return StartDocA(printer, job);
 }
 
 }  // namespace
@@ -75,6 +92,31 @@ TEST(Print, NothingToPrint) {
         EXPECT_EQ(image.Print(nullptr, static_cast<unsigned short>(lut), 0, 0, 0, 1), -1);
     }
     EXPECT_EQ(CcImage::stPrintSetup.hDC, nullptr);
+}
+
+TEST(Print, PictureReplacedWhileADialogIsShown) {
+    ASSERT_TRUE(InstallPrinter());
+    const ReplacedImport start(GetModuleHandleA("KestApi.dll"), "StartDocA", &AskAndStart);
+    const auto levels = [](const std::function<void(CcImage&)>& replace) {
+        WithoutPalettes copied, printed;
+        CcGrayImage256 started;
+        started.MakeBlankBMP(2000, 2000, 200, "large");
+        DuringNextBox([&] { replace(copied); });
+        const int copy = copied.CopyToClipboard(nullptr, 101, nullptr);
+        std::vector<unsigned> found = {copy < 0 ? 0 : ClipboardPicture().At(4, 4)};
+        for (CcGrayImage256* image : {static_cast<CcGrayImage256*>(&printed), &started}) {
+            if (image == &printed) DuringNextBox([&] { replace(printed); });
+            if (image == &started) duringStart = [&] { replace(started); };
+            AnswerPrintDialog(IDOK);
+            const int result = image->Print(nullptr, 101, 0, 0, 0, 1);
+            found.push_back(result < 0 ? 0 : TakePrintedPage().At(600, 600));
+            duringStart = nullptr;
+        }
+        return found;
+    };
+    EXPECT_EQ(levels([](CcImage& image) { image.MakeBlankBMP(5, 5, 77, "small"); }), std::vector(3, Gray(77)));
+    EXPECT_EQ(levels([](CcImage& image) { image.OpenBMPFile("there is no such file.bmp"); }), std::vector(3, 0u));
+    EXPECT_EQ(TakeBoxes().size(), 7u);
 }
 
 TEST(Clipboard, RectangleWithOverlay) {

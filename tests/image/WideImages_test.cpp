@@ -431,3 +431,27 @@ TEST(WideImages, PictureReplacedWhileTheSaveDialogIsOpen) {
     EXPECT_EQ(opened(3, 2), 70000.0F);
     EXPECT_EQ(TakeFileDialogs().size(), 1u);
 }
+
+TEST(WideImages, PathsThatAreTooLongForTheRawFile) {
+    CreateDirectoryA("folder", nullptr);
+    std::string bmp = "folder";
+    while (bmp.size() < 254) bmp += "\\.";
+    bmp[253] = '\\';
+    for (bmp += "w"; bmp.size() <= 259; bmp += "w") {
+        SCOPED_TRACE(bmp.size());
+        const std::string raw = bmp + ".i32";
+        // Whether there can be one is the platform's to say.
+        const HANDLE made = CreateFileA(raw.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+        const bool fits = made != INVALID_HANDLE_VALUE && CloseHandle(made) && DeleteFileA(raw.c_str());
+        Open32 image, back;
+        image.Fill(2, 3, {10, 20, 30, 40, 50, 265});
+        image.Shown();
+        EXPECT_EQ(image.SaveBMPFile(bmp.c_str()), fits ? 0 : -1);
+        EXPECT_EQ(back.OpenBMPFile(bmp.c_str()), 0);
+        EXPECT_EQ(back(2, 1), fits ? 265.0F : 255.0F);
+        EXPECT_EQ(TakeBoxes().size(), fits ? 0u : 1u);
+        DeleteFileA(raw.c_str());
+        DeleteFileA(bmp.c_str());
+    }
+    EXPECT_TRUE(RemoveDirectoryA("folder"));
+}
