@@ -26,8 +26,10 @@ add_library(kest_test_support STATIC ${support_sources})
 target_link_libraries(kest_test_support PUBLIC KestApi kest_kernels gtest kest_options winspool)
 target_include_directories(kest_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
 target_compile_options(kest_test_support PUBLIC -O1)
-target_compile_definitions(kest_test_support PUBLIC
-  KEST_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data" KEST_PRINTED_PAGE="${CMAKE_BINARY_DIR}/printed-page.bmp")
+set_source_files_properties(tests/support/TestData.cpp PROPERTIES
+  SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS KEST_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+set_source_files_properties(tests/support/Printer.cpp PROPERTIES
+  SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS KEST_PRINTED_PAGE="${CMAKE_BINARY_DIR}/printed-page.bmp")
 
 # What every test file reads first is read once.
 target_precompile_headers(kest_test_support PRIVATE tests/support/ClassTests.h)

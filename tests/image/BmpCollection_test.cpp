@@ -50,7 +50,7 @@ const Boxes& BoxesFor(const std::string& name, const std::vector<Verdict>& verdi
 template <class Image>
 void ExpectVerdicts(const std::vector<Verdict>& verdicts) {
     int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(KEST_TEST_DATA_DIR "/bmp")) {
+    for (const auto& entry : std::filesystem::directory_iterator(DataPath("bmp"))) {
         ++files;
         const std::string name = entry.path().filename().string();
         const Boxes& expected = BoxesFor(name, verdicts);

@@ -170,7 +170,7 @@ TEST(Cc24BitHSLImage, ARealPictureIsThresholdedByHueAndEndsAsItBegan) {
     constexpr int side = 128;
     TestWindow window(side, side);
     OpenHsl image;
-    ASSERT_EQ(image.OpenBMPFile(KEST_TEST_DATA_DIR "/tissue.bmp"), 0);
+    ASSERT_EQ(image.OpenBMPFile(DataPath("tissue.bmp").c_str()), 0);
     constexpr std::size_t count = side * side;
     const Pixels original = PixelsOf(image), plane = PlaneOf(image, count);
     image.Show(window, 100, 1, 0, 0, 1);

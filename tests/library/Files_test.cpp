@@ -8,7 +8,7 @@ using namespace test;
 
 namespace {
 
-const std::string golden = KEST_TEST_DATA_DIR "/golden/";
+const std::string golden = DataPath("golden/");
 
 /// Samples of all sizes and both signs where the class has them; a binary image has 0 and 1.
 void Fill(CcImage& image, std::mt19937& random) {

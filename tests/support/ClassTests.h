@@ -12,4 +12,5 @@
 #include "support/KnownRois.h"
 #include "support/Slots.h"
 #include "support/Streams.h"
+#include "support/TestData.h"
 #include "support/TestWindow.h"
