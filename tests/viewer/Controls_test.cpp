@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <set>
 #include <vector>
 
 #include "platform/ListView.h"
@@ -39,14 +40,26 @@ TEST_F(Controls, ANarrowColumnStaysUntilItsTextsNeedMoreThanEver) {
     EXPECT_GT(fittedTo("123456789012"), first);
 }
 
-TEST_F(Controls, TheToolbarWrapsInAWindowThatIsNarrowerThanItsButtons) {
+TEST_F(Controls, TheToolbarTakesTheRowsThatItsButtonsNeed) {
     kestview::Toolbar toolbar;
     ASSERT_TRUE(toolbar.Create(parent));
-    for (WPARAM i = 0; i < static_cast<WPARAM>(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0)); ++i) {
-        RECT place = {};
-        SendMessageA(toolbar, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place));
-        EXPECT_LE(place.right, 400) << i;
-        EXPECT_LE(place.bottom, toolbar.Height()) << i;
+    const int oneRow = toolbar.Arrange(1000);
+    for (const int width : {1000, 600, 400}) {
+        SCOPED_TRACE(width);
+        const int height = toolbar.Arrange(width);
+        RECT place = {}, window = {};
+        GetWindowRect(toolbar, &window);
+        EXPECT_EQ(window.right - window.left, width);
+        EXPECT_EQ(window.bottom - window.top, height);
+        std::set<LONG> rows;
+        for (WPARAM i = 0; i < static_cast<WPARAM>(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0)); ++i) {
+            SendMessageA(toolbar, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place));
+            EXPECT_LE(place.right, width) << i;
+            rows.insert(place.top);
+        }
+        EXPECT_EQ(rows.size(), width == 1000 ? 1u : width == 600 ? 2u : 3u);
+        EXPECT_LE(place.bottom, height);
+        EXPECT_LT(height, oneRow * static_cast<int>(rows.size() + 1)) << "no empty row";
     }
 }
 

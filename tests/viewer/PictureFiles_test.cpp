@@ -260,13 +260,16 @@ TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
     // A disk that has room for the samples, but not for what is shown besides; and for a ROI.
     {
         const ReplacedImport small(nullptr, "GetDiskFreeSpaceExA", &TellFewBytesFree);
-        const TemporaryFile file("small.bmp"), samples("small.i16"), roiFile("small.roi");
+        const TemporaryFile file("small.bmp"), samples("small.i16"), roiFile("small.roi"), part("part.png");
         EXPECT_FALSE(saved(KEST_IMAGE_INT16, file.Path()));
         EXPECT_NE(error.find("\n\nThe disk is full: 1 KB are needed"), std::string::npos) << error;
         CcRoiRect rect;
         RECT place = {2, 8, 6, 3};
         rect.SetRoiImageCord(&place);
         EXPECT_TRUE(SaveRoi(rect, roiFile.Path(), error)) << error;
+        EXPECT_FALSE(SaveWhole(
+            "It", part.Path(), 0, [](const std::string&) { return false; }, error));
+        EXPECT_NE(error.find("\n\nThe disk is full."), std::string::npos) << "no room for what came: " << error;
     }
     // A disk that has no room for so much.
     const auto write = [](const std::string&) { return true; };

@@ -73,9 +73,9 @@ void ResultsPane::Measure() {
     list.FitColumns(widestTexts);
     std::string note = "No picture";
     if (document && document->Calibration())
-        note = "In " + table.units + ", by the calibration.";
+        note = "In " + table.units + ", as calibrated.";
     else if (document)
-        note = "In pixels: the picture is not calibrated.";
+        note = "In pixels, not calibrated.";
     SetText(IDC_RESULTS_NOTE, note);
     for (const int button : {IDC_RESULTS_COPY, IDC_RESULTS_EXPORT}) Enable(button, !table.rows.empty());
 }

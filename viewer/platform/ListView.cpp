@@ -47,7 +47,7 @@ std::string ListView::TextAt(int row, int column) const {
 
 void ListView::FitColumns(std::vector<int>& widest) const {
     widest.resize(static_cast<std::size_t>(ColumnCount()));
-    const int margins = MulDiv(14, DpiOf(list), 96);
+    const int dpi = DpiOf(list), margins = MulDiv(14, dpi, 96);
     const auto widthOf = [&](const char* text) {
         return static_cast<int>(SendMessageA(list, LVM_GETSTRINGWIDTHA, 0, reinterpret_cast<LPARAM>(text))) + margins;
     };
@@ -61,8 +61,9 @@ void ListView::FitColumns(std::vector<int>& widest) const {
         int width = widthOf(title);
         for (int row = 0; row < RowCount(); ++row) width = std::max(width, widthOf(TextAt(row, column).c_str()));
         int& known = widest[static_cast<std::size_t>(column)];
-        if (width <= known) continue;
-        known = width;
+        const int needed = MulDiv(width, 96, dpi);
+        if (needed <= known) continue;
+        known = needed;
         if (width > SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0))
             SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
     }

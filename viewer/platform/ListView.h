@@ -17,7 +17,7 @@ public:
     void AddColumn(const char* title, int width, bool isNumber = false) const;
     void SetColumnTitle(int column, const std::string& title) const;
     /// Makes columns wide enough for their titles and texts that need more than ever before; `widest` notes for each
-    /// column what was needed. One that the user has made narrower so stays as it is.
+    /// column what was needed, for 96 dots an inch. One that the user has made narrower so stays as it is.
     void FitColumns(std::vector<int>& widest) const;
     void ScaleColumns(int newDpi, int oldDpi) const;
     int RowCount() const;

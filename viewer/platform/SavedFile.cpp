@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <climits>
+
 #include "KestWholeFile.h"
 #include "platform/Guards.h"
 #include "platform/Text.h"
@@ -45,14 +47,25 @@ DWORD ErrorOfOpening(const std::string& path) {
     return error == ERROR_FILE_NOT_FOUND ? errorOf(CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE) : error;
 }
 
-std::string WhyTooLarge(const std::string& path, long long bytes) {
+/// On the disk of `path`; very many when the system does not tell.
+long long FreeBytes(const std::string& path) {
     const std::string folder = FolderOf(FullPathOf(path));
     ULARGE_INTEGER free;
-    if (!GetDiskFreeSpaceExA(folder.c_str(), &free, nullptr, nullptr) ||
-        free.QuadPart >= static_cast<unsigned long long>(bytes))
-        return "";
-    return "The disk is full: " + SizeText(bytes) + " are needed, " + SizeText(static_cast<long long>(free.QuadPart)) +
-           " are free.";
+    const bool isTold = GetDiskFreeSpaceExA(folder.c_str(), &free, nullptr, nullptr) && free.QuadPart <= LLONG_MAX;
+    return isTold ? static_cast<long long>(free.QuadPart) : LLONG_MAX;
+}
+
+std::string WhyTooLarge(const std::string& path, long long bytes) {
+    const long long free = FreeBytes(path);
+    if (free >= bytes) return "";
+    return "The disk is full: " + SizeText(bytes) + " are needed, " + SizeText(free) + " are free.";
+}
+
+/// To be asked while the part of a file that could be written still takes its room. What is left then is less than the
+/// piece that a writer had at hand.
+bool IsDiskFull(const std::string& path) {
+    constexpr long long usualPiece = 64 << 10;
+    return FreeBytes(path) < usualPiece;
 }
 
 }  // namespace
@@ -81,10 +94,12 @@ bool SaveWhole(const std::string& what, const std::string& path, long long bytes
         const char* newPath = file.LendPath();
         const Written written = newPath ? write(newPath) : false;
         if (written.isWhole && file.Replace() == KEST_OK) return true;
+        const bool isDiskFull = IsDiskFull(path);
         file.Abandon();
         reason = written.reason;
         // What the disk or another program did meanwhile.
         if (reason.empty()) reason = WhyNotWritable(path, bytes);
+        if (reason.empty() && isDiskFull) reason = "The disk is full.";
         error.clear();
         if (reason.empty() && written.isTold) return false;
         if (reason.empty()) reason = "Not all of it could be written; the disk may be full.";

@@ -94,12 +94,11 @@ void MainWindow::OnDpiChanged(const RECT& place) {
 
 void MainWindow::Arrange() {
     if (!view) return;
-    SendMessageA(toolbar, TB_AUTOSIZE, 0, 0);
     statusBar.Arrange();
     RECT room, status;
     GetClientRect(window, &room);
     GetWindowRect(statusBar, &status);
-    room.top += toolbar.Height();
+    room.top += toolbar.Arrange(WidthOf(room));
     room.bottom -= HeightOf(status);
     std::vector<Splitters::Bar> bars;
     ArrangeSide(room, bars);

@@ -14,10 +14,11 @@ constexpr int pictureSize = 24;
 }  // namespace
 
 bool Toolbar::Create(HWND parent) {
-    window =
-        CreateWindowExA(0, TOOLBARCLASSNAMEA, "",
-                        WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE, 0,
-                        0, 0, 0, parent, reinterpret_cast<HMENU>(IDC_TOOLBAR), ProgramInstance(), nullptr);
+    // It is placed by Arrange: by itself it can become taller than its rows.
+    window = CreateWindowExA(
+        0, TOOLBARCLASSNAMEA, "",
+        WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE | CCS_NORESIZE, 0,
+        0, 0, 0, parent, reinterpret_cast<HMENU>(IDC_TOOLBAR), ProgramInstance(), nullptr);
     if (!window) return false;
     SendMessageA(window, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     MakePictures();
@@ -30,7 +31,6 @@ bool Toolbar::Create(HWND parent) {
         record.fsStyle = button.style;
         SendMessageA(window, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&record));
     }
-    SendMessageA(window, TB_AUTOSIZE, 0, 0);
     return true;
 }
 
@@ -75,10 +75,18 @@ void Toolbar::AddTool(int command, HBITMAP picture) {
     SendMessageA(window, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&record));
 }
 
-int Toolbar::Height() const {
-    RECT place;
-    GetWindowRect(window, &place);
-    return HeightOf(place);
+int Toolbar::Arrange(int width) {
+    const auto resize = [&](int height) {
+        SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    resize(0);
+    SendMessageA(window, TB_AUTOSIZE, 0, 0);
+    RECT last = {};
+    const auto count = static_cast<WPARAM>(SendMessageA(window, TB_BUTTONCOUNT, 0, 0));
+    SendMessageA(window, TB_GETITEMRECT, count - 1, reinterpret_cast<LPARAM>(&last));
+    const int height = static_cast<int>(last.bottom) + MulDiv(6, DpiOf(window), 96);
+    resize(height);
+    return height;
 }
 
 void Toolbar::SetState(int command, bool isEnabled, bool isChecked) const {

@@ -16,7 +16,8 @@ class Toolbar {
 public:
     bool Create(HWND parent);
     operator HWND() const { return window; }
-    int Height() const;
+    /// Lays the buttons out in as many rows as they need in this width, at the parent's top. Returns the height.
+    int Arrange(int width);
     /// Draws the pictures anew for the window's resolution.
     void MakePictures();
     /// A button for a tool library, at the end. The picture stays the tool's.
