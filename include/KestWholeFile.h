@@ -13,7 +13,8 @@
 /// An old file that has another name (a link), that others hold open and do not let go, or whose folder allows no new file,
 /// stays the file that it is: the new one (which is made in the temporary folder, if need be) is copied into it when it is
 /// complete. Others see the bytes through the handles that they have; but those who share the file for deleting keep the
-/// old one. Only a device or pipe is written to at once.
+/// old one. Only a device or pipe is written to at once, and a new file at a path beside which no other name fits (which is
+/// deleted when it does not become whole).
 ///
 ///     KestWholeFile file("plate.csv");
 ///     file.Write(text, length);
@@ -43,8 +44,8 @@ public:
     int Write(const void* pBytes, long long llBytes);
 
     /// For a writer that wants a path: closes the new file, still empty, and returns its name, which ends in the extension
-    /// of the path. After that writer Replace puts the file in place; Write must not be called. For a device the path
-    /// itself; null when the file was not created.
+    /// of the path. After that writer Replace puts the file in place; Write must not be called. What is written to at once
+    /// gives the path itself; null when the file was not created.
     const char* LendPath();
 
     /// For files that are replaced together: closes the new file and asks whether the old one lets itself be replaced, so

@@ -1,5 +1,6 @@
 // Files that are replaced only by whole ones: what becomes of the old file, of its readers, and of the folder.
 #include "support/ClassTests.h"
+#include "support/Imports.h"
 
 namespace {
 
@@ -32,6 +33,15 @@ struct Folder {
         return {bytes.begin(), bytes.end()};
     }
 };
+
+/// The system's answer to a name whose file is deleted, but held open by somebody.
+HANDLE WINAPI CreateBesideALeftover(const char* path, DWORD access, DWORD sharing, SECURITY_ATTRIBUTES* security,
+                                    DWORD disposition, DWORD attributes, HANDLE model) {
+    if (!std::strstr(path, "~kest1"))
+        return CreateFileA(path, access, sharing, security, disposition, attributes, model);
+    SetLastError(ERROR_ACCESS_DENIED);
+    return INVALID_HANDLE_VALUE;
+}
 
 KestWholeFile::Result WriteOver(const char* path = "whole\\a.txt", const char* text = "new") {
     KestWholeFile file(path);
@@ -71,6 +81,10 @@ TEST(KestWholeFile, ReplacesTheOldFileOrLeavesIt) {
     EXPECT_EQ(Folder::Text(), "new");
     EXPECT_EQ(lent.Replace(), 0);
     EXPECT_EQ(Folder::Text(), "by another");
+    {
+        const test::ReplacedImport leftover(GetModuleHandleA("KestApi.dll"), "CreateFileA", &CreateBesideALeftover);
+        EXPECT_STREQ(KestWholeFile("whole\\a.txt").LendPath(), "whole\\~kest2.txt");
+    }
     SetFileAttributesA("whole\\a.txt", FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(WriteOver(), KestWholeFile::NotCreated);
 }
