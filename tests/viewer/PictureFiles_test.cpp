@@ -144,14 +144,24 @@ TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
                                   24)
                             .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s, 10)
                             .Fill(20, 0)},
-        // Its screen has one pixel.
+        // Its screen and its first picture have one pixel.
         {"bomb.gif", Bytes()
                          .Text("GIF89a\1\0\1\0\x80\0\0"s, 13)
                          .Fill(6, 0)
-                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0"s, 13)
+                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0,\0\0\0\0"s, 28)
                          .U16(20000)
                          .U16(20000)
                          .Fill(20, 0)},
+        {"bomb.ico", Bytes()
+                         .Text("\0\0\1\0\1\0"s, 6)
+                         .Fill(12, 0)
+                         .I32(22)
+                         .Text("\x89PNG\r\n\x1A\n\0\0\0\xDIHDR"s, 16)
+                         .Add(big(62, 128))
+                         .Add(big(62, 128))
+                         .U8(8)
+                         .U8(6)
+                         .Fill(8, 0)},
         {"palette.bmp", Bytes()
                             .Text("BM", 2)
                             .I32(1078 + 12000 * 12500)

@@ -71,7 +71,8 @@ private:
 
 int BytesPerPixel(std::uint32_t samples, std::uint32_t bits) {
     constexpr std::uint32_t mostSamples = 16, mostBits = 64;
-    if (bits < 8 || bits > mostBits || samples < 1 || samples > mostSamples) return 4;
+    // Two samples are gray and an opacity.
+    if (bits < 8 || bits > mostBits || samples < 1 || samples == 2 || samples > mostSamples) return 4;
     return static_cast<int>(samples * bits / 8);
 }
 
@@ -119,13 +120,16 @@ void ReadCameraTags(FileNumbers& file, std::uint64_t start, PictureHeader& heade
     file.ForgetEnd();
 }
 
-void ReadPng(FileNumbers& file, PictureHeader& header) {
+constexpr char pngSignature[] = "\x89PNG\r\n\x1A\n";
+
+void ReadPng(FileNumbers& file, std::uint64_t start, PictureHeader& header) {
     constexpr std::uint32_t samplesOfType[] = {1, 0, 3, 0, 2, 0, 4};  // 3, a palette, is decoded into colours
-    header.width = file.U32(16);
-    header.height = file.U32(20);
-    const std::uint32_t type = file.U8(25);
-    header.bytesPerPixel = BytesPerPixel(type < std::size(samplesOfType) ? samplesOfType[type] : 0, file.U8(24));
-    std::uint64_t chunk = 8;
+    header.width = file.U32(start + 16);
+    header.height = file.U32(start + 20);
+    const std::uint32_t type = file.U8(start + 25);
+    header.bytesPerPixel =
+        BytesPerPixel(type < std::size(samplesOfType) ? samplesOfType[type] : 0, file.U8(start + 24));
+    std::uint64_t chunk = start + 8;
     for (int i = 0; i < mostParts && !file.IsPastEnd(); ++i) {
         constexpr std::uint32_t exif = 0x65584966;  // "eXIf"
         if (file.U32(chunk + 4) == exif) return ReadCameraTags(file, chunk + 8, header);
@@ -162,20 +166,34 @@ void ReadJpeg(FileNumbers& file, PictureHeader& header) {
     }
 }
 
-/// The first picture's own size: the screen that the file begins with says nothing about it.
+/// The largest picture's own size, as decoders take all of them at once. The screen that the file begins with says
+/// nothing about them.
 void ReadGif(FileNumbers& file, PictureHeader& header) {
     constexpr std::uint32_t extension = 0x21, picture = 0x2C;
     file.isBigEndian = false;
     const auto tableBytes = [](std::uint32_t flags) { return flags & 0x80 ? 3ULL << ((flags & 7) + 1) : 0ULL; };
-    std::uint64_t at = 13 + tableBytes(file.U8(10));
-    while (file.U8(at) == extension && !file.IsPastEnd()) {
-        at += 2;
+    for (std::uint64_t at = 13 + tableBytes(file.U8(10)); !file.IsPastEnd(); ++at) {
+        if (file.U8(at) == extension) {
+            at += 2;
+        } else if (file.U8(at) == picture) {
+            PictureHeader found;
+            found.width = file.U16(at + 5);
+            found.height = file.U16(at + 7);
+            if (found.PixelBytes() > header.PixelBytes()) header = found;
+            at += 11 + tableBytes(file.U8(at + 9));
+        } else {
+            return;
+        }
         while (const std::uint32_t bytes = file.U8(at)) at += 1 + bytes;
-        ++at;
     }
-    if (file.U8(at) != picture) return;
-    header.width = file.U16(at + 5);
-    header.height = file.U16(at + 7);
+}
+
+/// Icons hold whole PNG files. Their other pictures take no more than the file does.
+void ReadIcon(FileNumbers& file, unsigned page, PictureHeader& header) {
+    file.isBigEndian = false;
+    const std::uint64_t start = page < file.U16(4) ? file.U32(6 + 16ULL * page + 12) : 0;
+    file.isBigEndian = true;
+    if (start != 0 && file.Has(start, pngSignature)) ReadPng(file, start, header);
 }
 
 void ReadBmp(FileNumbers& file, PictureHeader& header) {
@@ -192,14 +210,16 @@ void ReadBmp(FileNumbers& file, PictureHeader& header) {
 PictureHeader ReadPictureHeader(const std::string& path, unsigned page) {
     FileNumbers file(path);
     PictureHeader header;
-    if (file.Has(0, "\x89PNG\r\n\x1A\n")) {
-        ReadPng(file, header);
+    if (file.Has(0, pngSignature)) {
+        ReadPng(file, 0, header);
     } else if (file.Has(0, "\xFF\xD8")) {
         ReadJpeg(file, header);
     } else if (file.Has(0, "GIF8")) {
         ReadGif(file, header);
     } else if (file.Has(0, "BM")) {
         ReadBmp(file, header);
+    } else if (file.Has(0, "\0\0\1\0")) {
+        ReadIcon(file, page, header);
     } else {
         ReadTags(file, 0, page, header);
     }

@@ -1,7 +1,7 @@
 // What a picture file tells in front of its pixels: their number, before any decoder takes memory for them, and which
 // way up they are, which the decoders do not look at.
 //
-// Read are PNG, JPEG, TIFF, GIF and BMP files. Everything else, and what lies beyond the end of the file, counts as not
+// Read are PNG, JPEG, TIFF, GIF and BMP files, and the PNG pictures in icons. Everything else, and what lies beyond the end of the file, counts as not
 // told.
 #pragma once
 
@@ -18,7 +18,7 @@ struct PictureHeader {
     double PixelBytes() const { return static_cast<double>(width) * static_cast<double>(height) * bytesPerPixel; }
 };
 
-/// `page` from 0: of the pages of a TIFF file.
+/// `page` from 0: of the pages of a TIFF file, or an icon's pictures.
 PictureHeader ReadPictureHeader(const std::string& path, unsigned page);
 
 }  // namespace kestview

@@ -205,7 +205,13 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
                                        const PictureQuestions& ask) {
     // Some decoders take memory for all pixels at once, so the file itself is asked first.
     PictureHeader header = ReadPictureHeader(path, 0);
-    if (!IsWanted(header.PixelBytes(), path, ask, error)) return nullptr;
+    double agreed = 0;
+    const auto isWanted = [&](double bytes) {
+        if (bytes > agreed && !IsWanted(bytes, path, ask, error)) return false;
+        agreed = std::max(agreed, bytes);
+        return true;
+    };
+    if (!isWanted(header.PixelBytes())) return nullptr;
     Busy busy("Opening " + FileNameOf(path));
     Com<IWICImagingFactory> factory;
     if (!MakeWicFactory(factory)) {
@@ -226,13 +232,14 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
     if (number < 1 || number > static_cast<int>(pages)) return nullptr;
     const auto index = static_cast<UINT>(number - 1);
     if (index > 0) header = ReadPictureHeader(path, index);
+    if (!isWanted(header.PixelBytes())) return nullptr;
 
     Page page;
-    error = damaged;
-    if (!page.Open(factory, decoder, index)) return nullptr;
-    const bool isAskedAbout = index == 0 && header.PixelBytes() > mostBytesUnasked;
-    error.clear();
-    if (!isAskedAbout && !IsWanted(page.PixelBytes(), path, ask, error)) return nullptr;
+    if (!page.Open(factory, decoder, index)) {
+        error = damaged;
+        return nullptr;
+    }
+    if (!isWanted(page.PixelBytes())) return nullptr;
     error = damaged;
     auto image = Decode(factory, page, header.orientation, path, busy, error, warning);
     if (!image) return nullptr;
