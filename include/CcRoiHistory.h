@@ -15,8 +15,8 @@
 /// short (which a list that cannot grow says in a box). The list, its ROIs and the history are then as they were; only what
 /// a host's ROI class adds to the library's class of its type code (everything, when there is none) is what its Load left.
 ///
-/// While one of these functions runs (a box is open, or it calls a host's ROI class) the others return -1, and Clear does
-/// nothing.
+/// While Remember, Undo, Redo or Cancel runs (a box is open, or it calls a host's ROI class) each of them returns -1, and
+/// Clear does nothing; list and history must not be deleted then.
 class KEST_API CcRoiHistory {
 public:
     /// The list stays the caller's; its destruction type says whether ROIs that an undo takes out are deleted.

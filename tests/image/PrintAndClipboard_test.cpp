@@ -97,21 +97,27 @@ TEST(Print, NothingToPrint) {
 TEST(Print, PictureReplacedWhileADialogIsShown) {
     ASSERT_TRUE(InstallPrinter());
     const ReplacedImport start(GetModuleHandleA("KestApi.dll"), "StartDocA", &AskAndStart);
+    // What was drawn; 0 for nothing.
     const auto levels = [](const std::function<void(CcImage&)>& replace) {
+        const auto levelOf = [](const Picture& picture, int place) {
+            return place < picture.width && place < picture.height ? picture.At(place, place) : 0;
+        };
         WithoutPalettes copied, printed;
         CcGrayImage256 started;
         started.MakeBlankBMP(2000, 2000, 200, "large");
         DuringNextBox([&] { replace(copied); });
         const int copy = copied.CopyToClipboard(nullptr, 101, nullptr);
-        std::vector<unsigned> found = {copy < 0 ? 0 : ClipboardPicture().At(4, 4)};
-        for (CcGrayImage256* image : {static_cast<CcGrayImage256*>(&printed), &started}) {
-            if (image == &printed) DuringNextBox([&] { replace(printed); });
-            if (image == &started) duringStart = [&] { replace(started); };
+        std::vector<unsigned> found = {copy < 0 ? 0 : levelOf(ClipboardPicture(), 4)};
+        const auto print = [&](CcGrayImage256& image) {
             AnswerPrintDialog(IDOK);
-            const int result = image->Print(nullptr, 101, 0, 0, 0, 1);
-            found.push_back(result < 0 ? 0 : TakePrintedPage().At(600, 600));
-            duringStart = nullptr;
-        }
+            const int result = image.Print(nullptr, 101, 0, 0, 0, 1);
+            found.push_back(result < 0 ? 0 : levelOf(TakePrintedPage(), 600));
+        };
+        DuringNextBox([&] { replace(printed); });
+        print(printed);
+        duringStart = [&] { replace(started); };
+        print(started);
+        duringStart = nullptr;
         return found;
     };
     EXPECT_EQ(levels([](CcImage& image) { image.MakeBlankBMP(5, 5, 77, "small"); }), std::vector(3, Gray(77)));
