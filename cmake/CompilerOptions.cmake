@@ -12,7 +12,10 @@ add_library(kest_options INTERFACE)
 if(MSVC)
   target_compile_options(kest_options INTERFACE /W4 /WX /fp:strict)
 else()
-  target_compile_options(kest_options INTERFACE -Wall -Wextra -Wpedantic -Werror
+  target_compile_options(kest_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Werror
+    $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
+    # Pixels are indexed by int, as the interface counts them; clang would have each index cast.
+    -Wno-sign-conversion
     # Every build computes the same bits: no fused multiply-add, no fast-math.
     -ffp-contract=off)
   if(WIN32)
@@ -21,8 +24,8 @@ else()
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)
       # SSE registers round each step to its type; callers built by other compilers align the stack to four bytes.
       target_compile_options(kest_options INTERFACE -msse2 -mfpmath=sse -mstackrealign)
-    else()
-      # The compiler does not align 32-byte variables on this system's stack, but moves them as if it did.
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+      # This compiler does not align 32-byte variables on this system's stack, but moves them as if it did.
       target_compile_options(kest_options INTERFACE -Wa,-muse-unaligned-vector-move)
     endif()
   endif()

@@ -92,8 +92,9 @@ std::vector<Cell> MakeCells(const std::string& grayPath, const std::string& colo
     SetCurve(*cells.back().image, 104, 0, 64, [](float x) { return 255 * std::sqrt(x / 255); });
     cells.push_back({"LUT 101, false colours", OpenGray(grayPath), 101});
     for (int channel = 1; channel <= 3; ++channel)
-        SetCurve(*cells.back().image, 101, channel, 256,
-                 [channel](float x) { return 255 * std::fmax(0, 1 - std::fabs(x / 64 - (4 - channel))); });
+        SetCurve(*cells.back().image, 101, channel, 256, [peak = 4.0F - static_cast<float>(channel)](float x) {
+            return 255 * std::fmax(0.0F, 1 - std::fabs(x / 64 - peak));
+        });
 
     cells.push_back({"one band", OpenGray(grayPath)});
     cells.back().image->BeginThresholding(nullptr, 101);

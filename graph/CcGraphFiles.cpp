@@ -40,10 +40,10 @@ struct FieldReader {
     }
 };
 
-/// `format` takes the greatest length of the name, and the name.
-void ShowFileFailure(const char* format, const char* fileName) {
+/// Tells what stands before and behind the file's name.
+void ShowFileFailure(const char* before, const char* fileName, const char* behind = "") {
     char text[MAX_PATH + 40];
-    std::snprintf(text, sizeof text, format, MAX_PATH, fileName ? fileName : "");
+    std::snprintf(text, sizeof text, "%s%.*s%s", before, MAX_PATH, fileName ? fileName : "", behind);
     kest::ShowMessage(text, "Error...");
 }
 
@@ -79,16 +79,16 @@ int CcGraph::SaveAppearance(const char* pszFileName) {
     KestWholeFile file(pszFileName, notShared);
     file.Write(bytes, fileBytes);
     file.Replace();
-    if (file.GetResult() == KestWholeFile::NotWritten) ShowFileFailure("Can't write file:%.*s", pszFileName);
+    if (file.GetResult() == KestWholeFile::NotWritten) ShowFileFailure("Can't write file:", pszFileName);
     if (file.GetResult() != KestWholeFile::NotCreated) return KEST_OK;
-    ShowFileFailure("Can't open file:%.*s for saving", pszFileName);
+    ShowFileFailure("Can't open file:", pszFileName, " for saving");
     return KEST_FAILED;
 }
 
 int CcGraph::RestoreAppearance(const char* pszFileName) {
     const kest::FileHandle file(kest::OpenForReading(pszFileName));
     if (!file.IsOpen()) {
-        ShowFileFailure("Can't open file:%.*s for reading", pszFileName);
+        ShowFileFailure("Can't open file:", pszFileName, " for reading");
         return KEST_FAILED;
     }
     std::uint8_t bytes[fileBytes];

@@ -39,9 +39,9 @@ public:
 
 private:
     RealPoint ToWorld(RealPoint image) const {
-        RealPoint world = image;
-        if (calibration) calibration->ConvertPointExactly(image.x, image.y, &world.x, &world.y);
-        return world;
+        RealPoint point = image;
+        if (calibration) calibration->ConvertPointExactly(image.x, image.y, &point.x, &point.y);
+        return point;
     }
 
     const CcCalibration* calibration;

@@ -80,10 +80,11 @@ void LutEditor::Apply() {
     points[1].x = std::clamp(points[1].x, 1.0F, 254.0F);
     tagPoints table[256];
     for (int value = 0; value < 256; ++value) {
-        const tagPoints& from = points[value < points[1].x ? 0 : 1];
-        const tagPoints& to = points[value < points[1].x ? 1 : 2];
-        const float share = (static_cast<float>(value) - from.x) / (to.x - from.x);
-        table[value] = {static_cast<float>(value), std::clamp(from.y + share * (to.y - from.y), 0.0F, 255.0F)};
+        const float x = static_cast<float>(value);
+        const tagPoints& from = points[x < points[1].x ? 0 : 1];
+        const tagPoints& to = points[x < points[1].x ? 1 : 2];
+        const float share = (x - from.x) / (to.x - from.x);
+        table[value] = {x, std::clamp(from.y + share * (to.y - from.y), 0.0F, 255.0F)};
     }
     image.SetDisplayLUT(102, 0, table);  // point k of table 102 has x = k
     InvalidateRect(imageWindow, nullptr, FALSE);

@@ -15,6 +15,9 @@
 
 namespace {
 
+#ifdef __clang__
+#pragma clang diagnostic ignored "-Wkeyword-macro"  // hosts do so
+#endif
 #define new new (__FILE__, __LINE__)
 /// A picture of 300 x 300 with a rectangle and a line: large and small pieces in its record.
 CcGrayImage256* NewPicture() {

@@ -84,8 +84,8 @@ void Add(std::vector<Operation>& list, const std::string& name, const std::strin
                     },
                     PartlyDone});
 
-    for (const unsigned short table : {100, 101, 102, 103, 104})
-        for (const unsigned short mode : {0, 1})
+    for (unsigned short table = 100; table <= 104; ++table)
+        for (unsigned short mode = 0; mode <= 1; ++mode)
             if (mode == 1 || table == 101) list.push_back(ShowInto<Image>(name, table, mode));
     list.push_back({name + " Show in a window",
                     [] {

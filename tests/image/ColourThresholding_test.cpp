@@ -30,7 +30,7 @@ TEST(Cc24BitRGBImage, PixelsThroughTheAccessChannel) {
     for (const int none : {4, -1}) EXPECT_EQ(image.SetAccess(none), -1);
     for (const int channel : {1, 2, 3}) {
         EXPECT_EQ(image.SetAccess(channel), 0);
-        EXPECT_EQ(image(1, 0), 70.0F - 10 * channel);
+        EXPECT_EQ(image(1, 0), 70.0F - 10.0F * static_cast<float>(channel));
         image = 300.0F;
         EXPECT_EQ(image(1, 0), 44.0F);
     }

@@ -58,7 +58,7 @@ TEST(Print, PageInEveryTable) {
     for (int k = 0; k < 256; ++k) curve[k] = {static_cast<float>(k), 255.0F - static_cast<float>(k)};
     image.SetDisplayLUT(101, 2, curve);
 
-    for (const unsigned short lut : {100, 101, 102, 103, 104}) {
+    for (unsigned short lut = 100; lut <= 104; ++lut) {
         SCOPED_TRACE(lut);
         AnswerPrintDialog(IDOK);
         ASSERT_EQ(image.Print(nullptr, lut, 0, 0, 0, 1), 0);

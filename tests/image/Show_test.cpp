@@ -119,7 +119,7 @@ TEST(Show, DisplayTables) {
         for (int level = 0; level < 256; ++level) wrong += shown.At(level, 2) != colour(level);
         EXPECT_EQ(wrong, 0) << what << " LUT " << lut;
     };
-    for (const unsigned short lut : {100, 101, 102}) expectRamp(lut, Gray, "fresh");
+    for (unsigned short lut = 100; lut <= 102; ++lut) expectRamp(lut, Gray, "fresh");
     expectRamp(
         103, [](int v) { return Gray(v / 2 * 2); }, "fresh");
     expectRamp(
@@ -241,7 +241,7 @@ TEST(Show, LargestZoomsAndRectangles) {
     // Extents that are not large themselves, but multiplied with the picture's.
     FillPattern(image, 4000, 3000);
     for (const int zoom : {130, 150, 500, 1040, 2000})
-        for (const unsigned short mode : {0, 1}) {
+        for (unsigned short mode = 0; mode <= 1; ++mode) {
             MemoryPicture memory(60, 20, RGB(0, 0, 64));
             RECT rect = {-2000 * zoom, -1500 * zoom, 2000 * zoom, 1500 * zoom};
             EXPECT_EQ(image.Show(memory, &rect, 102, mode, 0, 0, zoom), 0);

@@ -31,7 +31,9 @@ inline std::unique_ptr<Document> MakeDocument(int type) {
         case KEST_IMAGE_INT32:
             fill(static_cast<int*>(pixels), pixelCount, [](int i) { return (i - 70) * 1000003; });
             break;
-        case KEST_IMAGE_FLOAT: fill(static_cast<float*>(pixels), pixelCount, [](int i) { return i / 7.0F - 3; }); break;
+        case KEST_IMAGE_FLOAT:
+            fill(static_cast<float*>(pixels), pixelCount, [](int i) { return static_cast<float>(i) / 7.0F - 3; });
+            break;
         case KEST_IMAGE_BINARY: fill(bytes, pixelCount, [](int i) { return i % 3 == 0; }); break;
         case KEST_IMAGE_GRAY256: fill(bytes, pixelCount, [](int i) { return i * 7; }); break;
         default: fill(bytes, 3 * pixelCount, [](int i) { return i / 3 * (5 + 2 * (i % 3)); });

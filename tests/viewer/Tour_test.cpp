@@ -116,7 +116,8 @@ public:
 
         // Each display table as the library itself draws it.
         const MemoryPicture expected(plateWidth, plateHeight);
-        for (const unsigned short table : {100, 101, 103, 104, 102}) {
+        constexpr unsigned short tables[] = {100, 101, 103, 104, 102};
+        for (const unsigned short table : tables) {
             view->Press({VK_MENU, 'D'});
             view->Type(std::to_wstring(table % 100));
             RECT all = {0, 0, plateWidth, plateHeight};
@@ -249,9 +250,9 @@ public:
         EXPECT_EQ(shown.At(square.x, square.y), 0x286EE6u) << "in the band";
         EXPECT_NE(shown.At(ground.x, ground.y), 0x286EE6u);
         // A second band, and away with it.
-        const auto isCounted = [&](int low) {
+        const auto isCounted = [&](int highest) {
             const auto count = std::count_if(Pixels(), Pixels() + plateWidth * plateHeight, [&](int level) {
-                return level <= low || level >= example::plateThreshold;
+                return level <= highest || level >= example::plateThreshold;
             });
             const std::wstring start = L"In the bands: " + std::to_wstring(count) + L" pixels,";
             return Driver::WaitFor(

@@ -117,16 +117,16 @@ TEST(ColourThreshold, LuminanceOfEveryColour) {
 }
 
 TEST(ColourThreshold, ChannelBands) {
-    for (const int byte : {0, 1, 2}) {
-        ExpectChannel(RandomPixels(2), byte, overlapping);
-        ExpectChannel(RandomPixels(5), byte, TwentyBands());
-        ChannelPainter truncated(byte);
+    for (const int channel : {0, 1, 2}) {
+        ExpectChannel(RandomPixels(2), channel, overlapping);
+        ExpectChannel(RandomPixels(5), channel, TwentyBands());
+        ChannelPainter truncated(channel);
         truncated.AddBand(ToByteBand(100.9F, 1000.0F), LowBytes(1, 2, 3));
         ExpectPainted(
             RandomPixels(2),
             [&](SourcePlane from, TargetPlane to, InstructionSet set) { truncated.Paint(from, to, set); },
-            [byte](std::uint8_t* pixel) {
-                PutIfHeld(pixel, {100, 255, 1, 2, 3}, pixel[byte]);
+            [channel](std::uint8_t* pixel) {
+                PutIfHeld(pixel, {100, 255, 1, 2, 3}, pixel[channel]);
             });
     }
 }

@@ -88,17 +88,18 @@ TEST(BmpFormat, RandomHeadersNeverLeadOutside) {
     int accepted = 0;
     for (int round = 0; round < 200000; ++round) {
         Header header;
-        const auto odd = [&](int one) { return random() % static_cast<unsigned>(one) == 0; };
-        header.width = odd(4) ? static_cast<int>(random()) : static_cast<int>(random() % 9);
-        header.height = odd(4) ? static_cast<int>(random()) : static_cast<int>(random() % 9);
-        if (odd(8)) header.size = random();
-        if (odd(8)) header.bits = static_cast<std::uint16_t>(random());
-        if (odd(4)) header.colours = odd(2) ? random() : random() % 300;
-        const std::size_t following = odd(2) ? random() % 1100 : 1024 + random() % 70;
+        const auto any = [&] { return static_cast<std::uint32_t>(random()); };
+        const auto odd = [&](std::uint32_t one) { return any() % one == 0; };
+        header.width = odd(4) ? static_cast<int>(any()) : static_cast<int>(any() % 9);
+        header.height = odd(4) ? static_cast<int>(any()) : static_cast<int>(any() % 9);
+        if (odd(8)) header.size = any();
+        if (odd(8)) header.bits = static_cast<std::uint16_t>(any());
+        if (odd(4)) header.colours = odd(2) ? any() : any() % 300;
+        const std::size_t following = odd(2) ? any() % 1100 : 1024 + any() % 70;
         const auto bytes = header.Bytes(following);
         const std::uint32_t pixels =
             (static_cast<std::uint32_t>(header.width) & 0xFFFF) * (static_cast<std::uint32_t>(header.height) & 0xFFFF);
-        const std::uint32_t fileBytes = odd(4) ? random() : static_cast<std::uint32_t>(14 + bytes.size());
+        const std::uint32_t fileBytes = odd(4) ? any() : static_cast<std::uint32_t>(14 + bytes.size());
         DibLayout layout;
         const bool isLaidOut = ReadDibLayout(bytes, layout);
         const bool isAccepted = JudgeBmp({fileBytes, fileBytes - pixels}, bytes, 8) == BmpVerdict::Accepted;

@@ -44,12 +44,12 @@ TEST(BlitPlan, PartsOfTargetsLargerThanPlatformsMultiplyShowTheSamePixels) {
                     const long long size = std::abs(part.targetSize);
                     EXPECT_LE(size, LargestBlitExtent);
                     EXPECT_LE(size * part.count, LargestBlitProduct);
-                    for (long long x = 0; x < 40; ++x) {
+                    for (int x = 0; x < 40; ++x) {
                         const long long along = direction * (x - part.target);
                         if (along >= 0 && along < size) shown[x] = part.first + along * part.count / size;
                     }
                 }
-                for (long long x = 0; x < 40; ++x) {
+                for (int x = 0; x < 40; ++x) {
                     const long long along = direction * (x - begin);
                     if (along >= 0 && along < pixels * zoom) expected[x] = along / zoom;
                 }

@@ -61,7 +61,7 @@ constexpr float extremes[] = {noNumber, infinity, -infinity, 0.0F, -0.0F, 1e-45F
 template <class Sample>
 std::vector<Sample> RandomSamples(std::mt19937& random, std::size_t count) {
     std::vector<Sample> samples(count);
-    const unsigned narrow = random() % 3;
+    const auto narrow = random() % 3;
     for (Sample& sample : samples) {
         const auto bits = static_cast<std::uint32_t>(random());
         if constexpr (std::is_same_v<Sample, float>) {
