@@ -177,7 +177,8 @@ int Cc24BitHSLImage::UpdateRGB() {
 unsigned char* Cc24BitHSLImage::ReadDibBM24HSL(const char* pszPath, void** phDIB) {
     if (!pszPath || !phDIB) return nullptr;
     KestGlobalBlock dib;
-    unsigned char* header = Colour().plane->ReadWithDib(pszPath, dib);
+    kest::DibLayout layout;
+    unsigned char* header = Colour().plane->ReadWithDib(pszPath, dib, layout);
     *phDIB = dib.Detach();
     return header;
 }

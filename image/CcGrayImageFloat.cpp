@@ -6,9 +6,7 @@
 
 namespace {
 
-constexpr kest::WideClass floatImage = {KEST_IMAGE_FLOAT,
-                                        ".flt",
-                                        "Unable to Allocate Memory for Floating Point Image",
+constexpr kest::WideClass floatImage = {kest::FloatRaw, "Unable to Allocate Memory for Floating Point Image",
                                         "Can't open file for saving floating point image data",
                                         "Can't write file of floating point image data",
                                         "Can't read file of floating point image data"};

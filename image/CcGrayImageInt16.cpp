@@ -7,12 +7,9 @@
 
 namespace {
 
-constexpr kest::WideClass int16Image = {KEST_IMAGE_INT16,
-                                        ".i16",
-                                        "Unable to Allocate Memory for 16-bit Image",
-                                        "Can't open file for saving 16-bit image data",
-                                        "Can't write file of 16-bit image data",
-                                        "Can't read file of 16-bit image data"};
+constexpr kest::WideClass int16Image = {
+    kest::Int16Raw, "Unable to Allocate Memory for 16-bit Image", "Can't open file for saving 16-bit image data",
+    "Can't write file of 16-bit image data", "Can't read file of 16-bit image data"};
 
 }  // namespace
 

@@ -6,12 +6,9 @@
 
 namespace {
 
-constexpr kest::WideClass int32Image = {KEST_IMAGE_INT32,
-                                        ".i32",
-                                        "Unable to Allocate Memory for 32-bit Image",
-                                        "Can't open file for saving 32-bit image data",
-                                        "Can't write file of 32-bit image data",
-                                        "Can't read file of 32-bit image data"};
+constexpr kest::WideClass int32Image = {
+    kest::Int32Raw, "Unable to Allocate Memory for 32-bit Image", "Can't open file for saving 32-bit image data",
+    "Can't write file of 32-bit image data", "Can't read file of 32-bit image data"};
 
 }  // namespace
 

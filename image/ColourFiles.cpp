@@ -11,9 +11,9 @@ namespace {
 
 constexpr int bytesPerPixel = PlaneBytesPerPixel;
 
-bool ReadFile(const ColourImage& image, const char* path) {
+bool ReadFile(const ColourImage& image, const char* path, DibLayout& layout) {
     KestGlobalBlock& block = image.image.dib.block;
-    return (image.plane ? image.plane->ReadWithDib(path, block) : ReadDib24(path, block)) != nullptr;
+    return (image.plane ? image.plane->ReadWithDib(path, block, layout) : ReadDib24(path, block, layout)) != nullptr;
 }
 
 /// Fills a picture that has the size already; false when there is none.
@@ -29,7 +29,7 @@ bool MakeDib(const ColourImage& image, int height, int width, int value) {
     const ImageDib& dib = image.image.dib;
     const auto* header = image.plane ? image.plane->MakeWithDib(height, width, value, dib.block)
                                      : MakeBlankDib24(height, width, static_cast<std::uint8_t>(value), dib.block);
-    return header && dib.Adopt(bytesPerPixel);
+    return header && dib.Adopt(dib.Layout(), bytesPerPixel);
 }
 
 void ReleaseAll(const ColourImage& image) {
@@ -66,12 +66,12 @@ int ColourImage::Open(const char* pathToOpen) const {
     if (!ChoosePathToOpen(pathToOpen, lastOpened, path, kind.bmpFilter)) return KEST_FAILED;
     TakeDirectoryOfPath(path, lastOpened);
     ReleaseAll(*this);
-    if (!ReadFile(*this, path)) {
+    DibLayout layout;
+    if (!ReadFile(*this, path, layout)) {
         ShowUnownedMessage("Could not open DIB file", "Error", MB_ICONEXCLAMATION);
         return KEST_FAILED;
     }
-    image.dib.AttachUnusable();
-    if (image.dib.Layout().colourCount != 0 || !image.dib.Adopt(bytesPerPixel)) {
+    if (!HasUsualColours(layout) || !image.dib.Adopt(layout, bytesPerPixel)) {
         // Before the message, in which the host may get itself another picture.
         ReleaseAll(*this);
         ShowMessage("This type of Object only handles 24Bit RBG Color BitMaps", "Error");

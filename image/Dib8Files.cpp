@@ -12,16 +12,15 @@ namespace {
 constexpr DibKeys keys = {"DIB_SIZE", "DIB_DATA"};
 constexpr char nameKey[] = "IMAGE_NAME";
 
-/// Counts the colours as the DIB's header does.
-void CountColours(const Dib8Image& image) {
-    const DibLayout layout = image.image.dib.Layout();
+void CountColours(const Dib8Image& image, const DibLayout& layout) {
     image.colourCount = Saturate(layout.colourCount);
     image.colourTableBytes = Saturate(layout.ColourTableSize());
 }
 
 /// The display tables of a new DIB. Those for which memory is short now are made when they are needed.
-void StartTables(const Dib8Image& image) {
-    image.MakeTables();
+void StartTables(const Dib8Image& image, const DibLayout& layout) {
+    if (image.image.dib.bits) CountColours(image, layout);
+    image.MakeTables(layout);
     if (image.isBinary) image.TakeWorkingLook();
 }
 
@@ -40,12 +39,13 @@ int Dib8Image::Load(CcObjectStorage* storage) const {
     if (result < 0) return result;
     bag.GetString(nameKey, image.name, sizeof image.name);
     if (!image.dib.TakeFrom(bag, keys, 1)) return KEST_FAILED;
+    const DibLayout layout = image.dib.Layout();
     // Without colours of its own it is an image of another kind, which nothing can show.
-    if (image.dib.bits && image.dib.Layout().colourCount == 0) {
+    if (image.dib.bits && layout.colourCount == 0) {
         image.dib.Release();
         return KEST_FAILED;
     }
-    StartTables(*this);
+    StartTables(*this, layout);
     return image.owner.CcImage::Load(storage);
 }
 
@@ -64,18 +64,19 @@ int Dib8Image::Open(const char* pathToOpen) const {
     if (!ChoosePathToOpen(pathToOpen, lastOpened, path)) return KEST_FAILED;
     RememberOpened(path, lastOpened, lastSaved);
     ReleaseAll(*this);
-    if (!ReadDib8(path, image.dib.block)) {
+    DibLayout layout;
+    if (!ReadDib8(path, image.dib.block, layout)) {
         ShowUnownedMessage("Could not open DIB file", "Error", MB_ICONEXCLAMATION);
         return KEST_FAILED;
     }
-    image.dib.AttachUnusable();
-    CountColours(*this);
-    if (colourCount != GrayColours || !image.dib.Adopt(1)) {
+    if (!HasUsualColours(layout) || !image.dib.Adopt(layout, 1)) {
+        image.dib.AttachUnusable();
+        CountColours(*this, layout);
         ShowMessage("This type of Object only handles 256 Color BitMaps", "Error");
         return KEST_FAILED;
     }
     TakeNameOfPath(path, image.name);
-    StartTables(*this);
+    StartTables(*this, layout);
     return KEST_OK;
 }
 
@@ -100,23 +101,22 @@ int Dib8Image::MakeBlank(int height, int width, int value, const char* name) con
         if (isBinary) TakeWorkingLook();
     } else {
         ReleaseAll(*this);
-        if (!MakeBlankDib8(height, width, static_cast<unsigned char>(value), image.dib.block) || !image.dib.Adopt(1)) {
+        const bool isMade = MakeBlankDib8(height, width, static_cast<unsigned char>(value), image.dib.block) != nullptr;
+        const DibLayout layout = image.dib.Layout();
+        if (!isMade || !image.dib.Adopt(layout, 1)) {
             ShowUnownedMessage("Could not make Blank DIB", "Error", MB_ICONEXCLAMATION);
             return KEST_FAILED;
         }
-        StartTables(*this);
+        StartTables(*this, layout);
     }
     if (name) CopyCut(image.name, name);
     return KEST_OK;
 }
 
-bool Dib8Image::MakeTables() const {
-    DibLayout layout;
-    const std::span<const std::uint8_t> bytes = BytesOf(image.dib.block);
-    if (!image.dib.bits || !ReadDibLayout(bytes, layout)) return true;
-    CountColours(*this);
+bool Dib8Image::MakeTables(const DibLayout& layout) const {
+    if (!image.dib.bits) return true;
     const bool isNew = !tables.Table(ColourLut)->pTable;
-    if (!tables.Make(bytes, layout)) return false;
+    if (!tables.Make(BytesOf(image.dib.block), layout)) return false;
     // The grayscale image's curves stay, but count from the next SetDisplayLUT on.
     if (isBinary && isNew)
         for (int channel = 1; channel <= 3; ++channel)

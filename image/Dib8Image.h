@@ -29,7 +29,8 @@ struct Dib8Image {
     int MakeBlank(int height, int width, int value, const char* name) const;
 
     /// Makes the display tables that are missing; false while memory is short. True without pixels.
-    bool MakeTables() const;
+    bool MakeTables() const { return MakeTables(image.dib.Layout()); }
+    bool MakeTables(const DibLayout& layout) const;
     /// The binary image's: value 1 black, all others white.
     void TakeWorkingLook() const;
     /// The y values of the three curves.

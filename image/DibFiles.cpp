@@ -9,7 +9,6 @@
 #include "core/Messages.h"
 #include "image/kernel/BmpFormat.h"
 #include "image/kernel/Colours.h"
-#include "image/kernel/DibLayout.h"
 
 namespace kest {
 namespace {
@@ -61,13 +60,12 @@ LoadFault LoadDib(const char* path, BmpFileHeader& header, KestGlobalBlock& dib)
 }
 
 /// What speaks against a loaded 24-bit file; null when nothing does. Only a file that is accepted gets its plane.
-const Refusal* Judge24(const BmpFileHeader& header, std::span<const std::uint8_t> dib, KestGlobalBlock* plane) {
-    const BmpVerdict verdict = JudgeBmp(header, dib, 24);
+const Refusal* Judge24(const BmpFileHeader& header, std::span<const std::uint8_t> dib, DibLayout& layout,
+                       KestGlobalBlock* plane) {
+    const BmpVerdict verdict = JudgeBmp(header, dib, 24, layout);
     if (verdict != BmpVerdict::Accepted) return &verdictRefusals[static_cast<int>(verdict)];
-    DibLayout layout;
-    const bool needsPlane = plane && ReadDibLayout(dib, layout);
-    return needsPlane && AllocatePlane(*plane, layout.width, layout.height) == KestGlobalBlock::NotAllocated ? &noMemory
-                                                                                                             : nullptr;
+    const bool hasPlane = !plane || AllocatePlane(*plane, layout.width, layout.height) != KestGlobalBlock::NotAllocated;
+    return hasPlane ? nullptr : &noMemory;
 }
 
 /// Header and colours in the usual form, of a DIB from a stream that has them in another one.
@@ -86,20 +84,21 @@ void WriteUsualFront(std::span<const std::uint8_t> dib, const DibLayout& layout,
 
 }  // namespace
 
-std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib) {
+std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib, DibLayout& layout) {
     BmpFileHeader header;
-    if (LoadDib(path, header, dib) != LoadFault::None || JudgeBmp(header, BytesOf(dib), 8) != BmpVerdict::Accepted) {
+    if (LoadDib(path, header, dib) != LoadFault::None ||
+        JudgeBmp(header, BytesOf(dib), 8, layout) != BmpVerdict::Accepted) {
         dib.Release();
         return nullptr;
     }
     return static_cast<std::uint8_t*>(dib.Get());
 }
 
-std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, KestGlobalBlock* plane) {
+std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, DibLayout& layout, KestGlobalBlock* plane) {
     BmpFileHeader header;
     const LoadFault fault = LoadDib(path, header, dib);
-    const Refusal* refusal =
-        fault == LoadFault::None ? Judge24(header, BytesOf(dib), plane) : &loadRefusals[static_cast<int>(fault)];
+    const Refusal* refusal = fault == LoadFault::None ? Judge24(header, BytesOf(dib), layout, plane)
+                                                      : &loadRefusals[static_cast<int>(fault)];
     if (!refusal) return static_cast<std::uint8_t*>(dib.Get());
     if (plane && (fault == LoadFault::None || fault == LoadFault::CutShort)) plane->Release();
     dib.Release();

@@ -6,17 +6,18 @@
 
 #include "KestBlocks.h"
 #include "KestWholeFile.h"
+#include "image/kernel/DibLayout.h"
 
 namespace kest {
 
-/// Reads an 8-bit BMP file into a block: info header, colour table and pixels. Null, without a message, when the file is
-/// refused.
-std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib);
+/// Reads an 8-bit BMP file into a block: info header, colour table and pixels, which lie in it as `layout` says. Null,
+/// without a message, when the file is refused.
+std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib, DibLayout& layout);
 
-/// Reads a 24-bit BMP file into a block: info header and pixels. Null, after a message, when the file is refused. A
+/// Reads a 24-bit BMP file into a block: info header and pixels, as above. Null, after a message, when the file is refused. A
 /// `plane`, if there is one, is allocated with the size of the pixels of a file that is accepted, and released when it
 /// is refused for what follows its file header. Messages have the focus window as owner; with a plane they have none.
-std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, KestGlobalBlock* plane = nullptr);
+std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, DibLayout& layout, KestGlobalBlock* plane = nullptr);
 
 /// Writes a DIB of 8 or 24 bits as a BMP file, which Replace then puts in its place. What went wrong is the file's to
 /// tell. Of a DIB whose header counts more than the block holds, what the block holds is written.

@@ -49,15 +49,13 @@ int HslPlane::PutInto(const ImageDib& dib) const {
     return isConverted ? KEST_OK : KEST_FAILED;
 }
 
-unsigned char* HslPlane::ReadWithDib(const char* path, KestGlobalBlock& dib) const {
+unsigned char* HslPlane::ReadWithDib(const char* path, KestGlobalBlock& dib, DibLayout& layout) const {
     bytes = nullptr;
-    const bool isRead = ReadDib24(path, dib, &block) != nullptr;
+    const bool isRead = ReadDib24(path, dib, layout, &block) != nullptr;
     // Also after a message, in which the host may have got itself another picture with its plane.
     bytes = static_cast<unsigned char*>(block.Get());
     if (!isRead) return nullptr;
 
-    DibLayout layout;
-    ReadDibLayout(BytesOf(dib), layout);
     const auto refuse = [&](const char* text, const char* caption) {
         dib.Release();
         Release();

@@ -38,7 +38,7 @@ struct HslPlane {
     int PutInto(const ImageDib& dib) const;
 
     /// Reads a BMP file into a block, and its plane. Its header; null after a message, without a plane.
-    unsigned char* ReadWithDib(const char* path, KestGlobalBlock& dib) const;
+    unsigned char* ReadWithDib(const char* path, KestGlobalBlock& dib, DibLayout& layout) const;
     /// Makes a gray DIB in a block, and its plane. Its header; null after a message.
     unsigned char* MakeWithDib(int height, int width, int value, KestGlobalBlock& dib) const;
 };

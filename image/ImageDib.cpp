@@ -9,7 +9,7 @@ namespace kest {
 
 DibLayout ImageDib::Layout() const {
     DibLayout layout;
-    return header && ReadDibLayout(BytesOf(block), layout) ? layout : DibLayout();
+    return ReadDibLayout(BytesOf(block), layout) ? layout : DibLayout();
 }
 
 void ImageDib::Release() const {
@@ -27,10 +27,9 @@ void ImageDib::AttachUnusable() const {
     pixelBlockBytes = 0;
 }
 
-bool ImageDib::Adopt(int bytesPerPixel) const {
+bool ImageDib::Adopt(const DibLayout& layout, int bytesPerPixel) const {
     AttachUnusable();
-    DibLayout layout;
-    if (!ReadDibLayout(BytesOf(block), layout) || !LiesInBlock(layout, bytesPerPixel, block.Size())) return false;
+    if (layout.headerBytes == 0 || !LiesInBlock(layout, bytesPerPixel, block.Size())) return false;
     auto* bytes = static_cast<unsigned char*>(block.Get());
     colours = reinterpret_cast<RGBQUAD*>(bytes + layout.headerBytes);
     bits = bytes + layout.pixelOffset;
@@ -64,7 +63,7 @@ bool ImageDib::TakeFrom(CcPropertyBag& bag, const DibKeys& keys, int bytesPerPix
     if (bag.GetPropLength(keys.data, KEST_PROPERTY_BLOB, &stored) < 0) return size == DibHeaderBytes;
     if (stored != size || !block.Allocate(size)) return false;
     bag.GetBlob(keys.data, block.Get(), size);
-    if (Adopt(bytesPerPixel)) return true;
+    if (Adopt(Layout(), bytesPerPixel)) return true;
     Release();
     return false;
 }

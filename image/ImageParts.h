@@ -37,14 +37,14 @@ struct ImageDib {
     int& height;
 
     Size64 PixelCount() const { return Product(width, height); }
-    /// As the header tells it; empty without one that can be read.
+    /// Of the DIB in the block; empty without a header that can be read.
     DibLayout Layout() const;
 
     /// Frees the DIB; the size members keep their values.
     void Release() const;
-    /// Takes the DIB that is in the block into use. False, with the block still attached but no pixels, when its
-    /// header, colour table or pixels do not lie inside the block.
-    bool Adopt(int bytesPerPixel) const;
+    /// Takes the DIB that is in the block, laid out so, into use. False, with the block still attached but no pixels,
+    /// when its header, colour table or pixels do not lie inside the block.
+    bool Adopt(const DibLayout& layout, int bytesPerPixel) const;
     /// Attaches the block without using its table or pixels, as after a refused colour count.
     void AttachUnusable() const;
     /// Sets every pixel byte of an image of exactly this size; false when there is none.

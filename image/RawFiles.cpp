@@ -40,6 +40,7 @@ RawReading ReadRawFile(const char* path, const RawHeader& header, void* samples,
     std::uint8_t headerBytes[RawHeaderBytes];
     if (!ReadExactly(file, headerBytes, RawHeaderBytes)) return RawReading::Unreadable;
     if (!IsRawFile(headerBytes, size.QuadPart - RawHeaderBytes, header, bytesPerSample)) return RawReading::Unfit;
+    if (!samples) return RawReading::Read;
     return ReadExactly(file, samples, header.SampleBytes(bytesPerSample)) ? RawReading::Read : RawReading::Unreadable;
 }
 

@@ -45,7 +45,7 @@ template <class Sample>
 int WideImage<Sample>::OpenSamples() const {
     if (!MakeSamples(kind.noMemory)) return KEST_FAILED;
     const std::span<Sample> all = Samples();
-    const RawPath rawPath(Display().lastOpened, kind.rawExtension);
+    const RawPath rawPath(Display().lastOpened, kind.raw.extension);
     switch (ReadRawFile(rawPath, Header(), all.data(), sizeof(Sample))) {
         case RawReading::Read:
             isAutomatic = 1;
@@ -69,7 +69,7 @@ int WideImage<Sample>::Save(const char* pathToSave) const {
     // Taken anew: while the dialog was open the host may have got itself another picture.
     const std::span<const Sample> all = Samples();
     if (all.empty()) return KEST_FAILED;
-    const RawPath rawPath(path, kind.rawExtension);
+    const RawPath rawPath(path, kind.raw.extension);
     KestWholeFile bmp(path), raw(rawPath);
     CopyCut(lastSaved, path);
     const bool hasRaw = raw.GetResult() != KestWholeFile::NotCreated;

@@ -26,8 +26,7 @@ private:
 
 /// What the three classes differ in, but for the sample type.
 struct WideClass {
-    int rawCode;
-    const char* rawExtension;
+    RawKind raw;
     // Messages
     const char* noMemory;
     const char* notSaved;
@@ -87,7 +86,7 @@ struct WideImage {
 
 private:
     bool MakeSamples(const char* message) const;
-    RawHeader Header() const { return {kind.rawCode, Dib().height, Dib().width}; }
+    RawHeader Header() const { return {kind.raw.code, Dib().height, Dib().width}; }
     void NormaliseOwn() const;
     void TakeStatistics(std::span<const Sample> all) const;
     void MapToDisplay(std::span<const Sample> all, unsigned char* bytes) const;

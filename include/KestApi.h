@@ -38,6 +38,7 @@
 #include "KestExport.h"
 #include "KestHeapObject.h"
 #include "KestMeasure.h"
+#include "KestPictureFile.h"
 #include "KestRoiFacts.h"
 #include "KestSamples.h"
 #include "KestTool.h"

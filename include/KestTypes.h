@@ -38,6 +38,25 @@ enum KestObjectType : int {
     KEST_TYPE_STRING = 8,       ///< CcString
 };
 
+/// Why no image class opens a picture file as it is meant, in the order in which a file is judged (see KestPictureFile.h).
+enum KestPictureReason : int {
+    KEST_PICTURE_OPENS = 0,         ///< a class does
+    KEST_PICTURE_NOT_READ = 1,      ///< no file, a path of more than 259 characters, or the system does not give it out
+    KEST_PICTURE_NOT_BMP = 2,       ///< it does not begin with "BM"
+    KEST_PICTURE_CUT_SHORT = 3,     ///< it has fewer bytes than its header says
+    KEST_PICTURE_TOO_LARGE = 4,     ///< more than 65535 columns or rows, or more bytes than a block can have
+    KEST_PICTURE_OTHER_HEADER = 5,  ///< its info header has not the form of 40 bytes
+    KEST_PICTURE_COMPRESSED = 6,    ///< its pixels are compressed or have masks
+    KEST_PICTURE_OTHER_DEPTH = 7,   ///< it has neither 8 nor 24 bits a pixel
+    KEST_PICTURE_TOP_DOWN = 8,      ///< its top row comes first
+    KEST_PICTURE_PADDED = 9,        ///< its rows are padded to multiples of four bytes
+    KEST_PICTURE_WRONG_SIZES = 10,  ///< its sizes contradict each other, or it has no pixels
+    KEST_PICTURE_OTHER_COLOURS = 11,  ///< with 8 bits a pixel other than 256 colours, with 24 any
+    KEST_PICTURE_PIXELS_APART = 12,   ///< its pixels do not follow the header and its colours at once
+    KEST_PICTURE_SAMPLES_NOT_READ =
+        13  ///< samples that could be its own are beside it, but the system does not give them out
+};
+
 /// A point of two single-precision coordinates: a table point (input, level), an image point or a world point.
 struct tagPoints {
     float x;  ///< horizontal coordinate, or a table's input value

@@ -1,5 +1,7 @@
 // Pictures: opening, showing, where the mouse is, the overlay.
+#include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "Guide.h"
 #include "Viewer.h"
@@ -14,6 +16,27 @@ bool Open(CcGrayImage256& image, const char* path) {
     image.GetHeightWidth(&height, &width);  // in this order, everywhere
     // [/open]
     return height > 0 && width > 0 && std::strcmp(image.GetName(), "guide") == 0;
+}
+
+std::unique_ptr<CcImage> OpenInItsClass(const char* path) {
+    // [judge]
+    KestPictureFile file;
+    if (KestJudgePictureFile(path, &file) < 0) {
+        std::printf("%s: %s\n", path, file.pszReason);  // "Its rows are padded to multiples of four bytes."
+        return nullptr;
+    }
+    std::unique_ptr<CcImage> image;
+    switch (file.eType) {
+        case KEST_IMAGE_RGB: image = std::make_unique<Cc24BitRGBImage>(); break;
+        case KEST_IMAGE_BINARY: image = std::make_unique<CcBinaryImage>(); break;
+        case KEST_IMAGE_INT16: image = std::make_unique<CcGrayImageInt16>(); break;  // its samples are beside it
+        case KEST_IMAGE_INT32: image = std::make_unique<CcGrayImageInt32>(); break;
+        case KEST_IMAGE_FLOAT: image = std::make_unique<CcGrayImageFloat>(); break;
+        default: image = std::make_unique<CcGrayImage256>(); break;
+    }
+    if (image->OpenBMPFile(path) < 0) return nullptr;
+    // [/judge]
+    return image;
 }
 
 bool PixelUnderMouse(CcImage& image, HWND window, const Display& display, POINT mouse, POINT& pixel) {
@@ -44,6 +67,8 @@ void Showing() {
     example::MakeSamplePicture(image);
     image.SaveBMPFile("guide.bmp");
     Expect(Open(image, "guide.bmp"), "a saved picture opens, and takes the file's name");
+    const std::unique_ptr<CcImage> opened = OpenInItsClass("guide.bmp");
+    Expect(opened && opened->GetImageType() == KEST_IMAGE_GRAY256, "its class is known before it is opened");
     DeleteFileA("guide.bmp");
 
     HWND window = nullptr;

@@ -2,7 +2,6 @@
 #include "image/kernel/BmpFormat.h"
 
 #include "core/kernel/ByteReader.h"
-#include "image/kernel/DibLayout.h"
 
 namespace kest {
 
@@ -20,7 +19,7 @@ void WriteBmpFileHeader(std::span<std::uint8_t, BmpFileHeaderBytes> bytes, BmpFi
     writer.Write(header.pixelOffset);
 }
 
-BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> dib, int bitCount) {
+BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> dib, int bitCount, DibLayout& layout) {
     ByteReader reader(dib);
     std::uint32_t headerBytes, compression;
     if (!reader.Read(headerBytes) || headerBytes != DibHeaderBytes) return BmpVerdict::WrongHeaderSize;
@@ -29,16 +28,15 @@ BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> d
     reader.Read(compression);
     if (compression != 0) return BmpVerdict::Compressed;
 
-    DibLayout layout;
     if (!ReadDibLayout(dib, layout)) return BmpVerdict::WrongHeaderSize;
-    if (layout.bitCount != bitCount) return BmpVerdict::WrongDepth;
+    const bool hasDepth =
+        bitCount == AnyBmpDepth ? layout.bitCount == 8 || layout.bitCount == 24 : layout.bitCount == bitCount;
+    if (!hasDepth) return BmpVerdict::WrongDepth;
 
-    const int bytesPerPixel = bitCount / 8;
+    const int bytesPerPixel = layout.bitCount / 8;
     const Size64 pixelBytes = layout.PixelCount() * bytesPerPixel;
     if (pixelBytes != Size64{header.fileBytes} - header.pixelOffset) return BmpVerdict::WrongSize;
-    const bool tableIsUsed = layout.colourCount == (bitCount == 8 ? GrayColours : 0);
-    if (tableIsUsed && !LiesInBlock(layout, bytesPerPixel, static_cast<Size64>(dib.size())))
-        return BmpVerdict::WrongSize;
+    if (HasUsualColours(layout) && !LiesInBlock(layout, bytesPerPixel, header.DibBytes())) return BmpVerdict::WrongSize;
     return BmpVerdict::Accepted;
 }
 

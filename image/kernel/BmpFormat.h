@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <span>
 
-#include "core/kernel/CheckedSize.h"
+#include "image/kernel/DibLayout.h"
 
 namespace kest {
 
@@ -33,8 +33,13 @@ void WriteBmpFileHeader(std::span<std::uint8_t, BmpFileHeaderBytes> bytes, BmpFi
 /// What a reader has against a file, in the order of its checks.
 enum class BmpVerdict { Accepted, WrongHeaderSize, Compressed, WrongDepth, WrongSize };
 
-/// Judges the bytes that follow the file header. A colour count that the image class will refuse itself (other than 256
-/// at 8 bits, any at 24) does not count here: its table and pixels are never read.
-BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> dib, int bitCount);
+/// Every depth that a reader takes, as a bit count.
+constexpr int AnyBmpDepth = 0;
+
+/// Judges the header.DibBytes() bytes that follow the file header, of which `dib` holds at least the info header. A colour
+/// count that the image class will refuse itself (other than 256 at 8 bits, any at 24) does not count here: its table and
+/// pixels are never read. `layout` gets what the info header says, of every file with the right header size that is not
+/// compressed.
+BmpVerdict JudgeBmp(const BmpFileHeader& header, std::span<const std::uint8_t> dib, int bitCount, DibLayout& layout);
 
 }  // namespace kest

@@ -46,6 +46,8 @@ bool ReadDibLayout(std::span<const std::uint8_t> block, DibLayout& layout) {
     return true;
 }
 
+bool HasUsualColours(const DibLayout& layout) { return layout.colourCount == (layout.bitCount == 8 ? GrayColours : 0); }
+
 bool LiesInBlock(const DibLayout& layout, int bytesPerPixel, Size64 blockBytes) {
     return LiesInside(layout.pixelOffset, layout.PixelCount() * bytesPerPixel, blockBytes);
 }
@@ -74,6 +76,22 @@ void WriteGrayColours(std::span<std::uint8_t> table) {
         table[4 * i] = table[4 * i + 1] = table[4 * i + 2] = level;
         table[4 * i + 3] = 0;
     }
+}
+
+ColourMeaning MeaningOfColours(std::span<const std::uint8_t, ColourTableBytes> table) {
+    const auto isAllOf = [&](auto levelOf) {
+        for (std::size_t value = 0; value < GrayColours; ++value)
+            for (std::size_t component = 0; component < 3; ++component)
+                if (table[4 * value + component] != levelOf(value)) return false;
+        return true;
+    };
+    if (isAllOf([](std::size_t value) { return value; })) return ColourMeaning::Grays;
+    if (isAllOf([](std::size_t value) { return value == 1 ? 0U : 255U; })) return ColourMeaning::TwoLevels;
+    // Where the colours were stand 256 indices of two bytes.
+    bool isIndices = table[0] == 0;
+    for (std::size_t i = 0; i < GrayColours; ++i)
+        isIndices = isIndices && table[2 * i + 1] == 0 && (i == 0 || table[2 * i] >= table[2 * i - 2]);
+    return isIndices ? ColourMeaning::Grays : ColourMeaning::Colours;
 }
 
 }  // namespace kest

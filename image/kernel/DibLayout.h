@@ -31,6 +31,9 @@ struct DibLayout {
 /// the fields that are read, or the header's size is smaller than they are.
 bool ReadDibLayout(std::span<const std::uint8_t> block, DibLayout& layout);
 
+/// Whether it has the colours that the image classes take: 256 with 8 bits a pixel, none with 24.
+bool HasUsualColours(const DibLayout& layout);
+
 /// True when colour table and `bytesPerPixel` bytes for every pixel lie inside a block of `blockBytes` bytes.
 bool LiesInBlock(const DibLayout& layout, int bytesPerPixel, Size64 blockBytes);
 
@@ -42,5 +45,15 @@ void WriteDibHeader(std::span<std::uint8_t> block, int width, int height, int bi
 
 /// 256 colours (i, i, i, 0).
 void WriteGrayColours(std::span<std::uint8_t> table);
+
+/// What a table of 256 colours makes of the values.
+enum class ColourMeaning {
+    Grays,      ///< the levels 0 to 255
+    TwoLevels,  ///< black for 1 and white for all others, as binary images are shown
+    Colours,    ///< something that the values alone do not say
+};
+
+/// A table that holds 256 palette indices of two bytes, as a gray image's does that was shown through them, means grays.
+ColourMeaning MeaningOfColours(std::span<const std::uint8_t, ColourTableBytes> table);
 
 }  // namespace kest

@@ -160,6 +160,13 @@ std::vector<Operation> ImageOperations() {
     Add<CcGrayImageInt16>(list, "CcGrayImageInt16", ".i16");
     Add<CcGrayImageInt32>(list, "CcGrayImageInt32", ".i32");
     Add<CcGrayImageFloat>(list, "CcGrayImageFloat", ".flt");
+    list.push_back({"KestJudgePictureFile", [] {
+                        auto bmp = OldFile("fault.bmp"), raw = OldFile("fault.i16");
+                        SceneImage<CcGrayImageInt16>()->SaveBMPFile(bmp->Path());
+                        auto judged = std::make_shared<KestPictureFile>();
+                        return Scene{[=] { return KestJudgePictureFile(bmp->Path(), judged.get()); },
+                                     [=, keep = raw] { return std::to_string(judged->eType); }};
+                    }});
     return list;
 }
 

@@ -48,7 +48,7 @@ const Boxes& BoxesFor(const std::string& name, const std::vector<Verdict>& verdi
 }
 
 template <class Image>
-void ExpectVerdicts(const std::vector<Verdict>& verdicts) {
+void ExpectVerdicts(const std::vector<Verdict>& verdicts, KestImageType type) {
     int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(DataPath("bmp"))) {
         ++files;
@@ -57,15 +57,18 @@ void ExpectVerdicts(const std::vector<Verdict>& verdicts) {
         Image image;
         EXPECT_EQ(image.OpenBMPFile(entry.path().string().c_str()), expected.empty() ? 0 : -1) << name;
         EXPECT_EQ(TakeBoxes(), expected) << name;
+        KestPictureFile judged;
+        KestJudgePictureFile(entry.path().string().c_str(), &judged);
+        EXPECT_EQ(judged.eType == type, expected.empty()) << name << ": " << judged.pszReason;
     }
     EXPECT_EQ(files, 79);
 }
 
 }  // namespace
 
-TEST(BmpCollection, GrayImages) { ExpectVerdicts<CcGrayImage256>(grayVerdicts); }
+TEST(BmpCollection, GrayImages) { ExpectVerdicts<CcGrayImage256>(grayVerdicts, KEST_IMAGE_GRAY256); }
 
 TEST(BmpCollection, ColourImages) {
-    ExpectVerdicts<Cc24BitRGBImage>(colourVerdicts);
-    ExpectVerdicts<Cc24BitHSLImage>(colourVerdicts);
+    ExpectVerdicts<Cc24BitRGBImage>(colourVerdicts, KEST_IMAGE_RGB);
+    ExpectVerdicts<Cc24BitHSLImage>(colourVerdicts, KEST_IMAGE_RGB);
 }

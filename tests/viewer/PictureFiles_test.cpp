@@ -20,7 +20,9 @@ protected:
 
     std::unique_ptr<CcImage> Open(const TemporaryFile& file, const PictureQuestions& ask = {}) {
         error = warning = "";
-        return OpenPicture(file.Path(), error, warning, ask);
+        KestPictureFile judged;
+        KestJudgePictureFile(file.Path(), &judged);
+        return OpenPicture(file.Path(), judged, error, warning, ask);
     }
     std::string error, warning;
 };
@@ -291,19 +293,23 @@ TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
     EXPECT_FALSE(FileExists("table.csv"));
 }
 
-TEST_F(PictureFiles, LeaveSamplesOfAnotherPictureAside) {
-    for (const int type : {KEST_IMAGE_INT16, KEST_IMAGE_INT32, KEST_IMAGE_FLOAT}) {
-        auto document = MakeDocument(type);
-        const TemporaryFile file("saved.bmp"), samples(std::string("saved") + document->Class().rawSuffix);
-        ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
-        std::vector<std::uint8_t> other = samples.Content();
-        other[4]++;  // the height
-        const TemporaryFile damaged(samples.Path(), other);
-        const auto opened = Open(file);
-        ASSERT_TRUE(opened);
-        EXPECT_EQ(opened->GetImageType(), KEST_IMAGE_GRAY256);
-        EXPECT_NE(warning, "");
+TEST_F(PictureFiles, TellOfSamplesThatAreNotTheirs) {
+    auto document = MakeDocument(KEST_IMAGE_INT32);
+    const TemporaryFile file("saved.bmp"), samples("saved.i32");
+    ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
+    {
+        const HANDLE inUse = CreateFileA(samples.Path(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        EXPECT_FALSE(Open(file));
+        EXPECT_EQ(error, "saved.bmp could not be opened.\n\nThe samples beside it cannot be opened or read.");
+        CloseHandle(inUse);
     }
+    std::vector<std::uint8_t> other = samples.Content();
+    other[4]++;  // the height
+    const TemporaryFile damaged(samples.Path(), other);
+    const auto opened = Open(file);
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->GetImageType(), KEST_IMAGE_GRAY256);
+    EXPECT_EQ(warning.rfind("The samples in saved.i32 are not this picture's", 0), 0U) << warning;
 }
 
 /// A BMP file of one row of four pixels with these values.

@@ -11,14 +11,11 @@
 
 namespace kestview {
 
-/// Opens a picture into the image class that fits its pixels. Null, with the reason in plain words, when it cannot.
-///
-/// BMP files that the library reads (256 colours or 24 bits, uncompressed, rows without padding) are read by it, when
-/// their colours are those of a gray or a binary picture, or a file of wide samples is beside them (".i16", ".i32",
-/// ".flt"). Everything else goes to the imaging component.
-/// A warning tells what was left aside.
-std::unique_ptr<CcImage> OpenPicture(const std::string& path, std::string& error, std::string& warning,
-                                     const PictureQuestions& ask = {});
+/// Opens a picture that KestJudgePictureFile has judged: into the library's class for it, or through the imaging
+/// component when there is none. Values that mean colours become those colours. Null, with the reason in plain words,
+/// when it cannot. A warning tells what was left aside.
+std::unique_ptr<CcImage> OpenPicture(const std::string& path, const KestPictureFile& file, std::string& error,
+                                     std::string& warning, const PictureQuestions& ask = {});
 
 /// Writes the picture in the format that the extension names: BMP (for wide images with the samples beside it), PNG,
 /// TIFF or JPEG; any other, and a format that cannot hold the picture's values, is refused. What was there is replaced

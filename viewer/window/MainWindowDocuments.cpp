@@ -136,9 +136,12 @@ void MainWindow::OpenFile(const std::string& path) {
     std::unique_ptr<Document> document;
     const Question mayOpen = [this](const std::string& question) { return AskYesNo(window, question); };
     const auto page = [&](int pages) { return AskPage(window, FileNameOf(path), pages); };
-    if (IsSessionFile(path)) {
+    KestPictureFile file;
+    KestJudgePictureFile(path.c_str(), &file);
+    const bool isBmp = file.eReason != KEST_PICTURE_NOT_READ && file.eReason != KEST_PICTURE_NOT_BMP;
+    if (!isBmp && IsSessionFile(path)) {
         document = OpenSession(path, error, warning, mayOpen);
-    } else if (auto image = OpenPicture(path, error, warning, {mayOpen, page})) {
+    } else if (auto image = OpenPicture(path, file, error, warning, {mayOpen, page})) {
         document = std::make_unique<Document>(std::move(image));
         document->picturePath = path;
     }
