@@ -124,7 +124,7 @@ void PictureView::OnMouseMove(POINT mouse, bool isHeld) {
 
 void PictureView::OnButtonUp(POINT mouse) {
     if (!isPanning) {
-        roiMouse.Release(GetShown(), mouse);
+        roiMouse.Release(mouse);
         return;
     }
     isPanning = false;

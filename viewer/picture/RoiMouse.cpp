@@ -122,7 +122,7 @@ void RoiMouse::Move(const Shown& shown, POINT mouse, bool isHeld) {
         Cancel();
 }
 
-void RoiMouse::Release(const Shown&, POINT mouse) {
+void RoiMouse::Release(POINT mouse) {
     if (!isDragging) {
         grabbed = nullptr;
         return;

@@ -26,7 +26,7 @@ public:
     void Press(const Shown& shown, POINT mouse, bool isAdding);
     /// `isHeld`: with the left button down.
     void Move(const Shown& shown, POINT mouse, bool isHeld);
-    void Release(const Shown& shown, POINT mouse);
+    void Release(POINT mouse);
 
     bool IsDragging() const { return isDragging; }
     /// True while clicks add vertices.
