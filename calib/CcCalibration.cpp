@@ -141,7 +141,8 @@ int CcCalibration::Save(const char* pszFileName) {
             kest::CopyCut(proposal, anyFile);
         else
             std::snprintf(proposal, sizeof proposal, "%.*s.cal", KEST_NAME_SIZE, szObjectName);
-        if (!kest::AskPathToSave({fileFilter, proposal, startDirectory, defaultExtension, 0}, path)) return KEST_FAILED;
+        if (!kest::AskPathToSave({fileFilter, proposal, startDirectory, defaultExtension, false}, path))
+            return KEST_FAILED;
         pszFileName = path;
     }
     kest::CalibrationHeader header;
@@ -168,7 +169,8 @@ int CcCalibration::Save(const char* pszFileName) {
 int CcCalibration::Open(const char* pszFileName) {
     char path[KEST_NAME_SIZE];
     if (!pszFileName) {
-        if (!kest::AskPathToOpen({fileFilter, anyFile, startDirectory, defaultExtension, 0}, path)) return KEST_FAILED;
+        if (!kest::AskPathToOpen({fileFilter, anyFile, startDirectory, defaultExtension, false}, path))
+            return KEST_FAILED;
         pszFileName = path;
     }
     const kest::FileHandle file(kest::OpenForReading(pszFileName));

@@ -1,4 +1,5 @@
-# Native: one program with the tests of all kernels. Windows: one program a folder, with the tests of its kernels and classes.
+# Native: the tests of all kernels, and those of the classes that need no window. Windows: one program a folder, with the
+# tests of its kernels and classes.
 set(gtest_source /usr/src/googletest CACHE PATH "GoogleTest's source")
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
@@ -6,15 +7,30 @@ add_subdirectory(${gtest_source} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL
 # Optimising it takes longer than its part of a test run.
 target_compile_options(gtest PRIVATE -O0 -g0)
 
+set_source_files_properties(tests/support/TestData.cpp PROPERTIES
+  SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS KEST_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+
 if(NOT WIN32)
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS tests/*/kernel/*_test.cpp)
-  add_executable(test_kernels ${sources})
-  target_link_libraries(test_kernels PRIVATE kest_kernels kest_options gtest_main)
-  target_include_directories(test_kernels PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_options(test_kernels PRIVATE -O1)
+  file(GLOB kernel_tests CONFIGURE_DEPENDS tests/*/kernel/*_test.cpp)
+  add_executable(test_kernels ${kernel_tests})
+  target_link_libraries(test_kernels PRIVATE kest_kernels gtest_main)
   target_precompile_headers(test_kernels PRIVATE tests/support/KernelTests.h)
-  add_test(NAME native.kernels COMMAND test_kernels)
-  set_tests_properties(native.kernels PROPERTIES TIMEOUT 600)
+  # Those that see nothing in windows.
+  file(GLOB class_tests CONFIGURE_DEPENDS tests/support/native/*.cpp tests/support/TestData.cpp)
+  foreach(name core/CcPropertyBag core/Values image/BmpCollection library/Files roi/CcRoiHistory)
+    list(APPEND class_tests tests/${name}_test.cpp)
+  endforeach()
+  add_executable(test_classes ${class_tests})
+  target_link_libraries(test_classes PRIVATE KestApi gtest)
+  target_precompile_headers(test_classes PRIVATE tests/support/ClassTests.h)
+  foreach(program kernels classes)
+    target_link_libraries(test_${program} PRIVATE kest_options)
+    target_include_directories(test_${program} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    # The standard library's random numbers are wider here.
+    target_compile_options(test_${program} PRIVATE -O1 -Wno-conversion)
+    add_test(NAME native.${program} COMMAND test_${program})
+    set_tests_properties(native.${program} PROPERTIES TIMEOUT 600)
+  endforeach()
   # The programmer's guide shows the programs as they are.
   add_test(NAME native.guide COMMAND ${PROJECT_SOURCE_DIR}/script/docs --check)
   return()
@@ -26,8 +42,6 @@ add_library(kest_test_support STATIC ${support_sources})
 target_link_libraries(kest_test_support PUBLIC KestApi kest_kernels gtest kest_options winspool)
 target_include_directories(kest_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
 target_compile_options(kest_test_support PUBLIC -O1)
-set_source_files_properties(tests/support/TestData.cpp PROPERTIES
-  SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS KEST_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
 set_source_files_properties(tests/support/Printer.cpp PROPERTIES
   SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS KEST_PRINTED_PAGE="${CMAKE_BINARY_DIR}/printed-page.bmp")
 

@@ -4,22 +4,12 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/Files.h"
+
 namespace {
 
 /// Transfers at least this large go straight between the file and the caller's memory.
 constexpr long transferBytes = 1 << 16;
-
-bool WriteAll(HANDLE file, const void* bytes, long length) {
-    DWORD written = 0;
-    return WriteFile(file, bytes, static_cast<DWORD>(length), &written, nullptr) &&
-           written == static_cast<DWORD>(length);
-}
-
-/// The number of bytes read, which is smaller than `length` at the end of the file; -1 when the read failed.
-long ReadSome(HANDLE file, void* bytes, long length) {
-    DWORD count = 0;
-    return ReadFile(file, bytes, static_cast<DWORD>(length), &count, nullptr) ? static_cast<long>(count) : -1;
-}
 
 }  // namespace
 
@@ -46,11 +36,11 @@ CcFileObjectStorage::~CcFileObjectStorage() {
 int CcFileObjectStorage::Open(const char* pszFileName, unsigned long ulAccess) {
     if (!pszFileName) return KEST_NULL_ARGUMENT;
     if (bIsOpen) return KEST_ALREADY_OPEN;
-    hFile = CreateFileA(pszFileName, ulAccess, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    hFile = kest::OpenAsStream(pszFileName, static_cast<DWORD>(ulAccess));
     if (hFile == INVALID_HANDLE_VALUE) return KEST_OPEN_FAILED;
     bIsOpen = 1;
     bOwnsFile = true;
-    bHasPositions = GetFileType(hFile) == FILE_TYPE_DISK;
+    bHasPositions = kest::IsOnDisk(hFile);
     return KEST_OK;
 }
 
@@ -58,7 +48,7 @@ int CcFileObjectStorage::Close() {
     if (!bIsOpen) return KEST_NOT_OPEN;
     Flush();
     lTransferUsed = lTransferTaken = 0;
-    if (bOwnsFile) CloseHandle(hFile);
+    if (bOwnsFile) kest::CloseFile(hFile);
     bOwnsFile = false;
     bIsOpen = 0;
     hFile = INVALID_HANDLE_VALUE;
@@ -87,9 +77,9 @@ int CcFileObjectStorage::Read(void* pBuffer, long lLength) {
     // What is read ahead must be set back in the end, which a pipe cannot.
     if (missing > 0 && missing < transferBytes && bWholeObject && bHasPositions && cTransfer.Reserve(transferBytes)) {
         lTransferTaken = 0;
-        lTransferUsed = std::max(ReadSome(hFile, cTransfer.Get(), transferBytes), 0L);
+        lTransferUsed = std::max(kest::ReadSome(hFile, cTransfer.Get(), transferBytes), 0L);
         takeFromBlock();
-    } else if (missing > 0 && ReadSome(hFile, destination, missing) == missing) {
+    } else if (missing > 0 && kest::ReadSome(hFile, destination, missing) == missing) {
         missing = 0;
     }
     return missing == 0 ? KEST_OK : KEST_READ_FAILED;
@@ -122,19 +112,17 @@ int CcFileObjectStorage::SetPos(long lPosition) {
     const int flushed = Flush();
     // The system promises nothing for a pipe, not even that this fails.
     if (!bHasPositions) return KEST_FAILED;
-    const DWORD position = SetFilePointer(hFile, 0, nullptr, FILE_BEGIN);
-    if (position == INVALID_SET_FILE_POINTER) return KEST_FAILED;
+    if (!kest::MoveToStart(hFile)) return KEST_FAILED;
     lTransferUsed = lTransferTaken = 0;
-    if (flushed < 0) return flushed;
-    return position == 0 ? KEST_AT_START : KEST_OK;
+    return flushed < 0 ? flushed : int{KEST_AT_START};
 }
 
 int CcFileObjectStorage::GetPos() {
     if (!bIsOpen) return KEST_NOT_OPEN;
     if (!bHasPositions) return KEST_FAILED;
     const long inBlock = bTransferWrites ? lTransferUsed : lTransferTaken - lTransferUsed;
-    const DWORD position = SetFilePointer(hFile, 0, nullptr, FILE_CURRENT);
-    if (position == INVALID_SET_FILE_POINTER) return KEST_FAILED;
+    const kest::Size64 position = kest::PositionIn(hFile);
+    if (position < 0) return KEST_FAILED;
     return static_cast<int>(position) + static_cast<int>(inBlock);
 }
 
@@ -151,7 +139,7 @@ int CcFileObjectStorage::EndWholeObject() {
 }
 
 int CcFileObjectStorage::WriteNow(const void* pBytes, long lLength) {
-    if (WriteAll(hFile, pBytes, lLength)) return KEST_OK;
+    if (kest::WriteExactly(hFile, pBytes, lLength)) return KEST_OK;
     bTransferFailed = true;
     return KEST_WRITE_FAILED;
 }
@@ -169,12 +157,7 @@ int CcFileObjectStorage::Flush() {
 /// stay in the block, for the next read to begin with.
 int CcFileObjectStorage::DropReadAhead() {
     if (bTransferWrites) return KEST_OK;
-    if (lTransferTaken < lTransferUsed) {
-        // Files may be longer than 32 bits tell.
-        LARGE_INTEGER back;
-        back.QuadPart = lTransferTaken - lTransferUsed;
-        if (!SetFilePointerEx(hFile, back, nullptr, FILE_CURRENT)) return KEST_READ_FAILED;
-    }
+    if (lTransferTaken < lTransferUsed && !kest::MoveBy(hFile, lTransferTaken - lTransferUsed)) return KEST_READ_FAILED;
     lTransferUsed = lTransferTaken = 0;
     return KEST_OK;
 }

@@ -3,6 +3,7 @@
 #include "CcPropertyBag.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "CcObjectStorage.h"
@@ -74,7 +75,9 @@ int CcPropertyBag::PutInt(const char* pszName, int iValue) {
 }
 
 int CcPropertyBag::PutLong(const char* pszName, long lValue) {
-    return PutProp(pszName, KEST_PROPERTY_LONG, &lValue, sizeof lValue);
+    // Four bytes on every system.
+    const auto stored = static_cast<std::int32_t>(lValue);
+    return PutProp(pszName, KEST_PROPERTY_LONG, &stored, sizeof stored);
 }
 
 int CcPropertyBag::PutFloat(const char* pszName, float fValue) {
@@ -101,7 +104,12 @@ int CcPropertyBag::GetInt(const char* pszName, int* piValue) {
 }
 
 int CcPropertyBag::GetLong(const char* pszName, long* plValue) {
-    return GetPropA(pszName, KEST_PROPERTY_LONG, plValue, sizeof *plValue);
+    if (!plValue) return KEST_NULL_ARGUMENT;
+    std::int32_t stored;
+    std::memcpy(&stored, plValue, sizeof stored);
+    const int result = GetPropA(pszName, KEST_PROPERTY_LONG, &stored, sizeof stored);
+    if (result == KEST_OK) *plValue = stored;
+    return result;
 }
 
 int CcPropertyBag::GetFloat(const char* pszName, float* pfValue) {

@@ -1,8 +1,7 @@
 // The system's dialogs for opening and saving a file.
 #include "core/FileDialogs.h"
 
-#include <commdlg.h>
-
+#include "KestPlatform.h"
 #include "core/kernel/TextField.h"
 
 namespace kest {
@@ -21,7 +20,7 @@ bool Ask(Dialog dialog, const FileQuestion& question, char (&path)[KEST_NAME_SIZ
     record.lpstrFile = chosen;
     record.nMaxFile = sizeof chosen;
     record.lpstrInitialDir = question.startDirectory;
-    record.Flags = question.flags;
+    record.Flags = question.warnsOfReplacing ? OFN_OVERWRITEPROMPT : 0;
     record.lpstrDefExt = question.defaultExtension;
     if (!dialog(&record)) return false;
     CopyCut(path, chosen);

@@ -1,8 +1,6 @@
 // The system's dialogs for opening and saving a file.
 #pragma once
 
-#include <windows.h>
-
 #include "KestTypes.h"
 
 namespace kest {
@@ -12,7 +10,7 @@ struct FileQuestion {
     const char* startName;       ///< what the name field shows first
     const char* startDirectory;  ///< null: the dialog's own choice
     const char* defaultExtension;
-    DWORD flags;
+    bool warnsOfReplacing;  ///< when the path that is chosen for saving has a file
 };
 
 /// Each asks the user, owned by the window that has the focus, and writes the chosen path. False when it was cancelled.

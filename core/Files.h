@@ -1,20 +1,20 @@
-// Whole-file input and output.
+// Whole files and files as streams. Files.cpp has Windows', native/Files.cpp the standard library's.
 #pragma once
 
-#include <windows.h>
-
-#include "core/GdiGuards.h"
+#include "KestPlatform.h"
 #include "core/kernel/CheckedSize.h"
+#include "core/kernel/Guard.h"
 
 namespace kest {
 
-/// A file handle (CloseHandle).
+/// INVALID_HANDLE_VALUE is fine.
+void CloseFile(HANDLE file);
+
+/// A file handle.
 class FileHandle : Guard {
 public:
     explicit FileHandle(HANDLE opened) : handle(opened) {}
-    ~FileHandle() {
-        if (IsOpen()) CloseHandle(handle);
-    }
+    ~FileHandle() { CloseFile(handle); }
     bool IsOpen() const { return handle != INVALID_HANDLE_VALUE; }
     operator HANDLE() const { return handle; }
 
@@ -22,42 +22,36 @@ private:
     HANDLE handle;
 };
 
-/// For reading from the start; others may read and write it meanwhile.
-inline HANDLE OpenForReading(const char* path) {
-    return CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
-}
+/// For reading from the start; others may read and write it meanwhile. INVALID_HANDLE_VALUE when it cannot be had, as for
+/// the next.
+HANDLE OpenForReading(const char* path);
 
-/// For writing; `disposition` says what becomes of a file that is there, `sharing` what others may do with it meanwhile.
-/// Only KestWholeFile uses it: no writer of the library writes over a file.
-inline HANDLE OpenToWrite(const char* path, DWORD disposition, DWORD sharing) {
-    return CreateFileA(path, GENERIC_WRITE, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-}
+/// From the start, for nobody else; made when it is missing. `access` is GENERIC_READ, GENERIC_WRITE or both.
+HANDLE OpenAsStream(const char* path, DWORD access);
 
-inline bool ReadExactly(HANDLE file, void* bytes, Size64 count) {
-    DWORD read = 0;
-    return count >= 0 && count <= LargestBlockBytes &&
-           ReadFile(file, bytes, static_cast<DWORD>(count), &read, nullptr) && read == static_cast<DWORD>(count);
-}
-
-inline bool WriteExactly(HANDLE file, const void* bytes, Size64 count) {
-    DWORD written = 0;
-    return count >= 0 && count <= LargestBlockBytes &&
-           WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) && written == static_cast<DWORD>(count);
-}
-
-/// Bytes from the file's position to its end.
-inline Size64 BytesLeft(HANDLE file) {
-    LARGE_INTEGER size, position;
-    const LARGE_INTEGER none = {};
-    if (!GetFileSizeEx(file, &size) || !SetFilePointerEx(file, none, &position, FILE_CURRENT)) return 0;
-    return size.QuadPart - position.QuadPart;
-}
+/// After a failed opening: whether there is a file, or may be one. At a path that cannot be there is none.
+bool MayBeThere(const char* path);
 
 /// Whether there is something at the path, and it is no folder.
-inline bool IsPlainFile(const char* path) {
-    const DWORD attributes = GetFileAttributesA(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
+bool IsPlainFile(const char* path);
+
+/// False for a pipe or device, which has no size and no position.
+bool IsOnDisk(HANDLE file);
+
+/// The number of bytes read, which is smaller than `count` at the end of the file; -1 when the read failed.
+long ReadSome(HANDLE file, void* bytes, long count);
+
+bool ReadExactly(HANDLE file, void* bytes, Size64 count);
+bool WriteExactly(HANDLE file, const void* bytes, Size64 count);
+
+/// -1 when it cannot be told.
+Size64 SizeOfFile(HANDLE file);
+/// Bytes from the file's position to its end; 0 when they cannot be told.
+Size64 BytesLeft(HANDLE file);
+
+/// The position's low 32 bits; -1 when it cannot be told.
+Size64 PositionIn(HANDLE file);
+bool MoveToStart(HANDLE file);
+bool MoveBy(HANDLE file, Size64 bytes);
 
 }  // namespace kest

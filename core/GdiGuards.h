@@ -3,18 +3,9 @@
 
 #include <windows.h>
 
+#include "core/kernel/Guard.h"
+
 namespace kest {
-
-/// Base of all guards: neither copied nor assigned.
-class Guard {
-protected:
-    Guard() = default;
-    ~Guard() = default;
-
-public:
-    Guard(const Guard&) = delete;
-    Guard& operator=(const Guard&) = delete;
-};
 
 /// The device context of a window's client area (ReleaseDC).
 class WindowDc : Guard {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "core/Platform.h"
 #include "core/kernel/CheckedSize.h"
 
 KestGlobalBlock& KestGlobalBlock::operator=(const KestGlobalBlock& other) {
@@ -24,11 +25,11 @@ KestGlobalBlock::AllocateResult KestGlobalBlock::AllocateLocked(long long llByte
     Release();
     // The system makes a block of no bytes, but does not lock it.
     if (llBytes != 0 && !kest::IsBlockSize(llBytes)) return NotAllocated;
-    hBlock = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<SIZE_T>(llBytes));
+    hBlock = kest::AllocateBlock(llBytes);
     if (!hBlock) return NotAllocated;
-    pLocked = GlobalLock(hBlock);
+    pLocked = kest::LockBlock(hBlock);
     if (!pLocked) {
-        GlobalFree(hBlock);
+        kest::FreeBlock(hBlock);
         hBlock = nullptr;
         return NotLocked;
     }
@@ -45,9 +46,9 @@ KestGlobalBlock::ReleaseResult KestGlobalBlock::Release() {
     llSize = 0;
     bOwner = false;
     if (!wasOwner) return Released;
-    const bool stillLocked = GlobalUnlock(released) != FALSE;
-    if (GlobalFree(released)) return NotFreed;
-    return stillLocked ? StillLocked : Released;
+    const bool isUnlocked = kest::UnlockBlock(released);
+    if (!kest::FreeBlock(released)) return NotFreed;
+    return isUnlocked ? Released : StillLocked;
 }
 
 void KestGlobalBlock::ReleaseButName() {
@@ -137,7 +138,7 @@ void KestPalette::Adopt(HPALETTE hNew) {
 }
 
 void KestPalette::Release() {
-    if (bOwner) DeleteObject(hPalette);
+    if (bOwner) kest::DeletePalette(hPalette);
     hPalette = nullptr;
     bOwner = false;
 }
@@ -159,7 +160,7 @@ void KestLibrary::Adopt(HMODULE hNew) {
 }
 
 void KestLibrary::Release() {
-    if (bOwner) FreeLibrary(hLibrary);
+    if (bOwner) kest::UnloadLibrary(hLibrary);
     hLibrary = nullptr;
     bOwner = false;
 }

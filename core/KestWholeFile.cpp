@@ -12,6 +12,11 @@
 
 namespace {
 
+/// `disposition` says what becomes of a file that is there, `sharing` what others may do with it meanwhile.
+HANDLE OpenToWrite(const char* path, DWORD disposition, DWORD sharing) {
+    return CreateFileA(path, GENERIC_WRITE, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
 BY_HANDLE_FILE_INFORMATION InformationOf(HANDLE file) {
     BY_HANDLE_FILE_INFORMATION found = {};
     if (!GetFileInformationByHandle(file, &found)) found.nNumberOfLinks = 1;
@@ -20,8 +25,6 @@ BY_HANDLE_FILE_INFORMATION InformationOf(HANDLE file) {
 
 /// Some systems open a read-only file for writing all the same.
 bool IsReadOnly(HANDLE file) { return (InformationOf(file).dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0; }
-
-bool IsOnDisk(HANDLE file) { return GetFileType(file) == FILE_TYPE_DISK; }
 
 /// A file that others find under another name stays the one that it is.
 bool HasOtherNames(HANDLE file, const char* path) {
@@ -39,7 +42,7 @@ bool CanBeMoved(const char* path) {
 
 /// The bytes are there, then, but nobody's position has moved.
 bool Lengthen(const char* path, LARGE_INTEGER size) {
-    const kest::FileHandle file(kest::OpenToWrite(path, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE));
+    const kest::FileHandle file(OpenToWrite(path, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE));
     return file.IsOpen() && SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file);
 }
 
@@ -59,7 +62,7 @@ HANDLE OpenNumbered(std::string_view folder, const char* model, char (&path)[Siz
         const int needed = std::snprintf(path, sizeof path, "%.*s~kest%u%.*s", length(folder), folder.data(), number,
                                          length(extension), extension.data());
         if (needed < 0 || needed >= static_cast<int>(sizeof path)) break;
-        const HANDLE file = kest::OpenToWrite(path, CREATE_NEW, 0);
+        const HANDLE file = OpenToWrite(path, CREATE_NEW, 0);
         if (file != INVALID_HANDLE_VALUE) return file;
         // Access is denied to a deleted file that somebody holds open as well; the next name may be free.
         const DWORD error = GetLastError();
@@ -74,10 +77,10 @@ HANDLE OpenNumbered(std::string_view folder, const char* model, char (&path)[Siz
 KestWholeFile::KestWholeFile(const char* pszPath, unsigned long ulSharing) : szPath{}, szNewPath{} {
     if (!pszPath || !kest::CopyIfFits(szPath, pszPath)) return;
     // Opened even though it will be replaced: what cannot be written to is not replaced either.
-    const HANDLE old = kest::OpenToWrite(szPath, OPEN_EXISTING, ulSharing);
+    const HANDLE old = OpenToWrite(szPath, OPEN_EXISTING, ulSharing);
     if (old == INVALID_HANDLE_VALUE) {
         if (GetLastError() == ERROR_FILE_NOT_FOUND) OpenForNewFile(ulSharing);
-    } else if (!IsOnDisk(old)) {
+    } else if (!kest::IsOnDisk(old)) {
         hFile = old;
     } else {
         OpenForOldFile(old);
@@ -92,7 +95,7 @@ void KestWholeFile::OpenForNewFile(unsigned long ulSharing) {
     hFile = OpenNumbered(FolderOf(szPath), szPath, szNewPath);
     bMovable = true;
     if (hFile != INVALID_HANDLE_VALUE) return;
-    hFile = kest::OpenToWrite(szPath, CREATE_NEW, ulSharing);
+    hFile = OpenToWrite(szPath, CREATE_NEW, ulSharing);
     // Nobody had it before: like any new file it goes when it does not become whole.
     if (hFile != INVALID_HANDLE_VALUE) kest::CopyCut(szNewPath, szPath);
 }
@@ -145,7 +148,7 @@ bool KestWholeFile::AskForReplacing() {
     // Asked before, since a replacing that fails can leave files behind.
     bMovable = bMovable && (!bOldFile || CanBeMoved(szPath));
     return bMovable ||
-           kest::FileHandle(kest::OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE)).IsOpen();
+           kest::FileHandle(OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE)).IsOpen();
 }
 
 int KestWholeFile::Replace() {
@@ -176,7 +179,7 @@ bool KestWholeFile::MoveIntoPlace() {
 /// For a file that has other names, or that others hold open. Its space is taken before its first byte changes.
 bool KestWholeFile::CopyIntoPlace() {
     const kest::FileHandle from(kest::OpenForReading(szNewPath));
-    const kest::FileHandle to(kest::OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE));
+    const kest::FileHandle to(OpenToWrite(szPath, OPEN_EXISTING, FILE_SHARE_READ | FILE_SHARE_WRITE));
     LARGE_INTEGER newSize, oldSize;
     if (!from.IsOpen() || !to.IsOpen() || !GetFileSizeEx(from, &newSize) || !GetFileSizeEx(to, &oldSize)) return false;
     if (newSize.QuadPart > oldSize.QuadPart && !Lengthen(szPath, newSize)) return false;

@@ -7,7 +7,7 @@
 
 #include "core/Module.h"
 
-#include "core/StreamCall.h"
+#include "core/Platform.h"
 
 namespace kest {
 namespace {
@@ -31,14 +31,14 @@ static AFX_EXTENSION_MODULE extensionModule;
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         kest::libraryModule = module;
-        if (!kest::BeginStreamCalls()) return FALSE;
+        if (!kest::BeginThreadValues()) return FALSE;
 #if defined(KEST_WITH_MFC)
         if (!AfxInitExtensionModule(extensionModule, module)) return FALSE;
         new CDynLinkLibrary(extensionModule);
 #endif
     }
     if (reason == DLL_PROCESS_DETACH) {
-        kest::EndStreamCalls();
+        kest::EndThreadValues();
 #if defined(KEST_WITH_MFC)
         AfxTermExtensionModule(extensionModule);
 #endif

@@ -1,7 +1,7 @@
 // The library's own module, as the system loaded it.
 #pragma once
 
-#include <windows.h>
+#include "KestPlatform.h"
 
 namespace kest {
 

@@ -1,26 +1,16 @@
-// The calls that run on streams, kept in a slot of the system for each thread. (The compiler's own thread-local variables
-// would end the process when memory is short.)
+// The calls that run on streams, kept as each thread's own value.
 #include "core/StreamCall.h"
 
-#include <windows.h>
+#include "core/Platform.h"
 
 namespace kest {
 namespace {
 
 constexpr int deepestNesting = 100;
 
-DWORD innermostSlot = TLS_OUT_OF_INDEXES;
-
-RunningStreamCall* Innermost() { return static_cast<RunningStreamCall*>(TlsGetValue(innermostSlot)); }
+RunningStreamCall* Innermost() { return static_cast<RunningStreamCall*>(ThreadValue()); }
 
 }  // namespace
-
-bool BeginStreamCalls() {
-    innermostSlot = TlsAlloc();
-    return innermostSlot != TLS_OUT_OF_INDEXES;
-}
-
-void EndStreamCalls() { TlsFree(innermostSlot); }
 
 RunningStreamCall* RunningCallOn(const CcObjectStorage& stream) {
     for (RunningStreamCall* call = Innermost(); call; call = call->outer)
@@ -32,7 +22,7 @@ StreamCall::StreamCall(const CcObjectStorage& stream) : running(RunningCallOn(st
     if (!running) {
         own.stream = &stream;
         own.outer = Innermost();
-        isKnown = TlsSetValue(innermostSlot, &own) != FALSE;
+        isKnown = SetThreadValue(&own);
         running = &own;
     }
     ++running->depth;
@@ -40,7 +30,7 @@ StreamCall::StreamCall(const CcObjectStorage& stream) : running(RunningCallOn(st
 
 StreamCall::~StreamCall() {
     --running->depth;
-    if (IsOutermost() && isKnown) TlsSetValue(innermostSlot, own.outer);
+    if (IsOutermost() && isKnown) SetThreadValue(own.outer);
 }
 
 bool StreamCall::IsTooDeep() const { return running->depth > deepestNesting; }

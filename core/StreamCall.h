@@ -41,8 +41,4 @@ private:
     bool isKnown = true;
 };
 
-/// For the library's start and end in a process. False when the system has no room for the threads' own values.
-bool BeginStreamCalls();
-void EndStreamCalls();
-
 }  // namespace kest

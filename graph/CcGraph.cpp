@@ -182,18 +182,3 @@ int CcGraph::SetCurveAppearance(int iIndex, const tagCURVEAPPEARANCE* pAppearanc
     stCurveAppearance[iIndex].szName[sizeof pAppearance->szName - 1] = 0;
     return KEST_OK;
 }
-
-int CcGraph::ShowDialog(RunDialog* pRun) {
-    if (!hResourceLibrary) hResourceLibrary.Adopt(kest::LoadGraphResourcesByName());
-    if (!hResourceLibrary) return KEST_FAILED;
-    pRun(*this, hResourceLibrary, GetFocus());
-    return KEST_OK;
-}
-
-int CcGraph::ShowDLBLineStyle() { return ShowDialog(kest::RunLineStyleDialog); }
-
-int CcGraph::ShowDLBSetGridMarkings() { return ShowDialog(kest::RunGridMarkingsDialog); }
-
-int CcGraph::ShowDLBSetMM() { return ShowDialog(kest::RunMinMaxDialog); }
-
-int CcGraph::ShowDLBTitle() { return ShowDialog(kest::RunTitleDialog); }

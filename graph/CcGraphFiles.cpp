@@ -42,8 +42,8 @@ struct FieldReader {
 
 /// Tells what stands before and behind the file's name.
 void ShowFileFailure(const char* before, const char* fileName, const char* behind = "") {
-    char text[MAX_PATH + 40];
-    std::snprintf(text, sizeof text, "%s%.*s%s", before, MAX_PATH, fileName ? fileName : "", behind);
+    char text[KEST_NAME_SIZE + 40];
+    std::snprintf(text, sizeof text, "%s%.*s%s", before, KEST_NAME_SIZE, fileName ? fileName : "", behind);
     kest::ShowMessage(text, "Error...");
 }
 

@@ -6,7 +6,7 @@
 
 #include "CcCurve.h"
 #include "CcList.h"
-#include "core/GdiGuards.h"
+#include "core/kernel/Guard.h"
 
 namespace kest {
 

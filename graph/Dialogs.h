@@ -3,7 +3,7 @@
 // made is told in a message box.
 #pragma once
 
-#include <windows.h>
+#include "KestPlatform.h"
 
 class CcGraph;
 

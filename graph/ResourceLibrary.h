@@ -1,7 +1,7 @@
 // The library that holds the dialog templates of graphs.
 #pragma once
 
-#include <windows.h>
+#include "KestPlatform.h"
 
 namespace kest {
 

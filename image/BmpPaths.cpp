@@ -41,7 +41,7 @@ bool ChoosePathToOpen(const char* path, const PathBuffer& lastOpened, PathBuffer
     TakeNameOfPath(lastOpened, name);
     ProposeName(std::strcmp(name, "NONE") == 0 ? "" : name, proposal);
     TakeFolder(lastOpened, folder);
-    return AskPathToOpen({filter, proposal, folder, "bmp", 0}, chosen);
+    return AskPathToOpen({filter, proposal, folder, "bmp", false}, chosen);
 }
 
 void RememberOpened(const PathBuffer& opened, PathBuffer& lastOpened, PathBuffer& lastSaved) {
@@ -55,7 +55,7 @@ bool ChoosePathToSave(const char* path, const char* imageName, const PathBuffer&
     PathBuffer proposal, folder;
     ProposeName(imageName, proposal);
     TakeFolder(lastSaved, folder);
-    return AskPathToSave({filter, proposal, folder, "bmp", OFN_OVERWRITEPROMPT}, chosen);
+    return AskPathToSave({filter, proposal, folder, "bmp", true}, chosen);
 }
 
 void TakeNameOfPath(const PathBuffer& path, PathBuffer& name) { CopyText(PartsOf(path).name, name); }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/ClassName.h"
+#include "core/Platform.h"
 #include "image/Dib8Image.h"
 #include "image/RegionExtract.h"
 #include "image/kernel/DisplayLut.h"
@@ -97,7 +98,7 @@ int CcBinaryImage::ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, 
         if (coloursOne) curve[1].y = static_cast<float>(colour[channel - 1]);
         SetDisplayLUT(kest::ColourLut, channel, curve.data());
     }
-    InvalidateRect(hWnd, nullptr, TRUE);
+    kest::Invalidate(hWnd);
     return KEST_OK;
 }
 

@@ -6,9 +6,10 @@
 #include "CcCalibration.h"
 #include "CcObjectStorage.h"
 #include "core/Messages.h"
-#include "core/WindowView.h"
+#include "core/Platform.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/Numbers.h"
+#include "core/kernel/ViewTransform.h"
 
 PRINTDLGA CcImage::stPrintSetup;
 int CcImage::iPrinterSetupFlag = 0;
@@ -16,7 +17,7 @@ int CcImage::iPrinterSetupFlag = 0;
 namespace {
 
 void ComplainOfVirtualCall() {
-    MessageBeep(0);
+    kest::Beep();
     kest::ShowMessage("This is a Virtual Function", "Error", MB_ICONHAND);
 }
 
@@ -56,7 +57,7 @@ CcImage::CcImage()
     cListROI.SetDestructionType(1);
     // Hosts use the members as ROIs without asking.
     cListROI.stLoaded.iType = KEST_TYPE_ROI;
-    hPalette.Adopt(static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)));
+    hPalette.Adopt(kest::DefaultPalette());
     if (std::atomic_ref<int>(iPrinterSetupFlag).exchange(1) == 0) {
         stPrintSetup = {};
         stPrintSetup.lStructSize = sizeof stPrintSetup;

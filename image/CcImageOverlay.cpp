@@ -1,27 +1,13 @@
 // The overlay of an image: an 8-bit plane that is ORed onto the picture.
 #include <cstring>
 
-#include "core/GdiGuards.h"
 #include "core/Messages.h"
-#include "core/WindowView.h"
 #include "image/ImageParts.h"
 #include "image/kernel/OverlayColours.h"
 
 namespace {
 
 constexpr int overlayFrontBytes = kest::ImageOverlay::frontBytes;
-
-bool DrawOverlay(HDC dc, HWND window, const kest::DibPicture& overlay, HPALETTE palette, kest::View view) {
-    if (!kest::GetClientSize(window, view.clientWidth, view.clientHeight)) return false;
-    const kest::MemoryDc memory(dc);
-    const kest::GdiObject bitmap(CreateCompatibleBitmap(dc, view.clientWidth, view.clientHeight));
-    if (!memory || !bitmap) return false;
-    const kest::SelectedObject selectedBitmap(memory, bitmap);
-    const kest::SelectedPalette selectedPalette(memory, palette);
-    return selectedBitmap.IsSelected() && PatBlt(memory, 0, 0, view.clientWidth, view.clientHeight, BLACKNESS) &&
-           kest::DrawDib(memory, overlay, kest::PlanForWindow(view), SRCCOPY) &&
-           BitBlt(dc, 0, 0, view.clientWidth, view.clientHeight, memory, 0, 0, SRCPAINT);
-}
 
 }  // namespace
 
@@ -69,20 +55,4 @@ unsigned char* CcImage::GetOverlay() {
     if (!lpBitmapInfo) return nullptr;
     if (!lpOverlayInfo) CreateOverlay();
     return lpOverlayBits;
-}
-
-int CcImage::ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    if (!lpBitmapInfo || iZoom < 1 || !hWnd) return KEST_FAILED;
-    if (!lpOverlayBits) {
-        kest::ShowMessage("No Overlay to Display", "Error");
-        return KEST_FAILED;
-    }
-    const kest::WindowDc dc(hWnd);
-    return ShowOverlay(dc, hWnd, usMode, iXOffset, iYOffset, iZoom);
-}
-
-int CcImage::ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom) {
-    if (!lpBitmapInfo || iZoom < 1 || !hDC || !hWnd || !lpOverlayBits) return KEST_FAILED;
-    const kest::View view = {0, 0, iWidth, iHeight, iXOffset, iYOffset, usMode, iZoom};
-    return DrawOverlay(hDC, hWnd, Parts().overlay.Picture(), hPalette, view) ? KEST_OK : KEST_FAILED;
 }

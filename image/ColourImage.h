@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "Cc24BitRGBImage.h"
+#include "core/Platform.h"
 #include "image/BmpPaths.h"
 #include "image/HslPlane.h"
 #include "image/PixelAccess.h"
@@ -60,7 +61,7 @@ struct ColourImage {
 };
 
 inline void Redraw(HWND window) {
-    if (window) InvalidateRect(window, nullptr, TRUE);
+    if (window) Invalidate(window);
 }
 
 // The pixel operators

@@ -2,10 +2,9 @@
 // platform reads rows padded to four bytes, so widths that differ in that go through a padded copy of what is drawn.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 
+#include "KestPlatform.h"
 #include "image/kernel/BlitPlan.h"
 
 namespace kest {

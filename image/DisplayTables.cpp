@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/Platform.h"
 #include "image/kernel/DisplayLut.h"
 
 namespace kest {
@@ -17,17 +18,6 @@ std::span<std::uint8_t> ColoursOf(const KestDisplayTable& table) {
 std::span<std::uint16_t> IndicesOf(const KestDisplayTable& table) {
     if (!table.pTable) return {};
     return {static_cast<std::uint16_t*>(table.pTable), GrayColours};
-}
-
-HPALETTE MakePalette(std::span<const PALETTEENTRY> entries) {
-    struct {
-        WORD version;
-        WORD count;
-        PALETTEENTRY entries[GrayColours];
-    } palette = {0x300, static_cast<WORD>(entries.size()), {}};
-    if (entries.empty()) return nullptr;
-    std::copy(entries.begin(), entries.end(), palette.entries);
-    return CreatePalette(reinterpret_cast<const LOGPALETTE*>(&palette));
 }
 
 void MakeGrayPalette(KestDisplayTable& table, int grays) {

@@ -2,8 +2,8 @@
 #include "image/ImageClipboard.h"
 
 #include "KestTypes.h"
-#include "core/GdiGuards.h"
 #include "core/kernel/CheckedSize.h"
+#include "image/LookDrawing.h"
 
 namespace kest {
 namespace {

@@ -1,8 +1,7 @@
 // An image on the clipboard, for every image class.
 #pragma once
 
-#include <windows.h>
-
+#include "KestPlatform.h"
 #include "image/ShowImage.h"
 
 namespace kest {

@@ -35,11 +35,11 @@ using Front = std::uint8_t[BmpFrontBytes];
 
 KestPictureReason JudgeFront(const char* path, Front& front, DibLayout& layout) {
     const FileHandle file(OpenForReading(path));
-    LARGE_INTEGER size;
-    if (!file.IsOpen() || !GetFileSizeEx(file, &size)) return KEST_PICTURE_NOT_READ;
-    const Size64 there = std::min<Size64>(size.QuadPart, BmpFrontBytes);
+    const Size64 size = file.IsOpen() ? SizeOfFile(file) : -1;
+    if (size < 0) return KEST_PICTURE_NOT_READ;
+    const Size64 there = std::min<Size64>(size, BmpFrontBytes);
     if (!ReadExactly(file, front, there)) return KEST_PICTURE_NOT_READ;
-    return JudgeBmpFront({front, static_cast<std::size_t>(there)}, size.QuadPart, layout);
+    return JudgeBmpFront({front, static_cast<std::size_t>(there)}, size, layout);
 }
 
 /// The class of an 8-bit file by the samples beside it.

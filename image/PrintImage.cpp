@@ -4,8 +4,9 @@
 #include <algorithm>
 
 #include "KestTypes.h"
-#include "core/WindowView.h"
+#include "core/Platform.h"
 #include "core/kernel/CheckedSize.h"
+#include "image/LookDrawing.h"
 #include "image/kernel/OverlayColours.h"
 #include "image/kernel/PrintPlan.h"
 

@@ -1,11 +1,8 @@
 // Printing an image on one page, for every image class.
 #pragma once
 
-#include <windows.h>
-
-#include <commdlg.h>
-
-#include "core/GdiGuards.h"
+#include "KestPlatform.h"
+#include "core/kernel/Guard.h"
 #include "image/ShowImage.h"
 
 namespace kest {

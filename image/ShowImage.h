@@ -1,11 +1,7 @@
 // Showing an image: the three forms of Show, for every image class.
 #pragma once
 
-#include <windows.h>
-
-#include <optional>
-
-#include "core/GdiGuards.h"
+#include "KestPlatform.h"
 #include "core/kernel/Source.h"
 #include "image/DibDraw.h"
 
@@ -28,17 +24,6 @@ struct ImageLook {
 /// How an image looks at this moment.
 using LookSource = Source<ImageLook>;
 
-/// The palette of a look, selected and realised, if its class uses one. A message tells when it could not be selected:
-/// whatever the look refers to may be gone afterwards.
-class LookPalette : Guard {
-public:
-    LookPalette(HDC dc, const ImageLook& look);
-    bool IsSelected() const { return selected && selected->IsSelected(); }
-
-private:
-    std::optional<SelectedPalette> selected;
-};
-
 /// The display arguments of one call.
 struct ShowArguments {
     unsigned short mode;
@@ -52,11 +37,5 @@ struct ShowArguments {
 int ShowInRect(HDC dc, const RECT* rect, const LookSource& takeLook, const ShowArguments& arguments);
 int ShowInWindow(HDC dc, HWND window, const LookSource& takeLook, const ShowArguments& arguments);
 int ShowInWindow(HWND window, const LookSource& takeLook, const ShowArguments& arguments);
-
-/// Copies the display table into the DIB and gives the picture in these colours.
-DibPicture TakeDisplayTable(const ImageLook& look);
-
-/// Draws the look's picture through its display table.
-bool DrawLook(HDC dc, const ImageLook& look, const LookPalette& palette, const BlitPlan& plan);
 
 }  // namespace kest

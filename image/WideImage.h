@@ -5,6 +5,7 @@
 
 #include <type_traits>
 
+#include "core/kernel/Guard.h"
 #include "image/RawFiles.h"
 #include "image/WideLists.h"
 

@@ -1,10 +1,9 @@
 // CcCalibration: from image pixels to world units and back.
 #pragma once
 
-#include <windows.h>
-
 #include "CcHLObject.h"
 #include "KestBlocks.h"
+#include "KestPlatform.h"
 
 /// Size of the name of a world unit, without its terminator.
 constexpr int KEST_UNITS_SIZE = 80;

@@ -1,10 +1,9 @@
 // CcFileObjectStorage: an object stream in a file.
 #pragma once
 
-#include <windows.h>
-
 #include "CcObjectStorage.h"
 #include "KestBlocks.h"
+#include "KestPlatform.h"
 
 /// A stream over a file. Reading and writing share one position, which can only be read or set back to 0.
 ///

@@ -1,13 +1,10 @@
 // CcImage: what all images share, and the interface that each of them fills in.
 #pragma once
 
-#include <windows.h>
-
-#include <commdlg.h>
-
 #include "CcHLObject.h"
 #include "CcList.h"
 #include "KestBlocks.h"
+#include "KestPlatform.h"
 
 class CcCalibration;
 class CcRoiBase;

@@ -1,10 +1,9 @@
 // CcRoiBase: the root of all regions of interest (ROIs).
 #pragma once
 
-#include <windows.h>
-
 #include "CcHLObject.h"
 #include "KestBlocks.h"
+#include "KestPlatform.h"
 
 class CcImage;
 
@@ -28,9 +27,9 @@ public:
     /// Gives the device context back to its window.
     void Release();
     /// True while a device context is held whose window is there.
-    bool IsUsable() const { return hDC && (!hWindow || IsWindow(hWindow)); }
+    bool IsUsable() const;
     /// True while the window of the device context has the mouse capture.
-    bool HasCapture() const { return hWindow && GetCapture() == hWindow; }
+    bool HasCapture() const;
     /// Null while nothing is held.
     operator HDC() const { return hDC; }
 

@@ -1,8 +1,6 @@
 // All public headers of the library.
 #pragma once
 
-#include "CDLLLST.h"
-#include "CLOADDLL.h"
 #include "Cc24BitHSLImage.h"
 #include "Cc24BitRGBImage.h"
 #include "CcBinaryImage.h"
@@ -41,7 +39,13 @@
 #include "KestPictureFile.h"
 #include "KestRoiFacts.h"
 #include "KestSamples.h"
-#include "KestTool.h"
-#include "KestToolHost.h"
 #include "KestTypes.h"
 #include "KestWholeFile.h"
+
+// Tools are libraries of the platform.
+#if defined(_WIN32)
+#include "CDLLLST.h"
+#include "CLOADDLL.h"
+#include "KestTool.h"
+#include "KestToolHost.h"
+#endif

@@ -6,9 +6,8 @@
 // which hold nothing that could not be computed again, are not shared: a copy starts with none.
 #pragma once
 
-#include <windows.h>
-
 #include "KestExport.h"
+#include "KestPlatform.h"
 
 /// A movable, zero-initialised global memory block, kept locked from allocation to release.
 class KEST_API KestGlobalBlock {

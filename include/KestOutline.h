@@ -1,9 +1,8 @@
 // Records of the four freehand ROIs.
 #pragma once
 
-#include <windows.h>
-
 #include "KestBlocks.h"
+#include "KestPlatform.h"
 
 namespace kest {
 struct OutlineParts;  // of the library's own

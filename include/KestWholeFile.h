@@ -1,9 +1,8 @@
 // Files that are replaced only by whole ones.
 #pragma once
 
-#include <windows.h>
-
 #include "KestExport.h"
+#include "KestPlatform.h"
 #include "KestTypes.h"
 
 /// Writes a file so that nobody loses the old one: the bytes go to a new file in the same folder, which takes the old one's

@@ -1,8 +1,6 @@
 // Measuring: lengths and areas in pixels and in world units, and the pixels under a ROI.
 #include "KestMeasure.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cmath>
 #include <span>

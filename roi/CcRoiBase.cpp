@@ -1,6 +1,7 @@
 // CcRoiBase: what all regions of interest share.
 #include "CcRoiBase.h"
 
+#include "core/Platform.h"
 #include "roi/BoundaryBuffer.h"
 #include "roi/ClassWide.h"
 
@@ -9,19 +10,14 @@ namespace {
 constexpr RGBTRIPLE red = {0, 0, 255};
 constexpr RGBTRIPLE green = {0, 255, 0};
 
-/// The functions that make and release the class-wide pens.
-HPEN MakePen(const RGBTRIPLE& colour, int width) {
-    return CreatePen(PS_SOLID, width, RGB(colour.rgbtRed, colour.rgbtGreen, colour.rgbtBlue));
-}
-
 void ReleasePen(HPEN& pen) {
-    if (pen) DeleteObject(pen);
+    if (pen) kest::DeletePen(pen);
     pen = nullptr;
 }
 
 /// Replaces the pen by a new one; the old one stays when that cannot be made.
 bool RenewPen(HPEN& pen, const RGBTRIPLE& colour, int width) {
-    const HPEN renewed = MakePen(colour, width);
+    const HPEN renewed = kest::MakePen(colour, width);
     if (!renewed) return false;
     ReleasePen(pen);
     pen = renewed;

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "core/ClassName.h"
-#include "core/GdiGuards.h"
 #include "core/kernel/NameCounter.h"
 #include "core/kernel/Numbers.h"
 #include "roi/ShapeDrag.h"
@@ -107,7 +106,7 @@ int CcRoiEllipse::ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsign
 int CcRoiEllipse::ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                           int iShowZoom, int iPenSelect) {
     const auto view = kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
-    return kest::ShowShape(Parts(), kest::WindowDc(hWnd), view, PenFor(iPenSelect));
+    return kest::ShowShape(Parts(), hWnd, view, PenFor(iPenSelect));
 }
 
 int CcRoiEllipse::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,

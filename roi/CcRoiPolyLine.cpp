@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "core/ClassName.h"
-#include "core/GdiGuards.h"
 #include "core/kernel/NameCounter.h"
 #include "roi/OutlineDrag.h"
 #include "roi/OutlineDrawing.h"
@@ -108,7 +107,7 @@ int CcRoiPolyLine::ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsig
 int CcRoiPolyLine::ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                            int iShowZoom, int iPenSelect) {
     const auto view = kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
-    return kest::ShowOutline(Parts(), kest::WindowDc(hWnd), view, PenFor(iPenSelect));
+    return kest::ShowOutline(Parts(), hWnd, view, PenFor(iPenSelect));
 }
 
 int CcRoiPolyLine::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,

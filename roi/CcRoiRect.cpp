@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "core/ClassName.h"
-#include "core/GdiGuards.h"
 #include "core/kernel/NameCounter.h"
 #include "roi/ShapeDrag.h"
 #include "roi/ShapeDrawing.h"
@@ -101,7 +100,7 @@ int CcRoiRect::ShowROI(HDC hDC, HWND hWnd, int iXOffset, int iYOffset, unsigned 
 int CcRoiRect::ShowROI(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                        int iShowZoom, int iPenSelect) {
     const auto view = kest::MakeView(hWnd, {iXOffset, iYOffset, usDisplayMode, pImage, iShowZoom});
-    return kest::ShowShape(Parts(), kest::WindowDc(hWnd), view, PenFor(iPenSelect));
+    return kest::ShowShape(Parts(), hWnd, view, PenFor(iPenSelect));
 }
 
 int CcRoiRect::MouseHitTest(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,

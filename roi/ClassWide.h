@@ -2,19 +2,16 @@
 // different threads, so whoever touches these holds the lock.
 #pragma once
 
-#include <windows.h>
-
-#include "core/GdiGuards.h"
+#include "core/Platform.h"
+#include "core/kernel/Guard.h"
 
 namespace kest {
-
-inline SRWLOCK classWideLock = SRWLOCK_INIT;
 
 /// Held from construction to destruction; one at a time in a thread.
 class ClassWideGuard : Guard {
 public:
-    ClassWideGuard() { AcquireSRWLockExclusive(&classWideLock); }
-    ~ClassWideGuard() { ReleaseSRWLockExclusive(&classWideLock); }
+    ClassWideGuard() { TakeLock(); }
+    ~ClassWideGuard() { GiveLock(); }
 };
 
 }  // namespace kest

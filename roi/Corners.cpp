@@ -8,6 +8,7 @@
 
 #include "CcRoiLine.h"
 #include "KestOutline.h"
+#include "core/Platform.h"
 #include "roi/kernel/OutlineLines.h"
 
 namespace kest {
@@ -34,7 +35,7 @@ std::span<const IntPoint> ChainOf(const PixelGroupTag& outline) {
     if (!outline.stPOINTS || !outline.hPOINTS || outline.iNumOfPoints < 1) return {};
     static_assert(sizeof(POINT) == sizeof(IntPoint));
     const std::size_t count = std::min<std::size_t>(static_cast<std::size_t>(outline.iNumOfPoints),
-                                                    GlobalSize(outline.hPOINTS) / sizeof(POINT));
+                                                    SizeOfBlock(outline.hPOINTS) / sizeof(POINT));
     return {reinterpret_cast<const IntPoint*>(outline.stPOINTS), count};
 }
 

@@ -1,13 +1,13 @@
 // How an image is shown, as one call of a ROI tells it.
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 
 #include "CcImage.h"
-#include "core/WindowView.h"
+#include "KestPlatform.h"
+#include "core/Platform.h"
 #include "core/kernel/Geometry.h"
+#include "core/kernel/ViewTransform.h"
 
 namespace kest {
 

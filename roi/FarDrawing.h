@@ -2,8 +2,7 @@
 // drawn. A figure that lies within reach is the platform's own.
 #pragma once
 
-#include <windows.h>
-
+#include "KestPlatform.h"
 #include "core/kernel/Geometry.h"
 
 namespace kest {

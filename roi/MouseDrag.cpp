@@ -5,26 +5,7 @@
 #include <atomic>
 
 #include "core/Messages.h"
-
-bool KestDragDc::Take(HWND hNewWindow) {
-    Release();
-    hDC = GetDC(hNewWindow);
-    if (!hDC) return false;
-    hWindow = hNewWindow;
-    // A window class with a device context of its own keeps what is selected, so the state is put back at the end.
-    SaveDC(hDC);
-    SetROP2(hDC, R2_NOT);
-    SelectObject(hDC, GetStockObject(NULL_BRUSH));
-    return true;
-}
-
-void KestDragDc::Release() {
-    if (!hDC) return;
-    RestoreDC(hDC, -1);
-    ReleaseDC(hWindow, hDC);
-    hDC = nullptr;
-    hWindow = nullptr;
-}
+#include "core/Platform.h"
 
 namespace kest {
 namespace {
@@ -41,7 +22,7 @@ bool BeginDrag(const DragState& drag, HWND window, int mode, int zoom) {
     if (!drag.dc.Take(window)) return false;
     drag.mode = mode;
     latest = &drag.dc;
-    SetCapture(window);
+    CaptureMouse(window);
     return true;
 }
 
@@ -56,33 +37,29 @@ bool GoesOn(const DragState& drag) {
 void EndDrag(const DragState& drag) {
     drag.mode = -1;
     drag.dc.Release();
-    ClipCursor(nullptr);
-    ReleaseCapture();
+    ConfineCursor(nullptr);
+    ReleaseMouse();
 }
 
 void AbandonDrag(const DragState& drag) {
     if (drag.mode >= 0 && drag.dc && latest == &drag.dc) {
-        ClipCursor(nullptr);
-        if (drag.dc.HasCapture()) ReleaseCapture();
+        ConfineCursor(nullptr);
+        if (drag.dc.HasCapture()) ReleaseMouse();
     }
     drag.dc.Release();
 }
 
 IntRect ClientOnScreen(HWND window) {
-    RECT client = {};
-    GetClientRect(window, &client);
-    POINT corners[] = {{client.left, client.top}, {client.right, client.bottom}};
-    for (POINT& corner : corners) {
-        if (ClientToScreen(window, &corner)) continue;
-        ShowMessage("ROI Conversion", "Error");
-        break;
-    }
+    int width = 0, height = 0;
+    GetClientSize(window, width, height);
+    POINT corners[] = {{0, 0}, {width, height}};
+    if (!ToScreen(window, corners)) ShowMessage("ROI Conversion", "Error");
     return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
 }
 
 void ConfineCursor(const IntRect& range) {
     const RECT clip = {std::max(range.left, 0), std::max(range.top, 0), range.right, range.bottom};
-    ClipCursor(&clip);
+    ConfineCursor(&clip);
 }
 
 }  // namespace kest

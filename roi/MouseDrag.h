@@ -1,9 +1,8 @@
 // What a drag takes from the system and gives back: the window's device context, the mouse capture, the cursor's range.
 #pragma once
 
-#include <windows.h>
-
 #include "CcRoiBase.h"
+#include "KestPlatform.h"
 #include "core/kernel/Geometry.h"
 
 namespace kest {

@@ -18,6 +18,10 @@ int ShowOutline(const OutlineParts& outline, HDC dc, const std::optional<View>& 
     return KEST_OK;
 }
 
+int ShowOutline(const OutlineParts& outline, HWND window, const std::optional<View>& view, HPEN pen) {
+    return ShowOutline(outline, WindowDc(window), view, pen);
+}
+
 void DrawOutlinePixels(HDC dc, const View& view, const OutlineParts& outline) {
     const std::span<const IntPoint> pixels = outline.Pixels();
     if (pixels.empty()) return;

@@ -1,6 +1,7 @@
 // The life of a freehand outline, and the class-wide memory that goes with the last of its class.
 #include "roi/OutlineLife.h"
 
+#include "core/Platform.h"
 #include "roi/ClassWide.h"
 #include "roi/OutlineRecord.h"
 
@@ -9,8 +10,8 @@ namespace {
 
 void ReleaseClassBlock(HGLOBAL& handle) {
     if (handle) {
-        GlobalUnlock(handle);
-        GlobalFree(handle);
+        UnlockBlock(handle);
+        FreeBlock(handle);
     }
     handle = nullptr;
 }
@@ -22,9 +23,8 @@ void ReleaseRecords(const PixelRecords& pixels) {
 
 bool MakeRecords(const PixelRecords& pixels, Size64 bytes) {
     ReleaseRecords(pixels);
-    pixels.block =
-        IsBlockSize(bytes) ? GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<SIZE_T>(bytes)) : nullptr;
-    if (pixels.block) pixels.Records() = static_cast<CommPerPointsTag*>(GlobalLock(pixels.block));
+    pixels.block = IsBlockSize(bytes) ? AllocateBlock(bytes) : nullptr;
+    if (pixels.block) pixels.Records() = static_cast<CommPerPointsTag*>(LockBlock(pixels.block));
     if (!pixels.Records()) ReleaseRecords(pixels);
     return pixels.Records() != nullptr;
 }

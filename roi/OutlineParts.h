@@ -3,13 +3,12 @@
 // OutlineQueries and OutlineRecord.
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <span>
 
 #include "CcRoiBase.h"
 #include "KestOutline.h"
+#include "KestPlatform.h"
 #include "core/kernel/Geometry.h"
 #include "roi/BoundaryBuffer.h"
 #include "roi/MouseDrag.h"

@@ -1,9 +1,8 @@
 // The segments of a freehand outline that is being drawn.
 #pragma once
 
-#include <windows.h>
-
 #include "KestOutline.h"
+#include "KestPlatform.h"
 #include "core/kernel/CheckedSize.h"
 
 namespace kest {

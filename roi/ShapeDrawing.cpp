@@ -20,6 +20,10 @@ int ShowShape(const ShapeParts& shape, HDC dc, const std::optional<View>& view, 
     return KEST_OK;
 }
 
+int ShowShape(const ShapeParts& shape, HWND window, const std::optional<View>& view, HPEN pen) {
+    return ShowShape(shape, WindowDc(window), view, pen);
+}
+
 void DrawRectangle(HDC dc, const IntRect& place) {
     const IntRect limited = Reach(dc).Limited(place);
     Rectangle(dc, limited.left, limited.top, Saturate(Size64{limited.right} + 1), Saturate(Size64{limited.bottom} + 1));

@@ -2,10 +2,9 @@
 // lie anywhere; what cannot show is not drawn.
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 
+#include "KestPlatform.h"
 #include "core/kernel/Geometry.h"
 #include "roi/ShapeParts.h"
 
@@ -13,6 +12,7 @@ namespace kest {
 
 /// Draws the shape where the view has it. KEST_FAILED without a device context or a view.
 int ShowShape(const ShapeParts& shape, HDC dc, const std::optional<View>& view, HPEN pen);
+int ShowShape(const ShapeParts& shape, HWND window, const std::optional<View>& view, HPEN pen);
 
 /// From left/top to right + 1, bottom + 1: both ends of the pixel range are drawn.
 void DrawRectangle(HDC dc, const IntRect& place);

@@ -4,9 +4,8 @@
 // itself.
 #pragma once
 
-#include <windows.h>
-
 #include "CcRoiBase.h"
+#include "KestPlatform.h"
 #include "core/kernel/Geometry.h"
 #include "core/kernel/ViewTransform.h"
 #include "roi/BoundaryBuffer.h"

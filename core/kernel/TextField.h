@@ -40,7 +40,7 @@ void CopyField(char (&text)[N], const char* field, std::size_t size) {
 /// True when a field of `size` characters holds exactly `text`.
 inline bool FieldEquals(const char* field, std::size_t size, const char* text) {
     const std::size_t length = FieldLength(field, size);
-    return FieldLength(text, length + 1) == length && std::memcmp(field, text, length) == 0;
+    return std::strncmp(field, text, length) == 0 && text[length] == 0;
 }
 
 }  // namespace kest

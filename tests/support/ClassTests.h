@@ -1,11 +1,8 @@
-// What the tests of classes read first: the library, real windows and dialogs, and objects with known content.
+// What the tests of classes read first: the library, objects with known content, and on Windows real windows.
 #pragma once
-
-#include <windows.h>
 
 #include "KestApi.h"
 #include "support/Bytes.h"
-#include "support/Census.h"
 #include "support/Dialogs.h"
 #include "support/KernelTests.h"
 #include "support/KnownImages.h"
@@ -13,4 +10,8 @@
 #include "support/Slots.h"
 #include "support/Streams.h"
 #include "support/TestData.h"
+
+#if defined(_WIN32)
+#include "support/Census.h"
 #include "support/TestWindow.h"
+#endif

@@ -1,11 +1,11 @@
 // Answers the modal boxes and dialogs that the library shows, and tells afterwards what they said.
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "KestPlatform.h"
 
 namespace test {
 

@@ -1,8 +1,6 @@
 // ROIs with known coordinates, and what they list.
 #pragma once
 
-#include <windows.h>
-
 #include <array>
 #include <memory>
 #include <utility>

@@ -1,0 +1,26 @@
+// The device context of a window in which a ROI is being dragged.
+#include "CcRoiBase.h"
+
+bool KestDragDc::Take(HWND hNewWindow) {
+    Release();
+    hDC = GetDC(hNewWindow);
+    if (!hDC) return false;
+    hWindow = hNewWindow;
+    // A window class with a device context of its own keeps what is selected, so the state is put back at the end.
+    SaveDC(hDC);
+    SetROP2(hDC, R2_NOT);
+    SelectObject(hDC, GetStockObject(NULL_BRUSH));
+    return true;
+}
+
+void KestDragDc::Release() {
+    if (!hDC) return;
+    RestoreDC(hDC, -1);
+    ReleaseDC(hWindow, hDC);
+    hDC = nullptr;
+    hWindow = nullptr;
+}
+
+bool KestDragDc::IsUsable() const { return hDC && (!hWindow || IsWindow(hWindow)); }
+
+bool KestDragDc::HasCapture() const { return hWindow && GetCapture() == hWindow; }
