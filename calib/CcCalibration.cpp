@@ -187,8 +187,8 @@ int CcCalibration::Open(const char* pszFileName) {
             return KEST_FAILED;
         kest::ReadPoints(points, header);
     }
-    // The bytes that exist are counted first, so that no file makes a block larger than itself. An old map stays until the
-    // new one is whole.
+    // The bytes that exist are counted first, so that no file makes a block larger than itself. An old map stays until
+    // the new one is whole.
     KestGlobalBlock newMap;
     if (header.HasMap()) {
         const kest::Size64 mapBytes = kest::AreaMapBytes(header.mapWidth, header.mapHeight);

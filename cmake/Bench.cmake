@@ -1,4 +1,5 @@
-# The measuring programs, only with KEST_BENCH. The peer is measured beside the library where its packages are installed.
+# The measuring programs, only with KEST_BENCH. The peer is measured beside the library where its packages are
+# installed.
 set(bench_sources bench/CalibrationWork.cpp bench/ColourWork.cpp bench/Peers.cpp bench/RegionWork.cpp
   bench/SampleWork.cpp bench/Table.cpp)
 

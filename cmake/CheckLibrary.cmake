@@ -1,5 +1,5 @@
-# Fails when the library uses what it must do without. Run by the build after the library is linked, with NM, LIST, the list
-# of its object files, LIBRARY, the library, SOURCE, the project's folder, and PARTS, the library's folders in it.
+# Fails when the library uses what it must do without. Run by the build after the library is linked, with NM, LIST, the
+# list of its object files, LIBRARY, the library, SOURCE, the project's folder, and PARTS, the library's folders in it.
 #
 #   the run-time library's `new`, throwing, aligned or nothrow: memory comes from an allocator that returns null
 #   (core/kernel/HeapArray.h tells why). None of it is in the linked library either, as it would be behind anything that
@@ -13,7 +13,8 @@ if(failed)
   message(FATAL_ERROR "${NM}: ${problem}")
 endif()
 # Names with and without the platform's leading underscore.
-string(REGEX MATCHALL "[^\n]* _?(_Zn[wa]|_ZSt[0-9]+__throw|__dynamic_cast|__cxa_bad_typeid|__cxa_bad_cast|_ZNKSt9type_info)[^\n]*" found "${undefined}")
+set(refused "_Zn[wa]|_ZSt[0-9]+__throw|__dynamic_cast|__cxa_bad_typeid|__cxa_bad_cast|_ZNKSt9type_info")
+string(REGEX MATCHALL "[^\n]* _?(${refused})[^\n]*" found "${undefined}")
 if(found)
   list(JOIN found "\n" found)
   message(FATAL_ERROR "the library must not call this:\n${found}")

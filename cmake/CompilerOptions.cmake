@@ -36,8 +36,8 @@ add_library(kest_library_options INTERFACE)
 target_link_libraries(kest_library_options INTERFACE kest_options)
 if(NOT MSVC)
   # The kernels' records (IntPoint) stand for the platform's of the same layout (POINT).
-  # The library asks for no run-time type information, but its classes have it (no -fno-rtti): a host's dynamic_cast of an
-  # object that the library made ends the host's process without it.
+  # The library asks for no run-time type information, but its classes have it (no -fno-rtti): a host's dynamic_cast of
+  # an object that the library made ends the host's process without it.
   # Nobody reads errno after a square root, which is then one instruction with the same result.
   target_compile_options(kest_library_options INTERFACE -fno-exceptions -fno-strict-aliasing -fno-math-errno)
 endif()

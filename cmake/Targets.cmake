@@ -45,7 +45,8 @@ else()
     file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/library-objects.txt
       CONTENT "$<JOIN:$<TARGET_OBJECTS:KestApi>;$<TARGET_OBJECTS:kest_kernels>,\n>\n")
     add_custom_command(TARGET KestApi POST_BUILD COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM}
-      -DLIST=${CMAKE_BINARY_DIR}/library-objects.txt -DLIBRARY=$<TARGET_FILE:KestApi> -DSOURCE=${PROJECT_SOURCE_DIR} "-DPARTS=${KEST_PARTS}"
+      -DLIST=${CMAKE_BINARY_DIR}/library-objects.txt -DLIBRARY=$<TARGET_FILE:KestApi>
+      -DSOURCE=${PROJECT_SOURCE_DIR} "-DPARTS=${KEST_PARTS}"
       -P ${PROJECT_SOURCE_DIR}/cmake/CheckLibrary.cmake VERBATIM)
   endif()
   # What nearly every file reads first is read once.

@@ -1,5 +1,5 @@
-# Native: the tests of all kernels, and those of the classes that need no window. Windows: one program a folder, with the
-# tests of its kernels and classes.
+# Native: the tests of all kernels, and those of the classes that need no window. Windows: one program a folder, with
+# the tests of its kernels and classes.
 set(gtest_source /usr/src/googletest CACHE PATH "GoogleTest's source")
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)

@@ -1,5 +1,5 @@
-# KestView, the program over the public headers alone. Its documents (files, conversion, measuring) are a library, so that
-# tests reach them without the windows; the windows are another, so that tests reach the menus without the program.
+# KestView, the program over the public headers alone. Its documents (files, conversion, measuring) are a library, so
+# that tests reach them without the windows; the windows are another, so that tests reach the menus without the program.
 enable_language(RC)
 file(GLOB document_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/viewer/document/*.cpp)
 set(platform_sources)
@@ -24,8 +24,9 @@ target_link_libraries(kestview_windows PUBLIC kestview_documents comctl32 comdlg
 target_precompile_headers(kestview_windows REUSE_FROM kestview_documents)
 add_executable(KestView WIN32 viewer/KestView.cpp viewer/KestView.rc)
 target_link_libraries(KestView PRIVATE kestview_windows)
+set(kest_resources ${PROJECT_SOURCE_DIR}/viewer/res)
 set_source_files_properties(viewer/KestView.rc PROPERTIES OBJECT_DEPENDS
-  "${PROJECT_SOURCE_DIR}/viewer/res/Resource.h;${PROJECT_SOURCE_DIR}/viewer/res/KestView.manifest;${PROJECT_SOURCE_DIR}/viewer/res/KestView.ico")
+  "${kest_resources}/Resource.h;${kest_resources}/KestView.manifest;${kest_resources}/KestView.ico")
 
 # The sample tool, where the program looks for its tools.
 add_custom_command(TARGET KestView POST_BUILD

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int tableStep = 20;
 constexpr int bufferStep = 100000;
-/// Up to this capacity the real block grows with what is put: most bags hold a few bytes, and a fresh large block for each
-/// costs more than all else.
+/// Up to this capacity the real block grows with what is put: most bags hold a few bytes, and a fresh large block for
+/// each costs more than all else.
 constexpr int promisedBytes = 1 << 20;
 
 /// Reads `bytes` bytes into `block`. The block grows as the bytes arrive, so a count that lies costs no memory.

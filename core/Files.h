@@ -22,8 +22,8 @@ private:
     HANDLE handle;
 };
 
-/// For reading from the start; others may read and write it meanwhile. INVALID_HANDLE_VALUE when it cannot be had, as for
-/// the next.
+/// For reading from the start; others may read and write it meanwhile. INVALID_HANDLE_VALUE when it cannot be had, as
+/// for the next.
 HANDLE OpenForReading(const char* path);
 
 /// From the start, for nobody else; made when it is missing. `access` is GENERIC_READ, GENERIC_WRITE or both.

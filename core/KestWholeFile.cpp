@@ -51,8 +51,8 @@ std::string_view FolderOf(const char* path) {
     return {path, parts.drive.size() + parts.directory.size()};
 }
 
-/// Makes a file with a number for its name and the extension of `model`, and opens it. INVALID_HANDLE_VALUE when the folder
-/// allows none, or the path would be too long.
+/// Makes a file with a number for its name and the extension of `model`, and opens it. INVALID_HANDLE_VALUE when the
+/// folder allows none, or the path would be too long.
 template <std::size_t Size>
 HANDLE OpenNumbered(std::string_view folder, const char* model, char (&path)[Size]) {
     const std::string_view extension = kest::SplitPath(model).extension;

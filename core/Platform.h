@@ -1,5 +1,5 @@
-// What the classes ask of the platform besides files (Files.h), message boxes (Messages.h) and drawing. Platform.cpp asks
-// Windows, native/Platform.cpp the standard library.
+// What the classes ask of the platform besides files (Files.h), message boxes (Messages.h) and drawing. Platform.cpp
+// asks Windows, native/Platform.cpp the standard library.
 #pragma once
 
 #include <span>

@@ -1,6 +1,6 @@
 // The settings dialogs of a graph. Each runs modally over `owner` (which may be null) from its template in `resources`.
-// Accepted, it applies what was entered through the graph's own setters; cancelled, it changes nothing. One that cannot be
-// made is told in a message box.
+// Accepted, it applies what was entered through the graph's own setters; cancelled, it changes nothing. One that cannot
+// be made is told in a message box.
 #pragma once
 
 #include "KestPlatform.h"

@@ -42,8 +42,8 @@ struct CurveParts {
 /// line that leaves.
 void DrawCurve(HDC dc, const GraphPlane& plane, std::span<const tagPoints> points, CurveParts parts);
 
-/// Squares of `2 * halfSize` pixels about points, in the pen and brush of the device context; none about a point that is
-/// not finite or far off.
+/// Squares of `2 * halfSize` pixels about points, in the pen and brush of the device context; none about a point that
+/// is not finite or far off.
 class SquareDrawer {
 public:
     SquareDrawer(HDC target, const GraphPlane& plane, int halfSize);

@@ -1,4 +1,5 @@
-// Interactive thresholding of the 8-bit grayscale image: bands of levels are coloured in the curves of display table 101.
+// Interactive thresholding of the 8-bit grayscale image: bands of levels are coloured in the curves of display table
+// 101.
 #include "CcGrayImage256.h"
 #include "image/kernel/ThresholdBand.h"
 

@@ -14,9 +14,10 @@ namespace kest {
 /// without a message, when the file is refused.
 std::uint8_t* ReadDib8(const char* path, KestGlobalBlock& dib, DibLayout& layout);
 
-/// Reads a 24-bit BMP file into a block: info header and pixels, as above. Null, after a message, when the file is refused. A
-/// `plane`, if there is one, is allocated with the size of the pixels of a file that is accepted, and released when it
-/// is refused for what follows its file header. Messages have the focus window as owner; with a plane they have none.
+/// Reads a 24-bit BMP file into a block: info header and pixels, as above. Null, after a message, when the file is
+/// refused. A `plane`, if there is one, is allocated with the size of the pixels of a file that is accepted, and
+/// released when it is refused for what follows its file header. Messages have the focus window as owner; with a plane
+/// they have none.
 std::uint8_t* ReadDib24(const char* path, KestGlobalBlock& dib, DibLayout& layout, KestGlobalBlock* plane = nullptr);
 
 /// Writes a DIB of 8 or 24 bits as a BMP file, which Replace then puts in its place. What went wrong is the file's to

@@ -21,8 +21,8 @@ private:
 };
 
 /// Prints the picture with its overlay (none without bits) as one document. At a whole-number zoom only what the window
-/// shows is printed. 0; -1 when there is no picture (any more), or when the page could not be drawn or printed whole: the
-/// job is then given up.
+/// shows is printed. 0; -1 when there is no picture (any more), or when the page could not be drawn or printed whole:
+/// the job is then given up.
 int PrintImage(HDC printer, DOCINFOA& job, const char* documentName, const LookSource& takeLook,
                const Source<DibPicture>& takeOverlay, HWND window, const ShowArguments& arguments);
 

@@ -32,8 +32,8 @@ struct ShowArguments {
     int zoom;
 };
 
-/// Each returns what Show returns: 0, also without an image; -1 for a null device context or window, and when the picture
-/// could not be drawn.
+/// Each returns what Show returns: 0, also without an image; -1 for a null device context or window, and when the
+/// picture could not be drawn.
 int ShowInRect(HDC dc, const RECT* rect, const LookSource& takeLook, const ShowArguments& arguments);
 int ShowInWindow(HDC dc, HWND window, const LookSource& takeLook, const ShowArguments& arguments);
 int ShowInWindow(HWND window, const LookSource& takeLook, const ShowArguments& arguments);

@@ -77,7 +77,8 @@ int WideImage<Sample>::Save(const char* pathToSave) const {
     if (!hasRaw && IsPlainFile(rawPath)) return Tell(kind.notSaved);
     WriteDib(BytesOf(Dib().block), 8, bmp);
     bmp.Complete();
-    // That the BMP file cannot be created is no failure; where the raw one cannot be, the BMP file is written all the same.
+    // That the BMP file cannot be created is no failure; where the raw one cannot be, the BMP file is written all the
+    // same.
     if (bmp.GetResult() == KestWholeFile::NotWritten) return TellDib8NotWritten();
     if (hasRaw) {
         WriteRaw(Header(), all.data(), sizeof(Sample), raw);

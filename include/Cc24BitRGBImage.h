@@ -56,12 +56,12 @@ public:
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;  // slot 13
     /// 24-bit files without colour table whose rows need no padding. -1 after messages: the file's fault, then "Could
     /// not open DIB file"; for a file with a colour table "This type of Object only handles 24Bit RBG Color BitMaps".
-    /// The image then has no pixels. A path of 260 or more characters gives -1 without a message. The name is the file's
-    /// up to its first dot.
+    /// The image then has no pixels. A path of 260 or more characters gives -1 without a message. The name is the
+    /// file's up to its first dot.
     int OpenBMPFile(const char* pszPath) override;  // slot 14
-    /// -1 without an image, after "No Image to save"; when the disk does not take the file, after "Can't write file", with
-    /// the old one as it was; for a cancelled dialog; and for a path of 260 or more characters. 0 also when the file
-    /// cannot be created, after "Can't open file".
+    /// -1 without an image, after "No Image to save"; when the disk does not take the file, after "Can't write file",
+    /// with the old one as it was; for a cancelled dialog; and for a path of 260 or more characters. 0 also when the
+    /// file cannot be created, after "Can't open file".
     int SaveBMPFile(const char* pszPath) override;  // slot 15
     /// Every byte gets the low 8 bits of iValue. An image of that size already is refilled.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;  // slot 16

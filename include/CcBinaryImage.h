@@ -42,8 +42,8 @@ public:
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;  // slot 16
     /// Does nothing, 0.
     int BeginThresholding(HWND hWnd, unsigned short usLUT) override;  // slot 17
-    /// The working look with a colour for value 1 (band 1.0 to 1.0), value 0 (0.0 to 0.0) or both (0.0 to 1.0); any other
-    /// band colours nothing. The window is told to redraw itself. Always 0.
+    /// The working look with a colour for value 1 (band 1.0 to 1.0), value 0 (0.0 to 0.0) or both (0.0 to 1.0); any
+    /// other band colours nothing. The window is told to redraw itself. Always 0.
     int ThresholdImage(HWND hWnd, float fLow, float fHigh, int iRed, int iGreen, int iBlue) override;  // slot 18
     // slot 19: ThresholdImageMulti is not provided
     /// The working look. Always 0.

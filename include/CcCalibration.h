@@ -15,7 +15,8 @@ constexpr int KEST_UNITS_SIZE = 80;
 /// lengths are in the calibration's unit (GetUnitsOfMeasure), areas in its square. A new calibration maps every point
 /// to itself and has no area map.
 ///
-/// Results: 0, or -1 for failure. Only a Save that the disk does not take shows a message. A copy shares its source's area map (see KestBlocks.h).
+/// Results: 0, or -1 for failure. Only a Save that the disk does not take shows a message. A copy shares its source's
+/// area map (see KestBlocks.h).
 class KEST_API CcCalibration : public CcHLObject {
 public:
     CcCalibration();
@@ -69,9 +70,9 @@ public:
     /// Version of the file that Open read last, 1 or 2; 2 at first.
     int GetLoadedVersionNumber();
 
-    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created. What the disk
-    /// does not take is told by a message box "Problem writing calibration to file" with the caption "File I/O Error"; an
-    /// old file is then as it was, and the result 0.
+    /// Writes a ".cal" file; a null path asks the user. -1 when that is cancelled or the file cannot be created. What
+    /// the disk does not take is told by a message box "Problem writing calibration to file" with the caption "File I/O
+    /// Error"; an old file is then as it was, and the result 0.
     int Save(const char* pszFileName);
     /// Reads a ".cal" file of version 1 (which has no points; they stay as they were) or 2; a null path asks the user.
     /// -1, with nothing changed, when that is cancelled or the file cannot be opened or read, is no calibration or is

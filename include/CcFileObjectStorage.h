@@ -9,9 +9,9 @@
 ///
 /// While an object is written or read as a whole, small writes are gathered and small reads are served from a block
 /// read ahead; PutObject and GetNextObject leave the file and its position as if each byte had been transferred singly,
-/// and PutObject returns KEST_WRITE_FAILED when any of it could not be written. GetNextObject returns KEST_READ_FAILED when
-/// the position could not be set back; the next read goes on behind the object all the same. In a derived class, which can
-/// have its own Read and Write, nothing is gathered or read ahead: they are called for each piece, in order.
+/// and PutObject returns KEST_WRITE_FAILED when any of it could not be written. GetNextObject returns KEST_READ_FAILED
+/// when the position could not be set back; the next read goes on behind the object all the same. In a derived class,
+/// which can have its own Read and Write, nothing is gathered or read ahead: they are called for each piece, in order.
 /// A copy shares its source's file handle and never closes it.
 class KEST_API CcFileObjectStorage : public CcObjectStorage {
 public:
@@ -34,8 +34,8 @@ public:
     int Read(void* pBuffer, long lLength) override;
     /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_WRITE_FAILED.
     int Write(void* pBuffer, long lLength) override;
-    /// Only position 0 is accepted (else KEST_BAD_LENGTH). A successful rewind returns KEST_AT_START, not 0; one that the
-    /// system refused, or of a pipe or device, KEST_FAILED.
+    /// Only position 0 is accepted (else KEST_BAD_LENGTH). A successful rewind returns KEST_AT_START, not 0; one that
+    /// the system refused, or of a pipe or device, KEST_FAILED.
     int SetPos(long lPosition) override;
     /// The position; KEST_NOT_OPEN, or KEST_FAILED where there is none (a pipe or device).
     int GetPos() override;

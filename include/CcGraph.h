@@ -58,7 +58,8 @@ public:
 
     /// Ranges in data coordinates; exponents by which the labels are scaled (3: thousands); decimals of the labels.
     /// Corrects, after a message box with the caption "Error": a precision outside 0 to 5 to 2, and a maximum that
-    /// equals its minimum to 1 more. The boxes come when all is stored and corrected. A minimum above its maximum turns the axis round. Always 0.
+    /// equals its minimum to 1 more. The boxes come when all is stored and corrected. A minimum above its maximum turns
+    /// the axis round. Always 0.
     int SetMinMaxValues(float fNewXMin, float fNewXMax, float fNewYMin, float fNewYMax, int iXOption,
                         int iNewXPrecision, int iYOption, int iNewYPrecision);
     /// The same values in the same order. Null is skipped.
@@ -85,8 +86,8 @@ public:
     int SetCurveAppearance(int iIndex, const tagCURVEAPPEARANCE* pAppearance);
 
     /// Writes the settings, without the curves, to a file of 3560 bytes. -1 after a message box "Can't open file:%s for
-    /// saving" with the caption "Error...". What the disk does not take is told by a box "Can't write file:%s"; an old file
-    /// is then as it was, and the result 0.
+    /// saving" with the caption "Error...". What the disk does not take is told by a box "Can't write file:%s"; an old
+    /// file is then as it was, and the result 0.
     int SaveAppearance(const char* pszFileName);
     /// Reads what SaveAppearance wrote. -1 after a message box "Can't open file:%s for reading" with the caption
     /// "Error..."; -1 without a box, and nothing changed, for a file that is too short.
@@ -94,9 +95,10 @@ public:
 
     /// Draws the graph: into the client area of `hWnd`, or, with `iDevice` 1, onto the whole surface of the device (a
     /// page). Uses the font of `hDC`. Always 0. Nothing is drawn but the frame of a page when the ranges are empty or
-    /// not finite, the place has no room for a plot, or a logical unit is over 10,000 pixels and the place's longer side;
-    /// points that are not finite leave gaps in their curves. Whatever the settings say, a drawing costs no more than its surface: what lies far
-    /// beside that is left out, and texts whose letters would be several times as large.
+    /// not finite, the place has no room for a plot, or a logical unit is over 10,000 pixels and the place's longer
+    /// side; points that are not finite leave gaps in their curves. Whatever the settings say, a drawing costs no more
+    /// than its surface: what lies far beside that is left out, and texts whose letters would be several times as
+    /// large.
     int ShowGraph(HWND hWnd, HDC hDC, int iDevice);
     /// Draws one more curve over a graph, in the pen of `hDC`; the gaps of broken lines show what is behind. Always 0.
     int ShowCurveOnGraph(HWND hWnd, HDC hDC, tagPoints* pPoints, int iCount, int iDevice);
@@ -136,8 +138,8 @@ public:
     /// could not be loaded. A dialog that cannot be made, for want of its template or of memory, changes nothing and
     /// returns 0 after a message box "Can't open dialog:%s" with the caption "Error...". Redraw the graph afterwards.
     ///
-    /// The host's timers and paint handlers run meanwhile. They may change the list of curves: a curve that is no longer
-    /// in it when the user accepts is not touched. When they delete the graph its dialog is cancelled.
+    /// The host's timers and paint handlers run meanwhile. They may change the list of curves: a curve that is no
+    /// longer in it when the user accepts is not touched. When they delete the graph its dialog is cancelled.
     /// @{
 
     int ShowDLBLineStyle();        ///< colour, style and width of the curves

@@ -18,20 +18,20 @@ public:
     ~CcGrayImage256() override;  // slot 0
 
     /// A record that cannot be read (the stream's own code) or holds no usable DIB (-1) leaves an image without pixels;
-    /// -1 also when only the ROI list fails. The depth of a stored DIB is not checked; it must have a colour table, which
-    /// lies inside its block with a byte a pixel.
+    /// -1 also when only the ROI list fails. The depth of a stored DIB is not checked; it must have a colour table,
+    /// which lies inside its block with a byte a pixel.
     int Load(CcObjectStorage* pStorage) override;  // slot 1
     /// Writes name, DIB and ROI list. -1 when one of them cannot be written.
     int Store(CcObjectStorage* pStorage) override;              // slot 2
     int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
-    /// Needs an image and its display tables; copies nothing for an empty or turned rectangle (-1). An unknown LUT counts
-    /// as 101.
+    /// Needs an image and its display tables; copies nothing for an empty or turned rectangle (-1). An unknown LUT
+    /// counts as 101.
     int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect) override;  // slot 6
     void* GetBitMapImageData() override;                                         // slot 7
     /// @name Show
-    /// 0, also without an image; -1 for a null device context or window, and when the picture could not be drawn (memory is
-    /// short, or the platform refused). An unknown LUT shows "Returned NULL from SelectPalette" and draws with the table
-    /// that the DIB carries. The device context is left as it was.
+    /// 0, also without an image; -1 for a null device context or window, and when the picture could not be drawn
+    /// (memory is short, or the platform refused). An unknown LUT shows "Returned NULL from SelectPalette" and draws
+    /// with the table that the DIB carries. The device context is left as it was.
     /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;  // slot 8
@@ -40,8 +40,8 @@ public:
     int Show(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;  // slot 10
     /// @}
-    /// Needs an image. LUT 102 to 104 print the palette indices as grays, so 103 and 104 come out darker than on screen.
-    /// -1 also for an unknown LUT, after the dialog, and when the page cannot be printed whole.
+    /// Needs an image. LUT 102 to 104 print the palette indices as grays, so 103 and 104 come out darker than on
+    /// screen. -1 also for an unknown LUT, after the dialog, and when the page cannot be printed whole.
     int Print(HWND hWnd, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
               int iZoom) override;  // slot 11
     /// LUT 101, channels 1 red, 2 green, 3 blue: 256 points. LUT 102, 103, 104, channel 0: 256, 128, 64 points. -1 for
@@ -52,22 +52,22 @@ public:
     /// memory for a display table is short.
     int SetDisplayLUT(int iLUT, int iChannel, tagPoints* pPoints) override;  // slot 13
     /// -1 after a message: "Could not open DIB file", or for a file with other than 256 colours "This type of Object
-    /// only handles 256 Color BitMaps" (until the next image arrives this one then has no pixels). A path of 260 or more
-    /// characters gives -1 without one. Display tables for which memory is short are made when they are needed.
+    /// only handles 256 Color BitMaps" (until the next image arrives this one then has no pixels). A path of 260 or
+    /// more characters gives -1 without one. Display tables for which memory is short are made when they are needed.
     int OpenBMPFile(const char* pszPath) override;  // slot 14
     /// 0 also, and without a message, when the file cannot be created (a folder that is not there, a file that is
     /// write-protected or in use): look for the file where that matters. -1 without an image, after "No Image to save";
-    /// when the disk does not take the file, after "Could not write DIB file", with the old one as it was; for a cancelled
-    /// dialog; and for a path of 260 or more characters. What is written after OpenBMPFile refused a colour count is that
-    /// file's DIB.
+    /// when the disk does not take the file, after "Could not write DIB file", with the old one as it was; for a
+    /// cancelled dialog; and for a path of 260 or more characters. What is written after OpenBMPFile refused a colour
+    /// count is that file's DIB.
     int SaveBMPFile(const char* pszPath) override;  // slot 15
     /// Every pixel gets the low 8 bits of iValue. An image of that size already is refilled and keeps its colours.
     int MakeBlankBMP(int iNewHeight, int iNewWidth, int iValue, const char* pszName) override;  // slot 16
     /// @name Thresholding
     /// It sets the curves of LUT 101 and changes no pixel; show the image with LUT 101 to see it. Levels in a band
     /// (from fLow rounded down to fHigh rounded up) show the band's colour, all others their gray. A band from
-    /// 255.0 on starts at 0. Window and usLUT are not used. -1, and nothing changed, while memory for a display table is
-    /// short.
+    /// 255.0 on starts at 0. Window and usLUT are not used. -1, and nothing changed, while memory for a display table
+    /// is short.
     /// @{
 
     /// All gray.

@@ -32,8 +32,8 @@ public:
     void* GetBitMapImageData() override;  // slot 7
     /// @name Show
     /// -1 without samples or display image, and while memory for a display table is short, else 0, whether or not the
-    /// picture could be drawn. When the samples or the display range changed, the display image is computed first, and with
-    /// automatic display the point lists are spread over the display range.
+    /// picture could be drawn. When the samples or the display range changed, the display image is computed first, and
+    /// with automatic display the point lists are spread over the display range.
     /// @{
     int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
              int iZoom) override;  // slot 8
@@ -52,16 +52,16 @@ public:
     /// Without a raw file of the class's code, the image's size and enough bytes the samples are the 8-bit values;
     /// statistics and display are then not made stale (ReScaleImageOnShow does so for an object that held another
     /// image before). -1 for a BMP file that is refused (old samples stay); without samples after "Unable to Allocate
-    /// Memory for 16-bit Image", and after "Can't read file of 16-bit image data" when there is a raw file that cannot be
-    /// opened or read: with 8-bit values in their place its samples would be lost at the next save.
+    /// Memory for 16-bit Image", and after "Can't read file of 16-bit image data" when there is a raw file that cannot
+    /// be opened or read: with 8-bit values in their place its samples would be lost at the next save.
     int OpenBMPFile(const char* pszPath) override;  // slot 14
-    /// Writes the display image as BMP file and the raw file beside it; both are complete before an old one is replaced.
-    /// -1 without samples, for a cancelled dialog and for a path of 260 or more characters; and with both old files as they
-    /// were after "Can't open file for saving 16-bit image data" (the old raw file cannot be written to), "Can't write file
-    /// of 16-bit image data" or "Could not write DIB file". Where no raw file can be made and there is none, as at a path
-    /// that is too long for it, the BMP file is written before the first of these messages; and it may be new already
-    /// when the system breaks off in the very replacing. A BMP file that cannot be created is passed over, as by the 8-bit
-    /// image.
+    /// Writes the display image as BMP file and the raw file beside it; both are complete before an old one is
+    /// replaced. -1 without samples, for a cancelled dialog and for a path of 260 or more characters; and with both old
+    /// files as they were after "Can't open file for saving 16-bit image data" (the old raw file cannot be written to),
+    /// "Can't write file of 16-bit image data" or "Could not write DIB file". Where no raw file can be made and there
+    /// is none, as at a path that is too long for it, the BMP file is written before the first of these messages; and
+    /// it may be new already when the system breaks off in the very replacing. A BMP file that cannot be created is
+    /// passed over, as by the 8-bit image.
     int SaveBMPFile(const char* pszPath) override;  // slot 15
     /// Every sample gets iValue's low 16 bits. -1 after "Could not make Blank DIB", or after "Unable to Allocate
     /// Memory for Floating Point Image" (whatever the sample type). Refilling an image of that size already keeps

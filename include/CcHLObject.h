@@ -10,9 +10,9 @@ class CcObjectStorage;
 /// The root class: a type code, a reference count that callers manage by hand, a name, and the operations that object
 /// streams call.
 ///
-/// Operations return 0 for success and a negative value for failure; nothing throws. Copying copies type, count and name
-/// as they stand. Strings that are only read are `const char*`, in virtual functions too: a host that overrides one
-/// declares it so.
+/// Operations return 0 for success and a negative value for failure; nothing throws. Copying copies type, count and
+/// name as they stand. Strings that are only read are `const char*`, in virtual functions too: a host that overrides
+/// one declares it so.
 class KEST_API CcHLObject : public KestHeapObject {
 public:
     CcHLObject();

@@ -43,8 +43,8 @@ enum KestImageType : int {
 /// interface but GetRegion beeps and shows "This is a Virtual Function"; those for thresholding return 0 after it.
 ///
 /// While a message box, a dialog or a print job is open the application goes on: its timers and paint handlers may give
-/// the image another picture, and what is drawn, printed, copied or saved afterwards is the one that is there then. They
-/// must not delete the image.
+/// the image another picture, and what is drawn, printed, copied or saved afterwards is the one that is there then.
+/// They must not delete the image.
 ///
 /// A copy shares its source's blocks (see KestBlocks.h), its list members included.
 class KEST_API CcImage : public CcHLObject {
@@ -66,8 +66,8 @@ public:
     virtual int CopyToClipboard(HWND hWnd, unsigned short usLUT, RECT* pRect);  // slot 6
     /// The first byte of the pixel rows (or of the samples); null without pixels. No box in the base.
     virtual void* GetBitMapImageData();  // slot 7
-    /// Draws into `pRect` of the device context. Zooms, offsets and rectangles may be as large as integers are; what lies
-    /// outside the surface is left out.
+    /// Draws into `pRect` of the device context. Zooms, offsets and rectangles may be as large as integers are; what
+    /// lies outside the surface is left out.
     virtual int Show(HDC hDC, RECT* pRect, unsigned short usLUT, unsigned short usMode, int iXOffset, int iYOffset,
                      int iZoom);  // slot 8
     /// Draws into the device context, as large as the window's client area.
@@ -137,7 +137,8 @@ public:
     /// @name Overlay
     /// A byte a pixel in one block, rows of exactly the image's width, bottom row first. A byte selects one of the
     /// 20 system colours by its value modulo 20 (13 red, 14 green, 16 blue, 19 white); black, as 0, 20 and all from
-    /// 240 on, lets the image show (Print paints every value but 0). The overlay keeps its size when the image gets another one; make it anew then.
+    /// 240 on, lets the image show (Print paints every value but 0). The overlay keeps its size when the image gets
+    /// another one; make it anew then.
     /// @{
 
     /// Replaces the overlay by an empty one of the image's size. -1 without an image, or after a message.
@@ -148,8 +149,8 @@ public:
     int ClearOverlay();
     /// The overlay's first byte, made if there is none. Null without an image.
     unsigned char* GetOverlay();
-    /// ORs the overlay onto what the window shows. -1, after a message when there is no overlay, and when it could not be
-    /// drawn.
+    /// ORs the overlay onto what the window shows. -1, after a message when there is no overlay, and when it could not
+    /// be drawn.
     int ShowOverlay(HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);
     /// The same into a device context of the window, without a message.
     int ShowOverlay(HDC hDC, HWND hWnd, unsigned short usMode, int iXOffset, int iYOffset, int iZoom);

@@ -22,8 +22,8 @@ public:
 
     ~CcList() override;  // slot 0
     /// Empties the list, then reads the members that Store wrote; they are the list's own only if the stored
-    /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list. (That of an image
-    /// refuses members that are no ROI.)
+    /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list. (That of an
+    /// image refuses members that are no ROI.)
     int Load(CcObjectStorage* pStorage) override;  // slot 1
     /// Writes a bag with the list's four numbers, then each member's record. -1 on the first failure.
     int Store(CcObjectStorage* pStorage) override;              // slot 2
@@ -106,8 +106,8 @@ private:
     int RemoveAt(int iIndex);
     bool DeletesMembers() const { return iDistructorFlag == 1 && bOwnsMembers; }
 
-    /// The type code that a member needs for Load to take it; KEST_TYPE_NONE: any will do. It belongs to the list's place:
-    /// another list that is assigned to it does not change it.
+    /// The type code that a member needs for Load to take it; KEST_TYPE_NONE: any will do. It belongs to the list's
+    /// place: another list that is assigned to it does not change it.
     struct MemberType {
         MemberType() = default;
         MemberType(const MemberType&) = default;

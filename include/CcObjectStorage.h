@@ -25,17 +25,18 @@ public:
 
     /// Writes one object's record. KEST_NULL_ARGUMENT; -1 when the object has no class name, or its class name or
     /// object name has 50 characters or more (nothing is written then); else the first negative result of a write or of
-    /// the object's Store. What was written stays; behind a write that failed nothing more of the object is written, even
-    /// when the object's Store does not ask for results. Records nested deeper than 100 fail with -1; KEST_NO_MEMORY when
-    /// the system has no memory for the call.
+    /// the object's Store. What was written stays; behind a write that failed nothing more of the object is written,
+    /// even when the object's Store does not ask for results. Records nested deeper than 100 fail with -1;
+    /// KEST_NO_MEMORY when the system has no memory for the call.
     int PutObject(CcHLObject* pObject);
 
     /// Reads the next record into `pObject`, which must be of the record's class (KEST_MISMATCH) and takes the stored
     /// name. KEST_BAD_TAG for a wrong header or footer tag; else the first negative result.
     int GetNextObject(CcHLObject* pObject);
 
-    /// Reads the next record into a new object, which belongs to the caller. On failure the new object is deleted with all
-    /// that it had loaded (the members of a list too, whatever its destruction type), and `*ppObject` stays as it was.
+    /// Reads the next record into a new object, which belongs to the caller. On failure the new object is deleted with
+    /// all that it had loaded (the members of a list too, whatever its destruction type), and `*ppObject` stays as it
+    /// was.
     int GetNextObject(CcHLObject** ppObject);
 
     /// Makes an object of the named class. -1, and null in `*ppObject`, for an unknown name (the abstract classes too).
@@ -45,8 +46,8 @@ public:
     int Reset();
 
     /// @name For use in Load and Store
-    /// The results of Read and Write, but every result that is not negative becomes 0. While PutObject runs, a write behind
-    /// one that failed fails with the same code.
+    /// The results of Read and Write, but every result that is not negative becomes 0. While PutObject runs, a write
+    /// behind one that failed fails with the same code.
     /// @{
     int ReadObjectData(void* pBuffer, long lLength);            ///< any bytes
     int WriteObjectData(const void* pBuffer, long lLength);     ///< any bytes

@@ -8,8 +8,9 @@
 /// lookup takes the first entry with that name and type, so the value put first stays visible.
 ///
 /// Results: 0, or KEST_NULL_ARGUMENT, KEST_BAD_LENGTH (a length below 1, or a name above 259 characters),
-/// KEST_NO_MEMORY, KEST_NOT_FOUND (no entry of that name and type), KEST_MISMATCH (the buffer is smaller than the value).
-/// A failure changes nothing but the buffer of GetString. A copy shares its source's two blocks (see KestBlocks.h).
+/// KEST_NO_MEMORY, KEST_NOT_FOUND (no entry of that name and type), KEST_MISMATCH (the buffer is smaller than the
+/// value). A failure changes nothing but the buffer of GetString. A copy shares its source's two blocks (see
+/// KestBlocks.h).
 class KEST_API CcPropertyBag : public CcHLObject {
 public:
     CcPropertyBag();
@@ -34,7 +35,8 @@ public:
     /// Copies `lLength` bytes.
     int PutBlob(const char* pszName, const void* pData, long lLength);
 
-    /// As PutBlob, but the bytes stay where they are until they are stored, and must stay there; the next put copies them.
+    /// As PutBlob, but the bytes stay where they are until they are stored, and must stay there; the next put copies
+    /// them.
     int ReferToBlob(const char* pszName, const void* pData, long lLength);
 
     /// @}
@@ -53,8 +55,8 @@ public:
 
     /// The general put: `iType` is one of KestPropertyType.
     int PutProp(const char* pszName, int iType, const void* pData, long lLength);
-    /// The general lookup: copies exactly the stored bytes, the rest of the buffer stays untouched. (The A belongs to the
-    /// name, as that of GetClassNameA.)
+    /// The general lookup: copies exactly the stored bytes, the rest of the buffer stays untouched. (The A belongs to
+    /// the name, as that of GetClassNameA.)
     int GetPropA(const char* pszName, int iType, void* pBuffer, long lLength);
     /// The stored bytes of the value that GetPropA would copy, so that a caller can provide a buffer.
     int GetPropLength(const char* pszName, int iType, long* plLength);

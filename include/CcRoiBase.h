@@ -66,8 +66,8 @@ enum KestDragMode : int {
 ///
 /// Colours and pens are one set for all ROIs. Results: 0, or -1 (null) for failure; a ROI shows no message unless said.
 /// A copy shares the points of its source (see KestBlocks.h), but takes no part in a drag that runs, and answers its
-/// boundary queries from a work buffer of its own. It is not counted in iNumOfROIs when it is made, though it is when it is
-/// destroyed.
+/// boundary queries from a work buffer of its own. It is not counted in iNumOfROIs when it is made, though it is when
+/// it is destroyed.
 class KEST_API CcRoiBase : public CcHLObject {
 public:
     CcRoiBase();
@@ -77,39 +77,40 @@ public:
     // Virtual operations in slot order; the base versions of slots 6 to 22 do nothing and return -1, null or 0.
     ~CcRoiBase() override;  // slot 0
     // slots 1 to 5: Load, Store, GetClassNameA, GetObjectName, SetObjectName, inherited
-    /// Writes the ROI to a file of its own, not shared meanwhile. -1 when it cannot be created, or is open elsewhere. What
-    /// the disk does not take is told in a message, not by the result, which is 0; an old file is then as it was.
+    /// Writes the ROI to a file of its own, not shared meanwhile. -1 when it cannot be created, or is open elsewhere.
+    /// What the disk does not take is told in a message, not by the result, which is 0; an old file is then as it was.
     virtual int Save(const char* pszFileName);  // slot 6
-    /// Reads such a file. -1, with nothing changed, when it cannot be read, is not a ROI of this class, or memory is short;
-    /// and for the file of an outline without points, if this one has some.
+    /// Reads such a file. -1, with nothing changed, when it cannot be read, is not a ROI of this class, or memory is
+    /// short; and for the file of an outline without points, if this one has some.
     virtual int Restore(const char* pszFileName);  // slot 7
     /// Copies the class's coordinate record in.
     virtual int SetRoiImageCord(void* pRecord);  // slot 8
     /// The ROI's own coordinate record.
     virtual void* GetRoiImageCord();  // slot 9
     /// Begins drawing, moving or resizing at the mouse position (client pixels) and captures the mouse. -1 for a mode
-    /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points. -1 as well,
-    /// with the mouse left alone, when the window has no device context to draw in or no size, or memory is short.
+    /// that the class does not have, for mode 0 without another ROI, and for moving an outline without points. -1 as
+    /// well, with the mouse left alone, when the window has no device context to draw in or no size, or memory is
+    /// short.
     virtual int StartMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                                POINT stMouse, int iNewDragMode, CcRoiBase* pSourceROI, int iNewZoom);  // slot 10
     /// Follows the mouse. iAddVertex 1 fixes a vertex of a polygon. -1 when no drag runs, when its window has gone
     /// (the drag has then ended, and the mouse is free), or when the window's size cannot be had (nothing has changed).
     virtual int DoMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                             POINT stMouse, int iAddVertex);  // slot 11
-    /// Ends the drag and releases the mouse, also where it returns -1 for what DoMouseDrag does, for too many segments, or
-    /// when memory is short. The application then draws the ROI with ShowROI. A rectangle that is drawn (mode 2) keeps the
-    /// sides that the last DoMouseDrag gave it; one of them that lies at the mouse goes a pixel further right or down, so
-    /// that a click gives a rectangle and not nothing. A rectangle released where it was last drawn is therefore one pixel
-    /// larger than what was seen. The other shapes end at the mouse.
+    /// Ends the drag and releases the mouse, also where it returns -1 for what DoMouseDrag does, for too many segments,
+    /// or when memory is short. The application then draws the ROI with ShowROI. A rectangle that is drawn (mode 2)
+    /// keeps the sides that the last DoMouseDrag gave it; one of them that lies at the mouse goes a pixel further right
+    /// or down, so that a click gives a rectangle and not nothing. A rectangle released where it was last drawn is
+    /// therefore one pixel larger than what was seen. The other shapes end at the mouse.
     virtual int StopMouseDrag(HWND hWnd, int iXOffset, int iYOffset, unsigned short usDisplayMode, CcImage* pImage,
                               POINT stMouse);  // slot 12
-    /// The bounding rectangle (top above bottom), without preparing queries; a line's is from its start (left, top) to its
-    /// end.
+    /// The bounding rectangle (top above bottom), without preparing queries; a line's is from its start (left, top) to
+    /// its end.
     virtual RECT* GetCurrentBoundingRect();  // slot 13
     /// @name Showing
     /// iPenSelect 1 draws selected, -1 as the ROI's own state says, anything else unselected. -1 for a null device
-    /// context, rectangle or image. The device context is left as it was. Coordinates may lie anywhere: only what is near
-    /// the surface is drawn.
+    /// context, rectangle or image. The device context is left as it was. Coordinates may lie anywhere: only what is
+    /// near the surface is drawn.
     /// @{
 
     /// For output without a window: the rectangle's right and bottom stand for the client area's width and height.
@@ -129,8 +130,8 @@ public:
     /// points, or when memory is short.
     virtual RECT* GetBoundingRect();  // slot 18
     /// The y values of the ROI on a column, `*piCount` of them; null and 0 when it misses the column, null and -1 when
-    /// memory is short. The buffer stays the ROI's and is overwritten or replaced by the next query. Call GetBoundingRect
-    /// first.
+    /// memory is short. The buffer stays the ROI's and is overwritten or replaced by the next query. Call
+    /// GetBoundingRect first.
     virtual int* GetYBoundary(int iColumn, int* piCount);  // slot 19
     /// The x values of the ROI on a row, in the same way.
     virtual int* GetXBoundary(int iRow, int* piCount);  // slot 20

@@ -3,8 +3,8 @@
 
 #include "CcRoiBase.h"
 
-/// An ellipse, inscribed in its bounding rectangle (left, top, right, bottom in image coordinates, top above or at bottom).
-/// Four handles: codes 1 top, 2 bottom, 3 left, 4 right middle of the bounding rectangle.
+/// An ellipse, inscribed in its bounding rectangle (left, top, right, bottom in image coordinates, top above or at
+/// bottom). Four handles: codes 1 top, 2 bottom, 3 left, 4 right middle of the bounding rectangle.
 class KEST_API CcRoiEllipse : public CcRoiBase {
 public:
     CcRoiEllipse();

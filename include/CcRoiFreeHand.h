@@ -4,7 +4,8 @@
 #include "CcRoiBase.h"
 #include "KestOutline.h"
 
-/// A closed outline that follows the mouse. Its rows are filled by the even-odd rule, the outline included, each column once.
+/// A closed outline that follows the mouse. Its rows are filled by the even-odd rule, the outline included, each column
+/// once.
 class KEST_API CcRoiFreeHand : public CcRoiBase {
 public:
     CcRoiFreeHand();
@@ -17,8 +18,8 @@ public:
     int GetClassNameA(char* pszBuffer, long lLength) override;  // slot 3
     int Save(const char* pszFileName) override;                 // slot 6
     int Restore(const char* pszFileName) override;              // slot 7
-    /// `pRecord` is a PixelGroupTag, of which the points are copied. -1 for null, a count below 1, or without memory, in
-    /// which case the outline has no points left.
+    /// `pRecord` is a PixelGroupTag, of which the points are copied. -1 for null, a count below 1, or without memory,
+    /// in which case the outline has no points left.
     int SetRoiImageCord(void* pRecord) override;  // slot 8
     /// A PixelGroupTag. Its points may be moved in place; the next GetBoundingRect sees it.
     void* GetRoiImageCord() override;  // slot 9

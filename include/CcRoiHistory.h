@@ -8,15 +8,16 @@
 /// deleting, ...); Undo then brings back what was remembered last, deleted ROIs included, and Redo what was undone.
 ///
 /// ROIs that are still in the list keep their address: their record, name and selection are put back. ROIs that are not
-/// are made anew by class name (which advances the class's naming counter). Members that are no ROIs are left out of the
-/// history; they stay, behind the ROIs.
+/// are made anew by class name (which advances the class's naming counter). Members that are no ROIs are left out of
+/// the history; they stay, behind the ROIs.
 ///
 /// Results: 0, or -1 when there is nothing to undo or redo, or a ROI could not be stored or restored, as when memory is
-/// short (which a list that cannot grow says in a box). The list, its ROIs and the history are then as they were; only what
-/// a host's ROI class adds to the library's class of its type code (everything, when there is none) is what its Load left.
+/// short (which a list that cannot grow says in a box). The list, its ROIs and the history are then as they were; only
+/// what a host's ROI class adds to the library's class of its type code (everything, when there is none) is what its
+/// Load left.
 ///
-/// While Remember, Undo, Redo or Cancel runs (a box is open, or it calls a host's ROI class) each of them returns -1, and
-/// Clear does nothing; list and history must not be deleted then.
+/// While Remember, Undo, Redo or Cancel runs (a box is open, or it calls a host's ROI class) each of them returns -1,
+/// and Clear does nothing; list and history must not be deleted then.
 class KEST_API CcRoiHistory {
 public:
     /// The list stays the caller's; its destruction type says whether ROIs that an undo takes out are deleted.
@@ -33,7 +34,8 @@ public:
     /// Brings back what Undo replaced last.
     int Redo();
     /// To be called instead of finishing the edit that Remember was called for: all is as before that call, what could
-    /// be redone then can be again; only the oldest step of a full history is gone. -1 when Undo or Redo came in between.
+    /// be redone then can be again; only the oldest step of a full history is gone. -1 when Undo or Redo came in
+    /// between.
     int Cancel();
     /// 1 when there is something to undo.
     int CanUndo() const { return pUndo != nullptr; }

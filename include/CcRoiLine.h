@@ -11,8 +11,9 @@ struct tagROILINE {
     int iEndY;    ///< row of the end, from the bottom
 };
 
-/// A line from its start to its end, in image coordinates. Its pixels are one a row or one a column, whichever are more, the
-/// end with the larger coordinate excluded; a line of no length has none. Two handles: codes 5 start and 8 end.
+/// A line from its start to its end, in image coordinates. Its pixels are one a row or one a column, whichever are
+/// more, the end with the larger coordinate excluded; a line of no length has none. Two handles: codes 5 start and 8
+/// end.
 class KEST_API CcRoiLine : public CcRoiBase {
 public:
     CcRoiLine();

@@ -15,8 +15,8 @@ public:
     CcRoiRows(const CcRoiRows&) = delete;
     CcRoiRows& operator=(const CcRoiRows&) = delete;
 
-    /// The runs of image row iRow (counted from the bottom), `*piCount` of them; null and 0 when the row misses the ROI,
-    /// null and -1 when memory is short. The runs are overwritten by the next call.
+    /// The runs of image row iRow (counted from the bottom), `*piCount` of them; null and 0 when the row misses the
+    /// ROI, null and -1 when memory is short. The runs are overwritten by the next call.
     const KestSpan* GetSpans(int iRow, int* piCount);
 
 private:

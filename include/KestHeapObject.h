@@ -6,8 +6,8 @@
 
 #include "KestExport.h"
 
-/// Base of the classes whose objects live in the library's heap, so that either side of the DLL may delete what the other
-/// made. It adds nothing to an object. When memory is short `new` yields null and constructs nothing.
+/// Base of the classes whose objects live in the library's heap, so that either side of the DLL may delete what the
+/// other made. It adds nothing to an object. When memory is short `new` yields null and constructs nothing.
 class KEST_API KestHeapObject {
 public:
     /// A block of the library's heap; null when memory is short.

@@ -11,8 +11,8 @@ struct OutlineParts;  // of the library's own
 /// The most segments that one outline can be drawn with.
 constexpr int KEST_MAX_SEGMENTS = 100000;
 
-/// The coordinate record of a freehand ROI. In a stream it takes 24 bytes, pointer and handle written as zeros and never
-/// read.
+/// The coordinate record of a freehand ROI. In a stream it takes 24 bytes, pointer and handle written as zeros and
+/// never read.
 struct PixelGroupTag {
     int iRed;          ///< colour that the outline was last drawn in, 0 to 255
     int iGreen;        ///< as iRed

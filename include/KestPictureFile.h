@@ -25,8 +25,9 @@ struct KestPictureFile {
 ///   24 bits                           Cc24BitRGBImage (Cc24BitHSLImage opens the same files)
 /// Samples that do not fit the picture's size are left aside, as the wide classes leave them.
 ///
-/// Stricter than OpenBMPFile, which takes the low 16 bits of a size, the pixels from where the header and its colours end,
-/// and 24-bit pictures without pixels: a file that says otherwise has a reason here, and would open as another picture.
+/// Stricter than OpenBMPFile, which takes the low 16 bits of a size, the pixels from where the header and its colours
+/// end, and 24-bit pictures without pixels: a file that says otherwise has a reason here, and would open as another
+/// picture.
 ///
 /// 0 when a class opens the file; -1 with the reason in `*pFile` when none does, and for null.
 KEST_API int KestJudgePictureFile(const char* pszPath, KestPictureFile* pFile);

@@ -5,8 +5,8 @@
 /// Size of an object name, a CcString value or a file path, its terminator included.
 constexpr int KEST_NAME_SIZE = 260;
 
-/// What the operations of the object model return. The other classes return KEST_OK and KEST_FAILED, but for a Load that
-/// passes a stream's code on.
+/// What the operations of the object model return. The other classes return KEST_OK and KEST_FAILED, but for a Load
+/// that passes a stream's code on.
 enum KestStatus : int {
     KEST_OK = 0,
     KEST_FAILED = -1,         ///< the operation failed, or an operation it called did
@@ -38,7 +38,8 @@ enum KestObjectType : int {
     KEST_TYPE_STRING = 8,       ///< CcString
 };
 
-/// Why no image class opens a picture file as it is meant, in the order in which a file is judged (see KestPictureFile.h).
+/// Why no image class opens a picture file as it is meant, in the order in which a file is judged (see
+/// KestPictureFile.h).
 enum KestPictureReason : int {
     KEST_PICTURE_OPENS = 0,         ///< a class does
     KEST_PICTURE_NOT_READ = 1,      ///< no file, a path of more than 259 characters, or the system does not give it out
@@ -67,7 +68,8 @@ struct tagPoints {
 struct ThresholdTag {
     float fLow;   ///< smallest value of the band
     float fHigh;  ///< largest value of the band
-    int iRed;  ///< colour components 0 to 255; others are cut to that by gray images, to their low 8 bits by colour images
+    /// Colour components 0 to 255; others are cut to that by gray images, to their low 8 bits by colour images.
+    int iRed;
     int iGreen;  ///< as iRed
     int iBlue;   ///< as iRed
 };

@@ -1,5 +1,5 @@
-// What only Windows shows: drawing, dialogs, clipboard and printer. Here each of these fails, as where there is no surface;
-// a rubber band, whose drawing nobody asks about, is not drawn.
+// What only Windows shows: drawing, dialogs, clipboard and printer. Here each of these fails, as where there is no
+// surface; a rubber band, whose drawing nobody asks about, is not drawn.
 #include "CcRoiBase.h"
 #include "core/FileDialogs.h"
 #include "graph/Dialogs.h"

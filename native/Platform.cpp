@@ -1,5 +1,5 @@
-// What the classes ask of the platform, over the standard library: blocks are memory, windows have a size and show nothing,
-// and pens and palettes are names of nothing.
+// What the classes ask of the platform, over the standard library: blocks are memory, windows have a size and show
+// nothing, and pens and palettes are names of nothing.
 #include "core/Platform.h"
 
 #include <cstdlib>

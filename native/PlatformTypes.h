@@ -1,5 +1,5 @@
-// The platform's types where there is no Windows: records of files and of the interface in their own layout, and names for
-// what the classes only hand on. There are no functions: what the classes call stands in core/Platform.h.
+// The platform's types where there is no Windows: records of files and of the interface in their own layout, and names
+// for what the classes only hand on. There are no functions: what the classes call stands in core/Platform.h.
 #pragma once
 
 #include <cstdint>

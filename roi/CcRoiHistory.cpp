@@ -246,8 +246,8 @@ CcRoiHistory::Snapshot* CcRoiHistory::Take() {
     return nullptr;
 }
 
-/// Makes sure that what Arrange puts into the list needs no memory. Comes before anything is taken from the ROIs: the list
-/// says in a box that memory is short.
+/// Makes sure that what Arrange puts into the list needs no memory. Comes before anything is taken from the ROIs: the
+/// list says in a box that memory is short.
 bool CcRoiHistory::MakeRoom(const Snapshot& snapshot) {
     const int current = pList->GetCurrentObjectsIndex();
     ForgetTheGone();

@@ -10,8 +10,8 @@
 namespace kest {
 namespace {
 
-/// Device pixels from the surface's origin. Curves cost time and memory for each pixel of their extent, and systems hold
-/// device coordinates in few bits.
+/// Device pixels from the surface's origin. Curves cost time and memory for each pixel of their extent, and systems
+/// hold device coordinates in few bits.
 constexpr int safeDevicePixels = 0x8000;
 /// Half the width of any pen, and the ends that are not drawn.
 constexpr int penMargin = 0x400;

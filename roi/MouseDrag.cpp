@@ -10,7 +10,8 @@
 namespace kest {
 namespace {
 
-/// Of the drag that began last: the capture and the cursor's range are its, whatever became of those before. Only compared.
+/// Of the drag that began last: the capture and the cursor's range are its, whatever became of those before. Only
+/// compared.
 std::atomic<const KestDragDc*> latest = nullptr;
 
 }  // namespace

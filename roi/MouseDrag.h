@@ -26,8 +26,8 @@ bool GoesOn(const DragState& drag);
 /// Gives back device context, cursor range and capture.
 void EndDrag(const DragState& drag);
 
-/// Gives back what the ROI still holds: the device context, and in the middle of a drag cursor range and capture, unless
-/// somebody else has them by now.
+/// Gives back what the ROI still holds: the device context, and in the middle of a drag cursor range and capture,
+/// unless somebody else has them by now.
 void AbandonDrag(const DragState& drag);
 
 /// The window's client area in screen coordinates. When that cannot be had the message "ROI Conversion" tells it, and

@@ -8,8 +8,8 @@
 
 namespace kest {
 
-/// `count` is the record's size in bytes, or the number of points of a freehand outline. KEST_FAILED when the file cannot
-/// be created. What the disk does not take is no failure to callers, but the user is told and an old file stays.
+/// `count` is the record's size in bytes, or the number of points of a freehand outline. KEST_FAILED when the file
+/// cannot be created. What the disk does not take is no failure to callers, but the user is told and an old file stays.
 int WriteRoiFile(const char* path, int roiType, int count, const char* name, const void* record, long long recordBytes);
 
 /// Tells the user of a file that the disk did not take; nothing of other results.

@@ -9,7 +9,8 @@ struct IntPoint {
     bool operator==(const IntPoint&) const = default;
 };
 
-/// Whether top or bottom is the larger depends on the space: in image coordinates (y upward) top is, in a window bottom.
+/// Whether top or bottom is the larger depends on the space: in image coordinates (y upward) top is, in a window
+/// bottom.
 struct IntRect {
     int left;
     int top;

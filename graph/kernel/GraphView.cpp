@@ -10,8 +10,8 @@ namespace {
 
 /// Pixels beside the surface that count as the surface: more than pens and the ends of texts reach.
 constexpr int margin = 2048;
-/// Wider lines than any device are drawn this wide, in pixels. As a line is a unit wide at least, larger units than that
-/// are not drawn at all.
+/// Wider lines than any device are drawn this wide, in pixels. As a line is a unit wide at least, larger units than
+/// that are not drawn at all.
 constexpr int widestPen = 10000;
 /// Pixels beside it within which a plot is drawn as if it all showed.
 constexpr int furthestPlot = 1 << 15;

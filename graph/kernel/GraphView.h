@@ -8,8 +8,8 @@
 
 namespace kest {
 
-/// From logical to device coordinates: the distance from the window origin, times viewport extent by window extent, goes
-/// on from the viewport origin.
+/// From logical to device coordinates: the distance from the window origin, times viewport extent by window extent,
+/// goes on from the viewport origin.
 struct GraphMapping {
     IntPoint windowOrigin, viewportOrigin;
     IntPoint windowExtent, viewportExtent;

@@ -12,8 +12,8 @@ using NumberText = char[24];
 void WriteNumber(NumberText& text, float value);
 void WriteNumber(NumberText& text, int value);
 
-/// A decimal number with a point as separator and perhaps an exponent, blanks around it allowed. None for anything else,
-/// and for what is too large for a float.
+/// A decimal number with a point as separator and perhaps an exponent, blanks around it allowed. None for anything
+/// else, and for what is too large for a float.
 std::optional<float> ParseReal(const char* text);
 
 /// A whole number of the range. None for anything else.

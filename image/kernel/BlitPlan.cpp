@@ -93,7 +93,8 @@ AxisCut::AxisCut(long long sourceExtent, long long targetBegin, long long target
         low = std::max(low, -farthest);
         high = std::min(high, farthest);
     }
-    // Platforms differ in whether a mirrored target begins with the pixel at its position or the one before: both count.
+    // Platforms differ in whether a mirrored target begins with the pixel at its position or the one before: both
+    // count.
     visibleBegin = std::max(isMirrored ? target - high : low - target, 0LL);
     visibleEnd = std::min(isMirrored ? target - low + 1 : high - target, targetSize);
     pixelCount = 0;

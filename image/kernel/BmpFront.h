@@ -13,8 +13,8 @@ namespace kest {
 /// File header, info header and 256 colours.
 constexpr int BmpFrontBytes = BmpFileHeaderBytes + DibHeaderBytes + ColourTableBytes;
 
-/// Judges the first bytes, up to BmpFrontBytes, of a file of `fileBytes` bytes. The layout is that of a file that opens;
-/// if that has 8 bits a pixel, all BmpFrontBytes are there.
+/// Judges the first bytes, up to BmpFrontBytes, of a file of `fileBytes` bytes. The layout is that of a file that
+/// opens; if that has 8 bits a pixel, all BmpFrontBytes are there.
 KestPictureReason JudgeBmpFront(std::span<const std::uint8_t> front, Size64 fileBytes, DibLayout& layout);
 
 }  // namespace kest

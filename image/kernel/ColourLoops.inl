@@ -48,8 +48,8 @@ inline Ints HueInDouble(const Components& c) {
         HueInDouble(HighHalf(c.minuend), HighHalf(c.subtrahend), HighHalf(c.max), HighHalf(c.min), HighHalf(shift)));
 }
 
-/// The hue is 40 n / range plus a share of 240, truncated. A quotient of these integers in single precision truncates as
-/// the exact one does, and it is an integer only when the exact one is. There double precision can fall short of it,
+/// The hue is 40 n / range plus a share of 240, truncated. A quotient of these integers in single precision truncates
+/// as the exact one does, and it is an integer only when the exact one is. There double precision can fall short of it,
 /// except for the differences 0 and range, of which it makes no error: the other lanes are doubtful.
 inline Ints HueOf(const Components& c, Ints& isDoubtful) {
     const Ints range = c.max - c.min, n = c.minuend - c.subtrahend;

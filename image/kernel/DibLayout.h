@@ -1,5 +1,6 @@
-// The packed device-independent bitmap (DIB) as this library holds it: header, colour table, pixel rows without padding,
-// bottom row first. Sizes are computed in 64 bits from what the header says, and compared with the bytes that exist.
+// The packed device-independent bitmap (DIB) as this library holds it: header, colour table, pixel rows without
+// padding, bottom row first. Sizes are computed in 64 bits from what the header says, and compared with the bytes that
+// exist.
 #pragma once
 
 #include <cstdint>
@@ -53,7 +54,8 @@ enum class ColourMeaning {
     Colours,    ///< something that the values alone do not say
 };
 
-/// A table that holds 256 palette indices of two bytes, as a gray image's does that was shown through them, means grays.
+/// A table that holds 256 palette indices of two bytes, as a gray image's does that was shown through them, means
+/// grays.
 ColourMeaning MeaningOfColours(std::span<const std::uint8_t, ColourTableBytes> table);
 
 }  // namespace kest

@@ -14,8 +14,8 @@ struct LevelBand {
     bool IsEmpty() const { return low > high; }
 };
 
-/// From `low` rounded down to `high` rounded up, within 0..255. A low end of 255.0 or more, or no number, counts as 0; a
-/// high end above 255.0, or no number, as 255.
+/// From `low` rounded down to `high` rounded up, within 0..255. A low end of 255.0 or more, or no number, counts as 0;
+/// a high end above 255.0, or no number, as 255.
 LevelBand FindBand(float low, float high);
 
 /// The three curves of a colour display table: 256 points each, red, green, blue.

@@ -76,7 +76,8 @@ IntPoint LineSteps::Pixel() const {
 }
 
 EllipseInset InsetOnLine(Size64 place, Size64 across, Size64 along) {
-    // From 0 at the box's side to 1 at its middle; the distances from the side are exact, those from the middle are not.
+    // From 0 at the box's side to 1 at its middle; the distances from the side are exact, those from the middle are
+    // not.
     const double depth = across == 0 ? 1.0 : 2.0 * static_cast<double>(place) / static_cast<double>(across);
     const double reach = std::sqrt(depth * (2 - depth));
     const auto width = static_cast<double>(along);

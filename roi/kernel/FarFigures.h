@@ -1,9 +1,10 @@
-// Lines and ellipses that reach far beyond what shows: their part in a visible area, so that nothing farther away has to be
-// drawn. Coordinates are pixels and may be any; an area includes its four sides.
+// Lines and ellipses that reach far beyond what shows: their part in a visible area, so that nothing farther away has
+// to be drawn. Coordinates are pixels and may be any; an area includes its four sides.
 //
-// A figure is handed to a chain: `Add(point)` goes on from the point before to the next pixel, or straight along a row or a
-// column to one farther on; `End()` interrupts it, and `Close()` joins it with its beginning, if it came round without an
-// interruption. Of each stretch the last pixel is not drawn: it lies on the area's edge, or is the end of the line.
+// A figure is handed to a chain: `Add(point)` goes on from the point before to the next pixel, or straight along a row
+// or a column to one farther on; `End()` interrupts it, and `Close()` joins it with its beginning, if it came round
+// without an interruption. Of each stretch the last pixel is not drawn: it lies on the area's edge, or is the end of
+// the line.
 #pragma once
 
 #include <algorithm>
@@ -21,8 +22,8 @@ inline bool Holds(const IntRect& area, IntPoint point) {
 /// Shortens a line to its part in the area, with ends rounded to whole pixels. False when it misses the area.
 bool ClipLine(const IntRect& area, IntPoint& start, IntPoint& end);
 
-/// The pixels of a thin line, one a step along its longer side. Of two pixels that are equally near it is the left or upper
-/// one.
+/// The pixels of a thin line, one a step along its longer side. Of two pixels that are equally near it is the left or
+/// upper one.
 class LineSteps {
 public:
     LineSteps(IntPoint lineStart, IntPoint lineEnd);

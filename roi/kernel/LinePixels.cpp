@@ -25,9 +25,9 @@ struct Walk {
     }
 };
 
-/// The positions of a walk at which the other coordinate `at(position)` is `value`, for a line that `passes` each value at
-/// one place only. Truncated toward zero, a value stands from there to the place of the next one away from zero; rounding
-/// moves either end.
+/// The positions of a walk at which the other coordinate `at(position)` is `value`, for a line that `passes` each value
+/// at one place only. Truncated toward zero, a value stands from there to the place of the next one away from zero;
+/// rounding moves either end.
 template <class Passes, class At>
 bool PositionsAt(const Walk& walk, int value, bool rises, KestSpan& positions, Passes passes, At at) {
     const double low = value > 0 ? value : value - 1.0, high = value < 0 ? value : value + 1.0;

@@ -7,7 +7,8 @@
 
 namespace kest {
 
-/// The columns of the line's pixels on row `row`. False when the row misses the line, as every row does one without length.
+/// The columns of the line's pixels on row `row`. False when the row misses the line, as every row does one without
+/// length.
 bool LineRow(IntPoint start, IntPoint end, int row, KestSpan& columns);
 
 /// The rows of its pixels on a column.

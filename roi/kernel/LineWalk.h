@@ -37,7 +37,8 @@ public:
     /// From the left to the right, so from the bottom to the top it goes to the right.
     bool Rises() const { return slope > 0; }
 
-    /// RowAt and ColumnAt where all coordinates are within 2^30 of the origin; loops over them become vector instructions.
+    /// RowAt and ColumnAt where all coordinates are within 2^30 of the origin; loops over them become vector
+    /// instructions.
     int NearRowAt(int x) const {
         return dy == 0 ? startY : static_cast<int>(x * static_cast<double>(slope) + intercept);
     }

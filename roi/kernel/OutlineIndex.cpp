@@ -49,8 +49,8 @@ void OutlineIndex::Build(std::span<const IntPoint> outline, Axis axis, RowOrder 
     const RowReader points{outline, axis};
     const std::size_t count = outline.size();
     auto* sorted = reinterpret_cast<Entry*>(memory);
-    // A counter a slot: first the pixels of the slot before, then where the slot's next pixel goes, in the end where the
-    // slot ends.
+    // A counter a slot: first the pixels of the slot before, then where the slot's next pixel goes, in the end where
+    // the slot ends.
     auto* ends = reinterpret_cast<std::uint32_t*>(sorted + count);
     RowSlots own = {firstRow, 0, nullptr};
     if (HasSlotForEachRow(std::ssize(outline), rows)) {

@@ -55,7 +55,8 @@ public:
     int SpansOfRow(int row, KestSpan* spans) const;
 
 private:
-    /// A slot a row: all rows from the first on, or of pixels that lie far apart only the rows that have one, ascending.
+    /// A slot a row: all rows from the first on, or of pixels that lie far apart only the rows that have one,
+    /// ascending.
     struct RowSlots {
         int first = 0;
         std::uint32_t count = 0;

@@ -112,7 +112,8 @@ TEST(KestWholeFile, ReadersOfTheOldFile) {
     EXPECT_EQ(WriteOver(), KestWholeFile::NotCreated);
     CloseHandle(alone);
 
-    // One that comes while the new file is written, and lets nobody write: told before the first of several is replaced.
+    // One that comes while the new file is written, and lets nobody write: told before the first of several is
+    // replaced.
     KestWholeFile late("whole\\a.txt"), first("whole\\b.txt");
     late.Write("late", 4);
     first.Write("first", 5);

@@ -1,5 +1,5 @@
-// Makes the platform fail under the library: the DLL's imports that can fail are replaced by ones that fail when told to,
-// while the system's own calls of the same functions go on as ever.
+// Makes the platform fail under the library: the DLL's imports that can fail are replaced by ones that fail when told
+// to, while the system's own calls of the same functions go on as ever.
 #pragma once
 
 #include "support/ClassTests.h"
@@ -26,7 +26,8 @@ void PatchLibrary();
 void Arm(const Fault& fault);
 std::vector<FaultGroup> Disarm();
 
-/// What the process and the library hold of the system's: handles, GDI objects, blocks, files, libraries, capture and cursor clip.
+/// What the process and the library hold of the system's: handles, GDI objects, blocks, files, libraries, capture and
+/// cursor clip.
 std::string Ledger();
 
 /// How many boxes the library has shown since the last call.
@@ -41,8 +42,8 @@ struct Scene {
     std::function<std::string()> state;  ///< all that the operation may change, as bytes
 };
 
-/// What an operation may do besides "failed and changed nothing" and "succeeded wholly". Those with SilentIfOpen or Told save
-/// a file: when the disk does not take it they show a box.
+/// What an operation may do besides "failed and changed nothing" and "succeeded wholly". Those with SilentIfOpen or
+/// Told save a file: when the disk does not take it they show a box.
 enum Allowance : unsigned {
     Nothing = 0,
     PartlyDone = 1,    ///< a failure may leave it half done: streams, drawings, what is replaced

@@ -1,6 +1,7 @@
-// Every public operation while the platform fails: the k-th call of each kind, alone and for good. An operation that then
-// reports success has done all of its work; one that reports failure has changed nothing (or, where it cannot, says so in
-// the table); nobody crashes, and everything that was taken is given back. And every operation again and again while nothing
+// Every public operation while the platform fails: the k-th call of each kind, alone and for good. An operation that
+// then reports success has done all of its work; one that reports failure has changed nothing (or, where it cannot,
+// says so in the table); nobody crashes, and everything that was taken is given back. And every operation again and
+// again while nothing
 // fails: nothing is left behind. script/faults runs them with more rounds, or one operation by name.
 #include "faults/Faults.h"
 #include "support/ClassTests.h"

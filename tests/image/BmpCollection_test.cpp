@@ -1,5 +1,6 @@
-// The collection of valid, questionable and corrupt BMP files in tests/data: what the 8-bit and the colour images make of
-// each. Most are refused by design: compression, other depths and headers, padded rows, colour counts other than 256.
+// The collection of valid, questionable and corrupt BMP files in tests/data: what the 8-bit and the colour images make
+// of each. Most are refused by design: compression, other depths and headers, padded rows, colour counts other than
+// 256.
 #include <filesystem>
 
 #include "support/ClassTests.h"

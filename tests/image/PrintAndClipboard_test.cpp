@@ -64,7 +64,8 @@ TEST(Print, PageInEveryTable) {
         ASSERT_EQ(image.Print(nullptr, lut, 0, 0, 0, 1), 0);
         const Picture page = TakePrintedPage();
         ASSERT_EQ(page.width, 2400);
-        // The width first exceeds half of the page's 2400 pixels at 16; the page is compared in the middle of each pixel.
+        // The width first exceeds half of the page's 2400 pixels at 16; the page is compared in the middle of each
+        // pixel.
         int different = 0;
         for (int y = 0; y < 60; ++y)
             for (int x = 0; x < 99; ++x) {

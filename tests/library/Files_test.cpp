@@ -1,5 +1,5 @@
-// Files of every format: written byte for byte as ever, on every system; those of earlier versions are read; and objects of
-// any content come back from a stream as they were.
+// Files of every format: written byte for byte as ever, on every system; those of earlier versions are read; and
+// objects of any content come back from a stream as they were.
 #include <filesystem>
 
 #include "support/ClassTests.h"
@@ -220,8 +220,8 @@ std::map<std::string, std::vector<std::uint8_t>> FilesIn(const std::string& fold
 
 }  // namespace
 
-// A new format gets its row in WriteAll, and its golden file from "golden-made" once it has been looked at. A golden file
-// never changes: it stands for those that users have.
+// A new format gets its row in WriteAll, and its golden file from "golden-made" once it has been looked at. A golden
+// file never changes: it stands for those that users have.
 TEST(Files, AreWrittenAsEverAndReadByEveryVersion) {
     const auto expected = FilesIn(golden);
     for (const bool fromGolden : {false, true}) {

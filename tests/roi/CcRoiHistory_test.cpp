@@ -57,7 +57,8 @@ TEST(CcRoiHistory, RoisMadeWhereDeletedOnesWereAreNotTakenForThem) {
         list.SetDestructionType(1);
         CcRoiHistory history(&list);
         for (const char* name : {"a", "b", "c", "d", "e", "f"}) AddRect(list, name);
-        // In an order other than that in which they were made, the blocks of later ones are free when the first come back.
+        // In an order other than that in which they were made, the blocks of later ones are free when the first come
+        // back.
         for (int i = 0; i < 3; ++i) list.InsertAtIndex(list.TakeOut(5), i);
         const std::string names = NamesOf(list);
         const int alive = CcRoiBase::iNumOfROIs;

@@ -95,8 +95,8 @@ void DrawBoxes(int pixelsMore) {
 
 bool AreNeighbours(POINT a, POINT b) { return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1; }
 
-/// The chain passes the pixels: a segment's slope is rounded, so its first pixel can lie one beside its start. It has no
-/// gaps, and its last pixel lies beside `end`.
+/// The chain passes the pixels: a segment's slope is rounded, so its first pixel can lie one beside its start. It has
+/// no gaps, and its last pixel lies beside `end`.
 void ExpectChain(CcRoiBase& roi, const std::vector<POINT>& passed, POINT end) {
     const PixelGroupTag& outline = OutlineOf(roi);
     const POINT *first = outline.stPOINTS, *last = first + outline.iNumOfPoints;

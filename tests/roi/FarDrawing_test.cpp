@@ -49,7 +49,8 @@ TEST(FarDrawing, LinesHaveThePixelsOfTheWholeLine) {
     const auto inside = [&] { return static_cast<int>(random() % side); };
     int painted = 0;
     for (int round = 0; round < 300; ++round) {
-        // Through the picture, from 2^10 to 2^26 away on both sides; every fourth one with slopes that meet half pixels.
+        // Through the picture, from 2^10 to 2^26 away on both sides; every fourth one with slopes that meet half
+        // pixels.
         const int away = 1 << (10 + round % 17);
         POINT a = {inside(), inside()}, step = {inside() - side / 2, inside() - side / 2};
         if (round % 4 == 0) step = {round % 8 ? 2 : 1, round % 8 ? 1 : -2};

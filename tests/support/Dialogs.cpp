@@ -1,5 +1,5 @@
-// Answers modal boxes and dialogs: a hook sees a dialog when it becomes active; a timer on it, when its texts are there,
-// reads and answers it.
+// Answers modal boxes and dialogs: a hook sees a dialog when it becomes active; a timer on it, when its texts are
+// there, reads and answers it.
 #include "support/Dialogs.h"
 
 #include <dlgs.h>

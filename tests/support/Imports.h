@@ -7,8 +7,8 @@
 
 namespace test {
 
-/// Lets `module` (null: the test program) call `replacement` instead of the system's function of this name. What it called
-/// before; null when it calls no such function.
+/// Lets `module` (null: the test program) call `replacement` instead of the system's function of this name. What it
+/// called before; null when it calls no such function.
 inline void* ReplaceImport(HMODULE module, const char* name, void* replacement) {
     auto* const base = reinterpret_cast<unsigned char*>(module ? module : GetModuleHandleA(nullptr));
     const auto* headers =

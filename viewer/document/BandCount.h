@@ -12,7 +12,8 @@ struct BandCount {
     double area = 0;  ///< in square units of the calibration; in pixels without one
 };
 
-/// `mask` is the document's BandMask. Null counts in the whole picture. Nothing without a mask, or when memory is short.
+/// `mask` is the document's BandMask. Null counts in the whole picture. Nothing without a mask, or when memory is
+/// short.
 std::optional<BandCount> CountInBands(Document& document, const std::vector<std::uint8_t>& mask, CcRoiBase* roi);
 
 }  // namespace kestview

@@ -19,7 +19,8 @@ std::unique_ptr<CcImage> OpenPicture(const std::string& path, const KestPictureF
 
 /// Writes the picture in the format that the extension names: BMP (for wide images with the samples beside it), PNG,
 /// TIFF or JPEG; any other, and a format that cannot hold the picture's values, is refused. What was there is replaced
-/// when the new file is whole. On failure `error` is empty when the library has told the user, and there is nothing to add.
+/// when the new file is whole. On failure `error` is empty when the library has told the user, and there is nothing to
+/// add.
 bool SavePicture(CcImage& image, const std::string& path, std::string& error);
 bool IsBmpPath(const std::string& path);
 /// Whether the picture comes back from a file of this name with all that it has.

@@ -15,8 +15,8 @@ namespace {
 constexpr int mostParts = 20000;
 constexpr std::uint32_t mostTags = 4096;
 
-/// The numbers in a file. Beyond its end they are 0, and the end is noted. Files are made of parts of a few bytes by the
-/// million, so the bytes around the last place are kept.
+/// The numbers in a file. Beyond its end they are 0, and the end is noted. Files are made of parts of a few bytes by
+/// the million, so the bytes around the last place are kept.
 class FileNumbers {
 public:
     explicit FileNumbers(const std::string& path) : file(path, std::ios::binary) {}

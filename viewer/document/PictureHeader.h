@@ -1,8 +1,8 @@
 // What a picture file tells in front of its pixels: their number, before any decoder takes memory for them, and which
 // way up they are, which the decoders do not look at.
 //
-// Read are PNG, JPEG, TIFF, GIF and BMP files, and the PNG pictures in icons. Everything else, and what lies beyond the end of the file, counts as not
-// told.
+// Read are PNG, JPEG, TIFF, GIF and BMP files, and the PNG pictures in icons. Everything else, and what lies beyond the
+// end of the file, counts as not told.
 #pragma once
 
 #include <string>

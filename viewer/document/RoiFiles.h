@@ -14,7 +14,8 @@ std::unique_ptr<CcRoiBase> RestoreRoi(const std::string& path);
 
 bool SaveAllRois(Document& document, const std::string& path, std::string& error);
 /// Adds the file's ROIs to the document, as one step of its history. Their number; -1, with none of them added, when it
-/// is no such file, not whole or without memory to read it; 0 when the list of ROIs cannot grow, which the library tells.
+/// is no such file, not whole or without memory to read it; 0 when the list of ROIs cannot grow, which the library
+/// tells.
 int RestoreAllRois(Document& document, const std::string& path);
 /// A list that was read from a file can hold anything.
 bool HoldsOnlyRois(CcList& list);

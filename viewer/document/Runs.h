@@ -9,8 +9,8 @@
 namespace kestview {
 
 /// Calls visit(index of the first pixel, count) for runs of neighbouring pixels, each pixel once; indices count row by
-/// row from the bottom left corner. Null visits the whole picture, row by row. False when memory was short, and not all were
-/// visited.
+/// row from the bottom left corner. Null visits the whole picture, row by row. False when memory was short, and not all
+/// were visited.
 template <class Visit>
 [[nodiscard]] bool ForEachRun(Document& document, CcRoiBase* roi, Visit visit) {
     const SIZE size = document.Size();

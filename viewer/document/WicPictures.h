@@ -17,8 +17,8 @@ struct PictureQuestions {
     std::function<int(int pages)> page;  ///< which of several pages, from 1; 0 for none. Without it, the first
 };
 
-/// Whether a picture is opened whose pixels take so many bytes: the user is asked from a certain size on. When nobody can
-/// be asked, `error` tells it.
+/// Whether a picture is opened whose pixels take so many bytes: the user is asked from a certain size on. When nobody
+/// can be asked, `error` tells it.
 bool IsWanted(double bytes, const std::string& path, const PictureQuestions& ask, std::string& error);
 
 /// A page, the right way up, in the class that loses nothing: black and white as binary, 8-bit gray, 16-bit gray,

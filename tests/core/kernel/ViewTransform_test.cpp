@@ -28,7 +28,8 @@ TEST(ViewTransform, RoiPointsInTheWindowAndInTheImage) {
     const Case cases[] = {
         {Zoomed(50, 100, 1), {20, 15}, {20, 84}, true},
         {Zoomed(50, 100, 1, 4, 6), {10, 5}, {14, 88}, true},
-        // At higher zoom a pixel's corner comes back; left of the window the quotient is truncated toward zero, not down.
+        // At higher zoom a pixel's corner comes back; left of the window the quotient is truncated toward zero, not
+        // down.
         {Zoomed(50, 100, 3, 1, 2), {6, 6}, {3, 95}, true},
         {Zoomed(50, 100, 3, 1, 2), {7, 8}, {3, 95}, false},
         {Zoomed(50, 100, 3, 1, 2), {-2, -2}, {1, 97}, false},

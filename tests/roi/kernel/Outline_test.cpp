@@ -210,7 +210,8 @@ TEST(OutlineIndex, OpenLinesListTheirPixels) {
 }
 
 TEST(OutlineIndex, PixelsFarApartTakeTheRoomOfPixels) {
-    // Rows of their own, whether an index has all rows or only those with a pixel; rows that it is not for are left out.
+    // Rows of their own, whether an index has all rows or only those with a pixel; rows that it is not for are left
+    // out.
     const Points outline = {{0, 5}, {1, INT_MAX}, {2, INT_MIN}, {3, 6}, {4, 5}, {5, 7}};
     EXPECT_LT(OutlineIndex::BytesNeeded(std::ssize(outline), 0x100000000), 256);
     std::vector<std::int64_t> memory(64);

@@ -1,5 +1,5 @@
-// The main function of the native test programs: what the message boxes say is kept, and no test ends with one that it did
-// not expect.
+// The main function of the native test programs: what the message boxes say is kept, and no test ends with one that it
+// did not expect.
 #include <gtest/gtest.h>
 
 #include <ostream>
