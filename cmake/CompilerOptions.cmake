@@ -21,13 +21,14 @@ else()
   if(WIN32)
     # Programs and the DLL need nothing but the system's own DLLs.
     target_link_options(kest_options INTERFACE -static)
-    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
-      # SSE registers round each step to its type; callers built by other compilers align the stack to four bytes.
-      target_compile_options(kest_options INTERFACE -msse2 -mfpmath=sse -mstackrealign)
-    elseif(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
       # This compiler does not align 32-byte variables on this system's stack, but moves them as if it did.
       target_compile_options(kest_options INTERFACE -Wa,-muse-unaligned-vector-move)
     endif()
+  endif()
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # SSE registers round each step to its type; callers built by other compilers align the stack to four bytes.
+    target_compile_options(kest_options INTERFACE -msse2 -mfpmath=sse -mstackrealign)
   endif()
 endif()
 

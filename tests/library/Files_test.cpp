@@ -111,9 +111,9 @@ std::unique_ptr<CcHLObject> RandomObject(std::mt19937& random, int depth = 0) {
 /// Writes a file of every format: objects made anew, or read from the golden files.
 class Writer {
 public:
-    Writer(std::string folder, bool fromGolden) : folder(std::move(folder)), fromGolden(fromGolden) {
-        std::filesystem::remove_all(this->folder);
-        std::filesystem::create_directory(this->folder);
+    Writer(std::string newFolder, bool isFromGolden) : folder(std::move(newFolder)), fromGolden(isFromGolden) {
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directory(folder);
     }
 
     void WriteAll() {
