@@ -48,10 +48,11 @@ if(KEST_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# A build that ends with an illegal instruction at the first undefined behaviour: for Windows, where the sanitizers have no
-# run-time library. (vptr needs one; the checks that are put in lead the warning astray.)
+# A build that ends with an illegal instruction at the first undefined behaviour: for Windows, where the sanitizers have
+# no run-time library. (vptr needs one; the checks that are put in lead the warning astray.)
 if(KEST_TRAP)
-  add_compile_options(-fsanitize=undefined -fno-sanitize=vptr -fsanitize-undefined-trap-on-error -Wno-maybe-uninitialized)
+  add_compile_options(-fsanitize=undefined -fno-sanitize=vptr -fsanitize-undefined-trap-on-error
+    -Wno-maybe-uninitialized)
 endif()
 
 # Counts lines and branches as they run (script/coverage).

@@ -1,4 +1,5 @@
-# The fuzzer natively (the second compiler's, with KEST_FUZZ), and on Windows the program that plays files behind guard pages.
+# The fuzzer natively (the second compiler's, with KEST_FUZZ), and on Windows the program that plays files behind guard
+# pages.
 if(WIN32)
   add_executable(fuzz_guarded fuzz/Formats.cpp fuzz/Calls.cpp fuzz/Guarded.cpp)
   target_include_directories(fuzz_guarded PRIVATE tests)
