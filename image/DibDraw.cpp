@@ -43,11 +43,11 @@ void MeasureUnits(HDC dc, BlitSurface& surface) {
     surface.unitY = lengthTo(points[2]);
 }
 
-BlitSurface SurfaceOf(HDC dc, const BlitPlan& plan) {
+BlitSurface SurfaceOf(HDC dc) {
     BlitSurface surface = {{-INT_MAX, -INT_MAX, INT_MAX, INT_MAX}};
     surface.isScaled = GetMapMode(dc) != MM_TEXT || GetGraphicsMode(dc) != GM_COMPATIBLE;
     RECT box;
-    if ((surface.isScaled && plan.countsDevicePixels) || GetClipBox(dc, &box) == ERROR) return surface;
+    if (GetClipBox(dc, &box) == ERROR) return surface;
     if (surface.isScaled) {
         // Mappings turn it round, and the edges are rounded to logical units.
         box = {std::min(box.left, box.right), std::min(box.top, box.bottom), std::max(box.left, box.right),
@@ -110,7 +110,7 @@ bool DrawDib(HDC dc, const DibPicture& picture, const BlitPlan& wanted, DWORD ra
     if (!ClipToImage(plan, picture.width, picture.height)) return true;
     const StretchModeGuard stretchMode(dc, COLORONCOLOR);
     if (!stretchMode.IsSet()) return false;
-    return ForEachVisiblePart(plan, SurfaceOf(dc, plan),
+    return ForEachVisiblePart(plan, SurfaceOf(dc),
                               [&](const BlitPlan& part) { return DrawPart(dc, picture, part, rasterOperation); });
 }
 

@@ -68,7 +68,13 @@ const Refusal* Judge24(const BmpFileHeader& header, std::span<const std::uint8_t
     return hasPlane ? nullptr : &noMemory;
 }
 
-/// Header and colours in the usual form, of a DIB from a stream that has them in another one.
+/// DIBs from streams can have headers that a file of that depth must not have.
+bool HasUsualHeader(const DibLayout& layout, int bitCount) {
+    return layout.headerBytes == DibHeaderBytes && layout.bitCount == bitCount &&
+           (bitCount == 8 || layout.colourCount == 0);
+}
+
+/// Header and colours in the usual form, of a DIB that has them in another one.
 void WriteUsualFront(std::span<const std::uint8_t> dib, const DibLayout& layout, int bitCount, KestWholeFile& file) {
     std::uint8_t front[DibHeaderBytes + ColourTableBytes] = {};
     WriteDibHeader(front, layout.width, layout.height, bitCount);
@@ -122,7 +128,7 @@ void WriteDib(std::span<const std::uint8_t> dib, int bitCount, KestWholeFile& fi
 
     const auto held = static_cast<Size64>(dib.size());
     Size64 start = 0;
-    if (layout.headerBytes != DibHeaderBytes || (bitCount == 24 && layout.colourCount > 0)) {
+    if (!HasUsualHeader(layout, bitCount)) {
         WriteUsualFront(dib, layout, bitCount, file);
         start = std::min(layout.pixelOffset, held);
     }

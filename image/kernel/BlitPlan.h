@@ -73,6 +73,8 @@ private:
 /// Calls `draw(part)` for the parts of the plan that show; stops, with false, when one returns false.
 template <class Draw>
 bool ForEachVisiblePart(const BlitPlan& plan, const BlitSurface& surface, Draw draw) {
+    // Nothing is multiplied there, and the target's position, unlike its size, is in the surface's own units.
+    if (surface.isScaled && plan.countsDevicePixels) return draw(plan);
     const IntRect& visible = surface.visible;
     const AxisCut columns(plan.sourceWidth, plan.targetX, plan.targetWidth, visible.left, visible.right, surface.unitX,
                           surface.isScaled);

@@ -118,15 +118,17 @@ TEST(CcGrayImage256, StreamFormToTheByteAndBack) {
     EXPECT_EQ(loaded->GetBitMapImageData(), nullptr);
 }
 
-// Fewer colours than 256, and the header of another kind, are no reason to refuse.
+// Fewer colours than 256, the header of another kind and another depth are no reason to refuse.
 TEST(CcGrayImage256, RecordsOfOtherColourTables) {
     const std::vector<std::uint8_t> four = {1, 2, 3, 4};
-    Bytes sixteenColours = Dib8(2, 2, four, 16), old = Bytes().I32(12).U16(2).U16(2).U16(1).U16(8);
+    Bytes sixteenColours = Dib8(2, 2, four, 16), deep = Dib8(2, 2, four, 256),
+          old = Bytes().I32(12).U16(2).U16(2).U16(1).U16(8);
     sixteenColours.erase(sixteenColours.begin() + 40 + 64, sixteenColours.begin() + 1064);
+    deep[14] = 24;
     for (unsigned i = 0; i < 256; ++i) old.U8(i).U8(0).U8(i);
     old.Add(four);
     TestWindow window(8, 8);
-    for (const Bytes& dib : {sixteenColours, old}) {
+    for (const Bytes& dib : {sixteenColours, deep, old}) {
         OpenImage image, back;
         ASSERT_EQ(LoadRecord(image, ImageRecord("few", static_cast<long>(dib.size()), dib)), 0);
         EXPECT_EQ(LoadRecord(back, StoredBytes(image)), 0);
@@ -135,6 +137,7 @@ TEST(CcGrayImage256, RecordsOfOtherColourTables) {
         EXPECT_EQ(window.Snapshot().At(0, 0), dib.size() == old.size() ? 0x030003u : 0x030303u);
         const TemporaryFile saved("few.bmp");
         EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
+        EXPECT_EQ(saved.Content().at(28), 8) << "the depth of the pixels";
     }
 }
 

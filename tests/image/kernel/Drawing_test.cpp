@@ -68,6 +68,16 @@ TEST(BlitPlan, PartsOfTargetsLargerThanPlatformsMultiplyShowTheSamePixels) {
         end += large.At(i).targetSize;
     }
     EXPECT_EQ(end, 60'000);
+    // A copy that the platform does not scale is not cut in a scaled device context, where its positions are no pixels.
+    for (const bool isScaled : {false, true}) {
+        std::vector<Quad> targets;
+        ForEachVisiblePart({-9'000, 7, 40'000, 1, 0, 0, 40'000, 1, true}, {{0, 0, 40'000, 40}, 1, 1, isScaled},
+                           [&](const BlitPlan& part) {
+                               targets.push_back({part.targetX, part.targetY, part.targetWidth, part.sourceX});
+                               return true;
+                           });
+        EXPECT_EQ(targets, (std::vector<Quad>{isScaled ? Quad{-9'000, 7, 40'000, 0} : Quad{0, 7, 31'000, 9'000}}));
+    }
 }
 
 TEST(PrintPlan, ScaleIsThePowerOfTwoThatFirstExceedsHalfThePage) {
