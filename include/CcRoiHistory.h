@@ -13,8 +13,8 @@
 ///
 /// Results: 0, or -1 when there is nothing to undo or redo, or a ROI could not be stored or restored, as when memory is
 /// short (which a list that cannot grow says in a box). The list, its ROIs and the history are then as they were; only
-/// what a host's ROI class adds to the library's class of its type code (everything, when there is none) is what its
-/// Load left.
+/// what a host's ROI class adds to name, selection and the record of a rectangle, line, ellipse or point of the library
+/// (by its type code) is what its Load left.
 ///
 /// While Remember, Undo, Redo or Cancel runs (a box is open, or it calls a host's ROI class) each of them returns -1,
 /// and Clear does nothing; list and history must not be deleted then.

@@ -13,8 +13,8 @@ struct KeptOutline {
     KestGlobalBlock points;
 };
 
-/// Record, name and selection of a ROI. Neither keeping nor putting back takes memory, so neither fails. Of a ROI class
-/// that the library does not know only name and selection are kept.
+/// Record, name and selection of a ROI. Neither keeping nor putting back takes memory, so neither fails. Of a host's
+/// class with a type code of its own, or an outline's, only name and selection are kept.
 class KeptRoi {
 public:
     /// An outline has no points from then on.
@@ -28,6 +28,7 @@ private:
     CcRoiBase* roi = nullptr;  ///< the one that is kept
     char name[KEST_NAME_SIZE] = {};
     int isSelected = 0;
+    bool hasShape = false;
     char shape[sizeof(RECT)] = {};  ///< the record of a shape
     KeptOutline outline;
 };

@@ -190,3 +190,29 @@ TEST(CcRoiHistory, WhatCannotBeRestoredWholeChangesNothing) {
     EXPECT_EQ(history.Redo(), 0);
     EXPECT_EQ(NamesOf(list), names);
 }
+
+TEST(CcRoiHistory, HostsClassesThatOnlyHaveTheTypeCodeOfTheLibrarys) {
+    struct Claiming : CcRoiBase {
+        char members[512];
+        explicit Claiming(int type) {
+            iROIType = type;
+            std::memset(members, 'm', sizeof members);
+        }
+        int Load(CcObjectStorage*) override { return 0; }
+        int Store(CcObjectStorage*) override { return 0; }
+        int GetClassNameA(char* buffer, long length) override { return std::snprintf(buffer, length, "Claiming") - 8; }
+    };
+    for (int type = KEST_ROI_NONE; type <= KEST_ROI_POINT + 1; ++type) {
+        CcList list;
+        list.SetDestructionType(1);
+        CcRoiHistory history(&list);
+        auto* roi = new Claiming(type);
+        roi->SetName("before");
+        list.InsertTail(roi);
+        history.Remember();
+        roi->SetName("after");
+        EXPECT_EQ(history.Undo(), 0);
+        EXPECT_STREQ(roi->GetName(), "before");
+        EXPECT_EQ(std::string(roi->members, sizeof roi->members), std::string(512, 'm')) << type;
+    }
+}
