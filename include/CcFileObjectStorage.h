@@ -30,12 +30,14 @@ public:
     /// KEST_NOT_OPEN without an open file.
     int Close();
 
-    /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_READ_FAILED (also for fewer bytes than asked).
+    /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_READ_FAILED (also for fewer bytes than asked);
+    /// KEST_WRITE_FAILED when what PutObject had gathered could not be written before.
     int Read(void* pBuffer, long lLength) override;
     /// KEST_NOT_OPEN, KEST_NULL_ARGUMENT, KEST_BAD_LENGTH, KEST_WRITE_FAILED.
     int Write(void* pBuffer, long lLength) override;
     /// Only position 0 is accepted (else KEST_BAD_LENGTH). A successful rewind returns KEST_AT_START, not 0; one that
-    /// the system refused, or of a pipe or device, KEST_FAILED.
+    /// the system refused, or of a pipe or device, KEST_FAILED. KEST_WRITE_FAILED when it is at the start, but what
+    /// PutObject had gathered could not be written before.
     int SetPos(long lPosition) override;
     /// The position; KEST_NOT_OPEN, or KEST_FAILED where there is none (a pipe or device).
     int GetPos() override;

@@ -57,7 +57,7 @@ public:
     int GetGraphText(char* pszTitle, char* pszXText, char* pszYText);
 
     /// Ranges in data coordinates; exponents by which the labels are scaled (3: thousands); decimals of the labels.
-    /// Corrects, after a message box with the caption "Error": a precision outside 0 to 5 to 2, and a maximum that
+    /// Corrects, with a message box of the caption "Error": a precision outside 0 to 5 to 2, and a maximum that
     /// equals its minimum to 1 more. The boxes come when all is stored and corrected. A minimum above its maximum turns
     /// the axis round. Always 0.
     int SetMinMaxValues(float fNewXMin, float fNewXMax, float fNewYMin, float fNewYMax, int iXOption,

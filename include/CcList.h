@@ -23,7 +23,7 @@ public:
     ~CcList() override;  // slot 0
     /// Empties the list, then reads the members that Store wrote; they are the list's own only if the stored
     /// destruction type is 1. -1 on a null stream or a failed read; members read so far stay in the list. (That of an
-    /// image refuses members that are no ROI.)
+    /// image, and a copy of it, refuse members that are no ROI.)
     int Load(CcObjectStorage* pStorage) override;  // slot 1
     /// Writes a bag with the list's four numbers, then each member's record. -1 on the first failure.
     int Store(CcObjectStorage* pStorage) override;              // slot 2

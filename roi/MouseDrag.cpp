@@ -10,8 +10,8 @@
 namespace kest {
 namespace {
 
-/// Of the drag that began last: the capture and the cursor's range are its, whatever became of those before. Only
-/// compared.
+/// Of the drag that began last: the capture and the cursor's range are its, whatever became of those before. All drags
+/// are one thread's, but ROIs can be destroyed in others. Only compared.
 std::atomic<const KestDragDc*> latest = nullptr;
 
 }  // namespace

@@ -197,7 +197,7 @@ TEST(ObjectStorage, NothingFollowsBytesThatWereLost) {
     EXPECT_EQ(full.PutObject(&small), 0);
 }
 
-TEST(CcFileObjectStorage, APipeCanBeReadButNotRewound) {
+TEST(CcFileObjectStorage, WherePositionsCannotBeSetBackNoObjectIsLost) {
     const Bytes records =
         Record("CcPropertyBag", "first", BagData(1)).Add(Record("CcPropertyBag", "second", BagData(2)));
     constexpr char name[] = "\\\\.\\pipe\\kest-records";

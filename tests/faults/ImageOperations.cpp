@@ -110,27 +110,25 @@ void Add(std::vector<Operation>& list, const std::string& name, const std::strin
     list.push_back(CutRegion<Image, CcRoiRect>(name + " GetRegion of a rectangle"));
     list.push_back(CutRegion<Image, CcRoiEllipse>(name + " GetRegion of an ellipse"));
     list.push_back(CutRegion<Image, CcRoiPolyFreeHand>(name + " GetRegion of an outline"));
-    // Several bands at once are nothing for two values, which a box says whatever happens.
-    if constexpr (!std::is_same_v<Image, CcBinaryImage>)
-        list.push_back({name + " thresholding",
-                        [] {
-                            auto image = SceneImage<Image>();
-                            return Scene{
-                                [=] {
-                                    ThresholdTag bands[] = {{10, 20, 255, 0, 0}, {30, 40, 0, 255, 0}};
-                                    // The binary image has one band only, and says so in a box.
-                                    constexpr int bandCount = std::is_same_v<Image, CcBinaryImage> ? 0 : 2;
-                                    for (const int result :
-                                         {image->BeginThresholding(SceneWindow(), 101),
-                                          image->ThresholdImage(SceneWindow(), 5, 9, 1, 2, 3),
-                                          bandCount ? image->ThresholdImageMulti(SceneWindow(), bands, bandCount) : 0,
-                                          image->EndThresholding()})
-                                        if (result < 0) return result;
-                                    return 0;
-                                },
-                                [=] { return SamplesOf(image.get()); }};
-                        },
-                        PartlyDone});
+    list.push_back({name + " thresholding",
+                    [] {
+                        auto image = SceneImage<Image>();
+                        return Scene{
+                            [=] {
+                                ThresholdTag bands[] = {{10, 20, 255, 0, 0}, {30, 40, 0, 255, 0}};
+                                // The binary image has one band only, and says so in a box.
+                                constexpr int bandCount = std::is_same_v<Image, CcBinaryImage> ? 0 : 2;
+                                for (const int result :
+                                     {image->BeginThresholding(SceneWindow(), 101),
+                                      image->ThresholdImage(SceneWindow(), 5, 9, 1, 2, 3),
+                                      bandCount ? image->ThresholdImageMulti(SceneWindow(), bands, bandCount) : 0,
+                                      image->EndThresholding()})
+                                    if (result < 0) return result;
+                                return 0;
+                            },
+                            [=] { return SamplesOf(image.get()); }};
+                    },
+                    PartlyDone});
     list.push_back({name + " CreateOverlay", [] {
                         auto image = SceneImage<Image>();
                         return Scene{[=] { return image->CreateOverlay(); }, [=] { return ""; }};
