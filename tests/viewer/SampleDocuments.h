@@ -49,8 +49,8 @@ inline std::string PixelBytes(CcImage& image) {
 }
 
 /// The document, saved in a session and opened again.
-inline std::unique_ptr<Document> Reopened(Document& document, const std::string& name = "reopened.kvs") {
-    const TemporaryFile file(name);
+inline std::unique_ptr<Document> Reopened(Document& document) {
+    const TemporaryFile file("reopened.kvs");
     std::string error, warning;
     EXPECT_TRUE(SaveSession(document, file.Path(), error)) << error;
     auto opened = OpenSession(file.Path(), error, warning);

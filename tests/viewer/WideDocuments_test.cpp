@@ -1,7 +1,9 @@
 // Wide pictures in KestView: the range that is shown, bands of sample values, conversions, and previews of bands.
 #include "document/Conversion.h"
 #include "document/Histogram.h"
+#include "picture/RoiPainting.h"
 #include "support/ClassTests.h"
+#include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 
 namespace test {
@@ -20,13 +22,9 @@ TEST(WideDocuments, ShowTheirWholeRangeWhateverComesFirst) {
         document->PixelsReplaced();
         EXPECT_EQ(levels(*document), whole);
         EXPECT_EQ(document->ShownRange().y, range.y);
-        // A curve over the whole range, in a session of any extension.
         document->SetTableCurve(102, 0, {{range.x, 255}, {range.y, 0}});
-        auto loaded = Reopened(*document, "inverted.dat");
-        ASSERT_TRUE(loaded);
-        EXPECT_EQ(levels(*loaded), levels(*document));
-        loaded->ResetTableCurve(102, 0);
-        EXPECT_EQ(levels(*loaded), whole);
+        document->ResetTableCurve(102, 0);
+        EXPECT_EQ(levels(*document), whole);
     }
 }
 
@@ -123,7 +121,7 @@ Picture Drawn(Document& document, int zoom) {
     RECT all = {0, 0, zoom > 0 ? columns * zoom : columns / 2, zoom > 0 ? rows * zoom : rows / 2};
     const MemoryPicture screen(all.right, all.bottom);
     document.Draw(screen, {all.right, all.bottom}, [&](CcImage& image, HDC dc, unsigned short table) {
-        image.Show(dc, &all, table, zoom > 0, 0, 0, zoom);
+        return image.Show(dc, &all, table, zoom > 0, 0, 0, zoom) == 0;
     });
     return screen.Snapshot();
 }
@@ -171,10 +169,27 @@ TEST(WideBands, AreSampleValuesWhateverIsDisplayed) {
             EXPECT_EQ(Drawn(*document, zoom), wantedPicture) << zoom;
             document->PreviewBands(false, nullptr);
         }
-        auto loaded = Reopened(*document);
-        ASSERT_TRUE(loaded);
-        EXPECT_EQ(loaded->BandMask(), expected);
-        EXPECT_EQ(loaded->Bands()[0].low, document->Bands()[0].low);
+    }
+}
+
+/// The system draws nothing.
+int WINAPI DrawNothing(HDC, int, int, DWORD, DWORD, int, int, UINT, UINT, const void*, const BITMAPINFO*, UINT) {
+    return 0;
+}
+
+TEST(Drawings, ThatFailedAreNeitherCountedNorHandedOut) {
+    for (const int type : allTypes) {
+        SCOPED_TRACE(type);
+        auto document = MakeDocument(type);
+        document->SetBands({{0, 255, 1}});
+        const auto draw = [&] { return DrawnPicture(*document, {}, document->Size(), DrawnRois::None); };
+        Document drawn(draw());
+        EXPECT_EQ(Through(drawn, 100), Through(*document, 102));
+        const ReplacedImport broken(GetModuleHandleA("KestApi.dll"), "SetDIBitsToDevice", &DrawNothing);
+        EXPECT_FALSE(draw());
+        if (!document->Class().isWide) {
+            EXPECT_EQ(document->BandMask(), std::vector<std::uint8_t>());
+        }
     }
 }
 

@@ -48,8 +48,8 @@ bool BandLayer::DrawOver(HDC dc, SIZE area, const ShowImage& show) {
     const kest::GdiObject brush(CreateSolidBrush(through));
     const RECT all = {0, 0, area.cx, area.cy};
     FillRect(drawn, &all, brush);
-    show(*layer, drawn, colourTable);
-    return GdiTransparentBlt(dc, 0, 0, area.cx, area.cy, drawn, 0, 0, area.cx, area.cy, through) != 0;
+    return show(*layer, drawn, colourTable) &&
+           GdiTransparentBlt(dc, 0, 0, area.cx, area.cy, drawn, 0, 0, area.cx, area.cy, through) != 0;
 }
 
 }  // namespace kestview

@@ -10,8 +10,9 @@
 
 namespace kestview {
 
-/// Draws an image through a display table into a device context, as the picture itself is shown.
-using ShowImage = std::function<void(CcImage& image, HDC dc, unsigned short table)>;
+/// Draws an image through a display table into a device context, as the picture itself is shown. False when it was not
+/// drawn.
+using ShowImage = std::function<bool(CcImage& image, HDC dc, unsigned short table)>;
 
 class BandLayer {
 public:

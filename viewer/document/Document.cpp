@@ -256,8 +256,7 @@ void Document::RemoveCalibration() {
 }
 
 bool Document::Draw(HDC dc, SIZE area, const ShowImage& show) {
-    show(*image, dc, ShownTable());
-    return preview.Layer().DrawOver(dc, area, show);
+    return show(*image, dc, ShownTable()) && preview.Layer().DrawOver(dc, area, show);
 }
 
 void Document::SetBands(std::vector<Band> newBands) {

@@ -100,7 +100,7 @@ public:
     /// Display table 100 to 104; table 101 while the library's thresholding is previewed.
     unsigned short ShownTable() const { return preview.ChangesPicture() ? 101 : displayTable; }
     /// Draws the picture as it is shown, with the bands over it: `show` draws an image as the picture stands in `area`.
-    /// False, with the bands left out, when memory is short.
+    /// False, with some of it left out, when memory is short.
     bool Draw(HDC dc, SIZE area, const ShowImage& show);
     unsigned short DisplayTable() const { return displayTable; }
     void SetDisplayTable(unsigned short table);

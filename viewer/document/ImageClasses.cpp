@@ -73,7 +73,7 @@ std::vector<std::uint8_t> ShownLevels(CcImage& image) {
 }
 
 void DrawPlainly(CcImage& image) {
-    const DibSection screen({1, 1}, 24);
+    const DibSection screen({1, 1});
     RECT pixel = {0, 0, 1, 1};
     if (screen) image.Show(screen, &pixel, 100, 1, 0, 0, 1);
 }

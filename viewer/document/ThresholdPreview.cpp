@@ -20,18 +20,17 @@ template <class Visit>
 bool DrawStrips(CcImage& image, Visit visit) {
     constexpr long stripRows = 128;
     const SIZE size = SizeOf(image);
-    const DibSection drawn({size.cx, std::min<long>(size.cy, stripRows)}, 32);
+    DibSection drawn({size.cx, std::min<long>(size.cy, stripRows)});
     if (!drawn) return false;
     const auto width = static_cast<std::size_t>(size.cx);
     for (long top = 0; top < size.cy; top += stripRows) {
         const long rows = std::min(stripRows, size.cy - top);
         RECT strip = {0, 0, size.cx, rows};
+        drawn.MarkUndrawn();
         image.Show(drawn, &strip, thresholdTable, 1, 0, static_cast<int>(top), 1);
-        GdiFlush();
-        // The strip is drawn at the bitmap's top.
-        const auto* pixels = reinterpret_cast<const unsigned*>(drawn.Bits()) +
-                             static_cast<std::size_t>(std::min<long>(size.cy, stripRows) - rows) * width;
-        visit(static_cast<std::size_t>(size.cy - top - rows) * width, static_cast<std::size_t>(rows) * width, pixels);
+        if (!drawn.IsDrawn(rows)) return false;
+        visit(static_cast<std::size_t>(size.cy - top - rows) * width, static_cast<std::size_t>(rows) * width,
+              drawn.Top(rows));
     }
     return true;
 }
@@ -138,7 +137,7 @@ void ThresholdPreview::MarkDrawn(const std::vector<Band>& bands, std::vector<std
             band.iBlue = colour & 255;
         }
         Apply(std::move(marked));
-        isWhole = isWhole && DrawStrips(image, [&](std::size_t first, std::size_t count, const unsigned* pixels) {
+        isWhole = isWhole && DrawStrips(image, [&](std::size_t first, std::size_t count, const std::uint32_t* pixels) {
                       for (std::size_t i = 0; i < count; ++i) mask[first + i] &= (pixels[i] & 0xFFFFFF) == colour;
                   });
     }

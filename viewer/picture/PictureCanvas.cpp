@@ -37,7 +37,7 @@ void PictureView::PaintPicture(HDC dc) {
     if (!document) return;
     const Shown shown = GetShown();
     document->Draw(dc, canvas.ClientSize(), [&](CcImage& image, HDC target, unsigned short table) {
-        image.Show(target, shown.canvas, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+        return image.Show(target, shown.canvas, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom) >= 0;
     });
     document->Image().ShowOverlay(dc, shown.canvas, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <string>
 
 #include "platform/Busy.h"
@@ -72,11 +71,13 @@ void PaintRois(HDC dc, SIZE area, Document& document, const Shown& shown, const 
 std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area, DrawnRois rois) {
     const Busy busy("Drawing", 8LL * area.cx * area.cy);
     auto drawn = MakeImage(KEST_IMAGE_RGB, area.cy, area.cx, document.Name());
-    DibSection pixels(area, 24);
+    DibSection pixels(area);
     if (!drawn || !pixels) return nullptr;
     RECT all = {0, 0, area.cx, area.cy};
+    pixels.MarkUndrawn();
     const bool isWhole = document.Draw(pixels, area, [&](CcImage& image, HDC target, unsigned short table) {
-        image.Show(target, &all, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom);
+        return image.Show(target, &all, table, shown.mode, shown.xOffset, shown.yOffset, shown.zoom) >= 0 &&
+               pixels.IsDrawn(area.cy);
     });
     if (!isWhole) return nullptr;
     // Lines and letters that are seen when all of it fills a page.
@@ -94,10 +95,11 @@ std::unique_ptr<CcImage> DrawnPicture(Document& document, Shown shown, SIZE area
         PaintRois(pixels, area, document, shown, paint);
     }
     GdiFlush();
-    const std::size_t rowBytes = 3 * static_cast<std::size_t>(area.cx), stride = (rowBytes + 3) / 4 * 4;
-    auto* to = static_cast<unsigned char*>(drawn->GetBitMapImageData());
-    for (std::size_t row = 0; row < static_cast<std::size_t>(area.cy); ++row)
-        std::memcpy(to + row * rowBytes, pixels.Bits() + row * stride, rowBytes);
+    const std::uint32_t* from = pixels.Top(area.cy);
+    std::transform(from, pixels.Top(0), static_cast<RGBTRIPLE*>(drawn->GetBitMapImageData()), [](std::uint32_t pixel) {
+        const auto byte = [pixel](int shift) { return static_cast<BYTE>(pixel >> shift); };
+        return RGBTRIPLE{byte(0), byte(8), byte(16)};
+    });
     return drawn;
 }
 

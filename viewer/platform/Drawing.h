@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <cstdint>
+
 #include "platform/Guards.h"
 
 namespace kestview {
@@ -17,20 +19,25 @@ private:
     Held<HFONT, DeleteObject> font;
 };
 
-/// A bitmap whose pixels can be read, bottom row first, rows padded to four bytes; it is selected into a device context
-/// of its own.
+/// A bitmap whose pixels can be read; it is selected into a device context of its own. It knows what of it has been drawn,
+/// as not every Show tells that it failed.
 class DibSection {
 public:
-    DibSection(SIZE size, int bitsPerPixel);
+    explicit DibSection(SIZE newSize);
 
     /// False when memory is short.
     explicit operator bool() const { return bits != nullptr; }
     operator HDC() const { return dc; }
-    /// What is drawn is there after GdiFlush.
-    const unsigned char* Bits() const { return static_cast<const unsigned char*>(bits); }
+    /// The uppermost rows, the lowest of them first: 0x00RRGGBB each. What is drawn is there after GdiFlush.
+    const std::uint32_t* Top(long rows) const;
+    /// From now on nothing counts as drawn.
+    void MarkUndrawn();
+    /// Whether each pixel of the uppermost rows has been drawn since then.
+    bool IsDrawn(long rows) const;
 
 private:
     kest::MemoryDc dc;
+    SIZE size;
     void* bits = nullptr;
     kest::GdiObject<HBITMAP> bitmap;
     kest::SelectedObject selected;
@@ -53,8 +60,8 @@ private:
     kest::SelectedObject selected;
 };
 
-/// A bitmap of this size, with its pixels in `bits`; a negative height has the top row first. Null, and null bits, when
-/// memory is short.
-HBITMAP MakeDibSection(SIZE size, int bitsPerPixel, void*& bits);
+/// A bitmap of this size with 32 bits a pixel, in `bits`; a negative height has the top row first. Null, and null bits,
+/// when memory is short.
+HBITMAP MakeDibSection(SIZE size, void*& bits);
 
 }  // namespace kestview

@@ -55,9 +55,7 @@ constexpr int oversampling = 4;
 
 /// A bitmap of 32 bits a pixel, top row first.
 struct Pixels {
-    explicit Pixels(int side) : bitmap(MakeDibSection({side, -side}, 32, memory)) {
-        bits = static_cast<unsigned*>(memory);
-    }
+    explicit Pixels(int side) : bitmap(MakeDibSection({side, -side}, memory)) { bits = static_cast<unsigned*>(memory); }
     void* memory = nullptr;
     unsigned* bits;
     kest::GdiObject<HBITMAP> bitmap;
