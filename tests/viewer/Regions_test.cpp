@@ -213,22 +213,42 @@ TEST(RoiFiles, BringBackOneAndAll) {
     EXPECT_EQ(TakeBoxes().size(), 1u);
 }
 
-/// No list of ROIs can grow.
-HGLOBAL WINAPI AllocateSmall(UINT flags, SIZE_T bytes) {
-    return bytes > 100 * sizeof(void*) ? nullptr : GlobalAlloc(flags, bytes);
+/// How often a list of more than a hundred ROIs can still grow; 1024 bytes are a display table.
+int growthsLeft;
+HGLOBAL WINAPI GrowSometimes(UINT flags, SIZE_T bytes) {
+    constexpr SIZE_T slot = sizeof(void*);
+    const bool isList = bytes % slot == 0 && bytes > 100 * slot && bytes < 300 * slot && bytes != 1024;
+    return isList && growthsLeft-- <= 0 ? nullptr : GlobalAlloc(flags, bytes);
 }
 
-TEST(RoiFiles, LeaveNothingBehindWhenTheListCannotGrow) {
-    auto document = MakeDocument(KEST_IMAGE_GRAY256);
-    for (int i = 0; i < 99; ++i) document->Image().GetListROI()->InsertTail(SmallRect().release());
-    const TemporaryFile file("many.rois");
-    std::string error;
-    ASSERT_TRUE(SaveAllRois(*document, file.Path(), error)) << error;
-    const ReplacedImport small(GetModuleHandleA("KestApi.dll"), "GlobalAlloc", &AllocateSmall);
+void* __cdecl GiveNothing(std::size_t) { return nullptr; }
+
+TEST(Rois, StayAsTheyAreWhenMemoryIsShort) {
+    auto document = MakeDocument(KEST_IMAGE_INT16);
+    for (int i = 0; i < 149; ++i) document->Image().GetListROI()->InsertTail(SmallRect().release());
+    document->SetSelected(document->Roi(7), true);
+    const TemporaryFile file("many.rois"), session("many.kvs");
+    std::string error, warning;
+    ASSERT_TRUE(SaveAllRois(*document, file.Path(), error) && SaveSession(*document, session.Path(), error)) << error;
+    const int before = CcRoiBase::iNumOfROIs;
+    const HMODULE library = GetModuleHandleA("KestApi.dll");
+    const ReplacedImport lists(library, "GlobalAlloc", &GrowSometimes);
+    // Only the list that is read from a file can grow.
+    growthsLeft = 1;
     EXPECT_EQ(RestoreAllRois(*document, file.Path()), 0);
     document->AddRoi(SmallRect());
-    EXPECT_EQ(TakeBoxes().size(), 2u);
-    EXPECT_EQ(document->RoiCount(), 99);
+    growthsLeft = 1;
+    EXPECT_FALSE(OpenSession(session.Path(), error, warning));
+    EXPECT_EQ(error, "") << "the library has told";
+    EXPECT_EQ(TakeBoxes().size(), 3u);
+    // The step of the history cannot be made.
+    const ReplacedImport steps(library, "malloc", &GiveNothing);
+    EXPECT_THROW(document->DeleteSelectedRois(), std::bad_alloc);
+    EXPECT_THROW(document->RenameRoi(document->Roi(7), "other"), std::bad_alloc);
+    EXPECT_EQ(TakeBoxes().size(), 0u);
+    EXPECT_STRNE(document->Roi(7).GetName(), "other");
+    EXPECT_EQ(document->RoiCount(), 149);
+    EXPECT_EQ(CcRoiBase::iNumOfROIs, before);
     EXPECT_FALSE(document->CanUndo() || document->IsModified());
 }
 

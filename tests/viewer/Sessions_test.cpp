@@ -27,8 +27,11 @@ TEST(Session, BringsBackEveryClassWithItsValuesRegionsAndCalibration) {
         ASSERT_EQ(calibration->Save(calibrationFile.Path()), 0);
         ASSERT_TRUE(document->SetCalibration(std::move(calibration), calibrationFile.Path()));
 
+        const Picture inOwnColours = Through(*document, 100);
+        Through(*document, 104);
         auto loaded = Reopened(*document);
         ASSERT_TRUE(loaded);
+        EXPECT_EQ(Through(*loaded, 100), inOwnColours);
         EXPECT_EQ(document->Name(), longName) << "cut only while it was written";
         EXPECT_EQ(loaded->Name(), longName);
         EXPECT_EQ(loaded->Class().type, type);
@@ -69,15 +72,6 @@ TEST(Session, KeepsTheRangeThatAWidePictureShows) {
         EXPECT_EQ(loaded->ShownRange().x, chosen.x);
         EXPECT_EQ(loaded->ShownRange().y, chosen.y);
     }
-}
-
-TEST(Session, KeepsTheColoursOfTheFile) {
-    auto document = MakeDocument(KEST_IMAGE_GRAY256);
-    const Picture before = Through(*document, 100);
-    Through(*document, 104);
-    auto loaded = Reopened(*document);
-    ASSERT_TRUE(loaded);
-    EXPECT_EQ(Through(*loaded, 100), before);
 }
 
 /// The file of a server that was looked for.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "document/FiniteRange.h"
 #include "platform/Busy.h"
@@ -97,12 +98,19 @@ void Document::SetSelected(CcRoiBase& roi, bool isSelected) {
     Changed(RoisChanged);
 }
 
+void Document::BeforeRoiEdit() {
+    if (history->Remember() == 0) return;
+    // What was shown of the edit so far goes.
+    Changed(RoisChanged);
+    throw std::bad_alloc();
+}
+
 void Document::AddRoi(std::unique_ptr<CcRoiBase> roi) {
+    if (image->GetListROI()->Reserve(1) < 0) return Changed(RoisChanged);
     BeforeRoiEdit();
     for (int i = 0; i < RoiCount(); ++i) Roi(i).SetSelected(0);
     roi->SetSelected(1);
-    if (image->GetListROI()->InsertTail(roi.get()) < 0) return CancelRoiEdit();
-    roi.release();
+    image->GetListROI()->InsertTail(roi.release());
     RoisEdited();
 }
 
@@ -125,8 +133,9 @@ void Document::DeleteSelectedRois() {
 }
 
 void Document::RenameRoi(CcRoiBase& roi, const std::string& name) {
+    const std::string newName = CutForStreams(name);
     BeforeRoiEdit();
-    roi.SetName(CutForStreams(name).c_str());
+    roi.SetName(newName.c_str());
     RoisEdited();
 }
 

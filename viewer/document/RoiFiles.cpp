@@ -61,21 +61,13 @@ int RestoreAllRois(Document& document, const std::string& path) {
     // Whatever the file says: what was read goes with this list, also the first ROIs of a file that is cut off.
     read.SetDestructionType(1);
     if (!isRead || !HoldsOnlyRois(read)) return -1;
-    document.BeforeRoiEdit();
     CcList& rois = *document.Image().GetListROI();
-    const int before = rois.GetNumberOfObjects();
-    while (CcHLObject* roi = read.GetHead()) {
-        if (rois.InsertTail(roi) < 0) break;
-        read.TakeOut(0);
-    }
-    const bool isWhole = read.GetNumberOfObjects() == 0;
-    if (!isWhole) {
-        while (rois.GetNumberOfObjects() > before) rois.DeleteTail();
-        document.CancelRoiEdit();
-        return 0;
-    }
+    const int count = read.GetNumberOfObjects();
+    if (rois.Reserve(count) < 0) return 0;
+    document.BeforeRoiEdit();
+    while (CcHLObject* roi = read.TakeOut(0)) rois.InsertTail(roi);
     document.RoisEdited();
-    return rois.GetNumberOfObjects() - before;
+    return count;
 }
 
 bool HoldsOnlyRois(CcList& list) {

@@ -55,16 +55,21 @@ int IntIn(CcPropertyBag& bag, const char* key, int otherwise) {
     return bag.GetInt(key, &value) == 0 ? value : otherwise;
 }
 
-/// A wide image around the 8-bit one that the stream brought, with the bag's samples and the same ROIs.
-std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag) {
+/// A wide image around the 8-bit one that the stream brought, with the bag's samples and the same ROIs. Null when the
+/// bag has no such samples, and without an error when memory is short, which the library tells.
+std::unique_ptr<CcImage> Widen(CcImage& shown, int type, CcPropertyBag& bag, std::string& error) {
     const SIZE size = SizeOf(shown);
     auto wide = MakeImage(type, size.cy, size.cx, shown.GetName());
-    long bytes = 0;
-    if (!wide || bag.GetPropLength(samplesKey, KEST_PROPERTY_BLOB, &bytes) < 0 || bytes != SampleBytes(*wide))
+    CcList& rois = *shown.GetListROI();
+    if (!wide || wide->GetListROI()->Reserve(rois.GetNumberOfObjects()) < 0) {
+        error.clear();
         return nullptr;
+    }
+    long bytes = 0;
+    if (bag.GetPropLength(samplesKey, KEST_PROPERTY_BLOB, &bytes) < 0 || bytes != SampleBytes(*wide)) return nullptr;
     if (bag.GetBlob(samplesKey, wide->GetBitMapImageData(), bytes) < 0) return nullptr;
     wide->ReScaleImageOnShow();
-    while (CcHLObject* roi = shown.GetListROI()->TakeOut(0)) wide->GetListROI()->InsertTail(roi);
+    while (CcHLObject* roi = rois.TakeOut(0)) wide->GetListROI()->InsertTail(roi);
     return wide;
 }
 
@@ -223,7 +228,7 @@ std::unique_ptr<Document> OpenSession(const std::string& path, std::string& erro
     const ImageClass* stored = ImageClassOf(type);
     if (!stored || (stored->isWide ? image->GetImageType() != KEST_IMAGE_GRAY256 : image->GetImageType() != type))
         return nullptr;
-    if (stored->isWide && !(image = Widen(*image, type, *bag))) return nullptr;
+    if (stored->isWide && !(image = Widen(*image, type, *bag, error))) return nullptr;
     if (auto* hsl = dynamic_cast<Cc24BitHSLImage*>(image.get())) hsl->DoConvert();
     const std::string name = StringIn(*bag, nameKey);
     if (!name.empty()) image->SetName(name.c_str());

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "document/RoiKinds.h"
 
@@ -85,11 +86,12 @@ void RoiMouse::StartDrawing(const Shown& shown, POINT mouse) {
 }
 
 void RoiMouse::StartMoving(const Shown& shown) {
+    RoiEdit begun(*std::exchange(grabbed, nullptr), grabbedCode, document->Size());
     document->BeforeRoiEdit();
+    edit.emplace(std::move(begun));
     dragShown = shown;
     hasVertices = false;
     isDragging = true;
-    edit.emplace(*grabbed, grabbedCode, document->Size());
     SetCapture(shown.canvas);
 }
 

@@ -58,9 +58,9 @@ private:
     bool isDragging = false;
     bool hasVertices = false;
     std::unique_ptr<CcRoiBase> drawn;  ///< while it is drawn
-    CcRoiBase* grabbed = nullptr;      ///< pressed on; moved or resized once the mouse moves
+    CcRoiBase* grabbed = nullptr;      ///< pressed on, until the mouse moves
     int grabbedCode = 0;
-    std::optional<RoiEdit> edit;  ///< while the grabbed one is moved or resized
+    std::optional<RoiEdit> edit;  ///< while one is moved or resized
     POINT pressed = {};
     Shown dragShown;
     POINT lastMouse = {};
