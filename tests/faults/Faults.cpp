@@ -8,69 +8,44 @@
 namespace test {
 namespace {
 
-enum Group {
-    Memory,
-    Lock,
-    Open,
-    Read,
-    Write,
-    Position,
-    Rename,
-    Library,
-    Context,
-    Drawing,
-    Objects,
-    Selection,
-    Window,
-    PrintJob,
-    Clipboard,
-    Dialog,
-    GroupCount
-};
-constexpr const char* groupNames[GroupCount] = {"memory", "lock",      "open",      "read",  "write",   "position",
-                                                "rename", "library",   "context",   "blit",  "objects", "selection",
-                                                "window", "print job", "clipboard", "dialog"};
-
 Fault armed;
 bool isArmed = false;
-std::array<int, GroupCount> calls = {};
+std::map<std::string, int> calls;
 int boxes = 0;
 
-bool Fails(Group group) {
+bool Fails(const char* group) {
     if (!isArmed) return false;
     const int call = ++calls[group];
     return group == armed.group && armed.call > 0 && (call == armed.call || (armed.stays && call > armed.call));
 }
 
 /// One replaced import: `Number` makes its statics its own.
+template <int Number, class Function, class Result>
+struct Replaced {
+    static inline Function original = nullptr;
+    static inline Result failure{};
+    static inline const char* group = nullptr;
+    static inline DWORD error = 0;
+};
+
 template <int Number, class Function>
 struct Import;
 
 template <int Number, class Result, class... Arguments>
-struct Import<Number, Result(WINAPI*)(Arguments...)> {
-    static inline Result(WINAPI* original)(Arguments...) = nullptr;
-    static inline Result failure{};
-    static inline Group group{};
-    static inline DWORD error = 0;
-
+struct Import<Number, Result(WINAPI*)(Arguments...)> : Replaced<Number, Result(WINAPI*)(Arguments...), Result> {
+    using Of = Replaced<Number, Result(WINAPI*)(Arguments...), Result>;
     static Result WINAPI Call(Arguments... arguments) {
-        if (Fails(group)) {
-            SetLastError(error);
-            return failure;
-        }
-        return original(arguments...);
+        if (!Fails(Of::group)) return Of::original(arguments...);
+        SetLastError(Of::error);
+        return Of::failure;
     }
 };
 
 #if defined(__i386__)
 template <int Number, class Result, class... Arguments>
-struct Import<Number, Result (*)(Arguments...)> {
-    static inline Result (*original)(Arguments...) = nullptr;
-    static inline Result failure{};
-    static inline Group group{};
-    static inline DWORD error = 0;
-
-    static Result Call(Arguments... arguments) { return Fails(group) ? failure : original(arguments...); }
+struct Import<Number, Result (*)(Arguments...)> : Replaced<Number, Result (*)(Arguments...), Result> {
+    using Of = Replaced<Number, Result (*)(Arguments...), Result>;
+    static Result Call(Arguments... arguments) { return Fails(Of::group) ? Of::failure : Of::original(arguments...); }
 };
 #endif
 
@@ -82,12 +57,12 @@ struct Row {
 };
 
 template <int Number, class Function, class Result>
-Row MakeRow(const char* name, Group group, Result failure, DWORD error) {
-    using Replaced = Import<Number, Function>;
-    Replaced::group = group;
-    Replaced::failure = failure;
-    Replaced::error = error;
-    return {name, reinterpret_cast<void*>(&Replaced::Call), reinterpret_cast<void**>(&Replaced::original)};
+Row MakeRow(const char* name, const char* group, Result failure, DWORD error) {
+    using Made = Import<Number, Function>;
+    Made::group = group;
+    Made::failure = failure;
+    Made::error = error;
+    return {name, reinterpret_cast<void*>(&Made::Call), reinterpret_cast<void**>(&Made::original)};
 }
 
 int WINAPI AnswerBox(HWND, const char*, const char*, UINT) {
@@ -164,45 +139,45 @@ std::vector<Row> Rows() {
     void* const none = nullptr;
     static void* unused;
     return {
-        StandIn(KEST_FAULT(Memory, malloc, none, 0), &Allocate),
-        StandIn(KEST_FAULT(Memory, calloc, none, 0), &AllocateZeros),
-        StandIn(KEST_FAULT(Memory, realloc, none, 0), &Reallocate),
-        StandIn(KEST_FAULT(Memory, GlobalAlloc, none, ERROR_NOT_ENOUGH_MEMORY), &AllocateGlobal),
-        KEST_FAULT(Lock, GlobalLock, none, ERROR_NOT_ENOUGH_MEMORY),
-        StandIn(KEST_FAULT(Open, CreateFileA, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED), &OpenPath),
-        KEST_FAULT(Read, ReadFile, FALSE, ERROR_CRC),
-        KEST_FAULT(Write, WriteFile, FALSE, ERROR_DISK_FULL),
-        KEST_FAULT(Write, SetEndOfFile, FALSE, ERROR_DISK_FULL),
-        KEST_FAULT(Position, SetFilePointer, INVALID_SET_FILE_POINTER, ERROR_SEEK),
-        KEST_FAULT(Position, SetFilePointerEx, FALSE, ERROR_SEEK),
-        KEST_FAULT(Position, GetFileSizeEx, FALSE, ERROR_INVALID_FUNCTION),
-        KEST_FAULT(Rename, MoveFileExA, FALSE, ERROR_ACCESS_DENIED),
-        KEST_FAULT(Rename, ReplaceFileA, FALSE, ERROR_ACCESS_DENIED),
-        StandIn(KEST_FAULT(Library, LoadLibraryA, none, ERROR_MOD_NOT_FOUND), &Load),
-        KEST_FAULT(Context, GetDC, none, 0),
-        KEST_FAULT(Context, CreateCompatibleDC, none, 0),
-        KEST_FAULT(Drawing, SetDIBitsToDevice, 0, 0),
-        KEST_FAULT(Drawing, StretchDIBits, 0, 0),
-        KEST_FAULT(Drawing, BitBlt, FALSE, 0),
-        KEST_FAULT(Objects, CreateCompatibleBitmap, none, 0),
-        KEST_FAULT(Objects, CreatePalette, none, 0),
-        KEST_FAULT(Objects, CreatePen, none, 0),
-        KEST_FAULT(Objects, CreateSolidBrush, none, 0),
-        KEST_FAULT(Objects, CreateRectRgn, none, 0),
-        KEST_FAULT(Objects, CreateRectRgnIndirect, none, 0),
-        KEST_FAULT(Selection, SelectObject, none, 0),
-        KEST_FAULT(Selection, SelectPalette, none, 0),
-        KEST_FAULT(Window, GetClientRect, FALSE, 0),
-        KEST_FAULT(Window, ClientToScreen, FALSE, 0),
-        StandIn(KEST_FAULT(PrintJob, StartDocA, -1, 0), &StartJob),
-        StandIn(KEST_FAULT(PrintJob, StartPage, 0, 0), &StartOrEnd),
-        StandIn(KEST_FAULT(PrintJob, EndPage, 0, 0), &StartOrEnd),
-        StandIn(KEST_FAULT(PrintJob, EndDoc, 0, 0), &FinishJob),
-        StandIn(KEST_FAULT(PrintJob, PrintDlgA, FALSE, 0), &ChoosePrinter),
-        KEST_FAULT(Clipboard, OpenClipboard, FALSE, 0),
-        KEST_FAULT(Clipboard, EmptyClipboard, FALSE, 0),
-        KEST_FAULT(Clipboard, SetClipboardData, none, 0),
-        StandIn(KEST_FAULT(Dialog, DialogBoxParamA, -1, 0), &RunDialog),
+        StandIn(KEST_FAULT("memory", malloc, none, 0), &Allocate),
+        StandIn(KEST_FAULT("memory", calloc, none, 0), &AllocateZeros),
+        StandIn(KEST_FAULT("memory", realloc, none, 0), &Reallocate),
+        StandIn(KEST_FAULT("memory", GlobalAlloc, none, ERROR_NOT_ENOUGH_MEMORY), &AllocateGlobal),
+        KEST_FAULT("lock", GlobalLock, none, ERROR_NOT_ENOUGH_MEMORY),
+        StandIn(KEST_FAULT("open", CreateFileA, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED), &OpenPath),
+        KEST_FAULT("read", ReadFile, FALSE, ERROR_CRC),
+        KEST_FAULT("write", WriteFile, FALSE, ERROR_DISK_FULL),
+        KEST_FAULT("write", SetEndOfFile, FALSE, ERROR_DISK_FULL),
+        KEST_FAULT("position", SetFilePointer, INVALID_SET_FILE_POINTER, ERROR_SEEK),
+        KEST_FAULT("position", SetFilePointerEx, FALSE, ERROR_SEEK),
+        KEST_FAULT("position", GetFileSizeEx, FALSE, ERROR_INVALID_FUNCTION),
+        KEST_FAULT("rename", MoveFileExA, FALSE, ERROR_ACCESS_DENIED),
+        KEST_FAULT("rename", ReplaceFileA, FALSE, ERROR_ACCESS_DENIED),
+        StandIn(KEST_FAULT("library", LoadLibraryA, none, ERROR_MOD_NOT_FOUND), &Load),
+        KEST_FAULT("context", GetDC, none, 0),
+        KEST_FAULT("context", CreateCompatibleDC, none, 0),
+        KEST_FAULT("blit", SetDIBitsToDevice, 0, 0),
+        KEST_FAULT("blit", StretchDIBits, 0, 0),
+        KEST_FAULT("blit", BitBlt, FALSE, 0),
+        KEST_FAULT("objects", CreateCompatibleBitmap, none, 0),
+        KEST_FAULT("objects", CreatePalette, none, 0),
+        KEST_FAULT("objects", CreatePen, none, 0),
+        KEST_FAULT("objects", CreateSolidBrush, none, 0),
+        KEST_FAULT("objects", CreateRectRgn, none, 0),
+        KEST_FAULT("objects", CreateRectRgnIndirect, none, 0),
+        KEST_FAULT("selection", SelectObject, none, 0),
+        KEST_FAULT("selection", SelectPalette, none, 0),
+        KEST_FAULT("window", GetClientRect, FALSE, 0),
+        KEST_FAULT("window", ClientToScreen, FALSE, 0),
+        StandIn(KEST_FAULT("print job", StartDocA, -1, 0), &StartJob),
+        StandIn(KEST_FAULT("print job", StartPage, 0, 0), &StartOrEnd),
+        StandIn(KEST_FAULT("print job", EndPage, 0, 0), &StartOrEnd),
+        StandIn(KEST_FAULT("print job", EndDoc, 0, 0), &FinishJob),
+        StandIn(KEST_FAULT("print job", PrintDlgA, FALSE, 0), &ChoosePrinter),
+        KEST_FAULT("clipboard", OpenClipboard, FALSE, 0),
+        KEST_FAULT("clipboard", EmptyClipboard, FALSE, 0),
+        KEST_FAULT("clipboard", SetClipboardData, none, 0),
+        StandIn(KEST_FAULT("dialog", DialogBoxParamA, -1, 0), &RunDialog),
         {"MessageBoxA", reinterpret_cast<void*>(&AnswerBox), &unused},
         {"AbortDoc", reinterpret_cast<void*>(&StartOrEnd), &unused},
         {"free", reinterpret_cast<void*>(&Free), &unused},
@@ -227,21 +202,23 @@ void PatchLibrary() {
 
 void Arm(const Fault& fault) {
     armed = fault;
-    calls = {};
+    calls.clear();
     isArmed = true;
 }
 
-std::vector<FaultGroup> Disarm() {
+std::map<std::string, int> Disarm() {
     isArmed = false;
-    std::vector<FaultGroup> groups;
-    for (int i = 0; i < GroupCount; ++i) groups.push_back({groupNames[i], calls[static_cast<std::size_t>(i)]});
-    return groups;
+    return calls;
+}
+
+void EmptyTheClipboard() {
+    if (OpenClipboard(nullptr)) EmptyClipboard();
+    CloseClipboard();
 }
 
 std::string Ledger() {
     // What is on the clipboard belongs to the system.
-    if (OpenClipboard(nullptr)) EmptyClipboard();
-    CloseClipboard();
+    EmptyTheClipboard();
     RECT clip;
     GetClipCursor(&clip);
     DWORD handles = 0;

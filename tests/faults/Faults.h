@@ -6,15 +6,10 @@
 
 namespace test {
 
-/// What fails together: the k-th call counts over all functions of a group.
-struct FaultGroup {
-    std::string name;
-    int calls = 0;  ///< since Arm
-};
-
-/// Which call fails: the `call`-th of a group (from 1), and with `stays` all behind it as well. Call 0: none.
+/// Which call fails: the `call`-th (from 1) of all functions of a group, such as "write", which count together; with
+/// `stays` all behind it as well. Call 0: none.
 struct Fault {
-    int group = 0;
+    std::string group;
     int call = 0;
     bool stays = false;
 };
@@ -22,13 +17,15 @@ struct Fault {
 /// Patches the library, once a process; message boxes of the library are from then on answered without a window.
 void PatchLibrary();
 
-/// Calls are counted, and fail, between the two.
+/// Calls are counted, and fail, between the two. The second tells how many each group had.
 void Arm(const Fault& fault);
-std::vector<FaultGroup> Disarm();
+std::map<std::string, int> Disarm();
 
 /// What the process and the library hold of the system's: handles, GDI objects, blocks, files, libraries, capture and
 /// cursor clip.
 std::string Ledger();
+
+void EmptyTheClipboard();
 
 /// How many boxes the library has shown since the last call.
 int TakeBoxCount();

@@ -42,12 +42,12 @@ std::string WhatIsWrong(const Operation& operation, const std::string& group, in
 }
 
 /// The calls of each group that the operation makes when all goes well.
-std::vector<FaultGroup> Rehearse(const Operation& operation, std::string& before, std::string& whole) {
+std::map<std::string, int> Rehearse(const Operation& operation, std::string& before, std::string& whole) {
     const Scene scene = operation.make();
     before = scene.state();
     Arm({});
     const int result = scene.run();
-    const std::vector<FaultGroup> groups = Disarm();
+    const std::map<std::string, int> groups = Disarm();
     whole = scene.state();
     EXPECT_GE(result, 0) << operation.name << " fails by itself";
     EXPECT_EQ(TakeBoxCount(), 0) << operation.name;
@@ -57,14 +57,13 @@ std::vector<FaultGroup> Rehearse(const Operation& operation, std::string& before
 void Try(const Operation& operation, Trials& trials) {
     std::string before, whole;
     Rehearse(operation, before, whole);  // pens, fonts and the like that stay are made now
-    const std::vector<FaultGroup> groups = Rehearse(operation, before, whole);
+    const std::map<std::string, int> groups = Rehearse(operation, before, whole);
     const std::string ledger = Ledger();
-    for (int group = 0; group < static_cast<int>(groups.size()); ++group) {
-        const FaultGroup& kind = groups[static_cast<std::size_t>(group)];
-        for (int call = 1; call <= kind.calls; ++call)
+    for (const auto& [group, calls] : groups)
+        for (int call = 1; call <= calls; ++call)
             for (const bool stays : {false, true}) {
-                const std::string name = operation.name + ", " + kind.name + " call " + std::to_string(call) +
-                                         (stays ? " and all behind" : "");
+                const std::string name =
+                    operation.name + ", " + group + " call " + std::to_string(call) + (stays ? " and all behind" : "");
                 runningStep = name;
                 std::string wrong;
                 {
@@ -73,18 +72,17 @@ void Try(const Operation& operation, Trials& trials) {
                     const int result = scene.run();
                     Disarm();
                     const int boxes = TakeBoxCount();
-                    wrong = WhatIsWrong(operation, kind.name, result, boxes, before, whole, scene.state());
+                    wrong = WhatIsWrong(operation, group, result, boxes, before, whole, scene.state());
                 }
                 TakeBoxCount();
                 const std::string now = Ledger();
                 if (now != ledger) wrong += " left " + now + " of " + ledger;
-                ++trials.byGroup[kind.name];
+                ++trials.byGroup[group];
                 if (wrong.empty()) continue;
                 ++trials.failures;
                 ADD_FAILURE() << name << ": " << wrong;
                 ASSERT_LT(trials.failures, 200) << "and so on";
             }
-    }
 }
 
 /// Those whose name has the text in KEST_FAULT_OPERATION, or all.

@@ -18,122 +18,102 @@ std::string RowsOf(CcRoiBase& roi) {
     return text + ".";
 }
 
+/// A drag over three points; the code of the first step that fails.
+int DragOver(CcRoiBase& roi, CcImage& image, int mode, POINT from, POINT over, POINT to) {
+    const HWND window = SceneWindow();
+    for (const int result :
+         {roi.StartMouseDrag(window, 0, 0, 1, &image, from, mode, nullptr, 1),
+          roi.DoMouseDrag(window, 0, 0, 1, &image, over, 1), roi.StopMouseDrag(window, 0, 0, 1, &image, to)})
+        if (result < 0) return result;
+    return 0;
+}
+
+template <class Roi>
+struct DrawnRoi {
+    std::shared_ptr<CcGrayImage256> image = SceneImage<CcGrayImage256>();
+    std::shared_ptr<Roi> roi = SceneRoi<Roi>(*image);
+    CcHLObject& Object() { return *roi; }
+};
+
+template <class Made>
+std::string RecordAndRows(Made& made) {
+    return RecordOf(*made.roi) + RowsOf(*made.roi);
+}
+
 template <class Roi>
 void Add(std::vector<Operation>& list, const std::string& name) {
-    using Image = CcGrayImage256;
-    list.push_back({name + " Save",
-                    [] {
-                        auto roi = SceneRoi<Roi>(*SceneImage<Image>());
-                        auto file = OldFile("fault.roi");
-                        return Scene{[=] { return roi->Save(file->Path()); }, [=] { return ContentOf(*file); }};
-                    },
-                    Told});
+    struct Made : DrawnRoi<Roi> {
+        MemoryPicture paper{sceneWidth, sceneHeight};
+        std::string rows;
+        std::shared_ptr<KestRoiMeasurement> measured = std::make_shared<KestRoiMeasurement>();
+    };
+    struct WithFile : DrawnRoi<Roi> {
+        std::shared_ptr<TemporaryFile> file = OldFile("fault.roi");
+    };
+    struct Fresh {
+        std::shared_ptr<CcGrayImage256> image = SceneImage<CcGrayImage256>();
+        std::unique_ptr<Roi> roi = std::make_unique<Roi>();
+    };
+    struct Saved : WithFile {
+        Saved() {
+            this->roi->Save(this->file->Path());
+            this->roi = std::make_shared<Roi>();
+            DragOver(*this->roi, *this->image, KEST_DRAG_CREATE, {2, 2}, {9, 9}, {9, 9});
+            this->roi->SetName("other");
+        }
+    };
     list.push_back(
-        {name + " Restore", [] {
-             auto file = OldFile("fault.roi");
-             auto image = SceneImage<Image>();
-             SceneRoi<Roi>(*image)->Save(file->Path());
-             auto roi = std::make_shared<Roi>();
-             roi->StartMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {2, 2}, KEST_DRAG_CREATE, nullptr, 1);
-             roi->DoMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {9, 9}, 1);
-             roi->StopMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {9, 9});
-             roi->SetName("other");
-             return Scene{[=] { return roi->Restore(file->Path()); }, [=] { return RecordOf(*roi) + RowsOf(*roi); }};
-         }});
-    list.push_back({name + " drawn, moved and resized",
-                    [] {
-                        auto image = SceneImage<Image>();
-                        auto roi = SceneRoi<Roi>(*image);
-                        return Scene{[=] {
-                                         for (const int mode : {KEST_DRAG_MOVE, KEST_DRAG_CREATE})
-                                             for (const int result :
-                                                  {roi->StartMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {10, 10},
-                                                                       mode, nullptr, 1),
-                                                   roi->DoMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {12, 20}, 1),
-                                                   roi->StopMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {14, 25})})
-                                                 if (result < 0) return result;
-                                         return 0;
-                                     },
-                                     [=] { return RecordOf(*roi) + RowsOf(*roi); }};
-                    },
-                    PartlyDone});
-    list.push_back({name + " deleted in mid-drag", [] {
-                        auto image = SceneImage<Image>();
-                        auto roi = std::make_shared<std::unique_ptr<Roi>>(new Roi);
-                        return Scene{
-                            [=] {
-                                const int started = (*roi)->StartMouseDrag(SceneWindow(), 0, 0, 1, image.get(),
-                                                                           {10, 10}, KEST_DRAG_CREATE, nullptr, 1);
-                                const int moved = (*roi)->DoMouseDrag(SceneWindow(), 0, 0, 1, image.get(), {12, 20}, 1);
-                                roi->reset();
-                                return started < 0 ? started : moved;
-                            },
-                            [=] { return ""; }};
-                    }});
-    list.push_back({name + " ShowROI",
-                    [] {
-                        auto image = SceneImage<Image>();
-                        auto roi = SceneRoi<Roi>(*image);
-                        auto paper = std::make_shared<MemoryPicture>(sceneWidth, sceneHeight);
-                        return Scene{[=] { return roi->ShowROI(*paper, SceneWindow(), 0, 0, 1, image.get(), 2, -1); },
-                                     [] { return ""; }};
-                    },
-                    Drawn});
-    list.push_back({name + " rows", [] {
-                        auto roi = SceneRoi<Roi>(*SceneImage<Image>());
-                        auto rows = std::make_shared<std::string>();
-                        return Scene{[=] {
-                                         *rows = RowsOf(*roi);
-                                         return rows->empty() ? -1 : 0;
-                                     },
-                                     [=] { return *rows; }};
-                    }});
-    list.push_back({name + " KestMeasureRoi", [] {
-                        auto image = SceneImage<Image>();
-                        auto roi = SceneRoi<Roi>(*image);
-                        auto result = std::make_shared<KestRoiMeasurement>();
-                        return Scene{
-                            [=] { return KestMeasureRoi(image.get(), roi.get(), result.get()); },
-                            [=] { return std::string(reinterpret_cast<const char*>(result.get()), sizeof *result); }};
-                    }});
-    list.push_back(
-        {name + " into a stream",
-         [] {
-             auto roi = SceneRoi<Roi>(*SceneImage<Image>());
-             auto stream = std::make_shared<CcMemObjectStorage>(10, 10);
-             return Scene{[=] { return stream->PutObject(roi.get()); }, [=] { return Text(ContentOf(*stream)); }};
-         },
-         PartlyDone});
-    list.push_back(ReadBack(name, [] { return RecordOf(*SceneRoi<Roi>(*SceneImage<Image>())); }));
+        On<WithFile>(name + " Save", Told, FileOf, [](auto& made) { return made.roi->Save(made.file->Path()); }));
+    list.push_back(On<Saved>(name + " Restore", Nothing, RecordAndRows,
+                             [](auto& made) { return made.roi->Restore(made.file->Path()); }));
+    list.push_back(On<Made>(name + " drawn, moved and resized", PartlyDone, RecordAndRows, [](auto& made) {
+        for (const int mode : {KEST_DRAG_MOVE, KEST_DRAG_CREATE})
+            if (const int result = DragOver(*made.roi, *made.image, mode, {10, 10}, {12, 20}, {14, 25}); result < 0)
+                return result;
+        return 0;
+    }));
+    list.push_back(On<Fresh>(name + " deleted in mid-drag", Nothing, Unseen, [](auto& made) {
+        const HWND window = SceneWindow();
+        const int started =
+            made.roi->StartMouseDrag(window, 0, 0, 1, made.image.get(), {10, 10}, KEST_DRAG_CREATE, nullptr, 1);
+        const int moved = made.roi->DoMouseDrag(window, 0, 0, 1, made.image.get(), {12, 20}, 1);
+        made.roi.reset();
+        return started < 0 ? started : moved;
+    }));
+    list.push_back(On<Made>(name + " ShowROI", Drawn, Unseen, [](auto& made) {
+        return made.roi->ShowROI(made.paper, SceneWindow(), 0, 0, 1, made.image.get(), 2, -1);
+    }));
+    list.push_back(On<Made>(
+        name + " rows", Nothing, [](Made& made) { return made.rows; },
+        [](auto& made) {
+            made.rows = RowsOf(*made.roi);
+            return made.rows.empty() ? -1 : 0;
+        }));
+    list.push_back(On<Made>(
+        name + " KestMeasureRoi", Nothing,
+        [](Made& made) { return std::string(reinterpret_cast<char*>(made.measured.get()), sizeof *made.measured); },
+        [](auto& made) { return KestMeasureRoi(made.image.get(), made.roi.get(), made.measured.get()); }));
+    list.push_back(IntoStream<DrawnRoi<Roi>>(name));
+    list.push_back(FromStream<DrawnRoi<Roi>>(name));
 }
 
 template <class Outline>
 void AddOutline(std::vector<Operation>& list, const std::string& name) {
+    using Made = DrawnRoi<Outline>;
     Add<Outline>(list, name);
-    list.push_back({name + " SetRoiImageCord",
-                    [] {
-                        auto image = SceneImage<CcGrayImage256>();
-                        auto roi = SceneRoi<Outline>(*image);
-                        auto points = std::make_shared<std::vector<POINT>>(
-                            std::vector<POINT>{{1, 1}, {2, 1}, {3, 2}, {2, 3}, {1, 2}});
-                        auto record = std::make_shared<PixelGroupTag>();
-                        record->iNumOfPoints = static_cast<int>(points->size());
-                        record->stPOINTS = points->data();
-                        return Scene{[=, keep = points] { return roi->SetRoiImageCord(record.get()); },
-                                     [=] { return RecordOf(*roi) + RowsOf(*roi); }};
-                    },
-                    PartlyDone});  // without memory an outline has no points left
-    list.push_back({name + " PrintPerimiterPointsToFile",
-                    [] {
-                        auto roi = SceneRoi<Outline>(*SceneImage<CcGrayImage256>());
-                        auto file = OldFile("fault.txt");
-                        return Scene{[=] { return roi->PrintPerimiterPointsToFile(file->Path()); },
-                                     [=] { return ContentOf(*file); }};
-                    },
-                    SilentIfOpen});
+    // Without memory an outline has no points left.
+    list.push_back(On<Made>(name + " SetRoiImageCord", PartlyDone, RecordAndRows, [](auto& made) {
+        return SetOutline(*made.roi, {{1, 1}, {2, 1}, {3, 2}, {2, 3}, {1, 2}});
+    }));
+    struct WithFile : Made {
+        std::shared_ptr<TemporaryFile> file = OldFile("fault.txt");
+    };
+    list.push_back(On<WithFile>(name + " PrintPerimiterPointsToFile", SilentIfOpen, FileOf,
+                                [](auto& made) { return made.roi->PrintPerimiterPointsToFile(made.file->Path()); }));
 }
 
 /// A list with a history of three edits: one ROI deleted, one moved, one added.
+template <int undone>
 struct Edited {
     std::shared_ptr<CcGrayImage256> image = SceneImage<CcGrayImage256>();
     CcList list;
@@ -150,6 +130,7 @@ struct Edited {
         history.Remember();
         static_cast<CcRoiBase*>(list.GetTail())->SetRoiImageCord(&moved);
         AddRoi<CcRoiPolyLine>("fourth");
+        for (int i = 0; i < undone; ++i) history.Undo();
     }
     template <class Roi>
     void AddRoi(const char* name) {
@@ -159,18 +140,16 @@ struct Edited {
         roi->SetName(name);
         list.InsertTail(roi);
     }
+    static std::string State(Edited& edited) {
+        return RecordOf(edited.list) + std::to_string(edited.history.CanUndo()) +
+               std::to_string(edited.history.CanRedo());
+    }
 };
 
-Operation Step(const std::string& name, int (CcRoiHistory::*step)(), int undone) {
-    return {"CcRoiHistory " + name, [=] {
-                auto edited = std::make_shared<Edited>();
-                for (int i = 0; i < undone; ++i) edited->history.Undo();
-                return Scene{[=] { return (edited->history.*step)(); },
-                             [=] {
-                                 return RecordOf(edited->list) + std::to_string(edited->history.CanUndo()) +
-                                        std::to_string(edited->history.CanRedo());
-                             }};
-            }};
+template <int undone = 0>
+Operation Step(const std::string& name, int (CcRoiHistory::*step)()) {
+    return On<Edited<undone>>("CcRoiHistory " + name, Nothing, Edited<undone>::State,
+                              [=](auto& edited) { return (edited.history.*step)(); });
 }
 
 }  // namespace
@@ -185,11 +164,11 @@ std::vector<Operation> RoiOperations() {
     AddOutline<CcRoiFreeHandLine>(list, "CcRoiFreeHandLine");
     AddOutline<CcRoiPolyLine>(list, "CcRoiPolyLine");
     AddOutline<CcRoiPolyFreeHand>(list, "CcRoiPolyFreeHand");
-    list.push_back(Step("Remember", &CcRoiHistory::Remember, 0));
-    list.push_back(Step("Undo", &CcRoiHistory::Undo, 0));
-    list.push_back(Step("second Undo", &CcRoiHistory::Undo, 1));
-    list.push_back(Step("Redo", &CcRoiHistory::Redo, 2));
-    list.push_back(Step("Cancel", &CcRoiHistory::Cancel, 0));
+    list.push_back(Step("Remember", &CcRoiHistory::Remember));
+    list.push_back(Step("Undo", &CcRoiHistory::Undo));
+    list.push_back(Step<1>("second Undo", &CcRoiHistory::Undo));
+    list.push_back(Step<2>("Redo", &CcRoiHistory::Redo));
+    list.push_back(Step("Cancel", &CcRoiHistory::Cancel));
     return list;
 }
 

@@ -75,20 +75,55 @@ inline std::shared_ptr<TemporaryFile> OldFile(const std::string& name) {
 
 inline std::string ContentOf(const TemporaryFile& file) { return Text(file.Content()); }
 
-/// Makes an object from a record; the state is what it stores.
-inline Operation ReadBack(const std::string& name, std::function<std::string()> makeRecord) {
-    return {name + " from a stream", [makeRecord] {
-                const std::string record = makeRecord();
-                auto stream = std::make_shared<HandMade>(Bytes().Add({record.begin(), record.end()}));
-                auto made = std::make_shared<std::unique_ptr<CcHLObject>>();
-                return Scene{[=] {
-                                 CcHLObject* object = nullptr;
-                                 const int result = stream->Stream()->GetNextObject(&object);
-                                 made->reset(object);
-                                 return result;
-                             },
-                             [=] { return *made ? RecordOf(**made) : "none"; }};
-            }};
+/// An operation on objects of its own, a `Made` for each trial.
+template <class Made>
+Operation On(const std::string& name, unsigned allowed, std::string (*state)(Made&), std::function<int(Made&)> run) {
+    return {name,
+            [=] {
+                const auto made = std::make_shared<Made>();
+                return Scene{[=] { return run(*made); }, [=] { return state(*made); }};
+            },
+            allowed};
+}
+
+/// The state of what is not looked at afterwards.
+template <class Made>
+std::string Unseen(Made&) {
+    return "";
+}
+
+/// The file `file` of what was made.
+template <class Made>
+std::string FileOf(Made& made) {
+    return ContentOf(*made.file);
+}
+
+/// Puts `Made`'s object into a stream.
+template <class Made>
+Operation IntoStream(const std::string& name) {
+    struct Put : Made {
+        CcMemObjectStorage stream{10, 10};
+    };
+    return On<Put>(
+        name + " into a stream", PartlyDone, [](Put& put) { return Text(ContentOf(put.stream)); },
+        [](Put& put) { return put.stream.PutObject(&put.Object()); });
+}
+
+/// Makes an object from the record of `Made`'s; the state is what it stores.
+template <class Made>
+Operation FromStream(const std::string& name) {
+    struct Read {
+        HandMade stream{StoredBytes(Made().Object())};
+        std::unique_ptr<CcHLObject> made;
+    };
+    return On<Read>(
+        name + " from a stream", Nothing, [](Read& read) { return read.made ? RecordOf(*read.made) : "none"; },
+        [](Read& read) {
+            CcHLObject* object = nullptr;
+            const int result = read.stream.Stream()->GetNextObject(&object);
+            read.made.reset(object);
+            return result;
+        });
 }
 
 }  // namespace test
