@@ -67,8 +67,7 @@ TEST(CcCalibration, StartsAsTheIdentity) {
     EXPECT_FALSE(std::isfinite(point.x) || std::isfinite(point.y));
     const std::string longest(80, 'u');
     EXPECT_EQ(calibration.SetUnitsOfMeasure(longest.c_str()), 0);
-    EXPECT_EQ(calibration.SetUnitsOfMeasure((longest + "u").c_str()), -1);
-    EXPECT_EQ(calibration.SetUnitsOfMeasure(nullptr), -1);
+    ExpectAll(-1, {calibration.SetUnitsOfMeasure((longest + "u").c_str()), calibration.SetUnitsOfMeasure(nullptr)});
     EXPECT_EQ(calibration.GetUnitsOfMeasure(), longest);
     EXPECT_EQ(calibration.GetLatestVersionNumber() + calibration.GetLoadedVersionNumber(), 4);
     CcMemObjectStorage stream;
@@ -183,11 +182,10 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
         EXPECT_STREQ(calibration.GetName(), "Bench") << hostile.size();
         EXPECT_EQ(calibration.GetAreaOfPixel(1, 0), 0.5F) << hostile.size();
     }
-    EXPECT_EQ(calibration.Open("no such file.cal"), -1);
-    EXPECT_EQ(calibration.Save("no such folder\\x.cal"), -1);
+    ExpectAll(-1, {calibration.Open("no such file.cal"), calibration.Save("no such folder\\x.cal")});
     EXPECT_TRUE(TakeBoxes().empty());
     EXPECT_EQ(calibration.Save(R"(Z:\dev\full)"), 0);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"File I/O Error", "Problem writing calibration to file"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"File I/O Error", "Problem writing calibration to file"}}));
 
     // Numbers of every kind are kept as they are.
     constexpr float wild[] = {NAN, INFINITY, 1e38F, -1e38F};
@@ -204,8 +202,7 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
 
     EXPECT_EQ(calibration.Save(nullptr), -1);
     calibration.SetName("");
-    EXPECT_EQ(calibration.Save(nullptr), -1);
-    EXPECT_EQ(calibration.Open(nullptr), -1);
+    ExpectAll(-1, {calibration.Save(nullptr), calibration.Open(nullptr)});
     const auto shown = TakeFileDialogs();
     ASSERT_EQ(shown.size(), 3U);
     EXPECT_EQ(shown[0].name, "Bench.cal");

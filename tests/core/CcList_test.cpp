@@ -37,12 +37,8 @@ struct Letters {
         for (Counted* letter : {&a, &b, &c}) list.InsertTail(letter);
     }
     /// What a step gave, and the list behind it.
-    void Expect(int result, int wanted, const char* state) {
+    void Expect(const auto& result, const std::decay_t<decltype(result)>& wanted, const char* state) {
         EXPECT_EQ(result, wanted) << state;
-        EXPECT_EQ(StateOf(list), state);
-    }
-    void Expect(CcHLObject* found, CcHLObject* wanted, const char* state) {
-        EXPECT_EQ(found, wanted) << state;
         EXPECT_EQ(StateOf(list), state);
     }
 };
@@ -51,13 +47,12 @@ struct Letters {
 
 TEST(CcList, WalksAndLooksUp) {
     CcList empty;
-    for (CcHLObject* none : {empty.GetHead(), empty.GetTail(), empty.GetNext(), empty.GetPrev(), empty.GetViaName("a")})
-        EXPECT_EQ(none, nullptr);
-
+    constexpr CcHLObject* none = nullptr;
+    ExpectAll(none, {empty.GetHead(), empty.GetTail(), empty.GetNext(), empty.GetPrev(), empty.GetViaName("a")});
     Letters with;
     CcList& list = with.list;
     with.Expect(list.GetHead(), &with.a, "abc 0 -1");
-    with.Expect(list.GetPrev(), nullptr, "abc 0 -1");
+    with.Expect(list.GetPrev(), none, "abc 0 -1");
     with.Expect(list.GetNext(), &with.b, "abc 1 -1");
     with.Expect(list.GetNext(), &with.c, "abc 2 -1");
     with.Expect(list.GetNext(), nullptr, "abc 2 -1");
@@ -85,8 +80,7 @@ TEST(CcList, InsertsMoveCursorsAsStated) {
 
     CcList empty;
     EXPECT_EQ(empty.InsertAtIndex(&x, 0), -1);
-    EXPECT_EQ(empty.InsertSelected(&x), 0);
-    EXPECT_EQ(empty.InsertHead(nullptr), 0);
+    ExpectAll(0, {empty.InsertSelected(&x), empty.InsertHead(nullptr)});
     EXPECT_EQ(empty.GetViaName("x"), &x);
     EXPECT_EQ(empty.GetCurrentObjectsIndex(), 1);
 }
@@ -138,12 +132,12 @@ TEST(CcList, GrowsInTimeAndStaysInsideTheArray) {
     EXPECT_EQ(list.GetAtIndex(99), &number);
 
     CcList none(0, 1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Memory Error", "Can't Lock Memory for List Object"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Memory Error", "Can't Lock Memory for List Object"}}));
     EXPECT_EQ(none.InsertTail(&number), 0);
 
     OpenList tiny(1, 1);
-    EXPECT_EQ(tiny.DeleteObjectAtIndex(0), -1);
-    for (const int outside : {1, -1}) EXPECT_EQ(tiny.InsertObjectAtIndex(&number, outside), -1);
+    ExpectAll(
+        -1, {tiny.DeleteObjectAtIndex(0), tiny.InsertObjectAtIndex(&number, 1), tiny.InsertObjectAtIndex(&number, -1)});
     for (int i = 0; i < 5; ++i) EXPECT_EQ(tiny.InsertHead(&number), 0);
     // The step itself leaves the count to its caller.
     EXPECT_EQ(tiny.DeleteObjectAtIndex(4), 0);
@@ -169,16 +163,13 @@ TEST(CcList, StreamFormToTheByteAndBack) {
         "CcList", "rois", ListBag(0, 2, 0, 0).Add(rectRecord("one", 1, 9, 5, 2)).Add(rectRecord("two", 0, 0, 0, 0)));
     EXPECT_EQ(StoredBytes(list), expected);
     const auto loaded = Made<CcList>(expected);
-    ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(StoredBytes(*loaded), expected);
     loaded->SetDestructionType(1);
 
     CcString text;
     list.InsertTail(&text);
     CcMemObjectStorage stream;
-    EXPECT_EQ(list.Store(&stream), -1);
-    EXPECT_EQ(list.Store(nullptr), -1);
-    EXPECT_EQ(list.Load(nullptr), -1);
+    ExpectAll(-1, {list.Store(&stream), list.Store(nullptr), list.Load(nullptr)});
 }
 
 TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
@@ -204,7 +195,6 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     }
     EXPECT_EQ(TakeCensus(), before);
     const auto loaded = Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));
-    ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(loaded->GetListROI()->GetNumberOfObjects(), 2);
 
     // So does its list by itself, whatever list is assigned to it.
@@ -213,10 +203,10 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     for (CcList* const rois : {fresh.GetListROI(), loaded->GetListROI()}) {
         CcList plain;
         plain = *rois;
-        EXPECT_LT(test::LoadRecord(*rois, other), 0);
+        EXPECT_LT(LoadRecord(*rois, other), 0);
         *rois = plain;
-        EXPECT_LT(test::LoadRecord(*rois, other), 0);
-        EXPECT_EQ(test::LoadRecord(plain, other), 0);
+        EXPECT_LT(LoadRecord(*rois, other), 0);
+        EXPECT_EQ(LoadRecord(plain, other), 0);
     }
 }
 
@@ -225,10 +215,9 @@ TEST(CcList, PositionsFromAStreamThatLiesAreHarmless) {
         CcList list;
         ASSERT_EQ(list.Load(HandMade(ListBag(lie, 0, lie, lie)).Stream()), 0);
         EXPECT_EQ(list.GetCurrentObjectsIndex(), lie);
-        for (CcHLObject* none : {list.GetSelected(), list.GetNext(), list.GetPrev()}) EXPECT_EQ(none, nullptr);
-        EXPECT_EQ(list.DeleteSelected(), -1);
         CcNumber number;
-        EXPECT_EQ(list.InsertSelected(&number), -1);
+        ExpectAll<CcHLObject*>(nullptr, {list.GetSelected(), list.GetNext(), list.GetPrev()});
+        ExpectAll(-1, {list.DeleteSelected(), list.InsertSelected(&number)});
         EXPECT_EQ(list.InsertHead(&number), 0);
         EXPECT_EQ(list.GetHead(), &number);
         EXPECT_EQ(list.DeleteTail(), 0);

@@ -65,9 +65,7 @@ TEST(KestWholeFile, ReplacesTheOldFileOrLeavesIt) {
         KestWholeFile failing("whole\\a.txt");
         EXPECT_EQ(failing.Write("more", 4), 0);
         EXPECT_EQ(Folder::Text(), "new");
-        EXPECT_EQ(failing.Write(nullptr, 5), -1);
-        EXPECT_EQ(failing.Write("more", 4), -1);
-        EXPECT_EQ(failing.Replace(), -1);
+        test::ExpectAll(-1, {failing.Write(nullptr, 5), failing.Write("more", 4), failing.Replace()});
         EXPECT_EQ(failing.GetResult(), KestWholeFile::NotWritten);
         KestWholeFile forgotten("whole\\a.txt");
         EXPECT_EQ(forgotten.Write("more", 4), 0);
@@ -119,8 +117,7 @@ TEST(KestWholeFile, ReadersOfTheOldFile) {
     first.Write("first", 5);
     const HANDLE newcomer = Folder::Open(FILE_SHARE_READ);
     EXPECT_EQ(first.Complete(), 0);
-    EXPECT_EQ(late.Complete(), -1);
-    EXPECT_EQ(late.Replace(), -1);
+    test::ExpectAll(-1, {late.Complete(), late.Replace()});
     EXPECT_EQ(ContentOf(newcomer), "newer");
     CloseHandle(newcomer);
 }

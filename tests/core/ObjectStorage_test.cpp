@@ -15,14 +15,12 @@ TEST(CcMemObjectStorage, PositionsAndMargins) {
     EXPECT_EQ(stream.Write(bytes, 10), 0);
     EXPECT_EQ(stream.GetPos(), 10);
     EXPECT_EQ(ContentOf(stream).size(), 10u);
-    for (const int outside : {11, -1}) EXPECT_EQ(stream.SetPos(outside), -3);
+    ExpectAll(-3, {stream.SetPos(11), stream.SetPos(-1)});
     EXPECT_EQ(stream.SetPos(4), 0);
     EXPECT_EQ(stream.SetPos(5), -3);
     EXPECT_EQ(stream.Reset(), 0);
-    EXPECT_EQ(stream.Write(nullptr, 1), -2);
-    EXPECT_EQ(stream.Write(bytes, 0), -3);
-    EXPECT_EQ(stream.Read(nullptr, 1), -2);
-    EXPECT_EQ(stream.Read(bytes, 0), -3);
+    ExpectAll(-2, {stream.Write(nullptr, 1), stream.Read(nullptr, 1)});
+    ExpectAll(-3, {stream.Write(bytes, 0), stream.Read(bytes, 0)});
     EXPECT_EQ(stream.Read(bytes, LONG_MAX), -7);
 
     unsigned char ten[10] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
@@ -30,11 +28,9 @@ TEST(CcMemObjectStorage, PositionsAndMargins) {
     char out[10];
     EXPECT_EQ(external.Read(out, 10), -7);
     EXPECT_EQ(external.Read(out, 9), 0);
-    EXPECT_EQ(external.Write(out, 1), -6);
-    EXPECT_EQ(external.Reset(), 0);
-    EXPECT_EQ(external.Write(out + 8, 1), 0);
+    ExpectAll(-6, {external.Write(out, 1), external.GrowStorageBuffer(1)});
+    ExpectAll(0, {external.Reset(), external.Write(out + 8, 1)});
     EXPECT_EQ(ten[0], 9);
-    EXPECT_EQ(external.GrowStorageBuffer(1), -6);
 }
 
 TEST(CcMemObjectStorage, GrowsWhenAWriteWouldReachTheLastByte) {
@@ -67,9 +63,7 @@ TEST(ObjectStorage, RecordToTheByteAndBack) {
     bag.PutInt("v", 77);
     const Bytes expected = Record("CcPropertyBag", "my bag", BagData(77));
     EXPECT_EQ(StoredBytes(bag), expected);
-    const auto made = Made<CcPropertyBag>(expected);
-    ASSERT_NE(made, nullptr);
-    EXPECT_EQ(StoredBytes(*made), expected);
+    EXPECT_EQ(StoredBytes(*Made<CcPropertyBag>(expected)), expected);
 
     HandMade hand(expected);
     CcPropertyBag existing;
@@ -84,10 +78,8 @@ TEST(ObjectStorage, WhatCannotBeWritten) {
     CcString text;
     CcNumber number;
     EXPECT_EQ(stream.PutObject(nullptr), -2);
-    EXPECT_EQ(stream.PutObject(&text), -1);
-    EXPECT_EQ(stream.PutObject(&number), -1);
     bag.SetName(std::string(50, 'n').c_str());
-    EXPECT_EQ(stream.PutObject(&bag), -1);
+    ExpectAll(-1, {stream.PutObject(&text), stream.PutObject(&number), stream.PutObject(&bag)});
     EXPECT_EQ(stream.GetPos(), 0);
     bag.SetName(std::string(49, 'n').c_str());
     EXPECT_EQ(stream.PutObject(&bag), 0);
@@ -114,8 +106,7 @@ TEST(ObjectStorage, Factory) {
         EXPECT_EQ(stream.CreateObject(name, &made), -1) << name;
         EXPECT_EQ(made, nullptr);
     }
-    EXPECT_EQ(stream.CreateObject(nullptr, &made), -2);
-    EXPECT_EQ(stream.CreateObject("CcList", nullptr), -2);
+    ExpectAll(-2, {stream.CreateObject(nullptr, &made), stream.CreateObject("CcList", nullptr)});
 }
 
 TEST(ObjectStorage, StreamsThatLie) {
@@ -155,17 +146,14 @@ TEST(CcFileObjectStorage, OpeningAndResultCodes) {
     CcFileObjectStorage stream;
     char bytes[4] = {};
     EXPECT_EQ(stream.Open(nullptr, GENERIC_READ), -2);
-    const int closed[] = {stream.Close(), stream.Read(bytes, 1), stream.Write(bytes, 1), stream.SetPos(0),
-                          stream.GetPos()};
-    for (const int result : closed) EXPECT_EQ(result, -13);
+    ExpectAll(-13, {stream.Close(), stream.Read(bytes, 1), stream.Write(bytes, 1), stream.SetPos(0), stream.GetPos()});
     EXPECT_EQ(stream.Open("no such folder\\x", GENERIC_READ), -9);
     ASSERT_EQ(stream.Open(file.Path(), GENERIC_WRITE), 0);
     EXPECT_EQ(stream.Open(file.Path(), GENERIC_WRITE), -12);
     EXPECT_EQ(stream.Write(bytes, 4), 0);
     EXPECT_EQ(stream.GetPos(), 4);
-    EXPECT_EQ(stream.Write(bytes, 0), -3);
+    ExpectAll(-3, {stream.Write(bytes, 0), stream.SetPos(5)});
     EXPECT_EQ(stream.Write(nullptr, 4), -2);
-    EXPECT_EQ(stream.SetPos(5), -3);
     EXPECT_EQ(stream.Reset(), -14);
     EXPECT_EQ(stream.Read(bytes, 4), -10);
     EXPECT_EQ(stream.Close(), 0);
@@ -211,8 +199,7 @@ TEST(CcFileObjectStorage, WherePositionsCannotBeSetBackNoObjectIsLost) {
         EXPECT_EQ(stream.GetNextObject(&bag), 0);
         EXPECT_STREQ(bag.GetName(), expected);
     }
-    EXPECT_EQ(stream.Reset(), -1);
-    EXPECT_EQ(stream.GetPos(), -1);
+    ExpectAll(-1, {stream.Reset(), stream.GetPos()});
 
     // A file of which the position cannot be set back tells so, and goes on behind the object.
     struct Handle : CcFileObjectStorage {
@@ -242,37 +229,31 @@ TEST(CcFileObjectStorage, FileHoldsWhatTheMemoryStreamHolds) {
     large.PutInt("after", 9);
     CcMemObjectStorage memory;
     ASSERT_EQ(memory.PutObject(&small), 0);
-    {
-        CcFileObjectStorage stream;
-        ASSERT_EQ(stream.Open(file.Path(), GENERIC_WRITE), 0);
-        ASSERT_EQ(stream.PutObject(&small), 0);
-        EXPECT_EQ(stream.GetPos(), memory.GetPos());
-    }
+    CcFileObjectStorage stream;
+    ASSERT_EQ(stream.Open(file.Path(), GENERIC_WRITE), 0);
+    ASSERT_EQ(stream.PutObject(&small), 0);
+    EXPECT_EQ(stream.GetPos(), memory.GetPos());
+    stream.Close();
     // A shorter stream leaves the old tail.
     const auto onDisk = file.Content();
     ASSERT_EQ(onDisk.size(), longOld.size());
     const auto expected = ContentOf(memory);
     EXPECT_TRUE(std::equal(expected.begin(), expected.end(), onDisk.begin()));
     EXPECT_EQ(onDisk[expected.size()], 0xEE);
-    {
-        CcFileObjectStorage stream;
-        ASSERT_EQ(stream.Open(file.Path(), GENERIC_READ | GENERIC_WRITE), 0);
-        ASSERT_EQ(stream.PutObject(&small), 0);
-        ASSERT_EQ(stream.PutObject(&large), 0);
-        ASSERT_EQ(memory.PutObject(&large), 0);
-        EXPECT_EQ(stream.GetPos(), memory.GetPos());
-
-        EXPECT_EQ(stream.Reset(), -14);
-        CcPropertyBag back;
-        ASSERT_EQ(stream.GetNextObject(&back), 0);
-        EXPECT_STREQ(back.GetName(), "small");
-        // What was read ahead does not count as read.
-        EXPECT_EQ(stream.GetPos(), static_cast<int>(expected.size()));
-        ASSERT_EQ(stream.GetNextObject(&back), 0);
-        std::string read(200000, 0);
-        EXPECT_EQ(back.GetBlob("data", read.data(), 200000), 0);
-        EXPECT_EQ(read, blob);
-        EXPECT_EQ(stream.GetNextObject(&back), -10);
-    }
+    ASSERT_EQ(stream.Open(file.Path(), GENERIC_READ | GENERIC_WRITE), 0);
+    ExpectAll(0, {stream.PutObject(&small), stream.PutObject(&large), memory.PutObject(&large)});
+    EXPECT_EQ(stream.GetPos(), memory.GetPos());
+    EXPECT_EQ(stream.Reset(), -14);
+    CcPropertyBag back;
+    ASSERT_EQ(stream.GetNextObject(&back), 0);
+    EXPECT_STREQ(back.GetName(), "small");
+    // What was read ahead does not count as read.
+    EXPECT_EQ(stream.GetPos(), static_cast<int>(expected.size()));
+    ASSERT_EQ(stream.GetNextObject(&back), 0);
+    std::string read(200000, 0);
+    EXPECT_EQ(back.GetBlob("data", read.data(), 200000), 0);
+    EXPECT_EQ(read, blob);
+    EXPECT_EQ(stream.GetNextObject(&back), -10);
+    stream.Close();
     EXPECT_EQ(file.Content(), ContentOf(memory));
 }

@@ -13,16 +13,12 @@ TEST(CcHLObject, NamesAreRefusedNotCut) {
     CcHLObject object;
     const std::string longest(259, 'n'), tooLong(260, 'n');
     EXPECT_EQ(object.SetName(longest.c_str()), 0);
-    EXPECT_EQ(object.SetName(tooLong.c_str()), -1);
-    EXPECT_EQ(object.SetObjectName(tooLong.c_str()), -1);
-    EXPECT_EQ(object.SetName(nullptr), -1);
+    ExpectAll(-1, {object.SetName(tooLong.c_str()), object.SetObjectName(tooLong.c_str()), object.SetName(nullptr)});
     EXPECT_EQ(object.GetName(), longest);
     EXPECT_EQ(object.SetName(object.GetName() + 255), 0);
 
     char buffer[5] = "????";
-    EXPECT_EQ(object.GetObjectName(buffer, 4), -1);
-    EXPECT_EQ(object.GetObjectName(nullptr, 5), -1);
-    EXPECT_EQ(object.GetObjectName(buffer, 0), -1);
+    ExpectAll(-1, {object.GetObjectName(buffer, 4), object.GetObjectName(nullptr, 5), object.GetObjectName(buffer, 0)});
     EXPECT_STREQ(buffer, "????");
     EXPECT_EQ(object.GetObjectName(buffer, 5), 0);
     EXPECT_STREQ(buffer, "nnnn");

@@ -2,7 +2,6 @@
 #include <commdlg.h>
 
 #include "faults/Faults.h"
-#include "support/ClassTests.h"
 #include "support/Imports.h"
 
 namespace test {

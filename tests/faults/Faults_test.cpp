@@ -4,7 +4,6 @@
 // again while nothing
 // fails: nothing is left behind. script/faults runs them with more rounds, or one operation by name.
 #include "faults/Faults.h"
-#include "support/ClassTests.h"
 #include "support/RunningStep.h"
 
 using namespace test;

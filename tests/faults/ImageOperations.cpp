@@ -1,7 +1,6 @@
 // The operations of the seven image classes.
 
 #include "faults/Scenes.h"
-#include "support/ClassTests.h"
 
 namespace test {
 namespace {

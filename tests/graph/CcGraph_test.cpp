@@ -1,6 +1,5 @@
 // The settings of a graph: corrections and their boxes, and appearance files to the byte.
 #include "graph/GraphScene.h"
-#include "support/ClassTests.h"
 
 using namespace test;
 
@@ -28,10 +27,9 @@ std::string Title(CcGraph& graph) {
 }  // namespace
 
 TEST(CcGraph, SettingsAreCorrectedAndKept) {
-    const std::vector<Box> corrections = {
-        {"Error", "You cannot have a negative Precision.\n\nPrecision will be set to default."},
-        {"Error", "A Maximum Precision of 5 is allowed.\n\nPrecision will be set to default."},
-        {"Error", "The Minimum and Maximum values cannot be equal."}};
+    const Boxes corrections = {{"Error", "You cannot have a negative Precision.\n\nPrecision will be set to default."},
+                               {"Error", "A Maximum Precision of 5 is allowed.\n\nPrecision will be set to default."},
+                               {"Error", "The Minimum and Maximum values cannot be equal."}};
     CcGraph graph;
     EXPECT_EQ(graph.SetMinMaxValues(0, 0, 0, 10, 0, 7, 0, -1), 0);
     EXPECT_EQ(TakeBoxes(), corrections);
@@ -93,10 +91,10 @@ TEST(CcGraph, AppearanceFileToTheByte) {
     EXPECT_EQ(Title(graph), std::string(79, 'x'));
 
     EXPECT_EQ(graph.RestoreAppearance("no\\such.gap") + graph.SaveAppearance("no\\such.gap"), -2);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error...", "Can't open file:no\\such.gap for reading"},
-                                             {"Error...", "Can't open file:no\\such.gap for saving"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error...", "Can't open file:no\\such.gap for reading"},
+                                  {"Error...", "Can't open file:no\\such.gap for saving"}}));
     EXPECT_EQ(graph.SaveAppearance(R"(Z:\dev\full)"), 0);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error...", R"(Can't write file:Z:\dev\full)"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error...", R"(Can't write file:Z:\dev\full)"}}));
     EXPECT_EQ(graph.SaveAppearance(std::string(900, 'p').c_str()) + graph.RestoreAppearance(nullptr), -2);
     EXPECT_EQ(TakeBoxes().size(), 2U);
 }

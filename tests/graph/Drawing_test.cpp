@@ -2,7 +2,6 @@
 // what it leaves of the device context, and settings and data that nothing can be drawn from.
 #include "graph/GraphScene.h"
 #include "graph/kernel/GraphLayout.h"
-#include "support/ClassTests.h"
 
 using namespace test;
 

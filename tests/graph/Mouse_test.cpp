@@ -1,6 +1,5 @@
 // Picking and moving break points: tolerances, order, corrections of the list, and the origin.
 #include "graph/GraphScene.h"
-#include "support/ClassTests.h"
 
 using namespace test;
 
@@ -49,8 +48,7 @@ TEST_F(Picking, FirstHitInListOrderWins) {
     EXPECT_EQ(list.GetSelectedObjectsIndex(), 0);
     EXPECT_EQ(At(105, 100), -1);
     EXPECT_EQ(graph.iSelectedPoint, -1);
-    EXPECT_EQ(At(403, 52), 1);
-    EXPECT_EQ(list.GetSelectedObjectsIndex(), 1);
+    ExpectAll(1, {At(403, 52), list.GetSelectedObjectsIndex()});
     EXPECT_EQ(At(-7000, 304, &CcGraph::IsCursorOnBPnoX), 0);
     EXPECT_EQ(graph.pSelectedCurve, &first);
     EXPECT_EQ(At(396, 9999, &CcGraph::IsCursorOnBPnoY), 1);
@@ -82,8 +80,7 @@ TEST_F(Picking, FirstHitInListOrderWins) {
     EXPECT_EQ(At(100, 100), -1);
     EXPECT_EQ(TakeBoxes().size(), 1U);
     EXPECT_EQ(graph.GetCurveList(), nullptr);
-    EXPECT_EQ(At(100, 100, onSelected), -1);
-    EXPECT_EQ(graph.SetSelBPDirect(1, 2), -1);
+    ExpectAll(-1, {At(100, 100, onSelected), graph.SetSelBPDirect(1, 2)});
 }
 
 TEST_F(Picking, MovesTheSelectedPoint) {
@@ -100,8 +97,7 @@ TEST_F(Picking, MovesTheSelectedPoint) {
     // A curve without such a point, and a graph without a plot.
     list.SelectObjectAtIndex(1);
     graph.iSelectedPoint = 3;
-    EXPECT_EQ(At(120, 480, move), -1);
-    EXPECT_EQ(graph.SetSelBPDirect(1, 1), -1);
+    ExpectAll(-1, {At(120, 480, move), graph.SetSelBPDirect(1, 1)});
     graph.iSelectedPoint = 2;
     graph.SetPlot(5, 0, 5, 500);
     EXPECT_EQ(At(120, 480, move), -1);

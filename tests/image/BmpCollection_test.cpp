@@ -9,8 +9,6 @@ using namespace test;
 
 namespace {
 
-using Boxes = std::vector<Box>;
-
 const Box notOpened = {"Error", "Could not open DIB file"};
 
 /// How the names begin of the files that get one verdict; an empty one stands for all others.
@@ -56,8 +54,10 @@ void ExpectVerdicts(const std::vector<Verdict>& verdicts, KestImageType type) {
         const std::string name = entry.path().filename().string();
         const Boxes& expected = BoxesFor(name, verdicts);
         Image image;
+        FillPattern(image, 4, 4, "before");
         EXPECT_EQ(image.OpenBMPFile(entry.path().string().c_str()), expected.empty() ? 0 : -1) << name;
         EXPECT_EQ(TakeBoxes(), expected) << name;
+        EXPECT_EQ(image(0, 0) < 0, !expected.empty()) << name << " leaves no picture";
         KestPictureFile judged;
         KestJudgePictureFile(entry.path().string().c_str(), &judged);
         EXPECT_EQ(judged.eType == type, expected.empty()) << name << ": " << judged.pszReason;
@@ -67,7 +67,12 @@ void ExpectVerdicts(const std::vector<Verdict>& verdicts, KestImageType type) {
 
 }  // namespace
 
-TEST(BmpCollection, GrayImages) { ExpectVerdicts<CcGrayImage256>(grayVerdicts, KEST_IMAGE_GRAY256); }
+TEST(BmpCollection, GrayImages) {
+    ExpectVerdicts<CcGrayImage256>(grayVerdicts, KEST_IMAGE_GRAY256);
+    EXPECT_EQ(CcGrayImage256().OpenBMPFile("none.bmp"), -1);
+    EXPECT_EQ(TakeBoxes(), (Boxes{notOpened}));
+    EXPECT_EQ(CcGrayImage256().OpenBMPFile(std::string(300, 'p').c_str()), -1);
+}
 
 TEST(BmpCollection, ColourImages) {
     ExpectVerdicts<Cc24BitRGBImage>(colourVerdicts, KEST_IMAGE_RGB);

@@ -22,24 +22,18 @@ TEST(CcImage, SlotOrder) {
 TEST(CcImage, TheBaseComplainsAndThresholdingStillSucceeds) {
     CcImage image;
     EXPECT_EQ(image.OpenBMPFile("x"), -1);
-    EXPECT_EQ(image.GetMaxPixelValue(), -1.0F);
-    EXPECT_EQ(image(0, 0), -1.0F);
-    EXPECT_EQ(image.BeginThresholding(nullptr, 0), 0);
-    EXPECT_EQ(image.ThresholdImage(nullptr, 0, 1, 0, 0, 0), 0);
-    EXPECT_EQ(image.EndThresholding(), 0);
-    EXPECT_EQ(TakeBoxes(), std::vector<Box>(6, Box{"Error", "This is a Virtual Function"}));
+    ExpectAll(-1.0F, {image.GetMaxPixelValue(), image(0, 0)});
+    ExpectAll(0, {image.BeginThresholding(nullptr, 0), image.ThresholdImage(nullptr, 0, 1, 0, 0, 0),
+                  image.EndThresholding()});
+    EXPECT_EQ(TakeBoxes(), Boxes(6, Box{"Error", "This is a Virtual Function"}));
     EXPECT_EQ(image.GetRegion(nullptr, 0, 0), nullptr);
-    EXPECT_TRUE(TakeBoxes().empty());
 }
 
 TEST(CcImage, OverlayLife) {
     CcGrayImage256 image;
-    EXPECT_EQ(image.CreateOverlay(), -1);
-    EXPECT_EQ(image.ClearOverlay(), -1);
-    EXPECT_EQ(image.SetOperatorOverloadAccess(1), -1);
+    ExpectAll(-1, {image.CreateOverlay(), image.ClearOverlay(), image.SetOperatorOverloadAccess(1)});
     FillPattern(image, 5, 3);
-    EXPECT_EQ(image.FreeOverlay(), 0);
-    EXPECT_EQ(image.ClearOverlay(), 0);
+    ExpectAll(0, {image.FreeOverlay(), image.ClearOverlay()});
     ASSERT_EQ(image.SetOperatorOverloadAccess(1), 0);
     unsigned char* overlay = image.GetOverlay();
     EXPECT_EQ(image(4, 2), 0.0F);
@@ -63,8 +57,7 @@ TEST(CcImage, OverlayLife) {
     ASSERT_EQ(image.MakeBlankBMP(50, 50, 0, "larger"), 0);
     EXPECT_EQ(image(49, 49), -1.0F);
     image = 7.0F;
-    EXPECT_EQ(image.ClearOverlay(), 0);
-    EXPECT_EQ(image.ShowOverlay(GetDesktopWindow(), 1, 2, 1, 3), 0);
+    ExpectAll(0, {image.ClearOverlay(), image.ShowOverlay(GetDesktopWindow(), 1, 2, 1, 3)});
 }
 
 TEST(CcImage, OverlayIsOredOntoThePicture) {
@@ -73,12 +66,11 @@ TEST(CcImage, OverlayIsOredOntoThePicture) {
     const HDC dc = GetDC(window);
     EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 1), -1);
     FillPattern(image, 7, 5);
-    EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 0), -1);
-    EXPECT_EQ(image.ShowOverlay(HWND{}, 1, 0, 0, 1), -1);
-    EXPECT_EQ(image.ShowOverlay(dc, window, 1, 0, 0, 1), -1);
+    ExpectAll(-1, {image.ShowOverlay(window, 1, 0, 0, 0), image.ShowOverlay(HWND{}, 1, 0, 0, 1),
+                   image.ShowOverlay(dc, window, 1, 0, 0, 1)});
     EXPECT_TRUE(TakeBoxes().empty());
     EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 1), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "No Overlay to Display"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error", "No Overlay to Display"}}));
 
     unsigned char* overlay = image.GetOverlay();
     overlay[0] = 13;          // bottom left: red

@@ -39,8 +39,7 @@ TEST(Cc24BitRGBImage, PixelsThroughTheAccessChannel) {
     EXPECT_EQ(image(1.0F, 0.25F), 95.5F);
     EXPECT_EQ(image(1.0F, 1.0F), 250.0F);
     EXPECT_EQ(image.iPixelIndex, 3);
-    EXPECT_EQ(image(1.5F, 0.0F), -1.0F);
-    EXPECT_EQ(image(0.0F, NAN), -1.0F);
+    ExpectAll(-1.0F, {image(1.5F, 0.0F), image(0.0F, NAN)});
     image = 7.0F;
     EXPECT_EQ(image(1, 1), 250.0F);
     image.SetAccess(0);
@@ -74,8 +73,7 @@ TEST(Cc24BitRGBImage, ThresholdingStartsFromTheCopyAndPutsItBack) {
     expect({10, 10, 10, 20, 20, 20, 30, 30, 30, 3, 2, 1});
     // An empty band leaves even what is painted.
     ThresholdTag bands[] = {{10, 10, 0, 0, 30}, {30, 30, 50, 60, 70}, {9, 8, 1, 1, 1}};
-    EXPECT_EQ(image.ThresholdImage(window, 41, 40, 9, 9, 9), 0);
-    EXPECT_EQ(image.ThresholdImageMulti(window, bands, 3), 0);
+    ExpectAll(0, {image.ThresholdImage(window, 41, 40, 9, 9, 9), image.ThresholdImageMulti(window, bands, 3)});
     EXPECT_EQ(image.ThresholdImageRGB(window, 5, 5, 0, 255, 0, 255, 1, 2, 3), -1);
     EXPECT_EQ(image.ThresholdImageMulti(window, nullptr, 1), -1);
     expect({10, 10, 10, 20, 20, 20, 30, 30, 30, 3, 2, 1});
@@ -103,10 +101,8 @@ TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
     EXPECT_EQ(image.RGB2HSL(0, 0, 255, &colour), 0);
     EXPECT_EQ((Pixels{colour.rgbRed, colour.rgbGreen, colour.rgbBlue, colour.rgbReserved}),
               (Pixels{160, 240, 120, 77}));
-    EXPECT_EQ(image.HSL2RGB(241, 0, 0, &colour), -1);
-    EXPECT_EQ(image.DoConvert(), -1);
-    EXPECT_EQ(image.UpdateRGB(), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Error in DoConvert."}, {"Error", "Error in UpdateRGB."}}));
+    ExpectAll(-1, {image.HSL2RGB(241, 0, 0, &colour), image.DoConvert(), image.UpdateRGB()});
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error", "Error in DoConvert."}, {"Error", "Error in UpdateRGB."}}));
 
     image.MakeBlankBMP(1, 3, 128, "gray");
     EXPECT_EQ(PlaneOf(image, 3), (Pixels{120, 0, 0, 120, 0, 0, 120, 0, 0}));
@@ -123,11 +119,9 @@ TEST(Cc24BitHSLImage, ThePlaneLeadsAndTheDibFollows) {
     EXPECT_EQ(PixelsOf(image), (Pixels{127, 127, 127, 255, 0, 0, 127, 127, 127}));
     image(2, 0);
     image = 241.0F;
-    EXPECT_EQ(image.UpdateRGB(), -1);
-    EXPECT_EQ(image.ThresholdImage(nullptr, 0, 0, 0, 0, 0), -1);
+    ExpectAll(-1, {image.UpdateRGB(), image.ThresholdImage(nullptr, 0, 0, 0, 0, 0)});
     image.SetClipping(true);
-    EXPECT_EQ(image.UpdateRGB(), 0);
-    EXPECT_EQ(image.DoConvert(), 0);
+    ExpectAll(0, {image.UpdateRGB(), image.DoConvert()});
     TakeBoxes();
 
     // A loaded image has a plane of the right size, and none of the old values counts.
@@ -155,15 +149,12 @@ TEST(Cc24BitHSLImage, PlanesMadeOnTheirOwn) {
     EXPECT_EQ(GlobalFree(dib), nullptr);
     EXPECT_EQ(PlaneOf(image, 2), (Pixels{240, 0, 0, 240, 0, 0}));
     // The plane is now too small for the image: nothing goes through it.
-    EXPECT_EQ(image(29, 29), -1.0F);
-    EXPECT_EQ(image(1.5F, 1.5F), -1.0F);
+    ExpectAll(-1.0F, {image(29, 29), image(1.5F, 1.5F)});
     EXPECT_EQ(image.UpdateRGB(), -1);
     EXPECT_EQ(image.BeginThresholding(nullptr, 0), 0);
-    EXPECT_EQ(image.ThresholdImageHSL(nullptr, 0, 9, 0, 9, 0, 9, 1, 1, 1), -1);
-    EXPECT_EQ(image.EndThresholding(), -1);
+    ExpectAll(-1, {image.ThresholdImageHSL(nullptr, 0, 9, 0, 9, 0, 9, 1, 1, 1), image.EndThresholding()});
     EXPECT_EQ(image.MakeBlankDibBM24HSL(0, 5, 1, &dib), nullptr);
-    EXPECT_EQ(TakeBoxes(),
-              (std::vector<Box>{{"Error", "Error in UpdateRGB."}, {"File Error", "Unable to allocate HSL memory."}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error", "Error in UpdateRGB."}, {"File Error", "Unable to allocate HSL memory."}}));
 }
 
 TEST(Cc24BitHSLImage, ARealPictureIsThresholdedByHueAndEndsAsItBegan) {

@@ -101,8 +101,7 @@ TEST(BinaryImage, TablesFilesAndRegions) {
     EXPECT_EQ(curve[1].y, 255.0F);
     EXPECT_EQ(curve[0].y, 0.0F);
     for (const int channel : {0, 4}) {
-        EXPECT_EQ(image.SetDisplayLUT(101, channel, curve), -1);
-        EXPECT_EQ(image.GetDisplayLUT(101, channel, curve), -1);
+        ExpectAll(-1, {image.SetDisplayLUT(101, channel, curve), image.GetDisplayLUT(101, channel, curve)});
     }
     EXPECT_EQ(image.SetDisplayLUT(102, 0, curve), -1);
 
@@ -118,7 +117,6 @@ TEST(BinaryImage, TablesFilesAndRegions) {
     EXPECT_EQ(opened(77, 0), 77.0F);
 
     const auto copy = Made<CcBinaryImage>(StoredBytes(opened));
-    ASSERT_NE(copy, nullptr);
     EXPECT_EQ(ShownColours(*copy), ShownColours(opened));
     EXPECT_EQ(ShownColours(*copy)[77], white);
 

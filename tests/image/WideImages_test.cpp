@@ -89,8 +89,7 @@ TYPED_TEST(WideImages, FreshAndBlankImages) {
     typename TypeParam::Image image;
     EXPECT_EQ(image.GetAutoUpdateDisplay(), 1);
     EXPECT_EQ(image.GetMaxPixelValue(), 255.0F);
-    EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
-    EXPECT_EQ(image.SaveBMPFile("x.bmp"), -1);
+    ExpectAll(-1, {image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), image.SaveBMPFile("x.bmp")});
     EXPECT_EQ(image(0, 0), -1.0F);
     EXPECT_TRUE(TakeBoxes().empty());
     CcMemObjectStorage stream;
@@ -118,8 +117,8 @@ TYPED_TEST(WideImages, FreshAndBlankImages) {
 
     // Without memory for the samples the display image stays; each refusal has its own box.
     for (const int height : {-1, 0}) EXPECT_EQ(image.MakeBlankBMP(height, 5, 0, "b"), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Could not make Blank DIB"},
-                                             {"Error", "Unable to Allocate Memory for Floating Point Image"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error", "Could not make Blank DIB"},
+                                  {"Error", "Unable to Allocate Memory for Floating Point Image"}}));
     EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     EXPECT_EQ(image.MakeBlankBMP(2, 2, 0, "small"), 0);
     {
@@ -149,12 +148,12 @@ TYPED_TEST(WideImages, RawFilesToTheByteAndBack) {
     EXPECT_EQ(back.SaveBMPFile(bmp.Path()), 0);
     EXPECT_EQ(raw.Content(), expected);
 
-    EXPECT_EQ(back.OpenBMPFile("none.bmp"), -1);
-    EXPECT_EQ(back.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
-    EXPECT_EQ(image.SaveBMPFile("no folder\\wide.bmp"), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error", "Could not open DIB file"},
-                                             {"File I/O Error", std::string("Can't open file for saving ") +
-                                                                    TypeParam::sentence + " image data"}}));
+    ExpectAll(-1, {back.OpenBMPFile("none.bmp"), back.Show(GetDesktopWindow(), 100, 1, 0, 0, 1),
+                   image.SaveBMPFile("no folder\\wide.bmp")});
+    EXPECT_EQ(
+        TakeBoxes(),
+        (Boxes{{"Error", "Could not open DIB file"},
+               {"File I/O Error", std::string("Can't open file for saving ") + TypeParam::sentence + " image data"}}));
 }
 
 TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
@@ -180,7 +179,6 @@ TYPED_TEST(WideImages, RawFilesThatDoNotFitAreIgnored) {
     typename TypeParam::Image image;
     EXPECT_EQ(image.OpenBMPFile(bmp.Path()), 0);
     EXPECT_EQ(image(0, 0), 1000.0F);
-    EXPECT_TRUE(TakeBoxes().empty());
 }
 
 TYPED_TEST(WideImages, NoMemoryForTheSamples) {
@@ -188,9 +186,8 @@ TYPED_TEST(WideImages, NoMemoryForTheSamples) {
     const TemporaryFile none("wide.bmp", BmpFile8(3, 0, {}));
     typename TypeParam::Image image;
     EXPECT_EQ(image.OpenBMPFile(none.Path()), -1);
-    EXPECT_EQ(
-        TakeBoxes(),
-        (std::vector<Box>{{"Error", std::string("Unable to Allocate Memory for ") + TypeParam::words + " Image"}}));
+    EXPECT_EQ(TakeBoxes(),
+              (Boxes{{"Error", std::string("Unable to Allocate Memory for ") + TypeParam::words + " Image"}}));
     EXPECT_EQ(image.GetBitMapImageData(), nullptr);
     EXPECT_EQ(image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
 }
@@ -210,12 +207,10 @@ TYPED_TEST(WideImages, LoadLeavesNoSamples) {
     EXPECT_EQ(loaded(19, 29), 9.0F);
     ASSERT_EQ(LoadRecord(loaded, stored), 0);
     EXPECT_EQ(loaded.GetBitMapImageData(), nullptr);
-    EXPECT_EQ(loaded(1, 1), -1.0F);
-    EXPECT_EQ(loaded(0.5F, 0.5F), -1.0F);
+    ExpectAll(-1.0F, {loaded(1, 1), loaded(0.5F, 0.5F)});
     loaded = 7.0F;
     EXPECT_EQ(loaded.lpBits[3], 255);
-    EXPECT_EQ(loaded.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), -1);
-    EXPECT_EQ(loaded.SaveBMPFile("wide.bmp"), -1);
+    ExpectAll(-1, {loaded.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), loaded.SaveBMPFile("wide.bmp")});
     loaded.ThresholdImage(nullptr, 0, 9, 255, 0, 0);
     EXPECT_EQ(loaded.MakeBlankBMP(2, 2, 3, "again"), 0);
     EXPECT_EQ(loaded(1, 1), 3.0F);
@@ -340,10 +335,8 @@ TEST(WideImageDisplay, PointListsMoveTheDisplayRange) {
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 0, 255, 255}));
     EXPECT_EQ(image.Through(101).At(0, 0), 0xFF0000u);
 
-    EXPECT_EQ(image.GetDisplayLUT(101, 1, nullptr), -1);
-    EXPECT_EQ(image.GetDisplayLUT(101, 0, points.data()), -1);
-    EXPECT_EQ(image.SetDisplayLUT(104, 0, nullptr), -1);
-    EXPECT_EQ(image.ReconfigureColorTable(102, 1), -1);
+    ExpectAll(-1, {image.GetDisplayLUT(101, 1, nullptr), image.GetDisplayLUT(101, 0, points.data()),
+                   image.SetDisplayLUT(104, 0, nullptr), image.ReconfigureColorTable(102, 1)});
     for (const int list : {INT_MIN, -1, 0, 5, 6, INT_MAX}) EXPECT_EQ(image.ReconfigureDisplayLUT(list), -1);
     points[0].x = noNumber;
     points[9].x = infinity;
@@ -385,8 +378,7 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(fresh.GetMinPixelValue(), 1000.0F);
     EXPECT_EQ(fresh.ThresholdImage(nullptr, 150.0F, 100.0F, 1, 2, 3), -1);
     EXPECT_EQ(fresh.List(101, 1)[255].x, 255.0F) << "nothing is changed by an empty band";
-    EXPECT_EQ(fresh.BeginThresholding(nullptr, 101), 0);
-    EXPECT_EQ(fresh.ThresholdImage(nullptr, 200.0F, 255.0F, 1, 2, 3), 0);
+    ExpectAll(0, {fresh.BeginThresholding(nullptr, 101), fresh.ThresholdImage(nullptr, 200.0F, 255.0F, 1, 2, 3)});
     EXPECT_EQ(fresh.fDisplayMax, 3000.0F);
     EXPECT_EQ(fresh.Through(101).At(3, 0), 0x010203u);
     EXPECT_EQ(fresh.Through(101).At(0, 0), 0u);

@@ -8,15 +8,12 @@ using namespace test;
 
 namespace {
 
-LOGPEN RecordOf(HPEN pen) {
+/// Its colour, and its width in the highest byte.
+COLORREF LookOf(HPEN pen) {
     LOGPEN record = {};
     GetObjectA(pen, sizeof record, &record);
-    return record;
+    return record.lopnColor | static_cast<COLORREF>(record.lopnWidth.x) << 24;
 }
-
-COLORREF ColourOf(HPEN pen) { return RecordOf(pen).lopnColor; }
-
-LONG WidthOf(HPEN pen) { return RecordOf(pen).lopnWidth.x; }
 
 }  // namespace
 
@@ -37,24 +34,21 @@ TEST(CcRoiBase, PensAndColoursLiveWithTheRois) {
     {
         CcRoiRect first;
         ASSERT_EQ(CcRoiBase::iNumOfROIs, 1);
-        EXPECT_EQ(ColourOf(CcRoiBase::hSelectedPen), RGB(255, 0, 0));
-        EXPECT_EQ(ColourOf(CcRoiBase::hUnSelectedPen), RGB(0, 255, 0));
+        EXPECT_EQ(LookOf(CcRoiBase::hSelectedPen), 0x010000FFu);
+        EXPECT_EQ(LookOf(CcRoiBase::hUnSelectedPen), 0x0100FF00u);
         EXPECT_EQ(first.SetSelectedColor(nullptr), -1);
         EXPECT_EQ(first.SetSelectedColor(&blue), 0);
-        EXPECT_EQ(ColourOf(CcRoiBase::hSelectedPen), RGB(0, 0, 255));
+        EXPECT_EQ(LookOf(CcRoiBase::hSelectedPen), 0x01FF0000u);
         CcRoiRect second;
-        EXPECT_EQ(second.GetSelectedColor(&seen), 0);
+        ExpectAll(0, {second.GetSelectedColor(&seen), second.SetZoomPen(3)});
         EXPECT_EQ(seen.rgbtBlue, 255);
-        EXPECT_EQ(second.SetZoomPen(3), 0);
-        for (const HPEN pen : {CcRoiBase::hSelectedPen, CcRoiBase::hUnSelectedPen}) EXPECT_EQ(WidthOf(pen), 3);
-        EXPECT_EQ(ColourOf(CcRoiBase::hSelectedPen), RGB(0, 0, 255));
+        EXPECT_EQ(LookOf(CcRoiBase::hUnSelectedPen), 0x0300FF00u);
+        EXPECT_EQ(LookOf(CcRoiBase::hSelectedPen), 0x03FF0000u);
         EXPECT_EQ(CcRoiBase::iNumOfROIs, 2);
     }
-    EXPECT_EQ(CcRoiBase::hSelectedPen, nullptr);
-    EXPECT_EQ(CcRoiBase::hUnSelectedPen, nullptr);
+    ExpectAll<HPEN>(nullptr, {CcRoiBase::hSelectedPen, CcRoiBase::hUnSelectedPen});
     CcRoiRect again;
-    EXPECT_EQ(ColourOf(CcRoiBase::hSelectedPen), RGB(255, 0, 0));
-    EXPECT_EQ(WidthOf(CcRoiBase::hSelectedPen), 1);
+    EXPECT_EQ(LookOf(CcRoiBase::hSelectedPen), 0x010000FFu);
     // A copy is not counted when it is made, and its end takes the pens away; they come back when they are needed.
     {
         const CcRoiRect copy(again);
@@ -64,7 +58,7 @@ TEST(CcRoiBase, PensAndColoursLiveWithTheRois) {
     CcGrayImage256 image;
     image.MakeBlankBMP(9, 9, 0, "i");
     EXPECT_EQ(again.ShowROI(GetDesktopWindow(), 0, 0, 1, &image, 1, 1), 0);
-    EXPECT_EQ(ColourOf(CcRoiBase::hSelectedPen), RGB(255, 0, 0));
+    EXPECT_EQ(LookOf(CcRoiBase::hSelectedPen), 0x010000FFu);
 }
 
 TEST(CcRoiBase, DifferentRoisInDifferentThreads) {

@@ -1,6 +1,5 @@
 // Files and streams of all ROI classes: to the byte, refused without a change, in use or on a full disk.
 #include "roi/RoiKinds.h"
-#include "support/ClassTests.h"
 
 using namespace test;
 
@@ -19,16 +18,10 @@ Bytes BagOf(const Kind& kind) {
         const int bytes = static_cast<int>(kind.record.size());
         return bag.Add(PropertyEntry(kind.recordKey, 5, 0, bytes)).I32(bytes).Add(kind.record);
     }
-    return bag.Add(PropertyEntry(kind.recordKey, 5, 0, 24))
-        .Add(PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32))
-        .I32(56)
-        .I32(0)
-        .I32(255)
-        .I32(0)
-        .I32(4)
-        .I32(0)
-        .I32(0)  // unselected green, four points, no pointer and no handle
-        .Add(OutlinePoints());
+    bag.Add(PropertyEntry(kind.recordKey, 5, 0, 24));
+    bag.Add(PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32)).I32(56);
+    // Unselected green, four points, no pointer and no handle.
+    return bag.I32(0).I32(255).I32(0).I32(4).I32(0).I32(0).Add(OutlinePoints());
 }
 
 Bytes StreamOf(const Kind& kind) { return Record(kind.className, "roi", Record("CcPropertyBag", "", BagOf(kind))); }
@@ -57,9 +50,7 @@ TEST(RoiFiles, NamesTypesFilesAndStreamsToTheByte) {
         const auto loaded = Make(kind, false);
         EXPECT_EQ(LoadRecord(*loaded, StreamOf(kind)), 0);
         EXPECT_EQ(RecordBytes(kind, *loaded), ExpectedRecord(kind));
-        EXPECT_EQ(loaded->Load(nullptr), -1);
-        EXPECT_EQ(loaded->Store(nullptr), -1);
-        EXPECT_EQ(loaded->SetRoiImageCord(nullptr), -1);
+        ExpectAll(-1, {loaded->Load(nullptr), loaded->Store(nullptr), loaded->SetRoiImageCord(nullptr)});
         EXPECT_EQ(loaded->UpdateImageIfNeeded(nullptr, 0, 0, 1, nullptr, 1), 0);
     }
 }
@@ -103,7 +94,7 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
 
 TEST(RoiFiles, FilesInUseOrOnAFullDiskOrWithoutMemory) {
     const char fullDisk[] = R"(Z:\dev\full)";
-    const std::vector<Box> lost = {{"File I/O Error", "Problem writing ROI to file"}};
+    const Boxes lost = {{"File I/O Error", "Problem writing ROI to file"}};
     CcRoiFreeHand roi;
     SetRecord(kinds[5], roi, std::vector<POINT>(50000, {7, 8}), {}, {});
     const TemporaryFile file("used.roi", Bytes().Fill(5, 7));
@@ -114,7 +105,7 @@ TEST(RoiFiles, FilesInUseOrOnAFullDiskOrWithoutMemory) {
         EXPECT_EQ(roi.PrintPerimiterPointsToFile(file.Path()), 0);
         CloseHandle(reader);
     }
-    EXPECT_EQ(TakeBoxes(), std::vector<Box>());
+    EXPECT_EQ(TakeBoxes(), Boxes());
     EXPECT_EQ(roi.Save(fullDisk), 0);
     EXPECT_EQ(TakeBoxes(), lost);
     EXPECT_EQ(roi.PrintPerimiterPointsToFile(fullDisk), -1);

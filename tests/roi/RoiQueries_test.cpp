@@ -1,6 +1,5 @@
 // What ROIs tell of their pixels: bounds, rows and columns, regions under them, and what copies and neighbours keep.
 #include "roi/RoiKinds.h"
-#include "support/ClassTests.h"
 
 using namespace test;
 
@@ -143,8 +142,8 @@ TEST(FreehandQueries, RunsEndWhereTheListIsFull) {
         int runs = 0;
         const KestSpan* spans = rows.GetSpans(0, &runs);
         std::vector<int> columns;
-        for (int i = 0; i < runs; ++i)
-            for (int x = spans[i].iFirst; x <= spans[i].iLast; ++x) columns.push_back(x);
+        for (const KestSpan& span : std::span(spans, spans + runs))
+            for (int x = span.iFirst; x <= span.iLast; ++x) columns.push_back(x);
         EXPECT_EQ(columns, RowOf(*roi, 0));
         EXPECT_EQ(columns.size(), 4u);
     }

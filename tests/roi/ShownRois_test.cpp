@@ -1,6 +1,5 @@
 // ROIs as they are drawn, pixel by pixel.
 #include "roi/DraggingHost.h"
-#include "support/ClassTests.h"
 
 using namespace test;
 
@@ -10,8 +9,7 @@ TEST(ShownRois, RectanglesWithTheirHandles) {
     image.MakeBlankBMP(60, 80, 0, "i");
     CcRoiRect roi;
     SetBox(roi, {10, 49, 40, 29});
-    EXPECT_EQ(roi.ShowROI(HWND{}, 0, 0, 1, &image, 1, 0), -1);
-    EXPECT_EQ(roi.ShowROI(window, 0, 0, 1, nullptr, 1, 0), -1);
+    ExpectAll(-1, {roi.ShowROI(HWND{}, 0, 0, 1, &image, 1, 0), roi.ShowROI(window, 0, 0, 1, nullptr, 1, 0)});
     const HDC dc = GetDC(window);
     EXPECT_EQ(roi.ShowROI(dc, static_cast<RECT*>(nullptr), 0, 0, 1, &image, 1, 0), -1);
     const HGDIOBJ pen = GetCurrentObject(dc, OBJ_PEN), brush = GetCurrentObject(dc, OBJ_BRUSH);

@@ -27,6 +27,8 @@ public:
         for (std::size_t i = 0; i < width; ++i) push_back(static_cast<std::uint8_t>(i < text.size() ? text[i] : 0));
         return *this;
     }
+    /// All of `text`, zeros too.
+    Bytes& Text(const std::string& text) { return Text(text, text.size()); }
     Bytes& Add(const std::vector<std::uint8_t>& more) {
         for (const std::uint8_t byte : more) push_back(byte);
         return *this;
@@ -51,15 +53,9 @@ inline Bytes PropertyEntry(const std::string& name, int type, int offset, int le
 /// An object's record in a stream around its data.
 inline Bytes Record(const std::string& className, const std::string& objectName,
                     const std::vector<std::uint8_t>& data) {
-    return Bytes()
-        .Text("OST_OBJECTHEADER", 17)
-        .Text(className, 50)
-        .Text(objectName, 50)
-        .Fill(11, 0)
-        .Add(data)
-        .Text("OST_OBJECTFOOTER", 17)
-        .Text(className, 50)
-        .Text(objectName, 50);
+    const Bytes names = Bytes().Text(className, 50).Text(objectName, 50);
+    Bytes record = Bytes().Text("OST_OBJECTHEADER", 17).Add(names).Fill(11, 0).Add(data);
+    return record.Text("OST_OBJECTFOOTER", 17).Add(names);
 }
 
 /// A file in the current directory that is gone at the end of the test.

@@ -15,7 +15,7 @@ namespace {
 constexpr UINT_PTR boxTimer = 0x4B01, dialogTimer = 0x4B02;
 constexpr int boxText = 0xFFFF;
 
-std::vector<Box> boxes;
+Boxes boxes;
 std::vector<FileDialog> fileDialogs;
 std::optional<std::string> fileAnswer;
 std::function<void(HWND)> operateDialog;
@@ -98,7 +98,7 @@ std::string TextOf(HWND window) {
     return text;
 }
 
-std::vector<Box> TakeBoxes() { return Take(boxes); }
+Boxes TakeBoxes() { return Take(boxes); }
 std::vector<FileDialog> TakeFileDialogs() { return Take(fileDialogs); }
 void AnswerFileDialog(const std::string& path, std::function<void()> act) {
     fileAnswer = path;

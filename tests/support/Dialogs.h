@@ -17,8 +17,10 @@ struct Box {
     bool operator==(const Box& other) const { return caption == other.caption && text == other.text; }
 };
 
+using Boxes = std::vector<Box>;
+
 /// The boxes shown since the last call, in order.
-std::vector<Box> TakeBoxes();
+Boxes TakeBoxes();
 
 /// Called once while the next box is shown, as a timer of the host would be.
 void DuringNextBox(std::function<void()> act);

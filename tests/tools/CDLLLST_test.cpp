@@ -21,8 +21,7 @@ TEST(CDLLLST, WalksAndSelects) {
     EXPECT_EQ(list.GetTail(), nullptr);
     EXPECT_EQ(list.GetNext(), nullptr);
     EXPECT_EQ(list.GetPrev(), nullptr);
-    EXPECT_EQ(list.DelAt(0), -1);
-    EXPECT_EQ(list.GetSelectedElement(), -1);
+    test::ExpectAll(-1, {list.DelAt(0), list.GetSelectedElement()});
 
     CLOADDLL* const tools[] = {new CLOADDLL, new CLOADDLL, new CLOADDLL};
     for (CLOADDLL* tool : tools) EXPECT_EQ(list.InsertTail(tool), 0);
@@ -59,19 +58,15 @@ TEST(CDLLLST, InsertsAndDeletesUpToItsHundredTools) {
             model.insert(model.begin() + place, tool);
         }
         EXPECT_EQ(ContentOf(list), model);
-        EXPECT_EQ(list.InsertTail(&notInList), -1);
-        EXPECT_EQ(list.InsertAt(0, &notInList), -1);
-        EXPECT_EQ(list.DelAt(101), -1);
-        EXPECT_EQ(list.DelAt(-1), -1);
+        test::ExpectAll(-1,
+                        {list.InsertTail(&notInList), list.InsertAt(0, &notInList), list.DelAt(101), list.DelAt(-1)});
         EXPECT_EQ(list.DelAt(99), 0);
         model.pop_back();
 
         // The number of tools as index takes the last one out alive, from a full list too.
-        EXPECT_EQ(list.InsertTail(&dropped), 0);
-        EXPECT_EQ(list.DelAt(100), 0);
+        test::ExpectAll(0, {list.InsertTail(&dropped), list.DelAt(100)});
         EXPECT_EQ(deleted, 1);
-        EXPECT_EQ(list.InsertAt(100, &notInList), -1);
-        EXPECT_EQ(list.InsertAt(-1, &notInList), -1);
+        test::ExpectAll(-1, {list.InsertAt(100, &notInList), list.InsertAt(-1, &notInList)});
 
         for (const int place : {0, 50, 96}) {
             EXPECT_EQ(list.DelAt(place), 0);

@@ -13,9 +13,7 @@ const HWND parent = GetDesktopWindow();
 
 void ExpectAbsent(CLOADDLL& tool) {
     EXPECT_EQ(tool.CallDllMainFunction(parent, nullptr), nullptr);
-    EXPECT_EQ(tool.SendMessageToTools(1, 2, 3), -1);
-    EXPECT_EQ(tool.SendProxyMessage(1, 2, 3), -1);
-    EXPECT_EQ(tool.CloseAllOpenTools(), -1);
+    ExpectAll(-1, {tool.SendMessageToTools(1, 2, 3), tool.SendProxyMessage(1, 2, 3), tool.CloseAllOpenTools()});
 }
 
 /// A path to a library beside this program, made long with separators.
@@ -72,9 +70,8 @@ TEST(CLOADDLL, ForwardsEveryCallToTheTool) {
 
     ToolLog log = {};
     EXPECT_EQ(tool->CallDllMainFunction(parent, &log), parent);
-    EXPECT_EQ(tool->SendMessageToTools(WM_USER, 0xFFFFFFFF, -5), 0);
-    EXPECT_EQ(tool->SendProxyMessage(WM_APP, 7, 0x7FFFFFFF), 0);
-    EXPECT_EQ(tool->CloseAllOpenTools(), 0);
+    ExpectAll(0, {tool->SendMessageToTools(WM_USER, 0xFFFFFFFF, -5), tool->SendProxyMessage(WM_APP, 7, 0x7FFFFFFF),
+                  tool->CloseAllOpenTools()});
     const ToolCall expected[] = {
         {'m', 0, 0, 0}, {'s', WM_USER, 0xFFFFFFFF, -5}, {'p', WM_APP, 7, 0x7FFFFFFF}, {'c', 0, 0, 0}};
     ASSERT_EQ(log.count, 4);
@@ -105,19 +102,18 @@ TEST(CLOADDLL, KeepsAMenuTextWithoutTerminatorAndEmptySlots) {
 
 TEST(CLOADDLL, ShowsWhatCannotBeLoaded) {
     CLOADDLL missing, tooLong, noEntry;
-    EXPECT_EQ(missing.LoadDll(nullptr), -1);
-    EXPECT_EQ(missing.LoadDll("NoSuchTool.dll"), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error Loading Tool:", "NoSuchTool.dll"}}));
+    ExpectAll(-1, {missing.LoadDll(nullptr), missing.LoadDll("NoSuchTool.dll")});
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error Loading Tool:", "NoSuchTool.dll"}}));
     EXPECT_STREQ(missing.GetMenuText(), "Void");
 
     // The longest path that is loaded; one that would name the same file if it were cut off is not.
     const std::string longest = PathOfLength(254, recordingTool), path = longest + ".no";
     EXPECT_EQ(CLOADDLL().LoadDll(longest.c_str()), 0);
     EXPECT_EQ(tooLong.LoadDll(path.c_str()), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"Error Loading Tool:", path}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"Error Loading Tool:", path}}));
 
     EXPECT_EQ(noEntry.LoadDll("NoEntry.dll"), -1);
-    EXPECT_EQ(TakeBoxes(), (std::vector<Box>{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
+    EXPECT_EQ(TakeBoxes(), (Boxes{{"NoEntry.dll", "Can't get address of KestInitialize"}}));
     ExpectAbsent(noEntry);
     EXPECT_NE(GetModuleHandleA("NoEntry.dll"), nullptr);
     EXPECT_EQ(noEntry.UNLoadDll(), 0);

@@ -1,7 +1,6 @@
 // Runs KestView and works with it as a person does.
 #include <shlobj.h>
 
-#include "support/ClassTests.h"
 #include "viewer/Driver.h"
 
 namespace test {

@@ -3,7 +3,6 @@
 #include "document/RoiFiles.h"
 #include "platform/SavedFile.h"
 #include "platform/Text.h"
-#include "support/ClassTests.h"
 #include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 
@@ -18,39 +17,46 @@ protected:
     PictureFiles() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
     ~PictureFiles() override { CoUninitialize(); }
 
-    std::unique_ptr<CcImage> Open(const TemporaryFile& file, const PictureQuestions& ask = {}) {
+    std::unique_ptr<CcImage> TryToOpen(const TemporaryFile& file, const PictureQuestions& ask = {}) {
         error = warning = "";
         KestPictureFile judged;
         KestJudgePictureFile(file.Path(), &judged);
         return OpenPicture(file.Path(), judged, error, warning, ask);
     }
+    std::unique_ptr<CcImage> Open(const TemporaryFile& file, const PictureQuestions& ask = {}) {
+        auto image = TryToOpen(file, ask);
+        EXPECT_TRUE(image) << error;
+        return image;
+    }
     std::string error, warning;
 };
 
+/// A BMP file up to its compression.
+Bytes BmpHead(int pixelsAt, int pixelBytes, int width, int height, int bits) {
+    Bytes head = Bytes().Text("BM").I32(pixelsAt + pixelBytes).I32(0).I32(pixelsAt).I32(40).I32(width).I32(height);
+    return head.U16(1).U16(static_cast<unsigned>(bits)).I32(0);
+}
+
 TEST_F(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     // 24-bit BMP, three columns: its rows are padded to twelve bytes.
-    Bytes padded;
-    padded.Text("BM", 2).I32(54 + 24).I32(0).I32(54).I32(40).I32(3).I32(2).U16(1).U16(24).I32(0).I32(24).Fill(16, 0);
+    Bytes padded = BmpHead(54, 24, 3, 2, 24).I32(24).Fill(16, 0);
     for (int row = 0; row < 2; ++row)
         for (int i = 0; i < 12; ++i) padded.U8(static_cast<unsigned>(row * 100 + i));
     auto image = Open({"padded.bmp", padded});
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
     EXPECT_STREQ(image->GetName(), "padded");
     EXPECT_EQ(PixelBytes(*image), std::string("\0\1\2\3\4\5\6\7\10", 9) + std::string("defghijkl", 9));
 
     image = Open({"gray.tif", Tiff({{3, 2, 16, 1, Samples(16, {1, 300, 65535, 7, 8, 40000})}})});
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_INT16);
     EXPECT_EQ((*image)(0, 1), 1.0f);
     EXPECT_EQ((*image)(2, 1), 65535.0f);
     EXPECT_EQ((*image)(2, 0), 40000.0f);
 
     image = Open({"deep.tif", Tiff({{2, 1, 16, 3, Samples(16, {0x0100, 0x0203, 0xFFFF, 0x8000, 0x0900, 0x00FF})}})});
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(PixelBytes(*image), std::string("\xFF\2\1\0\x09\x80", 6)) << "blue, green, red";
 
-    EXPECT_FALSE(Open({"text.png", Bytes().Text("this is no picture", 18)}));
+    EXPECT_FALSE(TryToOpen({"text.png", Bytes().Text("this is no picture", 18)}));
     EXPECT_EQ(error, "text.png is not a picture that this system can decode, or it is damaged.");
 }
 
@@ -60,7 +66,6 @@ TEST_F(PictureFiles, OpensThemTheRightWayUp) {
     for (int orientation = 1; orientation <= 8; ++orientation) {
         const Bytes letters = Samples(8, {'a', 'b', 'c', 'd', 'e', 'f'});
         const auto image = Open({"turned.tif", Tiff({{3, 2, 8, 1, letters, orientation}})});
-        ASSERT_TRUE(image) << error;
         EXPECT_EQ(SizeOf(*image).cx, orientation < 5 ? 3 : 2);
         EXPECT_EQ(PixelBytes(*image), seen[orientation - 1]) << orientation;
     }
@@ -71,18 +76,17 @@ TEST_F(PictureFiles, OpensThemTheRightWayUp) {
     const TemporaryFile plain("photograph.jpg");
     ASSERT_TRUE(SavePicture(*photograph, plain.Path(), error)) << error;
     Bytes tags;
-    tags.Text("\xFF\xE1", 2).U16(0x2200).Text("Exif", 6).Text("MM", 2).Text({0, 42, 0, 0, 0, 8, 0, 1}, 8);
-    tags.Text({1, 18, 0, 3, 0, 0, 0, 1, 0, 6, 0, 0}, 12).I32(0);
+    tags.Text(
+        "\xFF\xE1\0\x22"
+        "Exif\0\0MM\0*\0\0\0\x08\0\1\1\x12\0\3\0\0\0\1\0\6\0\0\0\0\0\0"s);
     // Behind them other tags, and bytes that decoders pass over.
     tags.Text(
         "\xFF\xE1\0\x08"
-        "Exif\0\0"s,
-        10);
+        "Exif\0\0"s);
     std::vector<std::uint8_t> bytes = plain.Content();
     bytes.insert(bytes.begin() + 2, tags.begin(), tags.end());
     bytes.insert(bytes.begin() + 2, 2, 0);
     const auto image = Open({"camera.jpg", bytes});
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(SizeOf(*image).cx, 8);
     EXPECT_LT((*image)(4, 15), 40.0f) << "dark at the top";
     EXPECT_GT((*image)(4, 0), 215.0f);
@@ -91,7 +95,6 @@ TEST_F(PictureFiles, OpensThemTheRightWayUp) {
 TEST_F(PictureFiles, PutTransparencyOnWhiteAndOfferPages) {
     const Bytes pixels = Samples(8, {10, 20, 30, 255, 10, 20, 30, 0, 0, 100, 200, 51});
     auto image = Open({"glass.tif", Tiff({{3, 1, 8, 4, pixels}})});
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(PixelBytes(*image), std::string("\x1E\x14\x0A\xFF\xFF\xFF\xF4\xE0\xCC", 9)) << "blue, green, red";
     EXPECT_EQ(warning, "The transparent parts of glass.tif were put on white.");
 
@@ -99,84 +102,39 @@ TEST_F(PictureFiles, PutTransparencyOnWhiteAndOfferPages) {
         "book.tif",
         Tiff({{2, 1, 8, 1, Samples(8, {1, 2})}, {1, 2, 8, 1, Samples(8, {3, 4}), 3}, {1, 1, 8, 1, Samples(8, {5})}}));
     image = Open(book);
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(PixelBytes(*image), "\1\2");
     EXPECT_EQ(warning, "This is page 1 of 3 of book.tif.");
     int offered = 0;
     image = Open(book, {{}, [&](int pages) { return (offered = pages) - 1; }});
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(offered, 3);
     EXPECT_EQ(PixelBytes(*image), "\3\4") << "with an orientation of its own";
     EXPECT_STREQ(image->GetName(), "book (page 2 of 3)");
-    EXPECT_FALSE(Open(book, {{}, [](int) { return 0; }}));
+    EXPECT_FALSE(TryToOpen(book, {{}, [](int) { return 0; }}));
     EXPECT_EQ(error, "") << "nobody is told what he chose";
 }
 
 TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
-    const auto big = [](unsigned high, unsigned low) { return Bytes().U8(0).U8(0).U8(high).U8(low); };
+    // Each is wider and higher than its few bytes, by its header.
     const TemporaryFile bombs[] = {
-        {"bomb.png", Bytes()
-                         .Text("\x89PNG\r\n\x1A\n", 8)
-                         .Fill(3, 0)
-                         .U8(13)
-                         .Text("IHDR", 4)
-                         .Add(big(62, 128))
-                         .Add(big(62, 128))
-                         .U8(1)
-                         .Fill(8, 0)},
-        {"bomb.tif", Bytes()
-                         .Text("II", 2)
-                         .U16(42)
-                         .I32(8)
-                         .U16(2)
-                         .U16(256)
-                         .U16(4)
-                         .I32(1)
-                         .I32(1 << 30)
-                         .U16(257)
-                         .U16(4)
-                         .I32(1)
-                         .I32(1 << 30)
-                         .I32(0)},
-        {"bomb.jpg", Bytes().Text("\xFF\xD8\xFF\xC0", 4).Text({0, 17, 8, 78, 32, 78, 32, 3}, 8).Fill(20, 0)},
+        {"bomb.png", Bytes().Text("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x3E\x80\0\0\x3E\x80\1\0\0\0\0\0\0\0\0"s)},
+        {"bomb.tif", Bytes().Text("II*\0\x08\0\0\0\2\0\0\1\4\0\1\0\0\0\0\0\0\x40\1\1\4\0\1\0\0\0\0\0\0\x40\0\0\0\0"s)},
+        {"bomb.jpg", Bytes().Text("\xFF\xD8\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s).Fill(20, 0)},
         // Before the frame: bytes of no segment, a marker without one, and camera tags that stand nowhere.
         {"garbage.jpg", Bytes()
                             .Text("\xFF\xD8\0\7\xFF\xD0\xFF\xE1\0\x10"
-                                  "Exif\0\0MM\0*\x7F\0\0\0"s,
-                                  24)
-                            .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s, 10)
+                                  "Exif\0\0MM\0*\x7F\0\0\0"s)
+                            .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s)
                             .Fill(20, 0)},
         // Its screen and its first picture have one pixel.
         {"bomb.gif", Bytes()
-                         .Text("GIF89a\1\0\1\0\x80\0\0"s, 13)
-                         .Fill(6, 0)
-                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0,\0\0\0\0"s, 28)
-                         .U16(20000)
-                         .U16(20000)
+                         .Text("GIF89a\1\0\1\0\x80\0\0\0\0\0\0\0\0"s)
+                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0,\0\0\0\0\x20\x4E\x20\x4E"s)
                          .Fill(20, 0)},
         {"bomb.ico", Bytes()
-                         .Text("\0\0\1\0\1\0"s, 6)
-                         .Fill(12, 0)
-                         .I32(22)
-                         .Text("\x89PNG\r\n\x1A\n\0\0\0\xDIHDR"s, 16)
-                         .Add(big(62, 128))
-                         .Add(big(62, 128))
-                         .U8(8)
-                         .U8(6)
-                         .Fill(8, 0)},
-        {"palette.bmp", Bytes()
-                            .Text("BM", 2)
-                            .I32(1078 + 12000 * 12500)
-                            .I32(0)
-                            .I32(1078)
-                            .I32(40)
-                            .I32(12000)
-                            .I32(12500)
-                            .U16(1)
-                            .U16(8)
-                            .Fill(24, 0)
-                            .Fill(1024, 9)},
-        {"bomb.bmp", Bytes().Text("BM", 14).I32(40).I32(20000).I32(-25000).U16(1).U16(24).Fill(24, 0)},
+                         .Text("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x89PNG\r\n\x1A\n\0\0\0\xDIHDR"s)
+                         .Text("\0\0\x3E\x80\0\0\x3E\x80\x8\6\0\0\0\0\0\0\0\0"s)},
+        {"palette.bmp", BmpHead(1078, 12000 * 12500, 12000, 12500, 8).Fill(20, 0).Fill(1024, 9)},
+        {"bomb.bmp", BmpHead(54, 0, 20000, -25000, 24).Fill(20, 0)},
     };
     // The library's own, whose 150 MB of values become colours.
     const HANDLE palette = CreateFileA("palette.bmp", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -186,10 +144,10 @@ TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
     for (const TemporaryFile& bomb : bombs) {
         SCOPED_TRACE(bomb.Path());
         std::string question;
-        EXPECT_FALSE(Open(bomb, {[&](const std::string& text) { return question = text, false; }, {}}));
+        EXPECT_FALSE(TryToOpen(bomb, {[&](const std::string& text) { return question = text, false; }, {}}));
         EXPECT_NE(question.find("MB of memory.\n\nOpen it?"), std::string::npos) << question;
         EXPECT_EQ(error, "");
-        EXPECT_FALSE(Open(bomb));
+        EXPECT_FALSE(TryToOpen(bomb));
         EXPECT_EQ(error + "\n\nOpen it?", question);
     }
 }
@@ -217,17 +175,12 @@ TEST_F(PictureFiles, AreWrittenAsTheirExtensionSays) {
             const std::vector<std::uint8_t> bytes = file.Content();
             EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + static_cast<int>(start.size())), start);
             const auto opened = Open(file);
-            ASSERT_TRUE(opened) << error;
             EXPECT_EQ(warning, "");
-            const bool losesDetail = extension == ".JPG";
-            if (!losesDetail && type != KEST_IMAGE_HSL) {
-                EXPECT_EQ(opened->GetImageType(), type);
-            }
             const std::string before = PixelBytes(document->Image()), after = PixelBytes(*opened);
-            ASSERT_EQ(after.size(), before.size());
-            if (!losesDetail) {
-                EXPECT_EQ(after, before);
-            }
+            const bool losesDetail = extension == ".JPG";
+            EXPECT_TRUE(losesDetail || type == KEST_IMAGE_HSL || opened->GetImageType() == type);
+            EXPECT_EQ(after.size(), before.size());
+            EXPECT_TRUE(losesDetail || after == before);
         }
     }
 }
@@ -291,33 +244,21 @@ TEST_F(PictureFiles, TellOfSamplesThatAreNotTheirs) {
     ASSERT_TRUE(SavePicture(document->Image(), file.Path(), error)) << error;
     {
         const HANDLE inUse = CreateFileA(samples.Path(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-        EXPECT_FALSE(Open(file));
+        EXPECT_FALSE(TryToOpen(file));
         EXPECT_EQ(error, "saved.bmp could not be opened.\n\nThe samples beside it cannot be opened or read.");
         CloseHandle(inUse);
     }
     std::vector<std::uint8_t> other = samples.Content();
     other[4]++;  // the height
     const TemporaryFile damaged(samples.Path(), other);
-    const auto opened = Open(file);
-    ASSERT_TRUE(opened);
-    EXPECT_EQ(opened->GetImageType(), KEST_IMAGE_GRAY256);
+    EXPECT_EQ(Open(file)->GetImageType(), KEST_IMAGE_GRAY256);
     EXPECT_EQ(warning.rfind("The samples in saved.i32 are not this picture's", 0), 0U) << warning;
 }
 
 /// A BMP file of one row of four pixels with these values.
 Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vector<unsigned>& values) {
-    const auto pixelsAt = static_cast<long long>(54 + 4 * palette.size());
-    Bytes file;
-    file.Text("BM", 2)
-        .I32(pixelsAt + 4)
-        .I32(0)
-        .I32(pixelsAt)
-        .I32(40)
-        .I32(4)
-        .I32(1)
-        .U16(1)
-        .U16(static_cast<unsigned>(bits));
-    file.I32(0).I32(4).I32(0).I32(0).I32(static_cast<long long>(palette.size())).I32(0);
+    const auto colours = static_cast<int>(palette.size());
+    Bytes file = BmpHead(54 + 4 * colours, 4, 4, 1, bits).I32(4).I32(0).I32(0).I32(colours).I32(0);
     for (const unsigned colour : palette) file.I32(colour);
     for (const unsigned value : values) file.U8(value);
     return file;
@@ -329,13 +270,11 @@ TEST_F(PictureFiles, PalettesDecideAboutTheClass) {
     colours[7] = 0xFF8000;
     const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
     auto image = Open(coloured);
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
     EXPECT_EQ(PixelBytes(*image), std::string("\0\0\0\x00\x80\xFF\xFF\xFF\xFF\x00\x80\xFF", 12)) << "blue, green, red";
 
     const TemporaryFile twoLevels("two-levels.bmp", PaletteBmp(1, {0x000000, 0xFFFFFF}, {0x50, 0, 0, 0}));
     image = Open(twoLevels);
-    ASSERT_TRUE(image) << error;
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_BINARY);
     EXPECT_EQ(PixelBytes(*image), std::string("\1\0\1\0", 4)) << "1 is black";
 }

@@ -3,7 +3,6 @@
 
 #include "document/Session.h"
 #include "res/Resource.h"
-#include "support/ClassTests.h"
 #include "support/Printer.h"
 #include "viewer/Driver.h"
 #include "viewer/SampleDocuments.h"

@@ -7,7 +7,6 @@
 #include "document/RoiFiles.h"
 #include "document/RoiKinds.h"
 #include "platform/Text.h"
-#include "support/ClassTests.h"
 #include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 

@@ -2,7 +2,6 @@
 #include "document/Conversion.h"
 #include "document/Session.h"
 #include "platform/Text.h"
-#include "support/ClassTests.h"
 #include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 

@@ -5,7 +5,6 @@
 #include "SamplePlate.h"
 #include "platform/Drawing.h"
 #include "res/Resource.h"
-#include "support/ClassTests.h"
 #include "viewer/Driver.h"
 
 namespace test {

@@ -2,7 +2,6 @@
 #include "document/Conversion.h"
 #include "document/Histogram.h"
 #include "picture/RoiPainting.h"
-#include "support/ClassTests.h"
 #include "support/Imports.h"
 #include "viewer/SampleDocuments.h"
 

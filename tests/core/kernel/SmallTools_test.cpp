@@ -22,10 +22,8 @@ TEST(Numbers, TruncationIsDefinedForEveryValue) {
 
 TEST(CheckedSize, InsideIsDecidedWithoutOverflow) {
     EXPECT_TRUE(LiesInside(4, 6, 10));
-    EXPECT_FALSE(LiesInside(4, 7, 10));
-    EXPECT_FALSE(LiesInside(11, 0, 10));
-    EXPECT_FALSE(LiesInside(-1, 1, 10));
-    EXPECT_FALSE(LiesInside(1, INT64_MAX, 10));
+    test::ExpectAll(false,
+                    {LiesInside(4, 7, 10), LiesInside(11, 0, 10), LiesInside(-1, 1, 10), LiesInside(1, INT64_MAX, 10)});
     EXPECT_EQ(Saturate(Product(INT_MAX, INT_MAX)), INT_MAX);
     EXPECT_EQ(Saturate(Product(INT_MIN, INT_MAX)), INT_MIN);
 }

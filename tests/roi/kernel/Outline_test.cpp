@@ -1,5 +1,6 @@
 // Freehand outlines: rasterising against the rule written straight down, and filled rows against an independent
 // point-in-polygon test, over thousands of seeded random outlines.
+#include "roi/kernel/LineRule.h"
 #include "roi/kernel/OutlineBounds.h"
 #include "roi/kernel/OutlineIndex.h"
 #include "roi/kernel/OutlineRaster.h"
@@ -29,27 +30,14 @@ Points RasterisePlainly(const Points& starts, const Points& ends) {
     Points chain;
     for (std::size_t i = 0; i < starts.size(); ++i) {
         const IntPoint start = starts[i], end = ends[i];
-        const int dx = end.x - start.x, dy = end.y - start.y;
-        const float m = dx == 0 ? 0 : static_cast<float>(static_cast<double>(dy) / dx);
-        const float b = static_cast<float>(start.y - static_cast<double>(start.x) * m);
-        const bool steep = std::abs(dx) < std::abs(dy);
-        const int count = std::max(std::abs(dx), std::abs(dy));
-        for (int k = 0; k < count; ++k) {
-            IntPoint pixel;
-            if (steep) {
-                pixel.y = start.y + (end.y > start.y ? k : -k);
-                pixel.x = dx == 0 ? start.x : static_cast<int>((pixel.y - static_cast<double>(b)) / m);
-            } else {
-                pixel.x = start.x + (end.x > start.x ? k : -k);
-                pixel.y = dy == 0 ? start.y : static_cast<int>(pixel.x * static_cast<double>(m) + b);
-            }
+        const bool steep = std::abs(end.x - start.x) < std::abs(end.y - start.y);
+        const int from = steep ? start.y : start.x, to = steep ? end.y : end.x;
+        for (int at = from; at != to; at += to > from ? 1 : -1) {
+            IntPoint pixel = test::PixelByRule(start, end, steep, at);
             if (!chain.empty()) {
                 int& free = steep ? pixel.x : pixel.y;
-                const int before = steep ? chain.back().x : chain.back().y;
-                if (free - before > 1)
-                    --free;
-                else if (free - before < -1)
-                    ++free;
+                const int step = free - (steep ? chain.back().x : chain.back().y);
+                free -= (step > 1) - (step < -1);
             }
             chain.push_back(pixel);
         }
@@ -70,9 +58,8 @@ struct Index {
         std::vector<KestSpan> spans(index.PixelsOfRow(row).size());
         const int count = index.SpansOfRow(row, spans.data());
         std::vector<int> columns;
-        for (int i = 0; i < count; ++i)
-            for (int x = spans[static_cast<std::size_t>(i)].iFirst; x <= spans[static_cast<std::size_t>(i)].iLast; ++x)
-                columns.push_back(x);
+        for (const KestSpan& span : std::span(spans).first(static_cast<std::size_t>(count)))
+            for (int x = span.iFirst; x <= span.iLast; ++x) columns.push_back(x);
         return columns;
     }
     std::vector<std::int64_t> memory;
@@ -98,14 +85,10 @@ std::vector<int> FilledRow(const Points& chain, int row, int left, int right) {
     return columns;
 }
 
-/// Some pixel of the chain lies between rows without a step: not a connected chain.
+/// Neighbours touch, and so do the last pixel and the first.
 bool IsConnected(const Points& chain) {
-    for (std::size_t i = 0; i < chain.size(); ++i) {
-        const IntPoint& a = chain[i];
-        const IntPoint& b = chain[(i + 1) % chain.size()];
-        if (std::abs(a.x - b.x) > 1 || std::abs(a.y - b.y) > 1) return false;
-    }
-    return true;
+    const auto areApart = [](IntPoint a, IntPoint b) { return std::abs(a.x - b.x) > 1 || std::abs(a.y - b.y) > 1; };
+    return std::ranges::adjacent_find(chain, areApart) == chain.end() && !areApart(chain.back(), chain.front());
 }
 
 int CompareFilledRows(const Points& chain) {

@@ -2,6 +2,7 @@
 #include "roi/kernel/EllipseExtent.h"
 #include "roi/kernel/HitTest.h"
 #include "roi/kernel/LinePixels.h"
+#include "roi/kernel/LineRule.h"
 #include "support/KernelTests.h"
 
 using namespace kest;
@@ -79,19 +80,12 @@ TEST(LinePixels, OnePixelAStepWithoutTheLargerEnd) {
             const auto at = lines.try_emplace(line, position, position).first;
             at->second = {std::min(at->second.first, position), std::max(at->second.second, position)};
         };
-        const int dx = end.x - start.x, dy = end.y - start.y;
-        const float m = dx == 0 ? 0 : static_cast<float>(static_cast<double>(dy) / dx);
-        const float b = static_cast<float>(start.y - static_cast<double>(start.x) * m);
-        if (std::abs(dy) > std::abs(dx))
-            for (int y = std::min(start.y, end.y); y < std::max(start.y, end.y); ++y) {
-                const int x = dx == 0 ? start.x : static_cast<int>((y - static_cast<double>(b)) / m);
-                widen(rows, y, x), widen(columns, x, y);
-            }
-        else
-            for (int x = std::min(start.x, end.x); x < std::max(start.x, end.x); ++x) {
-                const int y = dy == 0 ? start.y : static_cast<int>(x * static_cast<double>(m) + b);
-                widen(rows, y, x), widen(columns, x, y);
-            }
+        const bool isSteep = std::abs(end.y - start.y) > std::abs(end.x - start.x);
+        const auto [from, to] = isSteep ? std::minmax(start.y, end.y) : std::minmax(start.x, end.x);
+        for (int at = from; at < to; ++at) {
+            const IntPoint pixel = test::PixelByRule(start, end, isSteep, at);
+            widen(rows, pixel.y, pixel.x), widen(columns, pixel.x, pixel.y);
+        }
         for (int at = -reach - 3 + offset; at < reach + 3 + offset; ++at) {
             KestSpan span;
             ASSERT_EQ(spanOf(LineRow(start, end, at, span), span), rows.contains(at) ? rows[at] : none) << round;
