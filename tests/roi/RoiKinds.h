@@ -10,20 +10,19 @@ struct Kind {
     const char* className;
     int type;
     const char* namePattern;
-    const char* recordKey;
     Bytes record;  ///< of a ROI with known coordinates
     bool isOutline;
 };
 
 inline const Kind kinds[] = {
-    {"CcRoiRect", 0, "Rect.", "CcRoiRect::stImageRect", Bytes().I32(3).I32(9).I32(7).I32(4), false},
-    {"CcRoiLine", 1, "Line.", "CcRoiLine::stImageLine", Bytes().I32(1).I32(2).I32(8).I32(5), false},
-    {"CcRoiFreeHandLine", 2, "FreeLine.", "CcRoiFreeHandLine::stImageFreeHand", Bytes(), true},
-    {"CcRoiPolyLine", 3, "PolyLine.", "CcRoiPolyLine::stImageFreeHand", Bytes(), true},
-    {"CcRoiEllipse", 4, "Ellipse.", "CcRoiEllipse::stImageEllipse", Bytes().I32(-3).I32(9).I32(7).I32(4), false},
-    {"CcRoiFreeHand", 5, "Freehand.", "CcRoiFreeHand::stImageFreeHand", Bytes(), true},
-    {"CcRoiPolyFreeHand", 6, "PolyFree.", "CcRoiPolyFreeHand::stImageFreeHand", Bytes(), true},
-    {"CcRoiPoint", 7, "P.", "CcRoiPoint::stSubPixelImagePoint", Bytes().F32(2.75F).F32(6.5F), false},
+    {"CcRoiRect", 0, "Rect.", Bytes().I32(3).I32(9).I32(7).I32(4), false},
+    {"CcRoiLine", 1, "Line.", Bytes().I32(1).I32(2).I32(8).I32(5), false},
+    {"CcRoiFreeHandLine", 2, "FreeLine.", Bytes(), true},
+    {"CcRoiPolyLine", 3, "PolyLine.", Bytes(), true},
+    {"CcRoiEllipse", 4, "Ellipse.", Bytes().I32(-3).I32(9).I32(7).I32(4), false},
+    {"CcRoiFreeHand", 5, "Freehand.", Bytes(), true},
+    {"CcRoiPolyFreeHand", 6, "PolyFree.", Bytes(), true},
+    {"CcRoiPoint", 7, "P.", Bytes().F32(2.75F).F32(6.5F), false},
 };
 
 inline Bytes OutlinePoints() { return Bytes().I32(4).I32(5).I32(5).I32(5).I32(5).I32(6).I32(4).I32(6); }

@@ -1,5 +1,6 @@
 // Fitting, converting and the area map, against formulas in double precision and against the plain loops.
 #include "calib/kernel/Perspective.h"
+#include "calib/kernel/CalibrationFile.h"
 #include "calib/kernel/LinearSolver.h"
 #include "support/KernelTests.h"
 
@@ -126,4 +127,21 @@ TEST(AreaMap, IsBitForBitTheFormulaAtEachPixel) {
                 ASSERT_TRUE(AreSame(map, wanted)) << width << " x " << height;
             }
         }
+}
+
+TEST(CalibrationFile, HeadersComeBackAndMapsHaveASize) {
+    std::vector<std::uint8_t> bytes(kest::headerBytesVersion2), again(kest::headerBytesVersion2);
+    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i % 7 + 33);
+    kest::CalibrationHeader header = {};
+    kest::ReadVersion1(std::span(bytes).first<kest::headerBytesVersion1>(), header);
+    kest::ReadPoints(std::span(bytes).last<64>(), header);
+    EXPECT_EQ(std::strlen(header.units), kest::unitsFieldBytes);
+    header.mapping.h[2][2] = 1;
+    kest::WriteVersion2(header, std::span<std::uint8_t, kest::headerBytesVersion2>(again));
+    // Type and version, the ninth element and the name's end are the writer's own.
+    EXPECT_TRUE(std::equal(bytes.begin() + 392, bytes.end(), again.begin() + 392));
+    EXPECT_TRUE(std::equal(bytes.begin() + 268, bytes.begin() + 380, again.begin() + 268));
+    EXPECT_EQ(kest::AreaMapBytes(3, 5), 60);
+    for (const auto& [width, height] : {std::pair{0, 5}, {5, -1}, {INT_MAX, INT_MAX}, {1 << 15, 1 << 15}})
+        EXPECT_EQ(kest::AreaMapBytes(width, height), 0) << width;
 }

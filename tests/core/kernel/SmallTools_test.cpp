@@ -2,6 +2,7 @@
 #include "core/kernel/ByteReader.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/Numbers.h"
+#include "core/kernel/ObjectRecord.h"
 #include "core/kernel/PathParts.h"
 #include "core/kernel/PropertyTable.h"
 #include "support/KernelTests.h"
@@ -64,4 +65,19 @@ TEST(PropertyTable, OnlyATableThatFillsItsBufferIsUsed) {
         MakeProperty(table[1], "b", 5, c.offset, c.length);
         EXPECT_EQ(TableMatchesBuffer(table, c.bufferBytes), c.matches) << &c - cases;
     }
+}
+
+TEST(ObjectRecord, TagsCountWithTheirEnd) {
+    tagOST_OBJECTHEADER header;
+    tagOST_OBJECTFOOTER footer;
+    std::memset(&header, 'x', sizeof header);
+    std::memset(&footer, 'x', sizeof footer);
+    EXPECT_FALSE(HasTag(header) || HasTag(footer));
+    BeginRecord(header);
+    BeginRecord(footer);
+    EXPECT_TRUE(HasTag(header) && HasTag(footer));
+    EXPECT_STREQ(header.szTag, "OST_OBJECTHEADER");
+    EXPECT_EQ(std::count(header.cReserved, std::end(header.cReserved), '\0'), 11);
+    header.szTag[16] = footer.szTag[16] = 'x';
+    EXPECT_FALSE(HasTag(header) || HasTag(footer));
 }

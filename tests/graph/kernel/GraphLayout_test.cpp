@@ -128,6 +128,8 @@ TEST(CurvePath, CutsWhatIsFarOff) {
     EXPECT_EQ(Path(scales, area, {{1, 1}, {2, 2}, {notANumber, 3}, {4, 4}, {5, infinity}, {6, 6}, {7, 7}}),
               " M1,1 L2,2 M4,4 M6,6 L7,7");
     EXPECT_EQ(Path(scales, area, {}), "");
+    // The area's sides belong to it.
+    EXPECT_EQ(Path(scales, area, {{0, 0}, {1000, 1000}, {-1000, -1000}, {5, 5}}), " M0,0 L1000,1000 L-1000,-1000 L5,5");
     // Thin lines reach as far as there are positions, wide ones a little further than they are wide.
     const GraphView view = {{-5000, -5000, 5000, 5000}, {1, 1}, true};
     EXPECT_EQ(DrawingArea(scales, view, 1).left, -furthestPosition);

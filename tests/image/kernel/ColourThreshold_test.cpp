@@ -134,6 +134,10 @@ TEST(ColourThreshold, ChannelBands) {
 TEST(ColourThreshold, BoxesAndTheirSides) {
     const ByteBand box[] = {ToBoxSide(-3, 200), ToBoxSide(20, 500), ToBoxSide(300, 400)};
     EXPECT_TRUE(ToByteBand(-1.0F, NAN).Has(0));
+    BandList list;
+    EXPECT_TRUE(ListBands(overlapping.data(), 1, list) && list.size() == 1);
+    EXPECT_TRUE(ListBands(nullptr, 0, list) && list.empty());
+    EXPECT_FALSE(ListBands(nullptr, 1, list) || HasEmptyBand(Bands{{7, 7, 0, 0, 0}}));
     ExpectPainted(
         RandomPixels(3),
         [&](SourcePlane from, TargetPlane to, InstructionSet set) {

@@ -1,8 +1,12 @@
 // Where images are printed, the overlay's colours, and interpolation.
 #include "image/kernel/Bilinear.h"
 #include "image/kernel/BlitPlan.h"
+#include "image/kernel/DisplayLut.h"
+#include "image/kernel/Luminance.h"
 #include "image/kernel/OverlayColours.h"
 #include "image/kernel/PrintPlan.h"
+#include "image/kernel/RegionCopy.h"
+#include "image/kernel/ThresholdBand.h"
 #include "support/KernelTests.h"
 
 using namespace kest;
@@ -107,6 +111,12 @@ TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
     EXPECT_EQ(plan.blockPixels, 8);
     ForEachPrintedRun({overlay, 4, 3}, 3, plan, page, note);
     EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 16, 8, 24, 7}}));
+    // On a page of 10 x 12, what begins at its edges is left out.
+    runs.clear();
+    plan = PlanForPage({0, 0, 4, 3, 0, 0, 0, 1}, {10, 12});
+    ASSERT_EQ(plan.blockPixels, 2);
+    ForEachPrintedRun({overlay, 4, 3}, 3, plan, {7, 6}, note);
+    EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 2, 8, 4, 9}}));
     // As far as numbers go.
     for (const int offset : {INT_MIN, -1, 1, INT_MAX}) {
         runs.clear();
@@ -119,15 +129,73 @@ TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
 TEST(OverlayColours, TwentyColoursTwelveTimes) {
     std::vector<std::uint8_t> table(1024, 9);
     WriteOverlayColours(table);
-    const auto entry = [&](int i) {
-        return std::array<int, 4>{table[4 * i], table[4 * i + 1], table[4 * i + 2], table[4 * i + 3]};
-    };
-    EXPECT_EQ(entry(13), (std::array{0, 0, 255, 0}));
-    EXPECT_EQ(entry(9), (std::array{240, 202, 166, 0}));
-    EXPECT_EQ(entry(239), (std::array{255, 255, 255, 0}));
-    EXPECT_EQ(entry(33), entry(13));
-    EXPECT_EQ(entry(240), (std::array{0, 0, 0, 0}));
+    constexpr int colours[] = {0,        0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080,
+                               0xC0C0C0, 0xC0DCC0, 0xA6CAF0, 0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000,
+                               0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+    for (int i = 0; i < 256; ++i) {
+        const int entry = table[4 * i] | table[4 * i + 1] << 8 | table[4 * i + 2] << 16 | table[4 * i + 3] << 24;
+        EXPECT_EQ(entry, i < 240 ? colours[i % 20] : 0) << i;
+    }
     EXPECT_EQ(OverlayColour(253).red, 255);
+}
+
+TEST(RegionCopy, StaysInsideBothPictures) {
+    // Two rows of six pixels into two of four, from column 2 and row -1 on: the last column of a row is left out.
+    std::vector<std::uint8_t> source(12), target(8, 99);
+    std::iota(source.begin(), source.end(), std::uint8_t{0});
+    const KestSpan spans[] = {{-9, -1}, {1, 2}, {4, 4}, {10, 12}, {INT_MIN, INT_MAX}, {5, 5}};
+    for (const std::size_t count : {4, 6})
+        for (const int row : {INT_MIN, -1, 0, 1, 2, INT_MAX}) {
+            std::fill(target.begin(), target.end(), std::uint8_t{99});
+            CopyRegionRow({source.data(), 6, 2, 1}, {target.data(), 4, 2, 1}, row, std::span(spans, count), 2, -1);
+            const int last = count == 4 ? 99 : 3, right = count == 4 ? 99 : 5;
+            const bool isCopied = row == 0;
+            EXPECT_EQ(std::vector<int>(target.begin() + 4, target.end()),
+                      isCopied ? (std::vector<int>{2, last, 4, right}) : std::vector<int>(4, 99))
+                << row;
+        }
+}
+
+TEST(ThresholdBand, LevelsOfBounds) {
+    const struct {
+        float low, high;
+        int first, last;
+    } cases[] = {{100, 100, 100, 100}, {100.9F, 100.1F, 100, 101}, {254.9F, 255, 254, 255}, {255, 300, 0, 255},
+                 {-1, -1, 0, 0},       {NAN, NAN, 0, 255}};
+    for (const auto& c : cases) {
+        const LevelBand band = FindBand(c.low, c.high);
+        EXPECT_EQ(std::pair(band.low, band.high), std::pair(c.first, c.last)) << c.low;
+        EXPECT_FALSE(band.IsEmpty());
+    }
+    EXPECT_TRUE(FindBand(101, 100).IsEmpty());
+}
+
+TEST(Luminance, IsSetByMovingAllComponents) {
+    for (const auto& [luminance, blue, green, red] :
+         {std::tuple{121.85F, 110, 120, 130}, {1000.0F, 255, 255, 255}, {-INFINITY, 0, 0, 0}}) {
+        std::uint8_t pixel[] = {10, 20, 30};
+        SetLuminance(pixel, luminance);
+        EXPECT_EQ((std::array<int, 3>{pixel[0], pixel[1], pixel[2]}), (std::array{blue, green, red}));
+    }
+}
+
+TEST(DisplayLut, ListsAndWhatTheyFill) {
+    std::vector<tagPoints> points(64);
+    std::vector<std::uint16_t> indices(256);
+    std::vector<std::uint8_t> colours(1024, 9);
+    MakeIdentity(points);
+    EXPECT_TRUE(HasLevelSteps(points));
+    FillGrayIndices(points, indices);
+    SpreadIndices(indices.data(), colours);
+    for (int i = 0; i < 1024; i += 4) EXPECT_EQ(colours[i] * 4 + colours[i + 3], i / 16 * 4) << i;
+    points[63].x += 1;
+    EXPECT_FALSE(HasLevelSteps(points));
+    test::ExpectAll<int>(63, {ClampLevel(255, 0.25, 63), ClampLevel(INFINITY, 0.25, 63), ClampLevel(254, 0.25, 63)});
+    test::ExpectAll<int>(0, {ClampLevel(-0.1F, 1, 255), ClampLevel(NAN, 1, 255), ClampLevel(0.9F, 1, 255)});
+    std::vector<tagPoints> all(256, {0, 40.5F});
+    FillColourChannel(all, colours, 1);
+    EXPECT_EQ(colours[1021] + colours[1022], 40 + colours[1020]);
+    FillColourChannel(all, {}, 1);
 }
 
 TEST(Bilinear, WeightsAndRowSumsAreSinglePrecision) {

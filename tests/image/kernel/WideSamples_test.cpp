@@ -118,10 +118,10 @@ TEST(WideSamples, MapsAll16BitSamplesByTheRule) {
     std::iota(all.begin(), all.end(), std::uint16_t{0});
     Bounds bounds;
     std::vector<std::pair<float, float>> ranges = {
-        {0.0F, 65535.0F}, {100.0F, 300.0F}, {0.0F, 255.0F},        {100.9F, 101.8F},
-        {7.0F, 7.0F},     {500.0F, 20.0F},  {-10.5F, 70000.0F},    {-9.0F, -3.0F},
-        {7e4F, 8e4F},     {0.0F, 1e-3F},    {0.0F, infinity},      {noNumber, 5.0F},
-        {0.0F, 1e-30F},   {0.0F, 3e9F},     {2147483648.0F, 3e9F}, {-3e9F, 4294967296.0F}};
+        {0.0F, 65535.0F},      {100.0F, 300.0F},      {0.0F, 255.0F}, {100.9F, 101.8F}, {7.0F, 7.0F},
+        {500.0F, 20.0F},       {-10.5F, 70000.0F},    {-9.0F, -3.0F}, {7e4F, 8e4F},     {0.0F, 1e-3F},
+        {0.0F, infinity},      {noNumber, 5.0F},      {0.0F, 1e-30F}, {0.0F, 3e9F},     {10.5F, 138.0F},
+        {2147483648.0F, 3e9F}, {-3e9F, 4294967296.0F}};
     while (ranges.size() < 213) ranges.push_back({bounds.Next(), bounds.Next()});
     for (const auto& [low, high] : ranges) ExpectMapped(all, DisplayMapping::Of(low, high));
     // The line can also be any other one, as after a range that was set before.

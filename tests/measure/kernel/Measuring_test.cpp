@@ -11,6 +11,8 @@ TEST(PixelRuns, AreClippedSortedAndJoined) {
 }
 
 TEST(PixelStatistics, AreThoseOfTheFormulaInTwoPasses) {
+    const kest::PixelStatistics none;
+    for (const double value : {none.mean, none.minimum, none.maximum, none.StandardDeviation()}) EXPECT_EQ(value, 0.0);
     std::mt19937 random(1);
     std::vector<std::uint8_t> bytes(30000);
     std::vector<std::int32_t> integers(10000);

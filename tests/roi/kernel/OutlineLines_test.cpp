@@ -47,6 +47,15 @@ TEST(OutlineLines, MeasureTheShapeAndNotTheStairs) {
         EXPECT_EQ(lines.count, 1);
         EXPECT_NEAR(lines.length, std::hypot(ends[1].x, ends[1].y), 1.5);
     }
+    // A rounded line is one line, wherever it begins.
+    for (int width = 1; width <= 40; ++width)
+        for (int height = -width; height <= width; ++height) {
+            std::vector<IntPoint> rounded;
+            for (int x = 0; x <= width; ++x)
+                rounded.push_back({x + 7, static_cast<int>(std::lround(1.0 * x * height / width)) - 5});
+            EXPECT_EQ(Lines(rounded).count, 1) << width << ' ' << height;
+            EXPECT_NEAR(Lines(rounded).length, std::hypot(width, height), 1e-9);
+        }
     std::vector<IntPoint> circle;
     for (int degree = 0; degree <= 360; degree += 2) {
         const double angle = degree * std::numbers::pi / 180;

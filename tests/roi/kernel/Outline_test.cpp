@@ -190,6 +190,13 @@ TEST(OutlineIndex, OpenLinesListTheirPixels) {
     EXPECT_EQ(spans[2].iFirst, 4);
     EXPECT_EQ(spans[2].iLast, 5);
     for (const int row : {INT_MIN, 0, 3, INT_MAX}) EXPECT_TRUE(drawn.index.PixelsOfRow(row).empty());
+    // Cut to the room of a list, the first that fills it is the last.
+    for (const auto& [room, left, end] :
+         {std::tuple{9, 2, 21}, {8, 2, 21}, {6, 2, 19}, {5, 2, 18}, {4, 1, 4}, {2, 1, 2}}) {
+        KestSpan two[] = {{1, 4}, {18, 21}};
+        EXPECT_EQ(CutSpans(two, 2, room), left) << room;
+        EXPECT_EQ(two[left - 1].iLast, end) << room;
+    }
 }
 
 TEST(OutlineIndex, PixelsFarApartTakeTheRoomOfPixels) {
