@@ -124,7 +124,8 @@ TEST_F(Picking, PositionsThroughAnyMapping) {
 
     POINT origin = {50, 60};
     EXPECT_EQ((graph.*GrantedMoveOrigin())(&origin), 0);
-    for (const auto& [point, isNear] : {std::pair{POINT{59, 51}, 1}, {{50, 70}, 0}, {{INT_MIN, INT_MIN}, 0}}) {
+    for (const auto& [point, isNear] :
+         {std::pair{POINT{59, 51}, 1}, {{50, 70}, 0}, {{60, 60}, 0}, {{INT_MIN, INT_MIN}, 0}}) {
         POINT cursor = point;
         EXPECT_EQ((graph.*GrantedOnOrigin())(dc, &cursor), isNear) << point.x;
         EXPECT_EQ(graph.bOriginSelected, isNear) << point.x;

@@ -112,6 +112,8 @@ TYPED_TEST(WideImages, FreshAndBlankImages) {
     EXPECT_EQ(image.lpBits[14], 255);
     EXPECT_EQ(image.iReScaleOnShow, 2);
     EXPECT_EQ(image.Shown(), std::vector<int>(15, 0));
+    EXPECT_EQ(image.MakeBlankBMP(3, 5, 0, "zero"), 0);
+    EXPECT_EQ(image(4, 2), 0.0F);
     EXPECT_EQ(image.MakeBlankBMP(3, 5, 7, "flag 0"), 0);
     EXPECT_EQ(image.GetMaxPixelValue(), 2000.0F);
 
@@ -258,7 +260,8 @@ TEST(WideImageDisplay, RangeOfTheSamples) {
     image.Fill(1, 3, {100, 200, 300});
     EXPECT_EQ(image.Shown(), (std::vector<int>{0, 127, 255}));
     // With a display range of its own the image keeps it; what lies outside is cut off.
-    image.SetAutoUpdateDisplay(0);
+    ExpectAll(0, {image.SetAutoUpdateDisplay(2), image.GetAutoUpdateDisplay(), image.SetAutoUpdateDisplay(0),
+                  image.iReScaleOnShow});
     image(0, 0);
     image = 65535.0F;
     EXPECT_EQ(image.Shown(), (std::vector<int>{255, 127, 255}));
@@ -271,6 +274,10 @@ TEST(WideImageDisplay, RangeOfTheSamples) {
         image = written;
         EXPECT_EQ(image(1, 0), kept);
     }
+
+    // The largest sample is white, where the range is a power of two as well.
+    image.Fill(1, 3, {0, 512, 1024});
+    EXPECT_EQ(image.Shown(), (std::vector<int>{0, 127, 255}));
 
     Open32 deep;
     deep.Fill(1, 4, {-7, 0, 1000, 2000});
@@ -329,6 +336,10 @@ TEST(WideImageDisplay, PointListsMoveTheDisplayRange) {
     for (const auto& [lut, level] : {std::pair{102, 0x82}, {101, 0x7D}, {103, 0x7C}, {104, 0x7C}})
         EXPECT_EQ(image.Through(static_cast<unsigned short>(lut)).At(1, 0), Gray(level)) << lut;
 
+    points[255].x += 0.15F;
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, points.data()), 0);
+    EXPECT_NEAR(image.fDisplayMax, 1024.2F, 0.01F);
+
     // A display range without a width has one level, that of the first point.
     points.assign(256, {600.0F, 300.0F});
     EXPECT_EQ(image.SetDisplayLUT(101, 1, points.data()), 0);
@@ -371,6 +382,11 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(image.Through(101), gray);
     EXPECT_EQ(image.fDisplayMin, displayMin);
     EXPECT_EQ(image.fDisplayMax, displayMax);
+    // From then on the range follows the samples again.
+    image(0, 0);
+    image = 8e6F;
+    image.Shown();
+    EXPECT_EQ(image.fDisplayMax, 8e6F);
 
     // Before the first Show the lists still cover 0 to 255, the samples do not.
     Open16 fresh;

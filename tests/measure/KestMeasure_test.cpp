@@ -74,6 +74,7 @@ void ExpectValues(std::array<Cell, 4> middleCells, const Values& wanted, int ste
 TEST(KestMeasure, RoisOfAllClasses) {
     ExpectListedPixels(Boxed<CcRoiRect>({10, 9, 19, 5}), 50, 30);
     ExpectListedPixels(Boxed<CcRoiRect>({-5, 5000, 4, 60}), 5 * 10, 2 * (10 + 4941));
+    ExpectListedPixels(Boxed<CcRoiRect>({7, 9, 7, 5}), 5, 12);
     // Crossed sides, as a drag beyond the image leaves them.
     ExpectListedPixels(Boxed<CcRoiRect>({width + 5, 9, width - 1, 5}), 0, 0);
     ExpectListedPixels(Boxed<CcRoiEllipse>({20, 60, 59, 21}), 3.14159265 * 20 * 20, 3.14159265 * 40, 25);
@@ -100,6 +101,9 @@ TEST(KestMeasure, RoisOfAllClasses) {
     EXPECT_EQ(corners[4].x, 0) << "not written";
     KestOutlineCorners(square.get(), corners, 5);
     EXPECT_EQ(corners[4].y, 11);
+    // A count that reaches past the block is not followed.
+    OutlineOf(*square).iNumOfPoints = INT_MAX;
+    EXPECT_NEAR(KestRoiLengthPixels(square.get()), 80, 1e-3);
     const std::vector<POINT> folded = {{40, 40}, {41, 40}, {42, 40}, {43, 40}, {44, 40}, {43, 40}, {42, 40}, {43, 41}};
     ExpectListedPixels(Outlined<CcRoiFreeHandLine>(folded), 6, 4 + 2 + std::sqrt(2.0));
     ExpectListedPixels(Outlined<CcRoiPolyLine>(folded), 6, 4 + 2 + std::sqrt(2.0));
@@ -179,6 +183,16 @@ TEST(KestMeasure, ImagesOfAllClasses) {
     EXPECT_DOUBLE_EQ(measured.dAreaWorld, area);
     EXPECT_STREQ(measured.szUnits, "mm");
     EXPECT_DOUBLE_EQ(measured.dLengthWorld, KestRoiLengthWorld(roi.get(), &calibration));
+    // The border of an ellipse, laid on the tilted plane.
+    std::vector<tagPoints> border;
+    for (int degree = 0; degree < 360; ++degree) {
+        const double angle = degree * std::numbers::pi / 180;
+        border.push_back(
+            {static_cast<float>(1.5 + 2 * std::cos(angle)), static_cast<float>(2.5 + 3 * std::sin(angle))});
+    }
+    const auto ellipse = Boxed<CcRoiEllipse>({0, 5, 3, 0});
+    EXPECT_NEAR(KestRoiLengthWorld(ellipse.get(), &calibration) / KestLengthWorld(&calibration, border.data(), 360, 1),
+                1, 1e-3);
     ASSERT_EQ(calibration.DoCalibration(from, to, 4, 2, 2), 0);
     EXPECT_DOUBLE_EQ(Measure(gray, *roi).dAreaWorld, area);
     EXPECT_EQ(KestMeasureRoi(&gray, nullptr, &measured), -1);

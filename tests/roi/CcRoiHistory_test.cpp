@@ -130,8 +130,10 @@ TEST(CcRoiHistory, EditsKeepTheObjectsAndTheirOrder) {
     ExpectAll(0, {history.CanRedo(), history.Cancel()});
     EXPECT_EQ(NamesOf(list), "a4 b ");
     EXPECT_EQ(history.Cancel(), -1) << "nothing is begun any more";
+    const CcHLObject* const made = list.GetAtIndex(1);
     EXPECT_EQ(history.Redo(), 0);
     EXPECT_EQ(NamesOf(list), "b a4 ");
+    EXPECT_EQ(list.GetAtIndex(0), made) << "what came back is what the later step means";
     // A new edit ends what could be redone.
     history.Undo();
     history.Remember();

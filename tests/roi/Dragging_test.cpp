@@ -239,6 +239,12 @@ TEST(Dragging, MovingKeepsARectangleInTheClientArea) {
     EXPECT_EQ(host.HitTest(50, 20), 4);
     EXPECT_EQ(host.HitTest(150, 140), -1);
     EXPECT_EQ(host.roi.iHitCode, 4);
+    // A line that was drawn from right to left stays whole as well.
+    Host<CcRoiLine> line;
+    line.window.Drag({59, 49}, {10, 10});
+    line.dragMode = KEST_DRAG_MOVE;
+    line.window.Drag({30, 26}, {-100, -100});
+    EXPECT_EQ(SidesOf(line.roi), (Sides{49, 60, 0, 99}));
 }
 
 TEST(Dragging, RubberBandVanishesAndFailedStartsAreReleased) {
@@ -291,6 +297,10 @@ TEST(Dragging, EdgesOfTheProtocol) {
     { const Open<CcRoiFreeHand> copy(roi); }
     EXPECT_EQ(GetCapture(), HWND(host.window));
     EXPECT_EQ(host.Stop({60, 50}), 0);
+    // Only a last segment of no length gets a pixel, not one straight down.
+    Host<CcRoiFreeHandLine> down;
+    ExpectAll(0, {down.Start(at, 2), down.Move({50, 50}), down.Stop({50, 60})});
+    EXPECT_EQ(down.roi.GetBoundingRect()->right, 50);
     // Without an image the drag goes on where it is.
     EXPECT_EQ(roi.StartMouseDrag(host.window, 0, 0, 1, nullptr, at, 2, nullptr, 1), 0);
     EXPECT_EQ(roi.DoMouseDrag(host.window, 0, 0, 1, nullptr, {55, 45}, 0), 0);

@@ -177,8 +177,11 @@ TEST(FreehandQueries, RoisOfOneClassDoNotDisturbEachOther) {
     outline.stPOINTS[0].x = -50;
     outline.stPOINTS[1].y = 70;
     EXPECT_EQ(RowOf(b, 1), (std::vector<int>{10, 11, 12}));
+    EXPECT_NE(b.GetYBoundary(12, &count), nullptr);
     EXPECT_EQ(b.GetBoundingRect()->left, -50);
     EXPECT_EQ(RowOf(b, 70).size(), 1u);
+    rows = b.GetYBoundary(11, &count);
+    EXPECT_TRUE(rows && count == 1 && rows[0] == 70);
     // A count that reaches past the block is not followed.
     outline.iNumOfPoints = INT_MAX;
     EXPECT_EQ(b.GetBoundingRect()->left, -50);

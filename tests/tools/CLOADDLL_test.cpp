@@ -107,7 +107,7 @@ TEST(CLOADDLL, ShowsWhatCannotBeLoaded) {
     EXPECT_STREQ(missing.GetMenuText(), "Void");
 
     // The longest path that is loaded; one that would name the same file if it were cut off is not.
-    const std::string longest = PathOfLength(254, recordingTool), path = longest + ".no";
+    const std::string longest = PathOfLength(254, recordingTool), path = PathOfLength(255, recordingTool);
     EXPECT_EQ(CLOADDLL().LoadDll(longest.c_str()), 0);
     EXPECT_EQ(tooLong.LoadDll(path.c_str()), -1);
     EXPECT_EQ(TakeBoxes(), (Boxes{{"Error Loading Tool:", path}}));

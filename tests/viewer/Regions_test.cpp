@@ -55,6 +55,9 @@ TEST(Graphs, CountAndFollowTheRegion) {
     for (int i = 0; i < pixelCount; ++i)
         ++hues[static_cast<BYTE*>(static_cast<Cc24BitHSLImage&>(colours->Image()).GetBitMapImageDataHSL())[3 * i + 2]];
     EXPECT_TRUE(std::equal(hues.begin(), hues.end(), histogram.channels[0].counts.begin())) << "hue, not red";
+    // A line that runs over itself counts each pixel once.
+    const auto folded = Outlined<CcRoiFreeHandLine>({{3, 2}, {4, 2}, {5, 2}, {4, 2}, {5, 2}, {6, 2}});
+    EXPECT_EQ(MakeHistogram(*document, folded.get())->pixels, 4);
 
     const std::vector<tagPoints> profile = MakeProfile(*document, *Boxed<CcRoiLine>({1, 2, 9, 2}));
     ASSERT_EQ(profile.size(), 9u);
@@ -62,6 +65,12 @@ TEST(Graphs, CountAndFollowTheRegion) {
         EXPECT_EQ(profile[static_cast<std::size_t>(i)].x, i);
         EXPECT_EQ(profile[static_cast<std::size_t>(i)].y, static_cast<unsigned char>((2 * columns + 1 + i) * 7));
     }
+
+    // Beyond the picture it goes on with what lies at the picture's edge.
+    const std::vector<tagPoints> beyond = MakeProfile(*document, *Boxed<CcRoiLine>({-3, -2, -3, rows + 1}));
+    ASSERT_EQ(beyond.size(), 15u);
+    for (const auto& [at, row] : {std::pair{0, 0}, {3, 1}, {13, rows - 1}})
+        EXPECT_EQ(beyond[static_cast<std::size_t>(at)].y, static_cast<unsigned char>(row * columns * 7)) << at;
 
     // The stairs of a slanted outline are no longer than the line that they stand for; what stands before them stays.
     const auto polyline = Outlined<CcRoiPolyLine>(

@@ -111,6 +111,10 @@ TEST(PrintPlan, OverlayRunsOfTheVisiblePart) {
     EXPECT_EQ(plan.blockPixels, 8);
     ForEachPrintedRun({overlay, 4, 3}, 3, plan, page, note);
     EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 16, 8, 24, 7}}));
+    // Not scrolled down: the two rows at the top, without the lowest one.
+    runs.clear();
+    ForEachPrintedRun({overlay, 4, 3}, 3, PlanForPage({4, 4, 4, 3, 1, 0, 1, 2}, page), page, note);
+    EXPECT_EQ(runs, (std::vector<std::array<long long, 5>>{{0, 8, 16, 16, 9}}));
     // On a page of 10 x 12, what begins at its edges is left out.
     runs.clear();
     plan = PlanForPage({0, 0, 4, 3, 0, 0, 0, 1}, {10, 12});
