@@ -125,14 +125,17 @@ TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
                                   "Exif\0\0MM\0*\x7F\0\0\0"s)
                             .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s)
                             .Fill(20, 0)},
-        // Its screen and its first picture have one pixel.
+        // Its screen and its first picture have one pixel; two pictures more are too large together.
         {"bomb.gif", Bytes()
                          .Text("GIF89a\1\0\1\0\x80\0\0\0\0\0\0\0\0"s)
-                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0,\0\0\0\0\x20\x4E\x20\x4E"s)
-                         .Fill(20, 0)},
+                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0"s)
+                         .Text(",\0\0\0\0\x10\x27\x10\x27\0\0\0,\0\0\0\0\x10\x27\x10\x27\0\0\0"s)},
         {"bomb.ico", Bytes()
                          .Text("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x89PNG\r\n\x1A\n\0\0\0\xDIHDR"s)
                          .Text("\0\0\x3E\x80\0\0\x3E\x80\x8\6\0\0\0\0\0\0\0\0"s)},
+        {"dib.ico", Bytes()
+                        .Text("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x28\0\0\0\x20\x4E\0\0\x40\x9C\0\0\1\0\1"s)
+                        .Fill(24, 0)},
         {"palette.bmp", BmpHead(1078, 12000 * 12500, 12000, 12500, 8).Fill(20, 0).Fill(1024, 9)},
         {"bomb.bmp", BmpHead(54, 0, 20000, -25000, 24).Fill(20, 0)},
     };

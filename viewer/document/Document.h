@@ -85,8 +85,8 @@ public:
     std::string FreeName(CcRoiBase& roi);
     void DeleteSelectedRois();
     void RenameRoi(CcRoiBase& roi, const std::string& name);
-    /// To be called before any other edit of the ROIs, and RoisEdited after it. Throws std::bad_alloc when memory is short
-    /// for the step back: there is no edit without one.
+    /// To be called before any other edit of the ROIs, and RoisEdited after it. Throws std::bad_alloc when memory is
+    /// short for the step back: there is no edit without one.
     void BeforeRoiEdit();
     void RoisEdited() { Changed(RoisChanged, true); }
     /// Instead of RoisEdited: all is as it was before BeforeRoiEdit.

@@ -2,8 +2,8 @@
 #include "document/PictureHeader.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -69,6 +69,9 @@ private:
     std::size_t keptCount = 0;
 };
 
+double PixelBytes(double width, double height, int bytesPerPixel) { return width * height * bytesPerPixel; }
+
+/// As they are decoded: palettes and fewer than 8 bits become colours of 4 bytes.
 int BytesPerPixel(std::uint32_t samples, std::uint32_t bits) {
     constexpr std::uint32_t mostSamples = 16, mostBits = 64;
     // Two samples are gray and an opacity.
@@ -88,15 +91,15 @@ void ReadTags(FileNumbers& file, std::uint64_t start, unsigned page, PictureHead
         directory = file.U32(start + directory + 2 + entryBytes * file.U16(start + directory));
     if (directory == 0 || file.IsPastEnd()) return;
 
-    std::uint32_t bits = 1, samples = 1;
+    std::uint32_t width = 0, height = 0, bits = 1, samples = 1;
     const std::uint32_t count = std::min(file.U16(start + directory), mostTags);
     for (std::uint32_t i = 0; i < count && !file.IsPastEnd(); ++i) {
         const std::uint64_t entry = start + directory + 2 + entryBytes * i;
         const bool isShort = file.U16(entry + 2) == shortType;
         const auto value = [&] { return isShort ? file.U16(entry + 8) : file.U32(entry + 8); };
         switch (file.U16(entry)) {
-            case 256: header.width = value(); break;
-            case 257: header.height = value(); break;
+            case 256: width = value(); break;
+            case 257: height = value(); break;
             case 258:  // up to two stand in the entry, more elsewhere
                 bits = isShort && file.U32(entry + 4) > 2 ? file.U16(start + file.U32(entry + 8)) : value();
                 break;
@@ -108,7 +111,7 @@ void ReadTags(FileNumbers& file, std::uint64_t start, unsigned page, PictureHead
             default: break;
         }
     }
-    header.bytesPerPixel = BytesPerPixel(samples, bits);
+    header.pixelBytes = PixelBytes(width, height, BytesPerPixel(samples, bits));
 }
 
 /// The orientation that a camera's tags tell; their sizes are often those of a small preview.
@@ -124,11 +127,10 @@ constexpr char pngSignature[] = "\x89PNG\r\n\x1A\n";
 
 void ReadPng(FileNumbers& file, std::uint64_t start, PictureHeader& header) {
     constexpr std::uint32_t samplesOfType[] = {1, 0, 3, 0, 2, 0, 4};  // 3, a palette, is decoded into colours
-    header.width = file.U32(start + 16);
-    header.height = file.U32(start + 20);
     const std::uint32_t type = file.U8(start + 25);
-    header.bytesPerPixel =
-        BytesPerPixel(type < std::size(samplesOfType) ? samplesOfType[type] : 0, file.U8(start + 24));
+    const std::uint32_t samples = type < std::size(samplesOfType) ? samplesOfType[type] : 0;
+    header.pixelBytes =
+        PixelBytes(file.U32(start + 16), file.U32(start + 20), BytesPerPixel(samples, file.U8(start + 24)));
     std::uint64_t chunk = start + 8;
     for (int i = 0; i < mostParts && !file.IsPastEnd(); ++i) {
         constexpr std::uint32_t exif = 0x65584966;  // "eXIf"
@@ -154,9 +156,7 @@ void ReadJpeg(FileNumbers& file, PictureHeader& header) {
         if ((marker >= 0xD0 && marker <= 0xD7) || marker == 0x01) continue;
         // The frame is told by any of the markers C0 to CF but three.
         if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
-            header.height = file.U16(at + 3);
-            header.width = file.U16(at + 5);
-            header.bytesPerPixel = BytesPerPixel(file.U8(at + 7), 8);
+            header.pixelBytes = PixelBytes(file.U16(at + 5), file.U16(at + 3), BytesPerPixel(file.U8(at + 7), 8));
         }
         if (marker == application1 && !hasTags && file.Has(at + 2, "Exif\0\0")) {
             hasTags = true;
@@ -166,20 +166,21 @@ void ReadJpeg(FileNumbers& file, PictureHeader& header) {
     }
 }
 
-/// The largest picture's own size, as decoders take all of them at once. The screen that the file begins with says
-/// nothing about them.
+/// Decoders hold the palette indices of all pictures at once, and one of them in colours: count the largest. The screen
+/// that the file begins with says nothing about them.
 void ReadGif(FileNumbers& file, PictureHeader& header) {
     constexpr std::uint32_t extension = 0x21, picture = 0x2C;
     file.isBigEndian = false;
+    double indices = 0, largest = 0;
     const auto tableBytes = [](std::uint32_t flags) { return flags & 0x80 ? 3ULL << ((flags & 7) + 1) : 0ULL; };
     for (std::uint64_t at = 13 + tableBytes(file.U8(10)); !file.IsPastEnd(); ++at) {
         if (file.U8(at) == extension) {
             at += 2;
         } else if (file.U8(at) == picture) {
-            PictureHeader found;
-            found.width = file.U16(at + 5);
-            found.height = file.U16(at + 7);
-            if (found.PixelBytes() > header.PixelBytes()) header = found;
+            const double pixels = PixelBytes(file.U16(at + 5), file.U16(at + 7), 1);
+            indices += pixels;
+            largest = std::max(largest, pixels);
+            header.pixelBytes = indices + 4 * largest;
             at += 11 + tableBytes(file.U8(at + 9));
         } else {
             return;
@@ -188,21 +189,31 @@ void ReadGif(FileNumbers& file, PictureHeader& header) {
     }
 }
 
-/// Icons hold whole PNG files. Their other pictures take no more than the file does.
+/// The header of a DIB. Those of icons tell twice their height, and are always decoded into colours with an opacity.
+void ReadDib(FileNumbers& file, std::uint64_t start, bool isIcon, PictureHeader& header) {
+    constexpr std::uint32_t shortHeader = 12, leastHeader = 40;
+    file.isBigEndian = false;
+    const bool isShort = file.U32(start) == shortHeader;
+    if (!isShort && file.U32(start) < leastHeader) return;
+    const auto side = [&](std::uint64_t at) {
+        return std::abs(static_cast<double>(static_cast<std::int32_t>(file.U32(start + at))));
+    };
+    const double width = isShort ? file.U16(start + 4) : side(4), height = isShort ? file.U16(start + 6) : side(8);
+    const std::uint32_t bits = file.U16(start + (isShort ? 10 : 14));
+    header.pixelBytes =
+        isIcon ? PixelBytes(width, height / 2, 4) : PixelBytes(width, height, bits > 8 ? BytesPerPixel(1, bits) : 4);
+}
+
+/// Icons hold whole PNG files, and DIBs.
 void ReadIcon(FileNumbers& file, unsigned page, PictureHeader& header) {
     file.isBigEndian = false;
     const std::uint64_t start = page < file.U16(4) ? file.U32(6 + 16ULL * page + 12) : 0;
     file.isBigEndian = true;
-    if (start != 0 && file.Has(start, pngSignature)) ReadPng(file, start, header);
-}
-
-void ReadBmp(FileNumbers& file, PictureHeader& header) {
-    file.isBigEndian = false;
-    if (file.U32(14) < 40) return;
-    header.width = std::abs(static_cast<long long>(static_cast<std::int32_t>(file.U32(18))));
-    header.height = std::abs(static_cast<long long>(static_cast<std::int32_t>(file.U32(22))));
-    const std::uint32_t bits = file.U16(28);
-    header.bytesPerPixel = bits > 8 ? BytesPerPixel(1, bits) : 4;
+    if (start == 0) return;
+    if (file.Has(start, pngSignature))
+        ReadPng(file, start, header);
+    else
+        ReadDib(file, start, true, header);
 }
 
 }  // namespace
@@ -217,7 +228,7 @@ PictureHeader ReadPictureHeader(const std::string& path, unsigned page) {
     } else if (file.Has(0, "GIF8")) {
         ReadGif(file, header);
     } else if (file.Has(0, "BM")) {
-        ReadBmp(file, header);
+        ReadDib(file, 14, false, header);
     } else if (file.Has(0, "\0\0\1\0")) {
         ReadIcon(file, page, header);
     } else {

@@ -17,8 +17,8 @@ namespace kestview {
 bool IsSessionFile(const std::string& path);
 bool SaveSession(Document& document, const std::string& path, std::string& error);
 /// Null, with the reason in plain words unless the library told it, when it cannot be opened. `warning` tells of a
-/// calibration that was not found. A calibration that the session names is opened from its own folder or a drive of this
-/// computer; from anywhere else only when `mayOpen` says so.
+/// calibration that was not found. A calibration that the session names is opened from its own folder or a drive of
+/// this computer; from anywhere else only when `mayOpen` says so.
 std::unique_ptr<Document> OpenSession(const std::string& path, std::string& error, std::string& warning,
                                       const Question& mayOpen = {});
 

@@ -211,7 +211,7 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
         agreed = std::max(agreed, bytes);
         return true;
     };
-    if (!isWanted(header.PixelBytes())) return nullptr;
+    if (!isWanted(header.pixelBytes)) return nullptr;
     Busy busy("Opening " + FileNameOf(path));
     Com<IWICImagingFactory> factory;
     if (!MakeWicFactory(factory)) {
@@ -232,7 +232,7 @@ std::unique_ptr<CcImage> DecodePicture(const std::string& path, std::string& err
     if (number < 1 || number > static_cast<int>(pages)) return nullptr;
     const auto index = static_cast<UINT>(number - 1);
     if (index > 0) header = ReadPictureHeader(path, index);
-    if (!isWanted(header.PixelBytes())) return nullptr;
+    if (!isWanted(header.pixelBytes)) return nullptr;
 
     Page page;
     if (!page.Open(factory, decoder, index)) {

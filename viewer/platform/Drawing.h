@@ -19,8 +19,8 @@ private:
     Held<HFONT, DeleteObject> font;
 };
 
-/// A bitmap whose pixels can be read; it is selected into a device context of its own. It knows what of it has been drawn,
-/// as not every Show tells that it failed.
+/// A bitmap whose pixels can be read; it is selected into a device context of its own. It knows what of it has been
+/// drawn, as not every Show tells that it failed.
 class DibSection {
 public:
     explicit DibSection(SIZE newSize);
