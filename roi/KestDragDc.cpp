@@ -6,7 +6,8 @@ bool KestDragDc::Take(HWND hNewWindow) {
     hDC = GetDC(hNewWindow);
     if (!hDC) return false;
     hWindow = hNewWindow;
-    // A window class with a device context of its own keeps what is selected, so the state is put back at the end.
+    // A window class with a device context of its own keeps what is selected. A drag lasts over many messages, so no
+    // guard of one function can put it back: Release does, with all that is set here.
     SaveDC(hDC);
     SetROP2(hDC, R2_NOT);
     SelectObject(hDC, GetStockObject(NULL_BRUSH));
