@@ -135,6 +135,7 @@ void WideImage<Sample>::NormaliseOwn() const {
     MapToDisplay(Dib().bits ? all : std::span<const Sample>(), Dib().bits);
 }
 
+/// Chooses the display range, too: while it is automatic it is that of the samples.
 template <class Sample>
 void WideImage<Sample>::TakeStatistics(std::span<const Sample> all) const {
     if (staleness != SamplesChanged || all.empty()) return;

@@ -29,7 +29,7 @@ public:
 
     /// Notes the list as it is, before an edit. What was undone before can no longer be redone.
     int Remember();
-    /// Brings back what Remember noted last.
+    /// Brings back what Remember noted last. A deleted ROI of a host's own class cannot be made anew: -1, at each call.
     int Undo();
     /// Brings back what Undo replaced last.
     int Redo();

@@ -58,7 +58,7 @@ IntRect ClientOnScreen(HWND window) {
     return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
 }
 
-void ConfineCursor(const IntRect& range) {
+void ClipCursorTo(const IntRect& range) {
     const RECT clip = {std::max(range.left, 0), std::max(range.top, 0), range.right, range.bottom};
     ConfineCursor(&clip);
 }

@@ -34,7 +34,8 @@ void AbandonDrag(const DragState& drag);
 /// the rectangle stays as far as it was converted.
 IntRect ClientOnScreen(HWND window);
 
-/// Confines the cursor to a screen rectangle, cut off at the screen's left and top.
-void ConfineCursor(const IntRect& range);
+/// Confines the cursor for a drag (by the platform's ClipCursor) to a screen rectangle, cut off at the screen's left
+/// and top.
+void ClipCursorTo(const IntRect& range);
 
 }  // namespace kest

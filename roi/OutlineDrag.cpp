@@ -53,7 +53,7 @@ void MoveByMouse(const OutlineParts& outline, const std::optional<View>& view, P
     outline.lastMouseInImage = image;
 }
 
-/// The cursor's range for moving the outline inside the client area `client`, in screen coordinates.
+/// The cursor's range for moving a freehand outline or polygon inside the client area `client`, on the screen.
 IntRect RangeOfMove(const IntRect& client, const View& view, const RECT& bounds, POINT mouse) {
     const IntPoint low = ImageToWindow(view, IntPoint{bounds.left, bounds.top});
     const IntPoint high = ImageToWindow(view, IntPoint{bounds.right, bounds.bottom});
@@ -113,7 +113,7 @@ int StartOutlineDrag(const OutlineParts& outline, HWND window, const DisplayArgu
         return KEST_FAILED;
     }
     if (isMove && view) range = RangeOfMove(range, *view, *bounds, mouse);
-    ConfineCursor(range);
+    ClipCursorTo(range);
 
     drag.lastMouse = mouse;
     outline.lastMouseInImage = view ? ImagePoint(*view, mouse) : POINT{};

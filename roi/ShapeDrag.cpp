@@ -70,7 +70,7 @@ int StartShapeDrag(const ShapeParts& shape, HWND window, const DisplayArguments&
     const IntRect client = ClientOnScreen(window);
     // A message that was shown lets the host do anything, also end the drag.
     if (!GoesOn(drag)) return KEST_FAILED;
-    ConfineCursor(RangeOfDrag(shape, mode, place, client, mouse));
+    ClipCursorTo(RangeOfDrag(shape, mode, place, client, mouse));
 
     drag.lastMouse = mouse;
     shape.kind.drawRubberBand(drag.dc, place);

@@ -32,7 +32,8 @@ struct DibLayout {
 /// the fields that are read, or the header's size is smaller than they are.
 bool ReadDibLayout(std::span<const std::uint8_t> block, DibLayout& layout);
 
-/// Whether it has the colours that the image classes take: 256 with 8 bits a pixel, none with 24.
+/// Whether its colour count is one that the image classes take: 256 with 8 bits a pixel, none with 24. Readers refuse
+/// other files.
 bool HasUsualColours(const DibLayout& layout);
 
 /// True when colour table and `bytesPerPixel` bytes for every pixel lie inside a block of `blockBytes` bytes.
