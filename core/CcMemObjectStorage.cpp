@@ -42,7 +42,7 @@ CcMemObjectStorage::CcMemObjectStorage(unsigned char* pBuffer, long lSize, int b
 int CcMemObjectStorage::Read(void* pBuffer, long lLength) {
     if (!pBuffer) return KEST_NULL_ARGUMENT;
     if (lLength < 1) return KEST_BAD_LENGTH;
-    if (kest::Size64{iPosition} + lLength >= iBufferSize) return KEST_NOT_FOUND;
+    if (lLength >= iBufferSize - iPosition) return KEST_NOT_FOUND;
     std::memcpy(pBuffer, pStorageBuffer + iPosition, static_cast<std::size_t>(lLength));
     iPosition += lLength;
     return KEST_OK;
@@ -51,8 +51,9 @@ int CcMemObjectStorage::Read(void* pBuffer, long lLength) {
 int CcMemObjectStorage::Write(void* pBuffer, long lLength) {
     if (!pBuffer) return KEST_NULL_ARGUMENT;
     if (lLength < 1) return KEST_BAD_LENGTH;
-    if (iBufferSize <= kest::Size64{iPosition} + lLength) {
-        const int result = Grow(std::max(lLength, iGrowSize), kest::Size64{iPosition} + lLength);
+    if (lLength >= iBufferSize - iPosition) {
+        const kest::Size64 end = kest::Size64{iPosition} + std::min(lLength, LONG_MAX - iPosition);
+        const int result = Grow(std::max(lLength, iGrowSize), end);
         if (result < 0) return result;
     }
     std::memcpy(pStorageBuffer + iPosition, pBuffer, static_cast<std::size_t>(lLength));
@@ -82,9 +83,10 @@ int CcMemObjectStorage::GrowStorageBuffer(long lBytes) { return Grow(lBytes, iBu
 int CcMemObjectStorage::Grow(long lBytes, long long llFirstZero) {
     if (bExternalBuffer) return KEST_NOT_GROWABLE;
     if (lBytes < 1) return KEST_BAD_LENGTH;
+    if (lBytes >= LONG_MAX - iBufferSize) return KEST_NO_MEMORY;
     const kest::Size64 bytes = kest::Size64{iBufferSize} + lBytes;
     // A byte more than the capacity: the length that GetStorageBufferRef tells counts one behind the data.
-    if (bytes >= LONG_MAX || !cBlock.Reserve(bytes + 1)) return KEST_NO_MEMORY;
+    if (!cBlock.Reserve(bytes + 1)) return KEST_NO_MEMORY;
     pStorageBuffer = cBlock.Get();
     // Bytes that were never written read as zeros, and never as something another object left behind.
     std::memset(pStorageBuffer + llFirstZero, 0, static_cast<std::size_t>(bytes + 1 - llFirstZero));

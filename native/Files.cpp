@@ -1,5 +1,7 @@
-// Whole files and files as streams, over the standard library.
+// Whole files and files as streams, over the system's standard library.
 #include "core/Files.h"
+
+#include <fcntl.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -10,8 +12,7 @@ namespace {
 
 std::FILE* StreamOf(HANDLE file) { return static_cast<std::FILE*>(file); }
 
-HANDLE Open(const char* path, const char* mode) {
-    std::FILE* const stream = path ? std::fopen(path, mode) : nullptr;
+HANDLE Unbuffered(std::FILE* stream) {
     if (!stream) return INVALID_HANDLE_VALUE;
     // What is written is there at once, for whoever has the file open too.
     std::setvbuf(stream, nullptr, _IONBF, 0);
@@ -20,6 +21,7 @@ HANDLE Open(const char* path, const char* mode) {
 
 /// Reading and writing take turns only across a setting of the position.
 std::FILE* Turn(HANDLE file) {
+    std::clearerr(StreamOf(file));
     std::fseek(StreamOf(file), 0, SEEK_CUR);
     return StreamOf(file);
 }
@@ -30,11 +32,16 @@ void CloseFile(HANDLE file) {
     if (file != INVALID_HANDLE_VALUE) std::fclose(StreamOf(file));
 }
 
-HANDLE OpenForReading(const char* path) { return path && IsPlainFile(path) ? Open(path, "rb") : INVALID_HANDLE_VALUE; }
+HANDLE OpenForReading(const char* path) {
+    return Unbuffered(path && IsPlainFile(path) ? std::fopen(path, "rb") : nullptr);
+}
 
-HANDLE OpenAsStream(const char* path, DWORD) {
-    const HANDLE old = Open(path, "r+b");
-    return old != INVALID_HANDLE_VALUE ? old : Open(path, "w+b");
+HANDLE OpenAsStream(const char* path, DWORD access) {
+    const bool reads = (access & GENERIC_READ) != 0, writes = (access & GENERIC_WRITE) != 0;
+    const int mode = !writes ? O_RDONLY : reads ? O_RDWR : O_WRONLY;
+    constexpr int anyoneMayReadAndWrite = 0666;
+    const int file = open(path, mode | O_CREAT, anyoneMayReadAndWrite);
+    return file < 0 ? INVALID_HANDLE_VALUE : Unbuffered(fdopen(file, !writes ? "rb" : reads ? "r+b" : "wb"));
 }
 
 bool MayBeThere(const char* path) {

@@ -2,7 +2,6 @@
 #include "roi/BoundaryBuffer.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "KestTypes.h"
 
@@ -63,7 +62,7 @@ int* BoundaryBuffer::ListSpan(bool isHit, const KestSpan& span, int* count) cons
     if (!isHit || !count || length < 1 || !Own() || length > Room()) return ListNothing(count);
     if (!Grow(length)) return ListFailed(count);
     *count = static_cast<int>(length);
-    std::iota(entries, entries + *count, span.iFirst);
+    for (int i = 0; i < *count; ++i) entries[i] = span.iFirst + i;
     return entries;
 }
 

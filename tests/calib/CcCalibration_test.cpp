@@ -182,9 +182,9 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
         EXPECT_STREQ(calibration.GetName(), "Bench") << hostile.size();
         EXPECT_EQ(calibration.GetAreaOfPixel(1, 0), 0.5F) << hostile.size();
     }
-    ExpectAll(-1, {calibration.Open("no such file.cal"), calibration.Save("no such folder\\x.cal")});
+    ExpectAll(-1, {calibration.Open("no such file.cal"), calibration.Save("no such folder/x.cal")});
     EXPECT_TRUE(TakeBoxes().empty());
-    EXPECT_EQ(calibration.Save(R"(Z:\dev\full)"), 0);
+    EXPECT_EQ(calibration.Save(fullDisk), 0);
     EXPECT_EQ(TakeBoxes(), (Boxes{{"File I/O Error", "Problem writing calibration to file"}}));
 
     // Numbers of every kind are kept as they are.
@@ -193,13 +193,17 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     for (int i = 348; i < 384; i += 4) std::memcpy(&numbers[i], &wild[i / 4 % 4], 4);
     for (int i = 392; i < 472; i += 4) std::memcpy(&numbers[i], &wild[i / 4 % 4], 4);
     const TemporaryFile shared("shared.cal", numbers);
-    const HANDLE other = CreateFileA(shared.Path(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    std::fstream other(shared.Path(), std::ios::in | std::ios::out | std::ios::binary);
     CcCalibration copied;
     EXPECT_EQ(copied.Open(shared.Path()) + copied.Save(shared.Path()), 0);
-    CloseHandle(other);
+    other.close();
     EXPECT_EQ(shared.Content(), numbers);
+}
 
+#if defined(_WIN32)
+TEST(CcCalibration, AsksForPaths) {
+    CcCalibration calibration;
+    calibration.SetName("Bench");
     EXPECT_EQ(calibration.Save(nullptr), -1);
     calibration.SetName("");
     ExpectAll(-1, {calibration.Save(nullptr), calibration.Open(nullptr)});
@@ -209,6 +213,7 @@ TEST(CcCalibration, HostileFilesChangeNothing) {
     EXPECT_EQ(shown[1].name, "*.cal");
     EXPECT_EQ(shown[2].filters, (std::vector<std::string>{"Calibration Files(*.CAL)", "All Files (*.*)"}));
 }
+#endif
 
 TEST(CcCalibration, IsLinkedToImagesOfItsSize) {
     CcGrayImage256 image;

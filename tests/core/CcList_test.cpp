@@ -197,6 +197,8 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
         *rois = plain;
         EXPECT_LT(LoadRecord(*rois, other), 0);
         EXPECT_EQ(LoadRecord(plain, other), 0);
+        // A list that was assigned to owns nothing.
+        delete plain.GetHead();
     }
 }
 

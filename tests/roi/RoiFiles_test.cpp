@@ -30,7 +30,7 @@ TEST(RoiFiles, NamesTypesFilesAndStreamsToTheByte) {
         EXPECT_EQ(next->Restore(file.Path()), 0);
         EXPECT_STREQ(next->GetName(), "roi");
         EXPECT_EQ(RecordBytes(kind, *next), ExpectedRecord(kind));
-        EXPECT_EQ(roi->Save("no such folder\\x"), -1);
+        EXPECT_EQ(roi->Save("no such folder/x"), -1);
 
         const auto loaded = Make(kind, false);
         EXPECT_EQ(LoadRecord(*loaded, StoredBytes(*roi)), 0);
@@ -60,7 +60,7 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
         Bytes otherKey = stored, shortRecord = stored, noFooter = stored;
         otherKey[128 + 128 + 4] = 'X';
         shortRecord[128 + 128 + 4 + 268] = 3;  // the entry's length: the bag then contradicts itself
-        noFooter.resize(noFooter.size() - 200);
+        noFooter.erase(noFooter.end() - 200, noFooter.end());
         for (const Bytes& bad : {otherKey, shortRecord, noFooter}) EXPECT_LT(LoadRecord(*roi, bad), 0);
         EXPECT_EQ(RecordBytes(kind, *roi), ExpectedRecord(kind));
         const TemporaryFile fullName("full.roi", FileOf(kind, 1.0F, std::string(260, 'f')));
@@ -79,11 +79,12 @@ TEST(RoiFiles, WhatIsRefusedChangesNothing) {
 }
 
 TEST(RoiFiles, FilesInUseOrOnAFullDiskOrWithoutMemory) {
-    const char fullDisk[] = R"(Z:\dev\full)";
     const Boxes lost = {{"File I/O Error", "Problem writing ROI to file"}};
     CcRoiFreeHand roi;
     SetRecord(kinds[5], roi, std::vector<POINT>(50000, {7, 8}), {}, {});
     const TemporaryFile file("used.roi", Bytes().Fill(5, 7));
+#if defined(_WIN32)
+    // Elsewhere nobody keeps others from writing.
     {
         const HANDLE reader = CreateFileA(file.Path(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                           OPEN_EXISTING, 0, nullptr);
@@ -91,6 +92,7 @@ TEST(RoiFiles, FilesInUseOrOnAFullDiskOrWithoutMemory) {
         EXPECT_EQ(roi.PrintPerimiterPointsToFile(file.Path()), 0);
         CloseHandle(reader);
     }
+#endif
     EXPECT_EQ(TakeBoxes(), Boxes());
     EXPECT_EQ(roi.Save(fullDisk), 0);
     EXPECT_EQ(TakeBoxes(), lost);
@@ -142,7 +144,7 @@ TEST(RoiFiles, PerimeterAsText) {
     CcRoiPolyLine roi;
     SetOutline(roi, {{4, -5}, {5, 6}});
     const TemporaryFile file("perimeter.txt");
-    for (const char* path : {file.Path(), "no such folder\\x", static_cast<const char*>(nullptr)})
+    for (const char* path : {file.Path(), "no such folder/x", static_cast<const char*>(nullptr)})
         EXPECT_EQ(roi.PrintPerimiterPointsToFile(path), 0);
     const auto content = file.Content();
     EXPECT_EQ(std::string(content.begin(), content.end()), "0\t4\t-5\r\n1\t5\t6\r\n");

@@ -40,7 +40,7 @@ inline std::unique_ptr<CcRoiBase> Make(const Kind& kind, bool filled = true) {
     std::unique_ptr<CcRoiBase> roi(dynamic_cast<CcRoiBase*>(made));
     if (!filled) return roi;
     RECT box = {};
-    std::memcpy(&box, kind.record.data(), std::min(sizeof box, kind.record.size()));
+    std::copy(kind.record.begin(), kind.record.end(), reinterpret_cast<std::uint8_t*>(&box));
     SetRecord(kind, *roi, {{4, 5}, {5, 5}, {5, 6}, {4, 6}}, box, {2.75F, 6.5F});
     return roi;
 }

@@ -6,7 +6,9 @@ using namespace test;
 TEST(RoiQueries, ExtremeCoordinatesNeitherOverflowNorHang) {
     CcGrayImage256 image;
     image.MakeBlankBMP(50, 60, 1, "i");
+#if defined(_WIN32)
     MemoryPicture picture(64, 64);
+#endif
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.className);
         const auto roi = Make(kind, false);
@@ -21,9 +23,11 @@ TEST(RoiQueries, ExtremeCoordinatesNeitherOverflowNorHang) {
         // All but the point, wherever it is, are larger than the image.
         const std::unique_ptr<CcImage> region(image.GetRegion(roi.get(), 0, 0));
         EXPECT_EQ(region != nullptr, kind.type == 7);
-        roi->MouseHitTest(GetDesktopWindow(), 0, 0, 1, &image, {5, 5}, 1);
+        roi->MouseHitTest(AnyWindow(), 0, 0, 1, &image, {5, 5}, 1);
+#if defined(_WIN32)
         RECT client = {0, 0, 64, 64};
         EXPECT_EQ(roi->ShowROI(picture, &client, 0, 0, 1, &image, 3, 0), 0);
+#endif
     }
 }
 
@@ -124,8 +128,8 @@ TEST(RoiQueries, LinesInTheDirectionDrawnAndInOrder) {
     CcRoiLine line;
     SetBox(line, {40, 50, 10, 90});
     const RECT inOrder = {10, 90, 40, 50}, drawn = {40, 50, 10, 90};
-    EXPECT_TRUE(EqualRect(line.GetCurrentBoundingRect(), &drawn));
-    EXPECT_TRUE(EqualRect(line.GetBoundingRect(), &inOrder));
+    EXPECT_EQ(std::memcmp(line.GetCurrentBoundingRect(), &drawn, sizeof drawn), 0);
+    EXPECT_EQ(std::memcmp(line.GetBoundingRect(), &inOrder, sizeof inOrder), 0);
 }
 
 TEST(FreehandQueries, RunsEndWhereTheListIsFull) {

@@ -1,9 +1,9 @@
 // Counts what a process holds, exactly.
 #pragma once
 
-#include <windows.h>
-
 #include <ostream>
+
+#include "support/Surroundings.h"
 
 namespace test {
 
@@ -13,6 +13,7 @@ struct Census {
     bool operator==(const Census&) const = default;
 };
 
+#if defined(_WIN32)
 /// GDI objects of this process, found by asking for the type of every handle; blocks in use on the process heap, in
 /// which global memory lives.
 inline Census TakeCensus() {
@@ -26,6 +27,10 @@ inline Census TakeCensus() {
     HeapUnlock(heap);
     return census;
 }
+#else
+/// Bytes stand for blocks.
+inline Census TakeCensus() { return {.heapBlocks = static_cast<int>(PrivateBytes())}; }
+#endif
 
 inline void PrintTo(const Census& census, std::ostream* out) {
     *out << census.gdiObjects << " GDI objects, " << census.heapBlocks << " heap blocks";
