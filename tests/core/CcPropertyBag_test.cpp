@@ -70,16 +70,12 @@ TEST(CcPropertyBag, TextsAndBlobs) {
 TEST(CcPropertyBag, GrowsAsStated) {
     OpenBag bag;
     EXPECT_EQ(bag.iPropBufferSize, 100000);
-    const std::string blob(100000, 'b');
-    bag.PutBlob("full", blob.data(), 100000);
+    bag.PutBlob("full", std::string(100000, 'b').data(), 100000);
     EXPECT_EQ(bag.iPropBufferSize, 200000);
     for (int i = 1; i < 20; ++i) bag.PutInt("n", i);
     EXPECT_EQ(bag.iPropTableSize, 20);
     bag.PutInt("n", 20);
     EXPECT_EQ(bag.iPropTableSize, 40);
-    std::string back(100000, 0);
-    EXPECT_EQ(bag.GetBlob("full", back.data(), 100000), 0);
-    EXPECT_EQ(back, blob);
 }
 
 TEST(CcPropertyBag, StreamFormToTheByte) {
@@ -135,11 +131,16 @@ TEST(CcPropertyBag, StreamsThatLieLeaveAnEmptyUsableBag) {
     const auto one = [](int offset, int length, int bytes) {
         return Bytes().I32(1).Add(PropertyEntry("a", 0, offset, length)).I32(bytes).Fill(8, 0x11);
     };
+    const auto two = [](int offset, int length, int bytes) {
+        const Bytes first = PropertyEntry("a", 0, 0, 4), second = PropertyEntry("b", 5, offset, length);
+        return Bytes().I32(2).Add(first).Add(second).I32(bytes).Fill(12, 0x11);
+    };
     const Bytes entry = Bytes().I32(1).Add(PropertyEntry("a", 0, 0, 4));
     for (const Bytes& lie :
          {Bytes(), Bytes().I32(0).I32(0), Bytes().I32(-1).I32(8).Fill(8, 1), Bytes().I32(INT_MAX).Fill(600, 1), entry,
           Bytes(entry).I32(1000).Fill(4, 1), one(0, 4, INT_MAX), one(0, 4, -4), one(4, 4, 4), one(-4, 4, 4),
-          one(0, 5, 4), one(0, 0, 4), one(0, -4, 4), one(INT_MAX, INT_MAX, 4)}) {
+          one(0, 5, 4), one(0, 0, 4), one(0, -4, 4), one(INT_MAX, INT_MAX, 4), two(4, 6, 9), two(4, 6, 11),
+          two(3, 6, 10), two(4, INT_MAX, 10), two(4, 0, 4)}) {
         OpenBag bag;
         int value = 0;
         EXPECT_EQ(LoadFrom(bag, lie), 0);

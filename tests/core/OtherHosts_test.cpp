@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "KestApi.h"
-#include "support/Bytes.h"
+#include "support/Streams.h"
 
 #if !defined(UNICODE) || defined(__cpp_rtti)
 #error "compile this file with UNICODE and without run-time type information"
@@ -28,15 +28,6 @@ CcGrayImage256* NewPicture() {
     return picture;
 }
 #undef new
-
-std::vector<std::uint8_t> InMemory(CcHLObject& object) {
-    CcMemObjectStorage stream;
-    EXPECT_EQ(stream.PutObject(&object), 0);
-    unsigned char* block = nullptr;
-    long length = 1;
-    EXPECT_EQ(stream.GetStorageBufferRef(&block, &length), 0);
-    return {block, block + length - 1};
-}
 
 class OwnStream : public CcObjectStorage {
 public:
@@ -80,7 +71,7 @@ void ExpectPictureBack(Stream& stream, const std::vector<std::uint8_t>& record) 
     char name[50];
     EXPECT_EQ(back->GetClassNameA(name, 50), 0);
     EXPECT_STREQ(name, "CcGrayImage256");
-    EXPECT_EQ(InMemory(*back), record);
+    EXPECT_EQ(test::StoredBytes(*back), record);
     delete back;
 }
 
@@ -88,7 +79,7 @@ void ExpectPictureBack(Stream& stream, const std::vector<std::uint8_t>& record) 
 
 TEST(OtherHosts, StreamClassesOfTheirOwn) {
     auto* picture = NewPicture();
-    const auto record = InMemory(*picture);
+    const auto record = test::StoredBytes(*picture);
 
     OwnStream own;
     EXPECT_EQ(own.PutObject(picture), 0);

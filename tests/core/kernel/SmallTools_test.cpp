@@ -2,9 +2,7 @@
 #include "core/kernel/ByteReader.h"
 #include "core/kernel/CheckedSize.h"
 #include "core/kernel/Numbers.h"
-#include "core/kernel/ObjectRecord.h"
 #include "core/kernel/PathParts.h"
-#include "core/kernel/PropertyTable.h"
 #include "support/KernelTests.h"
 
 using namespace kest;
@@ -51,33 +49,4 @@ TEST(PathParts, SplitsAsThePlatformDoes) {
     EXPECT_EQ(full.extension, ".bmp");
     EXPECT_EQ(SplitPath("name").name, "name");
     EXPECT_EQ(SplitPath("C:/a.b/").directory, "/a.b/");
-}
-
-TEST(PropertyTable, OnlyATableThatFillsItsBufferIsUsed) {
-    const struct {
-        int offset, length, bufferBytes;
-        bool matches;
-    } cases[] = {{4, 6, 10, true},  {4, 6, 9, false},        {4, 6, 11, false},
-                 {3, 6, 10, false}, {4, INT_MAX, 10, false}, {4, 0, 4, false}};
-    for (const auto& c : cases) {
-        tagPROPERTY table[2];
-        MakeProperty(table[0], "a", 0, 0, 4);
-        MakeProperty(table[1], "b", 5, c.offset, c.length);
-        EXPECT_EQ(TableMatchesBuffer(table, c.bufferBytes), c.matches) << &c - cases;
-    }
-}
-
-TEST(ObjectRecord, TagsCountWithTheirEnd) {
-    tagOST_OBJECTHEADER header;
-    tagOST_OBJECTFOOTER footer;
-    std::memset(&header, 'x', sizeof header);
-    std::memset(&footer, 'x', sizeof footer);
-    EXPECT_FALSE(HasTag(header) || HasTag(footer));
-    BeginRecord(header);
-    BeginRecord(footer);
-    EXPECT_TRUE(HasTag(header) && HasTag(footer));
-    EXPECT_STREQ(header.szTag, "OST_OBJECTHEADER");
-    EXPECT_EQ(std::count(header.cReserved, std::end(header.cReserved), '\0'), 11);
-    header.szTag[16] = footer.szTag[16] = 'x';
-    EXPECT_FALSE(HasTag(header) || HasTag(footer));
 }
