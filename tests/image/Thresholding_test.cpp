@@ -5,7 +5,7 @@ using namespace test;
 
 namespace {
 
-constexpr unsigned red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF;
+constexpr unsigned red = 0xFF0000, green = 0x00FF00, white = 0xFFFFFF;
 
 /// An image of one row in which column v has the value v.
 template <class Image>
@@ -38,13 +38,19 @@ TEST(GrayThreshold, BandsReplaceAndCoverEachOther) {
     std::vector<unsigned> expected = Grays();
     EXPECT_EQ(ShownColours(image), expected);
 
-    EXPECT_EQ(image.ThresholdImage(nullptr, 100.5F, 149.2F, 300, -4, 0), 0);
-    std::fill(expected.begin() + 100, expected.begin() + 151, red);
-    EXPECT_EQ(ShownColours(image), expected);
-    EXPECT_EQ(image.ThresholdImage(nullptr, 150, 100, 0, 0, 255), -1);
-    EXPECT_EQ(ShownColours(image), expected);
-    EXPECT_EQ(image.ThresholdImage(nullptr, 255, 255, 0, 0, 255), 0);
-    EXPECT_EQ(ShownColours(image), std::vector<unsigned>(256, blue));
+    for (const auto& [low, high, first, last] : {std::tuple{100.5F, 149.2F, 100, 150},
+                                                 {100.0F, 100.0F, 100, 100},
+                                                 {100.9F, 100.1F, 100, 101},
+                                                 {254.9F, 255.0F, 254, 255},
+                                                 {255.0F, 300.0F, 0, 255},
+                                                 {-1.0F, -1.0F, 0, 0},
+                                                 {NAN, NAN, 0, 255}}) {
+        EXPECT_EQ(image.ThresholdImage(nullptr, low, high, 300, -4, 0), 0);
+        EXPECT_EQ(image.ThresholdImage(nullptr, 101, 100, 0, 0, 255), -1);
+        expected = Grays();
+        std::fill(expected.begin() + first, expected.begin() + last + 1, red);
+        EXPECT_EQ(ShownColours(image), expected) << low;
+    }
 
     ThresholdTag bands[] = {{10, 100, 255, 0, 0}, {200, 150, 9, 9, 9}, {90, 300, 0, 255, 0}};
     EXPECT_EQ(image.ThresholdImageMulti(nullptr, bands, 3), 0);

@@ -1,12 +1,9 @@
 // Where images are printed, the overlay's colours, and interpolation.
 #include "image/kernel/Bilinear.h"
 #include "image/kernel/BlitPlan.h"
-#include "image/kernel/DisplayLut.h"
-#include "image/kernel/Luminance.h"
 #include "image/kernel/OverlayColours.h"
 #include "image/kernel/PrintPlan.h"
 #include "image/kernel/RegionCopy.h"
-#include "image/kernel/ThresholdBand.h"
 #include "support/KernelTests.h"
 
 using namespace kest;
@@ -21,12 +18,6 @@ void ExpectPlan(const BlitPlan& plan, Quad target, Quad source) {
 }
 
 }  // namespace
-
-TEST(BlitPlan, VisiblePart) {
-    const View one = {320, 200, 100, 80, 5, 7, 1, 1};
-    ExpectPlan(PlanForWindow(one), {0, 0, 100, 80}, {5, -7, 100, 80});
-    ExpectPlan(PlanForVisiblePart(one), {0, 0, 320, 200}, {5, 80 - 200 - 7, 320, 200});
-}
 
 TEST(BlitPlan, PartsOfTargetsLargerThanPlatformsMultiplyShowTheSamePixels) {
     for (const auto& [pixels, zoom] : {std::pair{7LL, 1LL},
@@ -160,57 +151,11 @@ TEST(RegionCopy, StaysInsideBothPictures) {
         }
 }
 
-TEST(ThresholdBand, LevelsOfBounds) {
-    const struct {
-        float low, high;
-        int first, last;
-    } cases[] = {{100, 100, 100, 100}, {100.9F, 100.1F, 100, 101}, {254.9F, 255, 254, 255}, {255, 300, 0, 255},
-                 {-1, -1, 0, 0},       {NAN, NAN, 0, 255}};
-    for (const auto& c : cases) {
-        const LevelBand band = FindBand(c.low, c.high);
-        EXPECT_EQ(std::pair(band.low, band.high), std::pair(c.first, c.last)) << c.low;
-        EXPECT_FALSE(band.IsEmpty());
-    }
-    EXPECT_TRUE(FindBand(101, 100).IsEmpty());
-}
-
-TEST(Luminance, IsSetByMovingAllComponents) {
-    for (const auto& [luminance, blue, green, red] :
-         {std::tuple{121.85F, 110, 120, 130}, {1000.0F, 255, 255, 255}, {-INFINITY, 0, 0, 0}}) {
-        std::uint8_t pixel[] = {10, 20, 30};
-        SetLuminance(pixel, luminance);
-        EXPECT_EQ((std::array<int, 3>{pixel[0], pixel[1], pixel[2]}), (std::array{blue, green, red}));
-    }
-}
-
-TEST(DisplayLut, ListsAndWhatTheyFill) {
-    std::vector<tagPoints> points(64);
-    std::vector<std::uint16_t> indices(256);
-    std::vector<std::uint8_t> colours(1024, 9);
-    MakeIdentity(points);
-    EXPECT_TRUE(HasLevelSteps(points));
-    FillGrayIndices(points, indices);
-    SpreadIndices(indices.data(), colours);
-    for (int i = 0; i < 1024; i += 4) EXPECT_EQ(colours[i] * 4 + colours[i + 3], i / 16 * 4) << i;
-    points[63].x += 1;
-    EXPECT_FALSE(HasLevelSteps(points));
-    test::ExpectAll<int>(63, {ClampLevel(255, 0.25, 63), ClampLevel(INFINITY, 0.25, 63), ClampLevel(254, 0.25, 63)});
-    test::ExpectAll<int>(0, {ClampLevel(-0.1F, 1, 255), ClampLevel(NAN, 1, 255), ClampLevel(0.9F, 1, 255)});
-    std::vector<tagPoints> all(256, {0, 40.5F});
-    FillColourChannel(all, colours, 1);
-    EXPECT_EQ(colours[1021] + colours[1022], 40 + colours[1020]);
-    FillColourChannel(all, {}, 1);
-}
-
 TEST(Bilinear, WeightsAndRowSumsAreSinglePrecision) {
-    const auto pixel = [](int column, int row) { return 10 * column + 100 * row * row; };
-    const auto at = [&](float x, float y) { return Interpolate(x, y, Surroundings(x, y), pixel); };
-    EXPECT_EQ(at(3.0F, 2.0F), 430.0F);
-    EXPECT_EQ(at(1.5F, 0.0F), 15.0F);
-    EXPECT_EQ(at(0.0F, 0.25F), 25.0F);
-    EXPECT_EQ(at(0.5F, 1.5F), 255.0F);
     // 1/3 has no exact weight: the rounded one counts.
     const float third = 1.0F / 3.0F;
     const auto weight = static_cast<float>(1.0 - third);
-    EXPECT_EQ(at(third, 0.0F), static_cast<float>((1.0 - weight) * 10 + static_cast<double>(weight) * 0));
+    const float value =
+        Interpolate(third, 0.0F, Surroundings(third, 0.0F), [](int column, int) { return 10 * column; });
+    EXPECT_EQ(value, static_cast<float>((1.0 - weight) * 10));
 }
