@@ -10,19 +10,6 @@ struct OpenImage : CcGrayImage256 {
     using CcGrayImage256::iPixelIndex;
 };
 
-Bytes ImageRecord(const std::string& name, long size, const std::vector<std::uint8_t>& dib) {
-    const int nameBytes = static_cast<int>(name.size()) + 1, dibBytes = static_cast<int>(dib.size());
-    Bytes bag = Bytes().I32(3).Add(PropertyEntry("IMAGE_NAME", 4, 0, nameBytes));
-    bag.Add(PropertyEntry("DIB_SIZE", 1, nameBytes, 4));
-    bag.Add(PropertyEntry("DIB_DATA", 5, nameBytes + 4, dibBytes)).I32(nameBytes + 4 + dibBytes);
-    bag.Text(name, static_cast<std::size_t>(nameBytes)).I32(size).Add(dib);
-    return Record("CcGrayImage256", name, Record("CcPropertyBag", "", bag).Add(EmptyListRecord()));
-}
-
-Bytes Dib8(int width, int height, const std::vector<std::uint8_t>& pixels, int coloursUsed = 0) {
-    return DibOf(BmpFile8(width, height, pixels, coloursUsed));
-}
-
 }  // namespace
 
 TEST(CcGrayImage256, BlankImages) {
@@ -97,24 +84,10 @@ TEST(CcGrayImage256, BilinearAccessUpToTheBorder) {
     EXPECT_EQ(image(2, 1), 120.0F);
 }
 
-TEST(CcGrayImage256, AnEmptyRecordLeavesAnEmptyImage) {
-    OpenImage image;
-    FillPattern(image, 5, 3, "pic");
-    const auto loaded = Made<CcGrayImage256>(StoredBytes(image));
-    EXPECT_EQ((*loaded)(4, 2), PatternFloat(4, 2));
-    ExpectAll(-1, {image.Store(nullptr), image.Load(nullptr)});
-
-    CcGrayImage256 empty;
-    empty.SetName("nothing");
-    EXPECT_EQ(LoadRecord(*loaded, StoredBytes(empty)), 0);
-    EXPECT_STREQ(loaded->GetName(), "nothing");
-    EXPECT_EQ(loaded->GetBitMapImageData(), nullptr);
-}
-
 // Fewer colours than 256, the header of another kind and another depth are no reason to refuse.
 TEST(CcGrayImage256, RecordsOfOtherColourTables) {
     const std::vector<std::uint8_t> four = {1, 2, 3, 4};
-    Bytes sixteenColours = Dib8(2, 2, four, 16), deep = Dib8(2, 2, four, 256),
+    Bytes sixteenColours = DibOf(BmpFile8(2, 2, four, 16)), deep = DibOf(BmpFile8(2, 2, four, 256)),
           old = Bytes().I32(12).U16(2).U16(2).U16(1).U16(8);
     sixteenColours.erase(sixteenColours.begin() + 40 + 64, sixteenColours.begin() + 1064);
     deep[14] = 24;
@@ -123,7 +96,7 @@ TEST(CcGrayImage256, RecordsOfOtherColourTables) {
     TestWindow window(8, 8);
     for (const Bytes& dib : {sixteenColours, deep, old}) {
         OpenImage image, back;
-        ASSERT_EQ(LoadRecord(image, ImageRecord("few", static_cast<long>(dib.size()), dib)), 0);
+        ASSERT_EQ(LoadRecord(image, ImageRecord("CcGrayImage256", static_cast<long>(dib.size()), dib)), 0);
         EXPECT_EQ(LoadRecord(back, StoredBytes(image)), 0);
         for (int i = 0; i < 4; ++i) EXPECT_EQ(back(i % 2, i / 2), static_cast<float>(i + 1));
         for (unsigned short lut = 104; lut >= 100; --lut) EXPECT_EQ(image.Show(window, lut, 1, 0, 0, 2), 0);
@@ -131,30 +104,6 @@ TEST(CcGrayImage256, RecordsOfOtherColourTables) {
         const TemporaryFile saved("few.bmp");
         EXPECT_EQ(image.SaveBMPFile(saved.Path()), 0);
         EXPECT_EQ(saved.Content().at(28), 8) << "the depth of the pixels";
-    }
-}
-
-TEST(CcGrayImage256, RecordsThatLieLeaveAnEmptyImage) {
-    const Bytes good = Dib8(2, 2, {1, 2, 3, 4});
-    // A depth of 24 bits means no colours.
-    Bytes withoutColours = DibOf(BmpFile24(2, 2, std::vector<std::uint8_t>(12, 9)));
-    Bytes tooHigh = good, topDown = good, deep = good, headerless = good;
-    tooHigh[8] = 3;
-    std::fill_n(topDown.begin() + 8, 4, std::uint8_t{0xFF});
-    deep[14] = 0x1F;
-    headerless[0] = 0;
-    std::vector<Bytes> records;
-    for (const Bytes& dib :
-         {tooHigh, topDown, deep, headerless, Bytes().U8(40), withoutColours, Dib8(2, 2, {1, 2, 3, 4}, 300)})
-        records.push_back(ImageRecord("bad", static_cast<long>(dib.size()), dib));
-    for (const long size : {0L, 1067L, 1069L, 0x7FFFFFFFL, -5L}) records.push_back(ImageRecord("size", size, good));
-    for (const Bytes& record : records) {
-        OpenImage image;
-        FillPattern(image, 6, 6);
-        EXPECT_EQ(LoadRecord(image, record), -1);
-        EXPECT_EQ(image.GetBitMapImageData(), nullptr);
-        EXPECT_EQ(image(0, 0), -1.0F);
-        ExpectAll(0, {image.Show(GetDesktopWindow(), 100, 1, 0, 0, 1), image.MakeBlankBMP(6, 6, 3, "after")});
     }
 }
 

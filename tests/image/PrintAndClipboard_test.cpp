@@ -134,13 +134,10 @@ TEST(Clipboard, RectangleWithOverlay) {
     RECT rect = {10, 60, 50, 20};
     ASSERT_EQ(image.CopyToClipboard(window, 102, &rect), 0);
     Picture copied = ClipboardPicture();
-    ASSERT_EQ(copied.width, 40);
-    ASSERT_EQ(copied.height, 40);
-    for (int y = 0; y < 40; ++y)
-        for (int x = 0; x < 40; ++x) {
-            const unsigned overlay = x == 2 && y == 5 ? 0x00FF00 : 0;
-            ASSERT_EQ(copied.At(x, 39 - y), Gray(PatternValue(x + 10, y + 20)) | overlay) << x << ' ' << y;
-        }
+    const auto pixel = [](int x, int y) {
+        return Gray(PatternValue(x + 10, y + 20)) | (x == 2 && y == 5 ? 0x00FF00u : 0);
+    };
+    EXPECT_EQ(copied.DifferentFrom(ExpectedPicture(40, 40, 40, 40, 0, 0, 1, pixel)), 0);
 
     // All of it, through a table that does not exist: the colour table.
     ASSERT_EQ(image.CopyToClipboard(nullptr, 7, nullptr), 0);
@@ -166,14 +163,10 @@ TEST(Clipboard, ColourPictureMakesNoOverlay) {
     for (const unsigned overlay : {0u, 0xFF0000u}) {
         ASSERT_EQ(image.CopyToClipboard(window, 0, &rect), 0);
         EXPECT_EQ(image.SetOperatorOverloadAccess(1), overlay ? 0 : -1);
-        const Picture copied = ClipboardPicture();
-        ASSERT_EQ(copied.width * 100 + copied.height, 1315);
-        int wrong = 0;
-        for (int i = 0; i < 13 * 15; ++i) {
-            const unsigned expected = PatternColour(i % 13 + 3, 16 - i / 13).Screen();
-            wrong += copied.pixels[i] != (i == 14 * 13 ? expected | overlay : expected);
-        }
-        EXPECT_EQ(wrong, 0) << overlay;
+        const auto pixel = [&](int x, int y) {
+            return PatternColour(x + 3, y + 2).Screen() | (x + y == 0 ? overlay : 0);
+        };
+        EXPECT_EQ(ClipboardPicture().DifferentFrom(ExpectedPicture(13, 15, 13, 15, 0, 0, 1, pixel)), 0) << overlay;
         image.GetOverlay()[2 * 21 + 3] = 13;
     }
 }

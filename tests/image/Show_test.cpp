@@ -5,22 +5,6 @@ using namespace test;
 
 namespace {
 
-constexpr unsigned background = 0x000040;
-
-/// The picture that a window should show: `pixel` gives the colour of an image pixel, rows counted from the bottom. At
-/// zoom 1 no more is drawn than the image has columns and rows, wherever it is scrolled to.
-Picture Expected(int clientWidth, int clientHeight, int width, int height, int xOffset, int yOffset, int zoom,
-                 const std::function<unsigned(int, int)>& pixel) {
-    Picture picture{clientWidth, clientHeight, std::vector<unsigned>(clientWidth * clientHeight, background)};
-    for (int py = 0; py < clientHeight; ++py)
-        for (int px = 0; px < clientWidth; ++px) {
-            if (zoom == 1 && (px >= width || py >= height)) continue;
-            const int x = px / zoom + xOffset, y = height - 1 - py / zoom - yOffset;
-            if (x >= 0 && x < width && y >= 0 && y < height) picture.pixels[py * clientWidth + px] = pixel(x, y);
-        }
-    return picture;
-}
-
 unsigned PatternGray(int x, int y) { return Gray(PatternValue(x, y)); }
 
 }  // namespace
@@ -40,7 +24,7 @@ TEST(Show, EveryWidthAndZoomIsExact) {
                                                      {200, 0, 1}}) {
             window.Fill(RGB(0, 0, 64));
             ASSERT_EQ(image.Show(window, 102, 1, xOffset, yOffset, zoom), 0);
-            const Picture expected = Expected(60, 48, width, 33, xOffset, yOffset, zoom, PatternGray);
+            const Picture expected = ExpectedPicture(60, 48, width, 33, xOffset, yOffset, zoom, PatternGray);
             EXPECT_EQ(window.Snapshot().DifferentFrom(expected), 0)
                 << "width " << width << " offsets " << xOffset << ' ' << yOffset << " zoom " << zoom;
         }
@@ -52,7 +36,7 @@ TEST(Show, StretchedToWindowAndRectangle) {
     CcGrayImage256 image;
     FillPattern(image, 39, 33);
     ASSERT_EQ(image.Show(window, 102, 0, 9, 9, 9), 0);
-    EXPECT_EQ(window.Snapshot().DifferentFrom(Expected(78, 66, 39, 33, 0, 0, 2, PatternGray)), 0);
+    EXPECT_EQ(window.Snapshot().DifferentFrom(ExpectedPicture(78, 66, 39, 33, 0, 0, 2, PatternGray)), 0);
 
     RECT rect = {5, 8, 83, 74};
     struct Case {
@@ -63,11 +47,11 @@ TEST(Show, StretchedToWindowAndRectangle) {
         MemoryPicture memory(120, 110, RGB(0, 0, 64));
         ASSERT_EQ(image.Show(memory, &rect, 102, c.mode, c.xOffset, c.yOffset, c.zoom), 0);
         const Picture shown = memory.Snapshot();
-        const Picture whole = Expected(200, 200, 39, 33, c.shownX, c.shownY, c.shownZoom, PatternGray);
+        const Picture whole = ExpectedPicture(200, 200, 39, 33, c.shownX, c.shownY, c.shownZoom, PatternGray);
         int wrong = 0;
         for (int y = 0; y < 110; ++y)
             for (int x = 0; x < 120; ++x)
-                wrong += shown.At(x, y) != (x < 5 || y < 8 ? background : whole.At(x - 5, y - 8));
+                wrong += shown.At(x, y) != (x < 5 || y < 8 ? windowBlue : whole.At(x - 5, y - 8));
         EXPECT_EQ(wrong, 0) << c.zoom;
     }
 }
@@ -78,7 +62,7 @@ TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
     FillPattern(image, 39, 33);
     MemoryPicture memory(120, 110, RGB(0, 0, 64));
     ASSERT_EQ(image.Show(memory, window, 102, 1, 0, 0, 1), 0);
-    EXPECT_EQ(memory.Snapshot().DifferentFrom(Expected(120, 110, 39, 33, 0, 0, 1, PatternGray)), 0);
+    EXPECT_EQ(memory.Snapshot().DifferentFrom(ExpectedPicture(120, 110, 39, 33, 0, 0, 1, PatternGray)), 0);
     // Twice as large; and where y grows upward, at 1:1 too.
     struct Case {
         int mapMode, scaleX, scaleY, bottom, shownZoom;
@@ -94,15 +78,15 @@ TEST(Show, ContextLargerThanTheWindowAndOneInAnotherScale) {
         ASSERT_EQ(image.Show(scaled, &rect, 102, 0, 0, 0, 1), 0);
         SetMapMode(scaled, MM_TEXT);
         const Picture shown = scaled.Snapshot();
-        const Picture expected = Expected(120, 110, 39, 33, 0, 0, c.shownZoom, PatternGray);
+        const Picture expected = ExpectedPicture(120, 110, 39, 33, 0, 0, c.shownZoom, PatternGray);
         if (c.mapMode == MM_ANISOTROPIC) {
             EXPECT_EQ(shown.DifferentFrom(expected), 0) << c.scaleY;
             continue;
         }
         // A unit is about a pixel: its corners, and what is far from it.
         EXPECT_EQ(shown.At(0, 0), expected.At(0, 0));
-        EXPECT_NE(shown.At(34, 28), background);
-        EXPECT_EQ(shown.At(45, 40), background);
+        EXPECT_NE(shown.At(34, 28), windowBlue);
+        EXPECT_EQ(shown.At(45, 40), windowBlue);
     }
 }
 
@@ -223,7 +207,7 @@ TEST(Show, LargestZoomsAndRectangles) {
         RECT rect = c.rect;
         EXPECT_EQ(image.Show(memory, &rect, 102, c.mode, c.xOffset, c.yOffset, c.zoom), 0);
         const Picture shown = memory.Snapshot();
-        const auto expected = [](int level) { return level < 0 ? background : Gray(level); };
+        const auto expected = [](int level) { return level < 0 ? windowBlue : Gray(level); };
         for (const int y : {0, 9, 19})
             EXPECT_EQ(std::pair(shown.At(29, y), shown.At(30, y)),
                       std::pair(expected(c.leftLevel), expected(c.rightLevel)))

@@ -86,6 +86,15 @@ inline Bytes DibOf(const Bytes& bmpFile) {
     return dib;
 }
 
+/// An image's record that says that its DIB has `size` bytes.
+inline Bytes ImageRecord(const std::string& className, long size, const Bytes& dib) {
+    const bool isGray = className == "CcGrayImage256";
+    const int bytes = static_cast<int>(dib.size());
+    Bytes bag = Bytes().I32(2).Add(PropertyEntry(isGray ? "DIB_SIZE" : className + "_Size", 1, 0, 4));
+    bag.Add(PropertyEntry(isGray ? "DIB_DATA" : className + "_Data", 5, 4, bytes)).I32(4 + bytes).I32(size).Add(dib);
+    return Record(className, "record", Record("CcPropertyBag", "", bag).Add(EmptyListRecord()));
+}
+
 /// The pattern's value of an 8-bit image as it is read.
 inline float PatternFloat(int x, int y) { return static_cast<float>(PatternValue(x, y)); }
 

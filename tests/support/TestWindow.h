@@ -83,4 +83,21 @@ private:
     int width, height;
 };
 
+/// RGB(0, 0, 64) as a picture has it.
+constexpr unsigned windowBlue = 0x000040;
+
+/// The picture that a window should show: `pixel` gives the colour of an image pixel, rows counted from the bottom. At
+/// zoom 1 no more is drawn than the image has columns and rows, wherever it is scrolled to.
+inline Picture ExpectedPicture(int clientWidth, int clientHeight, int width, int height, int xOffset, int yOffset,
+                               int zoom, const std::function<unsigned(int, int)>& pixel) {
+    Picture picture{clientWidth, clientHeight, std::vector<unsigned>(clientWidth * clientHeight, windowBlue)};
+    for (int py = 0; py < clientHeight; ++py)
+        for (int px = 0; px < clientWidth; ++px) {
+            if (zoom == 1 && (px >= width || py >= height)) continue;
+            const int x = px / zoom + xOffset, y = height - 1 - py / zoom - yOffset;
+            if (x >= 0 && x < width && y >= 0 && y < height) picture.pixels[py * clientWidth + px] = pixel(x, y);
+        }
+    return picture;
+}
+
 }  // namespace test
