@@ -7,7 +7,6 @@
 namespace test {
 
 struct OpenGraph : CcGraph {
-    using CcGraph::bOriginSelected;
     using CcGraph::hResourceLibrary;
     using CcGraph::iSelectedPoint;
     using CcGraph::pSelectedCurve;

