@@ -16,16 +16,23 @@ bool HasClass(HWND window, const char* className) {
     return std::string(name) == className;
 }
 
-HWND FindTopWindow(DWORD processId, const std::function<bool(HWND)>& isWanted) {
+/// A visible window below `parent`.
+HWND FindWindowBelow(HWND parent, const std::function<bool(HWND)>& isWanted) {
     HWND found = nullptr;
     Visitor visitor = [&](HWND window) {
-        DWORD id = 0;
-        GetWindowThreadProcessId(window, &id);
-        if (id == processId && IsWindowVisible(window) && isWanted(window)) found = window;
+        if (IsWindowVisible(window) && isWanted(window)) found = window;
         return !found;
     };
-    EnumWindows(Visit, reinterpret_cast<LPARAM>(&visitor));
+    EnumChildWindows(parent, Visit, reinterpret_cast<LPARAM>(&visitor));
     return found;
+}
+
+HWND FindTopWindow(DWORD processId, const std::function<bool(HWND)>& isWanted) {
+    return FindWindowBelow(GetDesktopWindow(), [&](HWND window) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        return id == processId && isWanted(window);
+    });
 }
 
 }  // namespace
@@ -81,22 +88,12 @@ bool Driver::WaitForTitle(const std::wstring& title) const {
     return WaitFor([&] { return Title() == title; });
 }
 
-HWND Driver::FindChild(const std::function<bool(HWND)>& isWanted) const {
-    HWND found = nullptr;
-    Visitor visitor = [&](HWND window) {
-        if (IsWindowVisible(window) && isWanted(window)) found = window;
-        return !found;
-    };
-    EnumChildWindows(main, Visit, reinterpret_cast<LPARAM>(&visitor));
-    return found;
-}
-
 HWND Driver::Descendant(const char* className) const {
-    return FindChild([&](HWND window) { return HasClass(window, className); });
+    return FindWindowBelow(main, [&](HWND window) { return HasClass(window, className); });
 }
 
 HWND Driver::Control(int id) const {
-    return FindChild([&](HWND window) { return GetDlgCtrlID(window) == id; });
+    return FindWindowBelow(main, [&](HWND window) { return GetDlgCtrlID(window) == id; });
 }
 
 void Driver::Settle(DWORD milliseconds) {
@@ -185,14 +182,13 @@ void Driver::Drag(HWND window, std::initializer_list<POINT> path, WORD keyAtEnd)
 
 void Driver::Drop(const std::wstring& path) {
     // The list of files must lie in the program's own memory.
-    DROPFILES header = {};
+    std::vector<char> block(sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t));
+    auto& header = *reinterpret_cast<DROPFILES*>(block.data());
     header.pFiles = sizeof header;
     header.fWide = TRUE;
-    const std::size_t textBytes = (path.size() + 1) * sizeof(wchar_t);
-    void* there = VirtualAllocEx(process.hProcess, nullptr, sizeof header + textBytes + sizeof(wchar_t), MEM_COMMIT,
-                                 PAGE_READWRITE);
-    WriteProcessMemory(process.hProcess, there, &header, sizeof header, nullptr);
-    WriteProcessMemory(process.hProcess, static_cast<char*>(there) + sizeof header, path.c_str(), textBytes, nullptr);
+    std::memcpy(block.data() + sizeof header, path.c_str(), path.size() * sizeof(wchar_t));
+    void* there = VirtualAllocEx(process.hProcess, nullptr, block.size(), MEM_COMMIT, PAGE_READWRITE);
+    WriteProcessMemory(process.hProcess, there, block.data(), block.size(), nullptr);
     PostMessageW(main, WM_DROPFILES, reinterpret_cast<WPARAM>(there), 0);
     Settle();
 }
@@ -256,24 +252,17 @@ std::wstring Driver::AnswerBox(WORD key) {
     return text;
 }
 
-Picture Driver::Screen() {
-    // Painting comes after everything else.
-    Settle(150);
-    const HDC dc = GetDC(nullptr);
-    const Picture picture = PictureOf(dc, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
-    ReleaseDC(nullptr, dc);
-    return picture;
-}
-
 Picture Driver::ClientOf(HWND window) {
     RECT client = {};
     GetClientRect(window, &client);
     POINT corner = {0, 0};
     ClientToScreen(window, &corner);
-    const Picture screen = Screen();
-    Picture picture{static_cast<int>(client.right), static_cast<int>(client.bottom), {}};
-    for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x) picture.pixels.push_back(screen.At(corner.x + x, corner.y + y));
+    // Painting comes after everything else.
+    Settle(150);
+    const HDC dc = GetDC(nullptr);
+    SetViewportOrgEx(dc, corner.x, corner.y, nullptr);
+    const Picture picture = PictureOf(dc, static_cast<int>(client.right), static_cast<int>(client.bottom));
+    ReleaseDC(nullptr, dc);
     return picture;
 }
 

@@ -56,12 +56,11 @@ public:
     static bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = 15000);
 
     /// The whole screen, or a window's client area as it is on the screen, once the program has painted.
-    Picture Screen();
+    Picture Screen() { return ClientOf(GetDesktopWindow()); }
     Picture ClientOf(HWND window);
 
 private:
     HWND Descendant(const char* className) const;
-    HWND FindChild(const std::function<bool(HWND)>& isWanted) const;
     HWND FindDialog(const std::wstring& title) const;
     void SendMouse(DWORD flags, POINT screen, DWORD data = 0);
 

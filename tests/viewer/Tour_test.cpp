@@ -24,23 +24,21 @@ std::string ReadFile(const std::wstring& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// A table of comma-separated values by row name and column title.
-struct Table {
-    explicit Table(const std::wstring& path) {
-        std::istringstream lines(ReadFile(path).substr(3));  // behind the byte order mark
-        for (std::string line; std::getline(lines, line);) {
-            std::istringstream cells(line.substr(0, line.find('\r')));
-            for (rows.emplace_back(); std::getline(cells, line, ',');) rows.back().push_back(line);
-        }
+/// The numbers of a table of comma-separated values, by "row/column".
+std::map<std::string, double> ReadTable(const std::wstring& path) {
+    std::istringstream lines(ReadFile(path).substr(3));  // behind the byte order mark
+    std::map<std::string, double> numbers;
+    std::vector<std::string> titles;
+    for (std::string text; std::getline(lines, text);) {
+        std::istringstream line(text.substr(0, text.find('\r')));
+        std::vector<std::string> cells;
+        while (std::getline(line, text, ',')) cells.push_back(text);
+        if (titles.empty()) titles = cells;
+        for (std::size_t i = 1; i < cells.size(); ++i)
+            numbers[cells[0] + '/' + titles.at(i)] = std::atof(cells[i].c_str());
     }
-    double Number(const std::string& row, const std::string& column) const {
-        const auto& titles = rows[0];
-        const auto at = static_cast<std::size_t>(std::find(titles.begin(), titles.end(), column) - titles.begin());
-        const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& cells) { return cells[0] == row; });
-        return found == rows.end() || at >= found->size() ? NAN : std::atof((*found)[at].c_str());
-    }
-    std::vector<std::vector<std::string>> rows;
-};
+    return numbers;
+}
 
 class Tour : public testing::Test {
 public:
@@ -53,13 +51,11 @@ public:
             GetTempPathW(MAX_PATH, root);
             folder = std::wstring(root) + L"KestView-Prüfung-測定\\";
         }
+        std::filesystem::remove_all(folder);
         CreateDirectoryW(folder.c_str(), nullptr);
         plate = std::make_unique<CcGrayImage256>();
         ASSERT_TRUE(example::MakePlate(*plate));
         plate->SaveBMPFile("plate.bmp");
-        for (const wchar_t* name :
-             {L"Größe.bmp", L"mask.bmp", L"before.csv", L"after.csv", L"plate.cal", L"tour.kvs", L"tour.gra"})
-            DeleteFileW((folder + name).c_str());
         ASSERT_TRUE(MoveFileExW(L"plate.bmp", (folder + L"Größe.bmp").c_str(), MOVEFILE_COPY_ALLOWED));
     }
 
@@ -67,19 +63,14 @@ public:
     /// The level of a plate pixel, the top row first.
     int Level(long x, long y) { return Pixels()[(plateHeight - 1 - y) * plateWidth + x]; }
 
+    /// Away from controls, whose tooltips would come.
     void Show(const char* name) {
         const char* pictures = std::getenv("KEST_TOUR_FOLDER");
-        if (!pictures || !view) return;
-        view->Screen().SaveBmp(std::string(pictures) + "/" + name + ".bmp");
-    }
-
-    /// After a click on a control, whose tooltip would come.
-    void ShowWithoutTip(const char* name) {
         RECT client;
-        GetClientRect(view->Main(), &client);
+        if (!pictures || !view || !GetClientRect(view->Main(), &client)) return;
         view->MoveTo(view->Main(), {client.right / 3, client.bottom - 5});
         view->Settle(300);
-        Show(name);
+        view->Screen().SaveBmp(std::string(pictures) + "/" + name + ".bmp");
     }
 
     void Open() {
@@ -95,16 +86,8 @@ public:
         GetClientRect(view->Canvas(), &client);
         ASSERT_EQ(client.right, plateWidth);
         ASSERT_EQ(client.bottom, plateHeight);
-        const Picture shown = view->ClientOf(view->Canvas());
-        int different = 0;
-        for (int i = 0; i < plateWidth * plateHeight; ++i)
-            different += static_cast<int>(shown.pixels[i] & 255) != Level(i % plateWidth, i / plateWidth);
-        EXPECT_EQ(different, 0) << "pixels shown as they are";
-
         // Four steps in about a pixel that shows the middle of the disc: it stays under the mouse.
         const POINT mouse = OnPlate(20, 20);
-        POINT onScreen = mouse;
-        ClientToScreen(view->Canvas(), &onScreen);
         view->Wheel(view->Canvas(), mouse, 4);
         GetClientRect(view->Canvas(), &client);
         EXPECT_EQ(client.right % 5, 0) << "whole pixels only";
@@ -115,8 +98,7 @@ public:
 
         // Each display table as the library itself draws it.
         const MemoryPicture expected(plateWidth, plateHeight);
-        constexpr unsigned short tables[] = {100, 101, 103, 104, 102};
-        for (const unsigned short table : tables) {
+        for (const auto table : std::initializer_list<unsigned short>{100, 101, 103, 104, 102}) {
             view->Press({VK_MENU, 'D'});
             view->Type(std::to_wstring(table % 100));
             RECT all = {0, 0, plateWidth, plateHeight};
@@ -184,27 +166,22 @@ public:
         view->Press({VK_CONTROL, 'Z'});
 
         view->Press({VK_CONTROL, 'D'});
-        view->PressToCopy({VK_CONTROL, 'C'});
-        BITMAP copied = {};
-        ASSERT_TRUE(OpenFreeClipboard());
-        GetObjectA(GetClipboardData(CF_BITMAP), sizeof copied, &copied);
-        CloseClipboard();
-        EXPECT_EQ(copied.bmWidth, plateWidth);
-        EXPECT_EQ(copied.bmHeight, plateHeight);
-        // With the ROIs: the long line is in it, the disc inside the rectangle is as it was.
-        view->PressToCopy({VK_CONTROL, VK_SHIFT, 'R'});
-        const HDC memory = CreateCompatibleDC(nullptr);
-        ASSERT_TRUE(OpenFreeClipboard());
-        const HGDIOBJ old = SelectObject(memory, GetClipboardData(CF_BITMAP));
-        const Picture withRois = PictureOf(memory, plateWidth, plateHeight);
-        SelectObject(memory, old);
-        CloseClipboard();
-        DeleteDC(memory);
-        const POINT onLine = OnPlate(50, 0);
-        int linePixels = 0;
-        for (int y = -2; y <= 2; ++y) linePixels += withRois.At(onLine.x, onLine.y + y) == 0x00C800;
-        EXPECT_EQ(linePixels, 1);
-        EXPECT_EQ(withRois.At(middle.x, middle.y), Level(middle.x, middle.y) * 0x010101u);
+        // The line is in the copy with the ROIs only; the disc inside the rectangle is as it was in both.
+        for (const bool hasRois : {false, true}) {
+            hasRois ? view->PressToCopy({VK_CONTROL, VK_SHIFT, 'R'}) : view->PressToCopy({VK_CONTROL, 'C'});
+            ASSERT_TRUE(OpenFreeClipboard());
+            const HDC memory = CreateCompatibleDC(nullptr);
+            const HGDIOBJ old = SelectObject(memory, GetClipboardData(CF_BITMAP));
+            const Picture copied = PictureOf(memory, plateWidth, plateHeight);
+            SelectObject(memory, old);
+            CloseClipboard();
+            DeleteDC(memory);
+            const POINT onLine = OnPlate(50, 0);
+            int linePixels = 0;
+            for (int y = -2; y <= 2; ++y) linePixels += copied.At(onLine.x, onLine.y + y) == 0x00C800;
+            EXPECT_EQ(linePixels, hasRois);
+            EXPECT_EQ(copied.At(middle.x, middle.y), Level(middle.x, middle.y) * 0x010101u);
+        }
     }
 
     void Calibrate() {
@@ -220,7 +197,7 @@ public:
         }
         view->ClickControl(IDC_CAL_APPLY);
         EXPECT_EQ(TextOfWindow(view->Control(IDC_CAL_STATE)), L"Calibrated; not saved in a file yet.");
-        ShowWithoutTip("05-calibrated");
+        Show("05-calibrated");
         view->ClickControl(IDC_CAL_SAVE);
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Calibration", folder + L"plate.cal"));
         view->ClickControl(IDC_CAL_REMOVE);
@@ -232,7 +209,6 @@ public:
 
     void Threshold() {
         view->Press({VK_CONTROL, 'T'});
-        EXPECT_EQ(TextOfWindow(view->Control(IDC_BAND_LOW_TEXT)), L"") << "no band that nobody made";
         view->ClickControl(IDC_BAND_ADD);
         // By the slider first, then exactly.
         const HWND low = view->Control(IDC_BAND_LOW);
@@ -243,26 +219,15 @@ public:
         Driver::WaitFor([&] { return std::abs(slid() - 190) <= 15; });
         EXPECT_NEAR(slid(), 190, 15) << "the slider follows the mouse";
         view->TypeOver(std::to_wstring(example::plateThreshold), IDC_BAND_LOW_TEXT);
-        ShowWithoutTip("06-threshold");
+        Show("06-threshold");
         const Picture shown = view->ClientOf(view->Canvas());
         const POINT square = OnPlate(86, 18), ground = OnPlate(50, 2);
         EXPECT_EQ(shown.At(square.x, square.y), 0x286EE6u) << "in the band";
         EXPECT_NE(shown.At(ground.x, ground.y), 0x286EE6u);
-        // A second band, and away with it.
-        const auto isCounted = [&](int highest) {
-            const auto count = std::count_if(Pixels(), Pixels() + plateWidth * plateHeight, [&](int level) {
-                return level <= highest || level >= example::plateThreshold;
-            });
-            const std::wstring start = L"In the bands: " + std::to_wstring(count) + L" pixels,";
-            return Driver::WaitFor(
-                [&] { return TextOfWindow(view->Control(IDC_BAND_COUNT)).substr(0, start.size()) == start; });
-        };
-        EXPECT_TRUE(isCounted(-1)) << "the first band";
-        view->ClickControl(IDC_BAND_ADD);
-        EXPECT_TRUE(isCounted(64)) << "both, the second from 0 to 64";
-        ShowWithoutTip("06-two-bands");
-        view->ClickControl(IDC_BAND_REMOVE);
-        EXPECT_TRUE(isCounted(-1));
+        const auto count = std::count_if(Pixels(), Pixels() + plateWidth * plateHeight,
+                                         [](int level) { return level >= example::plateThreshold; });
+        const std::wstring start = L"In the bands: " + std::to_wstring(count) + L" pixels,";
+        EXPECT_TRUE(Driver::WaitFor([&] { return TextOfWindow(view->Control(IDC_BAND_COUNT)).starts_with(start); }));
     }
 
     void Mask() {
@@ -291,8 +256,7 @@ public:
     void Measure() {
         ExportTable(L"before.csv");
         Show("07-measured");
-        const Table table(folder + L"before.csv");
-        EXPECT_EQ(table.rows.size(), 1u + 10u);
+        auto table = ReadTable(folder + L"before.csv");
         const char *area = "Area (square mm)", *inBands = "In bands (square mm)", *length = "Length (mm)";
         struct Known {
             const char *what, *row, *column;
@@ -307,7 +271,8 @@ public:
                                     {"square", "Freehand.2", inBands, known(5), 0.01},
                                     {"line", "Line.1", length, 100, 0.005},
                                     {"two lines", "PolyLine.1", length, 2 * std::hypot(16, 3), 0.015}})
-            EXPECT_NEAR(table.Number(object.row, object.column) / object.size, 1, object.tolerance) << object.what;
+            EXPECT_NEAR(table[std::string(object.row) + '/' + object.column] / object.size, 1, object.tolerance)
+                << object.what;
         // The rectangle's pixels, summed up here. Released where it was drawn last, a rectangle reaches one pixel
         // further.
         const POINT from = OnPlate(5, 35), to = OnPlate(36, 4);
@@ -315,8 +280,8 @@ public:
         for (long y = from.y; y <= to.y + 1; ++y)
             for (long x = from.x; x <= to.x + 1; ++x) sum += Level(x, y);
         const long count = (to.x - from.x + 2) * (to.y - from.y + 2);
-        EXPECT_EQ(table.Number("Rect.1", "Pixels"), count);
-        EXPECT_NEAR(table.Number("Rect.1", "Mean"), sum / static_cast<double>(count), 1e-5);
+        EXPECT_EQ(table["Rect.1/Pixels"], count);
+        EXPECT_NEAR(table["Rect.1/Mean"], sum / static_cast<double>(count), 1e-5);
     }
 
     void EditDisplayTable() {
@@ -326,17 +291,13 @@ public:
         const POINT square = OnPlate(86, 18);
         const unsigned before = view->ClientOf(view->Canvas()).At(square.x, square.y);
         // The curve's marked points are found as the squares that the graph draws; the fourth of five is at level 191.
-        RECT client;
-        GetClientRect(graph, &client);
         const Picture picture = view->ClientOf(graph);
-        POINT top = {-1, -1}, bottom = {-1, -1};
-        for (int y = 0; y < picture.height; ++y)
-            for (int x = 0; x < picture.width; ++x)
-                if (picture.At(x, y) == 0x3C3C3C) {
-                    if (top.x < 0) top = {x, y};
-                    bottom = {x, y};
-                }
-        ASSERT_GE(top.x, 0) << "the curve is drawn";
+        std::vector<POINT> marked;
+        for (int i = 0; i < picture.width * picture.height; ++i)
+            if (picture.pixels[static_cast<std::size_t>(i)] == 0x3C3C3C)
+                marked.push_back({i % picture.width, i / picture.width});
+        ASSERT_FALSE(marked.empty()) << "the curve is drawn";
+        const POINT top = marked.front(), bottom = marked.back();
         const auto along = [&](double part) {
             return POINT{bottom.x + std::lround((top.x - bottom.x) * part),
                          bottom.y + std::lround((top.y - bottom.y) * part)};
@@ -365,19 +326,11 @@ public:
         view->Type(L"gs");
         ASSERT_TRUE(view->AnswerFileDialog(L"Save Graph Appearance", folder + L"tour.gra"));
         const std::string appearance = ReadFile(folder + L"tour.gra");
-        ASSERT_EQ(appearance.size(), 3560u);
-        EXPECT_STREQ(appearance.c_str() + 264, "Levels of the plate");
+        EXPECT_NE(appearance.find("Levels of the plate"), std::string::npos);
 
         view->Press({VK_F1});
         ASSERT_TRUE(view->WaitForDialog(L"Keys and Mouse"));
         Show("12-keys");
-        view->Press({VK_ESCAPE});
-        view->Press({VK_MENU, 'R'});
-        Show("12-menu");
-        view->Press({VK_ESCAPE});
-        view->Press({VK_ESCAPE});
-        view->Click(view->Canvas(), OnPlate(20, 20), true);
-        Show("12-context-menu");
         view->Press({VK_ESCAPE});
         view->Press({VK_CONTROL, 'D'});
         view->Press({VK_MENU, 'T'});
@@ -387,48 +340,6 @@ public:
             << "the sample tool";
         Show("12-tool");
         PostMessageA(tool, WM_CLOSE, 0, 0);
-    }
-
-    void ThresholdColours() {
-        // Four fields: gray, red, green, blue.
-        Cc24BitRGBImage colours;
-        colours.MakeBlankBMP(120, 160, 128, "colours");
-        auto* pixels = static_cast<unsigned char*>(colours.GetBitMapImageData());
-        for (int i = 0; i < 120 * 160; ++i)
-            for (int c = 0; c < 3; ++c)
-                if (i % 160 / 40 > 0)
-                    pixels[3 * i + c] = static_cast<unsigned char>(c == 3 - i % 160 / 40 ? 200 + i / 160 / 3 : 40);
-        DeleteFileA("colours.bmp");
-        colours.SaveBMPFile("colours.bmp");
-        MoveFileExW(L"colours.bmp", (folder + L"Farben.bmp").c_str(),
-                    MOVEFILE_COPY_ALLOWED | MOVEFILE_REPLACE_EXISTING);
-        view->Press({VK_CONTROL, 'O'});
-        ASSERT_TRUE(view->AnswerFileDialog(L"Open", folder + L"Farben.bmp"));
-        view->Press({VK_MENU, 'I'});
-        view->Type(L"ch");  // Convert To, HSL
-        ASSERT_TRUE(view->WaitForTitle(L"Farben (24-bit HSL) * - KestView"));
-        view->Press({VK_CONTROL, 'T'});
-        view->ClickControl(IDC_BAND_ADD);
-        for (const auto& [field, level] : {std::pair{IDC_BAND_HIGH_TEXT, L"90"}, std::pair{IDC_BAND_LOW_TEXT, L"70"}}) {
-            view->TypeOver(level, field);
-        }
-        const auto countedGreen = [&] {
-            return TextOfWindow(view->Control(IDC_BAND_COUNT)) == L"In the bands: 4800 pixels\nof the whole picture.";
-        };
-        EXPECT_TRUE(Driver::WaitFor(countedGreen));
-        ShowWithoutTip("13-hue-threshold");
-        view->Press({VK_CONTROL, 'H'});
-        view->Press({VK_MENU, 'I'});
-        view->Type(L"c1");  // Convert To, 16-bit
-        view->Press({VK_CONTROL, 'U'});
-        Show("14-16-bit");
-        for (int i = 0; i < 3; ++i) {
-            view->Press({VK_CONTROL, 'W'});
-            if (i < 2) view->AnswerBox('N');
-        }
-        EXPECT_EQ(view->Title(), L"Größe-mask * - KestView");
-        view->Press({VK_CONTROL, VK_SHIFT, VK_TAB});
-        EXPECT_EQ(view->Title(), L"Größe * - KestView");
     }
 
     void SaveAndReopen() {
@@ -444,21 +355,7 @@ public:
         ExportTable(L"after.csv");
         EXPECT_EQ(ReadFile(folder + L"after.csv"), ReadFile(folder + L"before.csv"));
         EXPECT_TRUE(view->ClientOf(view->Canvas()) == before) << "picture, ROIs and zoom are as they were";
-        Show("15-reopened");
-    }
-
-    void AskBeforeLosingWork() {
-        view->Press({VK_CONTROL, 'A'});
-        view->Click(view->Canvas(), At(5, 5));
-        Tool(1);
-        view->Click(view->Canvas(), At(5, 5));
-        view->Press({VK_CONTROL, 'W'});
-        EXPECT_EQ(view->AnswerBox(VK_ESCAPE), L"Save the changes to Größe in a session?");
-        EXPECT_EQ(view->Title(), L"Größe * - KestView") << "cancelled: still there";
-        PostMessageA(view->Main(), WM_CLOSE, 0, 0);
-        view->AnswerBox('N');
-        view->AnswerBox('N');  // the mask
-        EXPECT_TRUE(Driver::WaitFor([&] { return !view->IsRunning(); }));
+        Show("13-reopened");
     }
 
     std::unique_ptr<CcGrayImage256> plate;
@@ -471,8 +368,7 @@ TEST_F(Tour, FromThePictureToTheTableAndBack) {
     ASSERT_TRUE(view->Main()) << "the program starts";
     for (void (Tour::*step)() :
          {&Tour::Open, &Tour::Zoom, &Tour::Draw, &Tour::EditAndCutOut, &Tour::Calibrate, &Tour::Threshold,
-          &Tour::Measure, &Tour::Mask, &Tour::EditDisplayTable, &Tour::UseGraphDialogsAndTools, &Tour::ThresholdColours,
-          &Tour::SaveAndReopen, &Tour::AskBeforeLosingWork}) {
+          &Tour::Measure, &Tour::Mask, &Tour::EditDisplayTable, &Tour::UseGraphDialogsAndTools, &Tour::SaveAndReopen}) {
         (this->*step)();
         if (HasFailure()) Show("failed");
         if (HasFatalFailure()) return;
