@@ -1,14 +1,10 @@
 // Controls of KestView's windows that follow what they show and where they are.
-#include <gtest/gtest.h>
-
 #include <windows.h>
 
 #include <commctrl.h>
 
-#include <set>
-#include <vector>
-
 #include "platform/ListView.h"
+#include "support/ClassTests.h"
 #include "window/Toolbar.h"
 
 namespace test {

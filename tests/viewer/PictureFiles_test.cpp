@@ -39,10 +39,9 @@ Bytes BmpHead(int pixelsAt, int pixelBytes, int width, int height, int bits) {
 
 TEST_F(PictureFiles, DecodesWhatTheLibraryDoesNotRead) {
     // 24-bit BMP, three columns: its rows are padded to twelve bytes.
-    Bytes padded = BmpHead(54, 24, 3, 2, 24).I32(24).Fill(16, 0);
-    for (int row = 0; row < 2; ++row)
-        for (int i = 0; i < 12; ++i) padded.U8(static_cast<unsigned>(row * 100 + i));
-    auto image = Open({"padded.bmp", padded});
+    std::vector<std::uint8_t> padded(24);
+    for (int i = 0; i < 24; ++i) padded[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(i / 12 * 100 + i % 12);
+    auto image = Open({"padded.bmp", BmpFile24(3, 2, padded)});
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
     EXPECT_STREQ(image->GetName(), "padded");
     EXPECT_EQ(PixelBytes(*image), std::string("\0\1\2\3\4\5\6\7\10", 9) + std::string("defghijkl", 9));
@@ -115,27 +114,21 @@ TEST_F(PictureFiles, PutTransparencyOnWhiteAndOfferPages) {
 
 TEST_F(PictureFiles, AskBeforeTheyTakeMuchMemory) {
     // Each is wider and higher than its few bytes, by its header.
+    const auto starting = [](const std::string& start) { return Bytes().Text(start).Fill(24, 0); };
     const TemporaryFile bombs[] = {
-        {"bomb.png", Bytes().Text("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x3E\x80\0\0\x3E\x80\1\0\0\0\0\0\0\0\0"s)},
-        {"bomb.tif", Bytes().Text("II*\0\x08\0\0\0\2\0\0\1\4\0\1\0\0\0\0\0\0\x40\1\1\4\0\1\0\0\0\0\0\0\x40\0\0\0\0"s)},
-        {"bomb.jpg", Bytes().Text("\xFF\xD8\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s).Fill(20, 0)},
+        {"bomb.png", starting("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x3E\x80\0\0\x3E\x80\1"s)},
+        {"bomb.tif", starting("II*\0\x08\0\0\0\2\0\0\1\4\0\1\0\0\0\0\0\0\x40\1\1\4\0\1\0\0\0\0\0\0\x40"s)},
+        {"bomb.jpg", starting("\xFF\xD8\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s)},
         // Before the frame: bytes of no segment, a marker without one, and camera tags that stand nowhere.
-        {"garbage.jpg", Bytes()
-                            .Text("\xFF\xD8\0\7\xFF\xD0\xFF\xE1\0\x10"
-                                  "Exif\0\0MM\0*\x7F\0\0\0"s)
-                            .Text("\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s)
-                            .Fill(20, 0)},
+        {"garbage.jpg", starting("\xFF\xD8\0\7\xFF\xD0\xFF\xE1\0\x10"
+                                 "Exif\0\0MM\0*\x7F\0\0\0\xFF\xC0\0\x11\x08\x4E\x20\x4E\x20\3"s)},
         // Its screen and its first picture have one pixel; two pictures more are too large together.
-        {"bomb.gif", Bytes()
-                         .Text("GIF89a\1\0\1\0\x80\0\0\0\0\0\0\0\0"s)
-                         .Text("!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0"s)
-                         .Text(",\0\0\0\0\x10\x27\x10\x27\0\0\0,\0\0\0\0\x10\x27\x10\x27\0\0\0"s)},
-        {"bomb.ico", Bytes()
-                         .Text("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x89PNG\r\n\x1A\n\0\0\0\xDIHDR"s)
-                         .Text("\0\0\x3E\x80\0\0\x3E\x80\x8\6\0\0\0\0\0\0\0\0"s)},
-        {"dib.ico", Bytes()
-                        .Text("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x28\0\0\0\x20\x4E\0\0\x40\x9C\0\0\1\0\1"s)
-                        .Fill(24, 0)},
+        {"bomb.gif", starting("GIF89a\1\0\1\0\x80\0\0\0\0\0\0\0\0!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0"
+                              ",\0\0\0\0\x10\x27\x10\x27\0\0\0,\0\0\0\0\x10\x27\x10\x27"s)},
+        {"bomb.ico", starting("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x89PNG\r\n\x1A\n\0\0\0\xDIHDR"
+                              "\0\0\x3E\x80\0\0\x3E\x80\x8\6"s)},
+        {"dib.ico",
+         starting("\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\x16\0\0\0\x28\0\0\0\x20\x4E\0\0\x40\x9C\0\0\1\0\1"s)},
         {"palette.bmp", BmpHead(1078, 12000 * 12500, 12000, 12500, 8).Fill(20, 0).Fill(1024, 9)},
         {"bomb.bmp", BmpHead(54, 0, 20000, -25000, 24).Fill(20, 0)},
     };
@@ -194,16 +187,16 @@ BOOL WINAPI TellFewBytesFree(const char*, ULARGE_INTEGER* bytes, ULARGE_INTEGER*
 }
 
 TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
-    const auto saved = [&](int type, const std::string& path) {
-        return SavePicture(MakeDocument(type)->Image(), path, error);
+    const auto saved = [&](const std::string& path) {
+        return SavePicture(MakeDocument(KEST_IMAGE_INT16)->Image(), path, error);
     };
     for (const char* name : {"kept.bmp", "kept.png", "kept.tif"}) {
         SCOPED_TRACE(name);
         const TemporaryFile file(name), samples("kept.i16");
-        ASSERT_TRUE(saved(KEST_IMAGE_INT16, name)) << error;
+        ASSERT_TRUE(saved(name)) << error;
         const std::vector<std::uint8_t> whole = file.Content(), wholeSamples = samples.Content();
         const auto expectRefusal = [&](const std::string& path, const std::string& why) {
-            EXPECT_FALSE(saved(KEST_IMAGE_INT16, path));
+            EXPECT_FALSE(saved(path));
             EXPECT_EQ(error, "The picture could not be written to\n" + path + "\n\n" + why);
             EXPECT_EQ(file.Content(), whole);
             EXPECT_EQ(samples.Content(), wholeSamples);
@@ -215,13 +208,13 @@ TEST_F(PictureFiles, StayAsTheyWereWhenTheyCannotBeReplacedAndTellWhy) {
         expectRefusal(name, "The file is read-only.");
         SetFileAttributesA(name, FILE_ATTRIBUTE_NORMAL);
         expectRefusal(std::string("no such folder\\") + name, "There is no such folder.");
-        EXPECT_TRUE(saved(KEST_IMAGE_INT16, name)) << error;
+        EXPECT_TRUE(saved(name)) << error;
     }
     // A disk that has room for the samples, but not for what is shown besides; and for a ROI.
     {
         const ReplacedImport small(nullptr, "GetDiskFreeSpaceExA", &TellFewBytesFree);
         const TemporaryFile file("small.bmp"), samples("small.i16"), roiFile("small.roi"), part("part.png");
-        EXPECT_FALSE(saved(KEST_IMAGE_INT16, file.Path()));
+        EXPECT_FALSE(saved(file.Path()));
         EXPECT_NE(error.find("\n\nThe disk is full: 1 KB are needed"), std::string::npos) << error;
         CcRoiRect rect;
         RECT place = {2, 8, 6, 3};
@@ -258,26 +251,15 @@ TEST_F(PictureFiles, TellOfSamplesThatAreNotTheirs) {
     EXPECT_EQ(warning.rfind("The samples in saved.i32 are not this picture's", 0), 0U) << warning;
 }
 
-/// A BMP file of one row of four pixels with these values.
-Bytes PaletteBmp(int bits, const std::vector<unsigned>& palette, const std::vector<unsigned>& values) {
-    const auto colours = static_cast<int>(palette.size());
-    Bytes file = BmpHead(54 + 4 * colours, 4, 4, 1, bits).I32(4).I32(0).I32(0).I32(colours).I32(0);
-    for (const unsigned colour : palette) file.I32(colour);
-    for (const unsigned value : values) file.U8(value);
-    return file;
-}
-
 TEST_F(PictureFiles, PalettesDecideAboutTheClass) {
-    std::vector<unsigned> colours(256);
-    for (unsigned i = 0; i < 256; ++i) colours[i] = i * 0x010101;
-    colours[7] = 0xFF8000;
-    const TemporaryFile coloured("coloured.bmp", PaletteBmp(8, colours, {0, 7, 255, 7}));
-    auto image = Open(coloured);
+    Bytes coloured = BmpFile8(4, 1, {0, 7, 255, 7});
+    coloured[54 + 4 * 7] = 0x00, coloured[54 + 4 * 7 + 1] = 0x80, coloured[54 + 4 * 7 + 2] = 0xFF;
+    auto image = Open({"coloured.bmp", coloured});
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_RGB);
     EXPECT_EQ(PixelBytes(*image), std::string("\0\0\0\x00\x80\xFF\xFF\xFF\xFF\x00\x80\xFF", 12)) << "blue, green, red";
 
-    const TemporaryFile twoLevels("two-levels.bmp", PaletteBmp(1, {0x000000, 0xFFFFFF}, {0x50, 0, 0, 0}));
-    image = Open(twoLevels);
+    const Bytes twoLevels = BmpHead(62, 4, 4, 1, 1).I32(4).Fill(8, 0).I32(2).I32(0).I32(0).I32(0xFFFFFF).I32(0x50);
+    image = Open({"two-levels.bmp", twoLevels});
     EXPECT_EQ(image->GetImageType(), KEST_IMAGE_BINARY);
     EXPECT_EQ(PixelBytes(*image), std::string("\1\0\1\0", 4)) << "1 is black";
 }

@@ -75,11 +75,8 @@ TEST(Conversion, TakesValuesOverOrShowsThem) {
     auto colour = MakeDocument(KEST_IMAGE_RGB);
     const auto hsl = ConvertImage(colour->Image(), KEST_IMAGE_HSL);
     EXPECT_EQ(PixelBytes(*hsl), PixelBytes(colour->Image()));
-    RGBQUAD expected = {};
-    const std::string first = PixelBytes(colour->Image()).substr(3, 3);
-    auto& converter = static_cast<Cc24BitHSLImage&>(*hsl);
-    converter.RGB2HSL(static_cast<BYTE>(first[2]), static_cast<BYTE>(first[1]), static_cast<BYTE>(first[0]), &expected);
-    EXPECT_EQ(std::memcmp(static_cast<BYTE*>(converter.GetBitMapImageDataHSL()) + 3, &expected, 3), 0)
+    const auto planeOf = [](CcImage& image) { return static_cast<Cc24BitHSLImage&>(image).GetBitMapImageDataHSL(); };
+    EXPECT_EQ(std::memcmp(planeOf(*hsl), planeOf(MakeDocument(KEST_IMAGE_HSL)->Image()), 3 * pixelCount), 0)
         << "the plane is made";
     const auto mask = ConvertImage(colour->Image(), KEST_IMAGE_BINARY);
     EXPECT_EQ((*mask)(0, 0), 0.0f);
@@ -87,15 +84,20 @@ TEST(Conversion, TakesValuesOverOrShowsThem) {
 }
 
 TEST(ThresholdPreview, MaskIsWhatTheBandsHoldAndThePictureComesBack) {
-    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_RGB}) {
+    for (const int type : {KEST_IMAGE_GRAY256, KEST_IMAGE_RGB, KEST_IMAGE_HSL}) {
         SCOPED_TRACE(type);
         auto document = MakeDocument(type);
+        const bool isGray = type == KEST_IMAGE_GRAY256;
         if (type == KEST_IMAGE_RGB) document->SetChannel(2);
         const std::string before = PixelBytes(document->Image());
+        const void* const plane =
+            type == KEST_IMAGE_HSL ? static_cast<Cc24BitHSLImage&>(document->Image()).GetBitMapImageDataHSL() : nullptr;
+        // Every level, every green, or, as the picture comes, every hue.
+        const int step = isGray ? 1 : 3, first = isGray ? 0 : plane ? 2 : 1;
+        const std::string values = plane ? std::string(static_cast<const char*>(plane), 3 * pixelCount) : before;
         tagPoints tableBefore[256] = {}, tableAfter[256] = {};
         document->SetDisplayTable(101);
-        std::vector<tagPoints> curve = {{0, 255}, {255, 0}};
-        if (type == KEST_IMAGE_GRAY256) document->SetTableCurve(101, 2, curve);
+        if (isGray) document->SetTableCurve(101, 2, {{0, 255}, {255, 0}});
         document->Image().GetDisplayLUT(101, 2, tableBefore);
         document->PreviewBands(true, GetDesktopWindow());
         EXPECT_FALSE(document->IsPreviewing()) << "without a band the picture is shown as it is";
@@ -108,8 +110,7 @@ TEST(ThresholdPreview, MaskIsWhatTheBandsHoldAndThePictureComesBack) {
         EXPECT_EQ(std::memcmp(tableBefore, tableAfter, sizeof tableBefore), 0) << "the user's own curves";
         ASSERT_EQ(mask.size(), static_cast<std::size_t>(pixelCount));
         for (int i = 0; i < pixelCount; ++i) {
-            const int level = static_cast<unsigned char>(
-                type == KEST_IMAGE_RGB ? before[static_cast<std::size_t>(3 * i + 1)] : static_cast<char>(i * 7));
+            const int level = static_cast<unsigned char>(values[static_cast<std::size_t>(step * i + first)]);
             EXPECT_EQ(mask[static_cast<std::size_t>(i)], level >= 40 && level <= 90) << i;
         }
     }
