@@ -75,20 +75,17 @@ TEST(CcImage, OverlayIsOredOntoThePicture) {
     unsigned char* overlay = image.GetOverlay();
     overlay[0] = 13;          // bottom left: red
     overlay[4 * 7 + 6] = 34;  // top right: green, by value modulo 20
+    const auto expect = [&](int zoom, unsigned red, unsigned green) {
+        const auto marks = [&](int x, int y) { return x + y == 0 ? red : x + y == 10 ? green : windowBlue; };
+        EXPECT_EQ(window.Snapshot().DifferentFrom(ExpectedPicture(22, 14, 7, 5, 0, 0, zoom, marks)), 0) << zoom;
+    };
     EXPECT_EQ(image.ShowOverlay(window, 1, 0, 0, 1), 0);
-    Picture picture = window.Snapshot();
-    EXPECT_EQ(picture.At(0, 4), 0xFF0040u);
-    EXPECT_EQ(picture.At(6, 0), 0x00FF40u);
-    EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), 0x000040u), 22 * 14 - 2);
-
+    expect(1, 0xFF0040, 0x00FF40);
     window.Fill(RGB(0, 0, 64));
     EXPECT_EQ(image.ShowOverlay(dc, window, 1, 1, 1, 2), 0);
-    picture = window.Snapshot();
-    EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), 0x000040u), 22 * 14);
+    expect(2, windowBlue, windowBlue);
     EXPECT_EQ(image.ShowOverlay(dc, window, 1, 0, 0, 2), 0);
-    picture = window.Snapshot();
-    for (const POINT red : {POINT{0, 8}, POINT{1, 9}}) EXPECT_EQ(picture.At(red.x, red.y), 0xFF0040u);
-    for (const POINT green : {POINT{12, 0}, POINT{13, 1}}) EXPECT_EQ(picture.At(green.x, green.y), 0x00FF40u);
+    expect(2, 0xFF0040, 0x00FF40);
     ReleaseDC(window, dc);
 }
 
