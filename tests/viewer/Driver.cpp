@@ -16,6 +16,11 @@ bool HasClass(HWND window, const char* className) {
     return std::string(name) == className;
 }
 
+POINT OnScreen(HWND window, POINT at) {
+    ClientToScreen(window, &at);
+    return at;
+}
+
 /// A visible window below `parent`.
 HWND FindWindowBelow(HWND parent, const std::function<bool(HWND)>& isWanted) {
     HWND found = nullptr;
@@ -147,25 +152,20 @@ void Driver::SendMouse(DWORD flags, POINT screen, DWORD data) {
     Settle(8);
 }
 
-void Driver::MoveTo(HWND window, POINT at) {
-    ClientToScreen(window, &at);
-    SendMouse(MOUSEEVENTF_MOVE, at);
-}
+void Driver::MoveTo(HWND window, POINT at) { SendMouse(MOUSEEVENTF_MOVE, OnScreen(window, at)); }
 
 void Driver::Click(HWND window, POINT at, bool isRight) {
     MoveTo(window, at);
-    ClientToScreen(window, &at);
-    SendMouse(isRight ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN, at);
-    SendMouse(isRight ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP, at);
+    SendMouse(isRight ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN, OnScreen(window, at));
+    SendMouse(isRight ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP, OnScreen(window, at));
     Settle();
 }
 
 void Driver::Drag(HWND window, std::initializer_list<POINT> path, WORD keyAtEnd) {
     constexpr int stepPixels = 12;
-    POINT at = *path.begin(), screen = at;
+    POINT at = *path.begin();
     MoveTo(window, at);
-    ClientToScreen(window, &screen);
-    SendMouse(MOUSEEVENTF_LEFTDOWN, screen);
+    SendMouse(MOUSEEVENTF_LEFTDOWN, OnScreen(window, at));
     for (const POINT& corner : path) {
         const int distance = static_cast<int>(std::max(std::abs(corner.x - at.x), std::abs(corner.y - at.y)));
         for (int done = stepPixels; done < distance; done += stepPixels)
@@ -174,9 +174,7 @@ void Driver::Drag(HWND window, std::initializer_list<POINT> path, WORD keyAtEnd)
         at = corner;
     }
     if (keyAtEnd) Press({keyAtEnd});
-    screen = at;
-    ClientToScreen(window, &screen);
-    SendMouse(MOUSEEVENTF_LEFTUP, screen);
+    SendMouse(MOUSEEVENTF_LEFTUP, OnScreen(window, at));
     Settle();
 }
 
@@ -195,9 +193,8 @@ void Driver::Drop(const std::wstring& path) {
 
 void Driver::Wheel(HWND window, POINT at, int notches) {
     MoveTo(window, at);
-    ClientToScreen(window, &at);
-    const int turn = notches > 0 ? WHEEL_DELTA : -WHEEL_DELTA;
-    for (int i = 0; i < std::abs(notches); ++i) SendMouse(MOUSEEVENTF_WHEEL, at, static_cast<DWORD>(turn));
+    const auto turn = static_cast<DWORD>(notches > 0 ? WHEEL_DELTA : -WHEEL_DELTA);
+    for (int i = 0; i < std::abs(notches); ++i) SendMouse(MOUSEEVENTF_WHEEL, OnScreen(window, at), turn);
     Settle();
 }
 
@@ -255,8 +252,7 @@ std::wstring Driver::AnswerBox(WORD key) {
 Picture Driver::ClientOf(HWND window) {
     RECT client = {};
     GetClientRect(window, &client);
-    POINT corner = {0, 0};
-    ClientToScreen(window, &corner);
+    const POINT corner = OnScreen(window, {0, 0});
     // Painting comes after everything else.
     Settle(150);
     const HDC dc = GetDC(nullptr);

@@ -161,15 +161,14 @@ TEST(Pictures, AreEditedOneByOne) {
 }
 
 TEST(Pictures, OfferTheBandsOfTheLastOneOfTheClassWithTheirChannel) {
-    const TemporaryFile files[] = {TemporaryFile("green.kvs"), TemporaryFile("gray.kvs"), TemporaryFile("plain.kvs")};
-    for (const TemporaryFile& file : files) {
-        const bool isGray = &file == &files[1], isPlain = &file == &files[2];
-        auto document = MakeDocument(isGray ? KEST_IMAGE_GRAY256 : KEST_IMAGE_RGB);
-        if (!isPlain) document->SetBands({{isGray ? 10.0 : 70.0, 90, 0}});
-        document->SetChannel(isPlain || isGray ? document->Channel() : 2);
-        document->Image().SetName(file.Path());
-        std::string error;
-        ASSERT_TRUE(SaveSession(*document, file.Path(), error)) << error;
+    const TemporaryFile green("green.kvs"), gray("gray.kvs"), plain("plain.kvs");
+    std::string error;
+    for (const TemporaryFile* file : {&green, &gray, &plain}) {
+        auto document = MakeDocument(file == &gray ? KEST_IMAGE_GRAY256 : KEST_IMAGE_RGB);
+        if (file != &plain) document->SetBands({{file == &gray ? 10.0 : 70.0, 90, 0}});
+        if (file == &green) document->SetChannel(2);
+        document->Image().SetName(file->Path());
+        ASSERT_TRUE(SaveSession(*document, file->Path(), error)) << error;
     }
     // They were opened while another pane was in front.
     Driver view(L"green.kvs gray.kvs plain.kvs");
