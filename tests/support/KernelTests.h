@@ -20,7 +20,6 @@
 #include <numeric>
 #include <random>
 #include <set>
-#include <source_location>
 #include <span>
 #include <sstream>
 #include <string>
@@ -29,14 +28,14 @@
 
 namespace test {
 
-/// Calls, made in this order, that all give one result.
+/// Calls, made in this order, that all give one result. (The second compiler has no std::source_location.)
 template <class Result>
-void ExpectAll(const Result& wanted, std::initializer_list<Result> results,
-               std::source_location where = std::source_location::current()) {
+void ExpectAll(const Result& wanted, std::initializer_list<Result> results, const char* file = __builtin_FILE(),
+               int line = __builtin_LINE()) {
     for (const Result& result : results)
         if (result != wanted)
-            ADD_FAILURE_AT(where.file_name(), static_cast<int>(where.line()))
-                << "call " << &result - results.begin() + 1 << " gave " << testing::PrintToString(result);
+            ADD_FAILURE_AT(file, line) << "call " << &result - results.begin() + 1 << " gave "
+                                       << testing::PrintToString(result);
 }
 
 }  // namespace test
