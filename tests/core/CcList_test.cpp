@@ -186,6 +186,9 @@ TEST(CcList, AnImageTakesOnlyRoisAndNothingOfOthersStays) {
     EXPECT_EQ(TakeCensus(), before);
     const auto loaded = Made<CcGrayImage256>(record(Bytes(roi).Add(roi), 2));
     EXPECT_EQ(loaded->GetListROI()->GetNumberOfObjects(), 2);
+    const int alive = CcRoiBase::iNumOfROIs;
+    loaded->GetListROI()->DeleteTail();
+    EXPECT_EQ(CcRoiBase::iNumOfROIs, alive - 1) << "an image owns its ROIs";
 
     // So does its list by itself, whatever list is assigned to it.
     const Bytes other = Record("CcList", "", ListBag(0, 1, -1, 1).Add(bag));

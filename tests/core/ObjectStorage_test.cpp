@@ -208,7 +208,14 @@ TEST(CcFileObjectStorage, WherePositionsCannotBeSetBackNoObjectIsLost) {
 
 TEST(CcFileObjectStorage, FileHoldsWhatTheMemoryStreamHolds) {
     const TemporaryFile file("objects.ost", Bytes().Fill(5000, 0xEE));
-    CcPropertyBag small, large, back;
+    struct Asking : CcPropertyBag {
+        int Load(CcObjectStorage* storage) override {
+            begin = storage->GetPos();
+            return CcPropertyBag::Load(storage);
+        }
+        int begin = 0;
+    } back;
+    CcPropertyBag small, large;
     small.SetName("small");
     small.PutInt("v", 5);
     large.PutBlob("data", std::string(200000, 'q').data(), 200000);
@@ -226,6 +233,7 @@ TEST(CcFileObjectStorage, FileHoldsWhatTheMemoryStreamHolds) {
     EXPECT_EQ(stream.Reset(), -14);
     ASSERT_EQ(stream.GetNextObject(&back), 0);
     EXPECT_EQ(StoredBytes(back), first);
+    EXPECT_EQ(back.begin, 128) << "behind the header";
     // What was read ahead does not count as read.
     EXPECT_EQ(stream.GetPos(), static_cast<int>(first.size()));
     ASSERT_EQ(stream.GetNextObject(&back), 0);

@@ -156,6 +156,17 @@ TEST(Cc24BitHSLImage, PlanesMadeOnTheirOwn) {
     ExpectAll(-1, {image.ThresholdImageHSL(nullptr, 0, 9, 0, 9, 0, 9, 1, 1, 1), image.EndThresholding()});
     EXPECT_EQ(image.MakeBlankDibBM24HSL(0, 5, 1, &dib), nullptr);
     EXPECT_EQ(TakeBoxes(), (Boxes{{"Error", "Error in UpdateRGB."}, {"File Error", "Unable to allocate HSL memory."}}));
+
+    // A file is read into both planes; one that is cut short leaves none, one that is not there the old one.
+    const Bytes file = BmpFile24(1, 2, {10, 10, 10, 255, 0, 0});
+    const TemporaryFile whole("whole.bmp", file), cut("cut.bmp", {file.begin(), file.begin() + 30});
+    ASSERT_NE(image.ReadDibBM24HSL(whole.Path(), &dib), nullptr);
+    GlobalFree(dib);
+    EXPECT_EQ(image.ReadDibBM24HSL("none.bmp", &dib), nullptr);
+    EXPECT_EQ(PlaneOf(image, 2), (Pixels{9, 0, 0, 120, 240, 160}));
+    EXPECT_EQ(image.ReadDibBM24HSL(cut.Path(), &dib), nullptr);
+    EXPECT_EQ(image.GetBitMapImageDataHSL(), nullptr);
+    EXPECT_EQ(TakeBoxes().size(), 2u);
 }
 
 TEST(Cc24BitHSLImage, ARealPictureIsThresholdedByHueAndEndsAsItBegan) {

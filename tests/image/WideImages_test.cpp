@@ -378,10 +378,10 @@ TEST(WideImageDisplay, ThresholdsAreDisplayLevels) {
     EXPECT_EQ(image.Through(101), gray);
     EXPECT_EQ(image.fDisplayMin, displayMin);
     EXPECT_EQ(image.fDisplayMax, displayMax);
-    // From then on the range follows the samples again.
-    image(0, 0);
-    image = 8e6F;
-    image.Shown();
+    // From then on a point list moves the range again.
+    std::vector<tagPoints> wider = image.List(102, 0);
+    wider[255].x = 8e6F;
+    EXPECT_EQ(image.SetDisplayLUT(102, 0, wider.data()), 0);
     EXPECT_EQ(image.fDisplayMax, 8e6F);
 
     // Before the first Show the lists still cover 0 to 255, the samples do not.

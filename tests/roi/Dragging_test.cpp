@@ -297,10 +297,12 @@ TEST(Dragging, EdgesOfTheProtocol) {
     { const Open<CcRoiFreeHand> copy(roi); }
     EXPECT_EQ(GetCapture(), HWND(host.window));
     EXPECT_EQ(host.Stop({60, 50}), 0);
-    // Only a last segment of no length gets a pixel, not one straight down.
-    Host<CcRoiFreeHandLine> down;
-    ExpectAll(0, {down.Start(at, 2), down.Move({50, 50}), down.Stop({50, 60})});
-    EXPECT_EQ(down.roi.GetBoundingRect()->right, 50);
+    // Only a last segment of no length gets a pixel, not one straight down or to the left.
+    Host<CcRoiFreeHand> down;
+    for (const POINT end : {POINT{50, 60}, {40, 40}}) {
+        ExpectAll(0, {down.Start(at, 2), down.Stop(end)});
+        EXPECT_EQ(down.roi.GetBoundingRect()->right, 50);
+    }
     // Without an image the drag goes on where it is.
     EXPECT_EQ(roi.StartMouseDrag(host.window, 0, 0, 1, nullptr, at, 2, nullptr, 1), 0);
     EXPECT_EQ(roi.DoMouseDrag(host.window, 0, 0, 1, nullptr, {55, 45}, 0), 0);
