@@ -301,6 +301,7 @@ TEST(Dragging, EdgesOfTheProtocol) {
     Host<CcRoiFreeHand> down;
     for (const POINT end : {POINT{50, 60}, {40, 40}}) {
         ExpectAll(0, {down.Start(at, 2), down.Stop(end)});
+        EXPECT_EQ(down.roi.GetBoundingRect()->left, end.x);
         EXPECT_EQ(down.roi.GetBoundingRect()->right, 50);
     }
     // Without an image the drag goes on where it is.

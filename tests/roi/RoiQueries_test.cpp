@@ -178,10 +178,10 @@ TEST(FreehandQueries, RoisOfOneClassDoNotDisturbEachOther) {
 
     // A moved pixel is seen by the next GetBoundingRect.
     PixelGroupTag& outline = OutlineOf(b);
+    EXPECT_NE(b.GetYBoundary(12, &count), nullptr);
     outline.stPOINTS[0].x = -50;
     outline.stPOINTS[1].y = 70;
     EXPECT_EQ(RowOf(b, 1), (std::vector<int>{10, 11, 12}));
-    EXPECT_NE(b.GetYBoundary(12, &count), nullptr);
     EXPECT_EQ(b.GetBoundingRect()->left, -50);
     EXPECT_EQ(RowOf(b, 70).size(), 1u);
     rows = b.GetYBoundary(11, &count);
