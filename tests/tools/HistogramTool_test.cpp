@@ -54,14 +54,15 @@ TEST(HistogramTool, ShowsTheHostsCurrentImage) {
     EXPECT_EQ(BarHeight(picture, 10), 198);
     EXPECT_EQ(BarHeight(picture, 60), 0);
 
-    // Of samples that are no numbers, the numbers only: -1 and 3, in the first and the last step.
+    // Of samples that are no numbers, the numbers only: 0 lies a quarter of the way from -1 to 3.
     CcGrayImageFloat real;
-    real.MakeBlankBMP(1, 4, 0, "real");
-    std::copy_n(std::array{NAN, -1.0F, INFINITY, 3.0F}.begin(), 4, static_cast<float*>(real.GetBitMapImageData()));
+    real.MakeBlankBMP(1, 5, 0, "real");
+    std::copy_n(std::array{NAN, -1.0F, 3.0F, 0.0F, INFINITY}.begin(), 5,
+                static_cast<float*>(real.GetBitMapImageData()));
     current = &real;
     tool.SendMessageToTools(KEST_TOOL_IMAGE_CHANGED, 0, 0);
     picture = Look(window);
-    EXPECT_EQ(std::pair(BarHeight(picture, 0), BarHeight(picture, 255)), std::pair(198, 198));
+    EXPECT_EQ(std::pair(BarHeight(picture, 0), BarHeight(picture, 63)), std::pair(198, 198));
 
     current = nullptr;
     tool.SendMessageToTools(KEST_TOOL_IMAGE_CHANGED, 0, 0);

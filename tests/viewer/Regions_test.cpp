@@ -73,6 +73,7 @@ TEST(Graphs, CountAndFollowTheRegion) {
         {{0, 0}, {0, 1}, {0, 2}, {0, 3}, {0, 4}, {1, 4}, {3, 5}, {4, 6}, {5, 6}, {6, 7}, {7, 7}, {8, 8}});
     const std::vector<tagPoints> bent = MakeProfile(*document, *polyline);
     EXPECT_NEAR(bent.back().x, KestRoiLengthPixels(polyline.get()), 1e-3);
+    for (std::size_t i = 1; i < bent.size(); ++i) EXPECT_GT(bent[i].x, bent[i - 1].x) << "a corner is one sample";
     EXPECT_EQ(bent[3].x, 3);
     EXPECT_EQ(bent[3].y, static_cast<unsigned char>(3 * columns * 7));
 }

@@ -46,6 +46,8 @@ TEST(WideDocuments, ShowWhatIsANumber) {
     // Any range can be had, however it was reached.
     for (const float from : {0.5f, 0.08f, 0.05f}) document->SetTableCurve(102, 0, {{from, 0}, {1, 255}});
     EXPECT_EQ(document->ShownRange().x, 0.05f);
+    for (const float to : {0.95f, 1.0f}) document->SetTableCurve(102, 0, {{0.05f, 0}, {to, 255}});
+    EXPECT_EQ(document->ShownRange().y, 1.0f);
     samples[1] = 0.05f;
     samples[2] = 0.05f + 0.95f / 2;
     const auto shown = ConvertImage(document->Image(), KEST_IMAGE_GRAY256);
